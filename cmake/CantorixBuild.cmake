@@ -1,0 +1,43 @@
+# One interface target with the options that every target shares, and the functions that
+# declare a folder's library and its test program.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+add_library(cantorix_options INTERFACE)
+target_compile_options(cantorix_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Werror
+  # The same digits on every machine: no contraction into fused operations.
+  -ffp-contract=off)
+target_compile_definitions(cantorix_options INTERFACE _FILE_OFFSET_BITS=64)
+if(CANTORIX_SANITIZERS)
+  target_compile_options(cantorix_options INTERFACE
+    -fsanitize=${CANTORIX_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(cantorix_options INTERFACE -fsanitize=${CANTORIX_SANITIZERS})
+  # Function multiversioning resolves symbols before the sanitizers are ready.
+  target_compile_definitions(cantorix_options INTERFACE CANTORIX_NO_CLONES)
+endif()
+
+# cantorix_library(NAME SOURCES file... [LINKS library...]): the static library of one folder.
+# LINKS names the folders it may include; tools/check_includes.sh holds the same direction.
+function(cantorix_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(cantorix_${name} STATIC ${ARG_SOURCES})
+  target_include_directories(cantorix_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(cantorix_${name} PUBLIC ${ARG_LINKS} PRIVATE cantorix_options)
+endfunction()
+
+# cantorix_test(NAME SOURCES file... LINKS library...): the test program of one folder.
+function(cantorix_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(test_${name} ${ARG_SOURCES})
+  target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(test_${name} PRIVATE
+    CANTORIX_SAMPLES_DIR="${CMAKE_SOURCE_DIR}/samples"
+    CANTORIX_FIXTURES_DIR="${CMAKE_SOURCE_DIR}/tests/fixtures")
+  target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_options GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

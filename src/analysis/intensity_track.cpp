@@ -1,0 +1,4 @@
+// intensity_track.cpp
+#include "analysis/intensity_track.h"
+
+namespace cantorix {}

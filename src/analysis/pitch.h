@@ -1,0 +1,34 @@
+// pitch.h - the fundamental-frequency track of a stretch of samples, by either method.
+// Relies on a sample source, the pitch settings and the progress port; cepstral_pitch.h and
+// autocorrelation_pitch.h hold the two estimators. Does not choose the stretch, store or draw.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "analysis/sample_range.h"
+#include "platform/progress.h"
+#include "platform/sample_source.h"
+#include "settings/settings.h"
+
+namespace cantorix {
+
+struct PitchResult {
+  std::vector<double> PitchTrack;  // Hz, 0 = unvoiced; count() entries and 5 more of 0
+  double PitchFrameCount = 0.0;    // not rounded: the truncated value counts
+  bool PitchValid = false;
+  SampleRange range;  // the stretch that was analysed
+
+  std::int64_t count() const;
+  // Position of entry i in ms: the entries divide the stretch evenly.
+  double TimeMs(std::int64_t i, double msPerSample) const;
+};
+
+// Tracks the pitch of `range` (samples, clamped by nothing: the caller passes a stretch inside the
+// recording) with the method that `settings` choose. A run that is cancelled or fails gives an
+// invalid result without a track. A cepstral window of 4096 samples or more is cut to 4096, and
+// settings.windowMs is then overwritten with the length that was used.
+PitchResult ComputePitch(const SampleSource& samples, const SampleRange& range, double rateHz,
+                         PitchSettings& settings, Progress& progress);
+
+}  // namespace cantorix

@@ -1,0 +1,53 @@
+// document.cpp - life of a document and the place of its samples.
+#include "document/document.h"
+
+#include <utility>
+
+namespace cantorix {
+namespace {
+
+// The samples of a channel's memory block, whatever block it holds at the moment.
+class ChannelSource : public SampleSource {
+ public:
+  explicit ChannelSource(const CChannel& channel) : channel_(channel) {}
+  std::int64_t length() const override { return channel_.samples.size(); }
+  std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
+                                     std::vector<std::int16_t>&) const override {
+    return channel_.samples.samples().subspan(static_cast<std::size_t>(start),
+                                              static_cast<std::size_t>(count));
+  }
+
+ private:
+  const CChannel& channel_;
+};
+
+}  // namespace
+
+CSonadexDoc::CSonadexDoc(DocumentHost& host)
+    : host_(host), memorySource_(std::make_unique<ChannelSource>(channels[0])) {
+  settings = DefaultDocumentSettings();
+  memoryLimitMinutes = host.application.memoryMinutes;
+}
+
+CSonadexDoc::~CSonadexDoc() = default;
+
+const SampleSource& CSonadexDoc::Samples() const {
+  return store_ ? static_cast<const SampleSource&>(*store_) : *memorySource_;
+}
+
+void CSonadexDoc::HoldInMemory(SampleBlock block) {
+  store_.reset();
+  channel().samples = std::move(block);
+}
+
+void CSonadexDoc::HoldOnDisk(std::unique_ptr<SampleStore> store) {
+  channel().samples = SampleBlock();
+  store_ = std::move(store);
+}
+
+void CSonadexDoc::SetPathName(const std::string& path) {
+  pathName_ = path;
+  title_ = path.substr(path.rfind('/') + 1);
+}
+
+}  // namespace cantorix

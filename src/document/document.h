@@ -1,0 +1,75 @@
+// document.h - one open recording: its channels, its copy of the settings, where its samples are.
+// Opening is open_pipeline.h, the formats are native_file.h and wav_file.h.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "document/channel.h"
+#include "document/document_host.h"
+#include "document/sample_store.h"
+#include "settings/settings.h"
+
+namespace cantorix {
+
+inline constexpr int kChannelSlots = 20;
+
+class CSonadexDoc {
+ public:
+  // Fills the settings with the defaults and overlays them from the configuration file.
+  explicit CSonadexDoc(DocumentHost& host);
+  // Writes the configuration file (unless told not to) and deletes the temporary files.
+  ~CSonadexDoc();
+  CSonadexDoc(const CSonadexDoc&) = delete;
+  CSonadexDoc& operator=(const CSonadexDoc&) = delete;
+
+  // Opens `path` by its content. False, with the reason shown, when it could not be read; the
+  // document must then be discarded.
+  bool OnOpenDocument(const std::string& path);
+
+  DocumentHost& host() { return host_; }
+  CChannel& channel() { return channels[0]; }
+  const CChannel& channel() const { return channels[0]; }
+
+  // The samples of channel 0, from its memory block or from the disk store.
+  const SampleSource& Samples() const;
+  // Gives channel 0 its samples, dropping an earlier block and store.
+  void HoldInMemory(SampleBlock block);
+  void HoldOnDisk(std::unique_ptr<SampleStore> store);
+  bool samplesOnDisk() const { return store_ != nullptr; }
+
+  const std::string& title() const { return title_; }
+  const std::string& pathName() const { return pathName_; }
+  // The title becomes the file name of `path`.
+  void SetPathName(const std::string& path);
+  bool isModified() const { return modified_; }
+  void SetModified(bool modified) { modified_ = modified; }
+
+  std::array<CChannel, kChannelSlots> channels;
+  std::int32_t channelCount = 1;
+  bool loaded = false;
+  bool newRecording = false;
+  bool foreignSource = false;
+  bool hasSelection = false;
+  std::int32_t memoryLimitMinutes = 5;
+  std::string channelSuffixedName;  // "speech.wav::Channel2"
+  bool extractedChannel = false;    // channelSuffixedName is set
+  double savedRateHz = 0.0;         // as read from the file
+  double savedLength = 0.0;         // samples
+  double savedDurationMs = 0.0;
+  GenericParameters genericRead;  // preset before each generic read
+  DocumentSettings settings;
+  bool writesConfiguration = true;  // false once the configuration was reverted while it was open
+
+ private:
+  DocumentHost& host_;
+  std::unique_ptr<SampleStore> store_;
+  std::unique_ptr<SampleSource> memorySource_;
+  std::string title_ = "Untitled";
+  std::string pathName_;
+  bool modified_ = false;
+};
+
+}  // namespace cantorix

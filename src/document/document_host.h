@@ -1,0 +1,27 @@
+// document_host.h - what a document needs from the program around it. The application owns one.
+#pragma once
+
+#include <string>
+
+#include "settings/settings.h"
+
+namespace cantorix {
+
+class MemoryProbe;
+class Progress;
+class Prompts;
+
+struct DocumentHost {
+  Prompts& prompts;
+  Progress& progress;
+  const MemoryProbe& memory;
+  std::string programDirectory;  // without a separator at its end
+  ApplicationSettings application;
+  double currentRateHz = 11025.0;  // channel 0's rate of the recording opened last
+  double recordingRateHz = 11025.0;
+  int storeCounter = 0;  // counted up before each disk-store name
+  // Whether a closing document writes the configuration file.
+  bool documentsWriteConfiguration = true;
+};
+
+}  // namespace cantorix

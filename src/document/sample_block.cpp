@@ -1,0 +1,36 @@
+// sample_block.cpp - zeroed pages from the C library, which hands out fresh ones untouched.
+#include "document/sample_block.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/abandon.h"
+
+namespace cantorix {
+
+SampleBlock::SampleBlock(std::int64_t count) : count_(count) {
+  if (count == 0) return;
+  data_.reset(static_cast<std::int16_t*>(
+      std::calloc(static_cast<std::size_t>(count), sizeof(std::int16_t))));
+  if (!data_) throw Abandoned(AbandonReason::kOutOfMemory);
+}
+
+SampleBlock::SampleBlock(const SampleBlock& other) : SampleBlock(other.count_) {
+  std::copy_n(other.data_.get(), count_, data_.get());
+}
+
+SampleBlock& SampleBlock::operator=(const SampleBlock& other) {
+  if (this != &other) *this = SampleBlock(other);
+  return *this;
+}
+
+SampleBlock::SampleBlock(SampleBlock&& other) noexcept
+    : data_(std::move(other.data_)), count_(std::exchange(other.count_, 0)) {}
+
+SampleBlock& SampleBlock::operator=(SampleBlock&& other) noexcept {
+  data_ = std::move(other.data_);
+  count_ = std::exchange(other.count_, 0);
+  return *this;
+}
+
+}  // namespace cantorix

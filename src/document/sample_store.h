@@ -1,0 +1,36 @@
+// sample_store.h - the disk store: the samples of a recording that is too long for memory.
+// One per document: `<program directory>/$$TempFileN`, raw 16-bit little-endian samples, locked
+// while it exists so that two processes never share a name, deleted with its owner.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "platform/file.h"
+#include "platform/sample_source.h"
+
+namespace cantorix {
+
+class SampleStore : public SampleSource {
+ public:
+  // Creates the first free name, counting `counter` up before each try. Throws FileError.
+  SampleStore(const std::string& programDirectory, int& counter);
+  ~SampleStore() override;
+  SampleStore(const SampleStore&) = delete;
+  SampleStore& operator=(const SampleStore&) = delete;
+
+  const std::string& path() const { return file_.path(); }
+  // Throws FileError when the disk is full.
+  void Append(std::span<const std::int16_t> samples);
+
+  std::int64_t length() const override { return length_; }
+  std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
+                                     std::vector<std::int16_t>& scratch) const override;
+
+ private:
+  File file_;
+  std::int64_t length_ = 0;
+};
+
+}  // namespace cantorix

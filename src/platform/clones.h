@@ -1,0 +1,12 @@
+// clones.h - marks a kernel to be compiled for several vector widths, chosen at run time.
+// The arithmetic is the same in each: contraction is off, so a clone differs in speed only. Put it
+// on plain loops over arrays that the compiler vectorises; it does not carry into callees that are
+// not inlined.
+#pragma once
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(CANTORIX_NO_CLONES)
+#define CANTORIX_CLONES \
+  __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
+#else
+#define CANTORIX_CLONES
+#endif

@@ -1,0 +1,51 @@
+// file.h - an open file of the host: positioned reads and writes that say why they failed.
+// Exclusive means a non-blocking lock: a file that another process holds counts as one that cannot
+// be opened. File systems without locks count as success. Saving over a file goes through
+// safe_file.h instead.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace cantorix {
+
+class File {
+ public:
+  // Each throws FileError when the file cannot be opened, created or locked.
+  static File OpenForReading(const std::string& path);
+  // Creates or truncates, after the lock is held: a refused file keeps its bytes.
+  static File Create(const std::string& path);
+  // Opens or creates without truncating, for reading and writing.
+  static File OpenForUpdate(const std::string& path);
+
+  File() = default;
+  ~File();
+  File(File&& other) noexcept;
+  File& operator=(File&& other) noexcept;
+
+  bool isOpen() const { return descriptor_ >= 0; }
+  int descriptor() const { return descriptor_; }
+  const std::string& path() const { return path_; }
+
+  std::int64_t Size() const;
+  // Reads up to out.size() bytes from `offset`; fewer only at the end of the file.
+  std::size_t ReadSome(std::int64_t offset, std::span<std::byte> out) const;
+  // Reads exactly out.size() bytes or throws FileError naming the offset where the file ends.
+  void ReadExactly(std::int64_t offset, std::span<std::byte> out) const;
+  void Write(std::int64_t offset, std::span<const std::byte> bytes);
+  void Close();
+
+ private:
+  File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+
+  int descriptor_ = -1;
+  std::string path_;
+};
+
+// Reverses the bytes of each sample on a big-endian machine; does nothing elsewhere. Little-endian
+// files hold their samples as a little-endian memory does.
+void SwapFromLittle(std::span<std::int16_t> samples);
+
+}  // namespace cantorix

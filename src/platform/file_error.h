@@ -1,0 +1,24 @@
+// file_error.h - a file that could not be opened, read or written, with the reason in a sentence.
+// Thrown by the file classes of this folder and by the format readers ("ends at byte 700 inside a
+// label record"); shown where a command begins, as "<path> could not be opened. <reason>".
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace cantorix {
+
+class FileError : public std::runtime_error {
+ public:
+  // `reason` is one sentence with its full stop.
+  explicit FileError(const std::string& reason) : std::runtime_error(reason) {}
+};
+
+// The sentence for an errno value: "No such file or directory.".
+std::string SystemReason(int errorNumber);
+
+// The two file-error reports, whole.
+std::string CouldNotBeOpened(const std::string& path, const std::string& reason);
+std::string CouldNotBeSaved(const std::string& path, const std::string& reason);
+
+}  // namespace cantorix
