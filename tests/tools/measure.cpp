@@ -92,7 +92,7 @@ std::vector<double> EnvelopePeaks(std::span<const std::int16_t> x, std::int64_t 
   }
   const std::vector<double> a = Predictor(Autocorrelation(frame, order));
   std::vector<double> peaks;
-  for (double hz = 1.0; hz < 0.5 * rateHz - 1.0; hz += 1.0) {
+  for (int hz = 1; hz < 0.5 * rateHz - 1.0; ++hz) {
     const double here = Gain(a, hz, rateHz);
     if (here > Gain(a, hz - 1.0, rateHz) && here >= Gain(a, hz + 1.0, rateHz)) peaks.push_back(hz);
   }

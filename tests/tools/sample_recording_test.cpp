@@ -69,11 +69,11 @@ TEST_F(SampleRecordingTest, PeaksNearMinusThreeDecibelsAndRestsInQuietNoise) {
 
 TEST_F(SampleRecordingTest, VowelsAreFarAboveOnePercentOfTheLargestEnergyAndPausesBelow) {
   double largest = 0.0;
-  for (double ms = 10.0; ms < recording_.durationMs() - 10.0; ms += 10.0) {
+  for (int ms = 10; ms < recording_.durationMs() - 10.0; ms += 10) {
     largest = std::max(largest, Energy(ms));
   }
   for (const auto& [startMs, vowel] : recording_.vowels) {
-    for (double ms = 40.0; ms <= vowel.durationMs - 50.0; ms += 10.0) {
+    for (int ms = 40; ms <= vowel.durationMs - 50.0; ms += 10) {
       EXPECT_GT(Energy(startMs + ms), 0.03 * largest) << vowel.name << " " << ms;
     }
     EXPECT_LT(Energy(startMs + vowel.durationMs + 60.0), 1e-4 * largest) << vowel.name;
@@ -130,7 +130,7 @@ TEST_F(SampleRecordingTest, FormantTableIsWhatLinearPredictionFinds) {
 
 TEST_F(SampleRecordingTest, GlidesStayBelowOneHundredHertzPerSecond) {
   for (const auto& [startMs, vowel] : recording_.vowels) {
-    for (double ms = 10.0; ms <= vowel.durationMs; ms += 10.0) {
+    for (int ms = 10; ms <= vowel.durationMs; ms += 10) {
       EXPECT_LT(std::fabs(vowel.pitch.Hz(ms) - vowel.pitch.Hz(ms - 10.0)), 1.0) << vowel.name;
     }
   }

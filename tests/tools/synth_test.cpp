@@ -30,7 +30,8 @@ TEST(GlottalSource, IsThePolynomialPulseLessItsMean) {
   // A rate that carries so many harmonics that only the sharp closing shows that some are missing.
   const GlottalSource glottis(kOpening, kClosing, 400000.0, 100.0);
   const double mean = kOpening / 2.0 + kClosing * 2.0 / 3.0;
-  for (double t = 0.005; t < 1.0; t += 0.01) {
+  for (int i = 0; i < 100; ++i) {
+    const double t = 0.005 + i * 0.01;
     double pulse = 0.0;
     if (t < kOpening) {
       const double x = t / kOpening;
@@ -70,7 +71,8 @@ TEST(PitchContour, TurnsAreTheIntegralOfTheFrequency) {
   const PitchContour contour({{50, 100}, {300, 180}, {310, 90}, {600, 90}});
   double turns = 0.0;
   constexpr double kStepMs = 0.5;
-  for (double ms = 0.0; ms < 700.0; ms += kStepMs) {
+  for (int i = 0; i < 1400; ++i) {
+    const double ms = i * kStepMs;
     EXPECT_NEAR(contour.Turns(ms), turns, 1e-9) << ms;
     turns += contour.Hz(ms + 0.5 * kStepMs) * kStepMs / 1000.0;
   }
