@@ -14,10 +14,15 @@
 namespace cantorix {
 namespace {
 
-Descriptor OpenExclusively(const std::string& path, int flags) {
+Descriptor OpenRegular(const std::string& path, int flags) {
   Descriptor descriptor = OpenAt(AT_FDCWD, path, flags | O_NONBLOCK, 0666);
   if (!descriptor.isOpen()) ThrowErrno();
   RequireRegularFile(descriptor.number());
+  return descriptor;
+}
+
+Descriptor OpenExclusively(const std::string& path, int flags) {
+  Descriptor descriptor = OpenRegular(path, flags);
   LockExclusively(descriptor.number());
   return descriptor;
 }
@@ -26,6 +31,10 @@ Descriptor OpenExclusively(const std::string& path, int flags) {
 
 File File::OpenForReading(const std::string& path) {
   return File(OpenExclusively(path, O_RDONLY).Release(), path);
+}
+
+File File::OpenUnlocked(const std::string& path) {
+  return File(OpenRegular(path, O_RDONLY).Release(), path);
 }
 
 File File::OpenForUpdate(const std::string& path) {

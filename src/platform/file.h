@@ -15,6 +15,9 @@ class File {
  public:
   // Each throws FileError when the file cannot be opened, created or locked.
   static File OpenForReading(const std::string& path);
+  // The same without a lock, for a file that is only ever replaced as a whole: readers of it do not
+  // shut each other out.
+  static File OpenUnlocked(const std::string& path);
   // Creates or truncates, after the lock is held: a refused file keeps its bytes.
   static File Create(const std::string& path);
   // Opens or creates without truncating, for reading and writing.
