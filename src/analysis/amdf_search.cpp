@@ -1,0 +1,148 @@
+// amdf_search.cpp - the coarse search and the levels run across the frames of a block, the fine
+// search across the lags of a frame; both are sums of byte differences that fit 16 bits.
+#include "analysis/amdf_search.h"
+
+#include <cstdlib>
+#include <limits>
+
+#include "analysis/pitch_continuity.h"
+#include "platform/clones.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kLevelPlaces = 32;
+constexpr int kLevelSpacing = 10;
+constexpr int kLevelDivisor = 31;  // one less than the places
+constexpr int kCoarsePlaces = 11;
+constexpr int kCoarseSpacing = 30;
+constexpr int kFinePlaces = 25;
+constexpr int kFineSpacing = 12;
+
+using AcrossFrames = std::array<std::uint16_t, kBlockFrames>;
+
+CANTORIX_CLONES void FindLevels(const AmdfBlock& block, std::int16_t* level) {
+  AcrossFrames sums{};
+  for (int k = 0; k < kLevelPlaces; ++k) {
+    const std::uint8_t* s = block.Across(kLevelSpacing * k);
+    for (std::size_t i = 0; i < kBlockFrames; ++i) {
+      sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(s[i] - 128));
+    }
+  }
+  for (std::size_t i = 0; i < kBlockFrames; ++i) {
+    level[i] = static_cast<std::int16_t>(10 * sums[i] / kLevelDivisor);
+  }
+}
+
+// The index of each frame's best lag of the table, the first one on ties.
+CANTORIX_CLONES void FindCoarseLags(const AmdfBlock& block, const AmdfPlan& plan,
+                                    AcrossFrames& bestIndex) {
+  AcrossFrames least;
+  least.fill(std::numeric_limits<std::uint16_t>::max());
+  for (std::size_t t = 1; t + 1 < plan.lags.size(); ++t) {
+    const std::int32_t lag = plan.lags[t];
+    AcrossFrames sums{};
+    for (int k = 0; k < kCoarsePlaces; ++k) {
+      const std::uint8_t* left = block.Across(kCoarseSpacing * k - lag / 2);
+      const std::uint8_t* right = block.Across(kCoarseSpacing * k - lag / 2 + lag);
+      for (std::size_t i = 0; i < kBlockFrames; ++i) {
+        sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(left[i] - right[i]));
+      }
+    }
+    const auto index = static_cast<std::uint16_t>(t);
+    for (std::size_t i = 0; i < kBlockFrames; ++i) {
+      bestIndex[i] = sums[i] < least[i] ? index : bestIndex[i];
+      least[i] = sums[i] < least[i] ? sums[i] : least[i];
+    }
+  }
+}
+
+// Fine differences of kLagLanes even lags and the odd lags that follow each of them.
+struct LagSums {
+  std::array<std::uint16_t, kLagLanes> even;  // lag 2 (half + i)
+  std::array<std::uint16_t, kLagLanes> odd;   // lag 2 (half + i) + 1
+};
+
+CANTORIX_CLONES void FindFineDifferences(const std::uint8_t* frame, std::int32_t half,
+                                         LagSums& out) {
+  LagSums sums{};
+  for (int k = 0; k < kFinePlaces; ++k) {
+    const std::uint8_t* left = frame + kFineSpacing * k - half;
+    const std::uint8_t* right = frame + kFineSpacing * k + half;
+    for (std::int32_t i = 0; i < kLagLanes; ++i) {
+      const auto lane = static_cast<std::size_t>(i);
+      sums.even[lane] = static_cast<std::uint16_t>(sums.even[lane] + std::abs(left[-i] - right[i]));
+      sums.odd[lane] =
+          static_cast<std::uint16_t>(sums.odd[lane] + std::abs(left[-i] - right[i + 1]));
+    }
+  }
+  out = sums;
+}
+
+struct LagChoice {
+  std::int32_t lag = 0;
+  int difference = std::numeric_limits<std::uint16_t>::max();
+};
+
+// The best of the lags first ... last, the first one on ties.
+LagChoice FindFineLag(const std::uint8_t* frame, std::int32_t first, std::int32_t last) {
+  LagChoice best;
+  LagSums sums;
+  for (std::int32_t half = first / 2; half <= last / 2; half += kLagLanes) {
+    FindFineDifferences(frame, half, sums);
+    const std::int32_t from = std::max(first, 2 * half);
+    const std::int32_t to = std::min(last, 2 * (half + kLagLanes) - 1);
+    for (std::int32_t lag = from; lag <= to; ++lag) {
+      const auto lane = static_cast<std::size_t>(lag / 2 - half);
+      const int difference = lag % 2 == 0 ? sums.even[lane] : sums.odd[lane];
+      if (difference < best.difference) best = {lag, difference};
+    }
+  }
+  return best;
+}
+
+int FineDifference(const std::uint8_t* frame, std::int32_t lag) {
+  const std::uint8_t* left = frame - lag / 2;
+  const std::uint8_t* right = left + lag;
+  int sum = 0;
+  for (int k = 0; k < kFinePlaces; ++k) {
+    sum += std::abs(left[kFineSpacing * k] - right[kFineSpacing * k]);
+  }
+  return sum;
+}
+
+// A half or a third of the lag when it lies in range and its difference stays below 3/2 of the
+// least.
+std::int32_t CheckOctaves(const std::uint8_t* frame, const LagChoice& found, std::int32_t minLag) {
+  for (const std::int32_t part : {2, 3}) {
+    if (found.lag / part < minLag) break;
+    const std::int32_t lag = found.lag / part;
+    if (2 * FineDifference(frame, lag) < 3 * found.difference) return lag;
+  }
+  return found.lag;
+}
+
+std::int16_t TenthsOfHz(const AmdfPlan& plan, std::int32_t lag) {
+  if (lag == plan.minLag || lag == plan.maxLag) return kUnvoiced;
+  const std::int64_t pitch = plan.tenthsOfRate / lag;
+  // More than 16 bits can hold (3276.7 Hz) would read as a negative value.
+  if (pitch > std::numeric_limits<std::int16_t>::max()) return kUnvoiced;
+  return static_cast<std::int16_t>(pitch);
+}
+
+}  // namespace
+
+void SearchBlock(const AmdfBlock& block, const AmdfPlan& plan, int count, FrameEstimates& out) {
+  FindLevels(block, out.level.data());
+  AcrossFrames coarse{};
+  FindCoarseLags(block, plan, coarse);
+  for (int i = 0; i < count; ++i) {
+    const std::uint8_t* frame = block.Frame(i);
+    const std::size_t best = coarse[static_cast<std::size_t>(i)];
+    const LagChoice fine = FindFineLag(frame, plan.lags[best - 1] + 1, plan.lags[best + 1] - 1);
+    const std::int32_t lag = CheckOctaves(frame, fine, plan.minLag);
+    out.pitch[static_cast<std::size_t>(i)] = TenthsOfHz(plan, lag);
+  }
+}
+
+}  // namespace cantorix

@@ -1,0 +1,124 @@
+// intensity.cpp - one level per frame; LevelTrack spreads them over the samples on demand.
+#include "analysis/intensity.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+#include <utility>
+
+#include "analysis/frame_span.h"
+#include "analysis/sample_window.h"
+#include "analysis/square_sum.h"
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+constexpr double kMaxLength = 4503599627370496.0;  // 2^52 samples: fractions still count
+constexpr double kMaxFramesPerSample = 16.0;       // levels stay in proportion to the recording
+constexpr double kAlwaysGranted = 1048576.0;       // frames
+
+struct Framing {
+  double window = 0.0;  // samples
+  double step = 0.0;    // samples
+  double frames = 0.0;  // not rounded, may be negative
+
+  std::int64_t count() const { return std::max<std::int64_t>(Truncate(frames), 0); }
+};
+
+Framing FramingOf(double length, double rateHz, const IntensitySettings& settings) {
+  Framing framing;
+  // Kept: the half sample stays in the window, so the mean square divides by half a sample more
+  // than is summed. Every published level depends on it.
+  framing.window = settings.windowMs * rateHz * 0.001 + 0.5;
+  framing.step = settings.stepMs * rateHz * 0.001;
+  framing.frames = (length - framing.window) / framing.step;
+  return framing;
+}
+
+bool CanCompute(const Framing& framing, double length) {
+  return framing.window > 0.0 && framing.step > 0.0 && std::abs(length) < kMaxLength &&
+         framing.frames <= std::max(kMaxFramesPerSample * length, kAlwaysGranted);
+}
+
+void AddStretch(SampleWindow& samples, std::int64_t first, std::int64_t end, double& sum) {
+  for (std::int64_t from = first; from < end; from += SampleWindow::kBlockSamples) {
+    const std::int64_t count = std::min(SampleWindow::kBlockSamples, end - from);
+    AddSquares(samples.View(from, count), sum);
+  }
+}
+
+double FrameEnergy(SampleWindow& samples, const FrameSpan& span) {
+  double sum = 0.0;
+  if (span.skipped < 0) {
+    AddStretch(samples, span.first, span.end, sum);
+  } else {
+    AddStretch(samples, span.first, span.skipped, sum);
+    AddStretch(samples, span.skipped + 1, span.end, sum);
+  }
+  return sum;
+}
+
+// One level per frame, or nothing when the user cancelled.
+std::vector<double> FrameLevels(SampleWindow& samples, const Framing& framing,
+                                ProgressScope& progress) {
+  std::vector<double> levels(static_cast<std::size_t>(framing.count()));
+  for (std::size_t i = 0; i < levels.size(); ++i) {
+    const auto frame = static_cast<double>(i);
+    if (progress.Cancelled(frame)) return {};
+    const FrameSpan span = SpanOfFrame(frame * framing.step, framing.window);
+    // Kept: a silent frame is minus infinity.
+    levels[i] = 10.0 * std::log10(FrameEnergy(samples, span) / framing.window);
+  }
+  return levels;
+}
+
+// Kept: the extremes start at these values and change by strict comparison only, so a recording of
+// silence keeps the maximum's, and one without a frame both.
+void FindExtremes(const std::vector<double>& levels, IntensityResult& result) {
+  result.IntensityMax = -1e9;
+  result.IntensityMin = 1e9;
+  for (const double level : levels) {
+    if (level > result.IntensityMax) result.IntensityMax = level;
+    if (level < result.IntensityMin) result.IntensityMin = level;
+  }
+}
+
+// Kept: with a silent frame the others become infinite and the silent ones NaN.
+void MakeRelative(std::vector<double>& levels, IntensityResult& result) {
+  for (double& level : levels) level -= result.IntensityMin;
+  result.IntensityMax -= result.IntensityMin;
+  result.IntensityMin = 0.0;
+}
+
+}  // namespace
+
+IntensityResult ComputeIntensity(const SampleSource& samples, const SampleRange& range,
+                                 double rateHz, const IntensitySettings& settings,
+                                 Progress& progress) {
+  const double length = range.length();
+  const Framing framing = FramingOf(length, rateHz, settings);
+  const bool relative = settings.relative != 0;
+  const double units = (relative ? 3.0 : 2.0) * framing.frames;
+  ProgressScope scope(progress, " Processing Intensity...(Press mouse to cancel)", units);
+
+  IntensityResult result;
+  result.range = range;
+  if (!CanCompute(framing, length)) return result;
+  try {
+    SampleWindow window(samples, Truncate(range.start));
+    std::vector<double> levels = FrameLevels(window, framing, scope);
+    if (std::ssize(levels) < framing.count()) return result;
+    FindExtremes(levels, result);
+    if (relative) MakeRelative(levels, result);
+    result.IntensityTrack = LevelTrack(std::move(levels), framing.step, framing.window,
+                                       std::max<std::int64_t>(Truncate(length), 0));
+  } catch (const std::bad_alloc&) {
+    return result;
+  }
+  result.IntensityLength = length;
+  result.IntensityValid = true;
+  return result;
+}
+
+}  // namespace cantorix
