@@ -1,0 +1,89 @@
+// descriptor.cpp - system calls on descriptors, complete or failing with their reason.
+#include "platform/descriptor.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/file_error.h"
+
+namespace cantorix {
+
+Descriptor::~Descriptor() {
+  if (number_ >= 0) ::close(number_);
+}
+
+void ThrowErrno() { throw FileError(SystemReason(errno)); }
+
+Descriptor OpenAt(int folder, const std::string& name, int flags, unsigned mode) {
+  int number;
+  do {
+    number = ::openat(folder, name.c_str(), flags | O_CLOEXEC, mode);
+  } while (number < 0 && errno == EINTR);
+  return Descriptor(number);
+}
+
+void RequireRegular(unsigned mode) {
+  if (S_ISDIR(mode)) throw FileError(SystemReason(EISDIR));
+  if (!S_ISREG(mode)) throw FileError("It is not a regular file.");
+}
+
+void RequireRegularFile(int descriptor) {
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0) ThrowErrno();
+  RequireRegular(status.st_mode);
+}
+
+void LockExclusively(int descriptor) {
+  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return;
+  if (errno == EWOULDBLOCK) throw FileError("Another program is using it.");
+}
+
+bool NamesFile(int folder, const std::string& name, int descriptor) {
+  struct stat named {};
+  struct stat opened {};
+  if (::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0) return false;
+  if (::fstat(descriptor, &opened) != 0) return false;
+  return named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+}
+
+std::int64_t FileSize(int descriptor) {
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0) ThrowErrno();
+  return status.st_size;
+}
+
+std::size_t ReadAt(int descriptor, std::int64_t offset, std::span<std::byte> out) {
+  std::size_t done = 0;
+  while (done < out.size()) {
+    const ssize_t got = ::pread(descriptor, out.data() + done, out.size() - done,
+                                offset + static_cast<std::int64_t>(done));
+    if (got == 0) break;
+    if (got > 0) {
+      done += static_cast<std::size_t>(got);
+    } else if (errno != EINTR) {
+      ThrowErrno();
+    }
+  }
+  return done;
+}
+
+void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t put = ::pwrite(descriptor, bytes.data() + done, bytes.size() - done,
+                                 offset + static_cast<std::int64_t>(done));
+    if (put > 0) {
+      done += static_cast<std::size_t>(put);
+    } else if (put == 0) {
+      throw FileError(SystemReason(ENOSPC));
+    } else if (errno != EINTR) {
+      ThrowErrno();
+    }
+  }
+}
+
+}  // namespace cantorix

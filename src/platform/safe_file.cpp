@@ -1,0 +1,219 @@
+// safe_file.cpp - the order of a replacement: lock, gather, sync, swap, sync the folder.
+#include "platform/safe_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include "platform/file_error.h"
+#include "platform/save_place.h"
+
+namespace cantorix {
+namespace {
+
+constexpr std::size_t kBufferBytes = std::size_t{1} << 20U;
+
+// A file without a name, for content that cannot be gathered beside its target.
+Descriptor CreateUnnamed() {
+  std::string path = std::filesystem::temp_directory_path().string() + "/cantorix-save-XXXXXX";
+  Descriptor file(::mkostemp(path.data(), O_CLOEXEC));
+  if (!file.isOpen()) ThrowErrno();
+  ::unlink(path.c_str());
+  return file;
+}
+
+// Some file systems report a full disk or quota only when a descriptor is closed, so a second one
+// is closed while the first keeps the lock.
+void SyncContent(int descriptor) {
+  if (::fsync(descriptor) != 0 && errno != EINVAL) ThrowErrno();
+  const int second = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+  if (second < 0 || (::close(second) != 0 && errno != EINTR)) ThrowErrno();
+}
+
+void SyncFolder(int folder, int file) {
+  if (::fsync(folder) == 0) return;
+  // The descriptor of a folder that cannot be listed does not sync; its file system does.
+  if (errno == EBADF && ::syncfs(file) == 0) return;
+  if (errno != EINVAL && errno != ENOTSUP) ThrowErrno();
+}
+
+// Writes the first `size` bytes of `from` over `target`. What can fail for want of space is tried
+// first, in a way that leaves the old bytes and the old length.
+void WriteOver(int target, int from, std::int64_t size) {
+  const std::int64_t excess = size - FileSize(target);
+  if (excess > 0 && ::fallocate(target, FALLOC_FL_KEEP_SIZE, size - excess, excess) != 0 &&
+      errno != EOPNOTSUPP && errno != ENOSYS) {
+    ThrowErrno();
+  }
+  std::vector<std::byte> block(kBufferBytes);
+  for (std::int64_t done = 0; done < size;) {
+    const std::size_t got = ReadAt(from, done, block);
+    if (got == 0) throw FileError("The temporary file was cut by another program.");
+    WriteAt(target, done, std::span(block).first(got));
+    done += static_cast<std::int64_t>(got);
+  }
+  if (::ftruncate(target, size) != 0) ThrowErrno();
+  SyncContent(target);
+}
+
+// rename that refuses to replace. Where the file system has no such call, the name is looked up
+// right before.
+bool RenameToFreeName(int folder, const std::string& from, const std::string& to) {
+  if (::renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+  if (errno != EINVAL && errno != ENOSYS) return false;
+  if (::faccessat(folder, to.c_str(), F_OK, AT_SYMLINK_NOFOLLOW) == 0) {
+    errno = EEXIST;
+    return false;
+  }
+  return ::renameat(folder, from.c_str(), folder, to.c_str()) == 0;
+}
+
+bool IsRefusal(int errorNumber) { return errorNumber == EACCES || errorNumber == EPERM; }
+
+}  // namespace
+
+struct SafeFile::State {
+  explicit State(const std::string& path);
+  ~State();
+
+  void Append(std::span<const std::byte> bytes);
+  void Flush();
+  // Gives the gathered file the target's name.
+  void ReplaceTarget();
+  void TakeFreeName();
+  void WriteOut(std::span<const std::byte> bytes);
+  void RequireOwnSibling() const;
+
+  SavePlace place;
+  Descriptor target;        // locked; not open when there was no file
+  std::string siblingName;  // empty once the sibling is gone or when there never was one
+  Descriptor gathered;      // the sibling, or a file without a name
+  std::vector<std::byte> buffer;
+  std::int64_t flushed = 0;
+  std::string failure;  // of the first write that failed
+};
+
+SafeFile::State::State(const std::string& path)
+    : place(FindSavePlace(path)), target(LockTarget(place)) {
+  buffer.reserve(kBufferBytes);
+  const std::string name = SiblingName(place.name);
+  // The new content of a private file stays private while it is gathered.
+  gathered = CreateSibling(place, name, target.isOpen() ? 0600 : 0666);
+  if (gathered.isOpen()) {
+    siblingName = name;
+  } else if (target.isOpen() && IsRefusal(errno)) {
+    gathered = CreateUnnamed();
+  } else {
+    ThrowErrno();
+  }
+}
+
+SafeFile::State::~State() {
+  if (siblingName.empty()) return;
+  const int folder = place.folder.number();
+  // Only the own sibling is removed, while its lock is still held.
+  if (NamesFile(folder, siblingName, gathered.number())) {
+    ::unlinkat(folder, siblingName.c_str(), 0);
+  }
+}
+
+void SafeFile::State::Append(std::span<const std::byte> bytes) {
+  if (buffer.size() + bytes.size() > kBufferBytes) Flush();
+  if (bytes.size() < kBufferBytes) {
+    buffer.insert(buffer.end(), bytes.begin(), bytes.end());
+  } else {
+    WriteOut(bytes);
+  }
+}
+
+void SafeFile::State::Flush() {
+  WriteOut(buffer);
+  buffer.clear();
+}
+
+void SafeFile::State::WriteOut(std::span<const std::byte> bytes) {
+  if (!failure.empty()) throw FileError(failure);
+  try {
+    WriteAt(gathered.number(), flushed, bytes);
+  } catch (const FileError& error) {
+    failure = error.what();
+    throw;
+  }
+  flushed += static_cast<std::int64_t>(bytes.size());
+}
+
+// A folder may refuse to let a name change hands although it took a new file, as a sticky one does
+// for the file of another user, or a target may be mounted by itself: then it is written over.
+void SafeFile::State::ReplaceTarget() {
+  const int folder = place.folder.number();
+  CopyOwnershipAndMode(target.number(), gathered.number());
+  SyncContent(gathered.number());
+  RequireOwnSibling();
+  if (::renameat(folder, siblingName.c_str(), folder, place.name.c_str()) != 0) {
+    if (!IsRefusal(errno) && errno != EBUSY) ThrowErrno();
+    return WriteOver(target.number(), gathered.number(), flushed);
+  }
+  siblingName.clear();
+  SyncFolder(folder, gathered.number());
+}
+
+void SafeFile::State::TakeFreeName() {
+  const int folder = place.folder.number();
+  SyncContent(gathered.number());
+  RequireOwnSibling();
+  if (!RenameToFreeName(folder, siblingName, place.name)) {
+    if (errno == EEXIST) throw FileError("Another program has made a file of this name.");
+    ThrowErrno();
+  }
+  siblingName.clear();
+  SyncFolder(folder, gathered.number());
+}
+
+// Where locks do not work, another save may have taken the sibling for a stale one.
+void SafeFile::State::RequireOwnSibling() const {
+  if (!NamesFile(place.folder.number(), siblingName, gathered.number())) {
+    throw FileError("Another program is using it.");
+  }
+}
+
+SafeFile::SafeFile(const std::string& path) : state_(std::make_unique<State>(path)) {}
+
+SafeFile::~SafeFile() = default;
+
+void SafeFile::Write(std::span<const std::byte> bytes) { state_->Append(bytes); }
+
+std::int64_t SafeFile::written() const {
+  return state_->flushed + static_cast<std::int64_t>(state_->buffer.size());
+}
+
+void SafeFile::Commit() {
+  state_->Flush();
+  if (!state_->target.isOpen()) {
+    state_->TakeFreeName();
+  } else if (!state_->siblingName.empty()) {
+    state_->ReplaceTarget();
+  } else {
+    WriteOver(state_->target.number(), state_->gathered.number(), state_->flushed);
+  }
+}
+
+void SafeFile::KeepIfNew() {
+  if (state_->target.isOpen()) return;
+  state_->Flush();
+  state_->TakeFreeName();
+}
+
+void ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
+  SafeFile file(path);
+  file.Write(bytes);
+  file.Commit();
+}
+
+}  // namespace cantorix
