@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# What every change has to pass. Usage: tools/check.sh [--skip PART]... [PART]...
-# Parts, in this order; without names, all of them but tidy-all:
+# What every change has to pass. Usage: tools/check.sh [--sources] [--skip PART]... [PART]...
+# Parts, in this order; without names, all of them but tidy-all; --sources means those that run
+# neither a build nor a test, with tidy-all:
 #   format    clang-format would change nothing
 #   includes  no include against the direction of the folders
 #   sizes     no file is too long
@@ -54,7 +55,7 @@ check_tidy() { configure && changed | compiled | tidy; }
 check_tidy_all() { configure && sources | compiled | tidy; }
 
 usage() {
-  sed -n '2,10s/^# \{0,1\}//p' "$0"
+  sed -n '2,11s/^# \{0,1\}//p' "$0"
   exit 2
 }
 
@@ -63,6 +64,7 @@ skip=" "
 parts=()
 while [ $# -gt 0 ]; do
   case "$1" in
+    --sources) parts+=(format includes sizes tidy-all) ;;
     --skip) shift; [ $# -gt 0 ] || usage; skip+="$1 " ;;
     *) case "$known" in *" $1 "*) parts+=("$1") ;; *) usage ;; esac ;;
   esac
