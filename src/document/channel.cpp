@@ -68,6 +68,12 @@ std::int64_t CChannel::sampleCount() const {
   return std::max<std::int64_t>(Truncate(totalLength), 0);
 }
 
+TimePoint CChannel::PointAtTime(double ms) const {
+  if (!(totalDurationMs > 0.0)) return {};
+  return {std::clamp(totalLength / totalDurationMs * ms, 0.0, totalLength),
+          std::clamp(ms, 0.0, totalDurationMs)};
+}
+
 void CChannel::UpdateVisibleMs() {
   const double factor = msPerSample();
   visibleStart.ms = visibleStart.samples * factor;

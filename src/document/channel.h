@@ -81,6 +81,9 @@ class CChannel {
   double msPerSample() const;
   // Samples that exist: Truncate(totalLength), at least 0.
   std::int64_t sampleCount() const;
+  // The point at a time: the samples follow from the time as it is given and are clamped to
+  // [0, totalLength], the time itself to [0, totalDurationMs].
+  TimePoint PointAtTime(double ms) const;
   // Recomputes the visible stretch's ms from its samples.
   void UpdateVisibleMs();
   // What every reader does with a whole new recording: the visible and the previous stretch become

@@ -1,0 +1,39 @@
+// batch_prompts.cpp - answers from the options.
+#include "batch/batch_prompts.h"
+
+namespace cantorix::batch {
+
+void BatchPrompts::Say(const std::string& text) {
+  // The report of a failed open begins with the path, and so does every line here.
+  const bool named = text.starts_with(file_ + " ");
+  console_.Report(file_, named ? text.substr(file_.size() + 1) : text);
+  spoke_ = true;
+}
+
+void BatchPrompts::Message(const std::string& text) { Say(text); }
+
+Answer BatchPrompts::Ask(const std::string& text, Buttons) {
+  // The one question that a file raises before it is open is how to read one of unknown kind.
+  if (request_.generic) return Answer::kOk;
+  Say(text + " (--generic answers)");
+  return Answer::kCancel;
+}
+
+std::optional<int> BatchPrompts::ChooseChannel(const std::string& text, int channelCount) {
+  if (!request_.channel) {
+    Say(text + " (--channel 1 to " + std::to_string(channelCount) + " answers)");
+    return {};
+  }
+  if (*request_.channel > channelCount) {
+    Say("There is no channel " + std::to_string(*request_.channel) + ", the file has " +
+        std::to_string(channelCount) + ".");
+    return {};
+  }
+  return *request_.channel - 1;
+}
+
+std::optional<GenericParameters> BatchPrompts::AskGenericParameters(const GenericParameters&) {
+  return request_.generic;
+}
+
+}  // namespace cantorix::batch

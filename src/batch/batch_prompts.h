@@ -1,0 +1,40 @@
+// batch_prompts.h - the prompts port of one file: messages become lines on standard error, the
+// dialogs are answered from the options, and a question without an answer is declined with a word
+// on how to answer it.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "batch/console.h"
+#include "batch/request.h"
+#include "platform/prompts.h"
+
+namespace cantorix::batch {
+
+class BatchPrompts : public Prompts {
+ public:
+  BatchPrompts(Console& console, std::string file, const Request& request)
+      : console_(console), file_(std::move(file)), request_(request) {}
+
+  void Beep() override {}
+  void Message(const std::string& text) override;
+  Answer Ask(const std::string& text, Buttons buttons) override;
+  std::optional<FileChoice> ChooseFileToOpen(const FileRequest&) override { return {}; }
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<std::string> ChooseFolder(const std::string&) override { return {}; }
+  std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override;
+
+  // Whether anything was said of this file: a failure then needs no words of its own.
+  bool spoke() const { return spoke_; }
+  void Say(const std::string& text);
+
+ private:
+  Console& console_;
+  std::string file_;
+  const Request& request_;
+  bool spoke_ = false;
+};
+
+}  // namespace cantorix::batch

@@ -1,0 +1,35 @@
+// console.h - one line at a time on standard error, shared by all files that are worked on: the
+// errors, and on a terminal a progress line that they do not tear.
+#pragma once
+
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace cantorix::batch {
+
+class Console {
+ public:
+  // `fileCount` files are to come; `showProgress` when standard error is a terminal.
+  Console(std::size_t fileCount, bool showProgress)
+      : fileCount_(fileCount), showProgress_(showProgress) {}
+
+  // "cantorix-batch: FILE: reason", on one line whatever breaks `reason` has.
+  void Report(std::string_view file, std::string_view reason);
+  void ShowProgress(std::string_view file, std::string_view text, double fraction);
+  // Wipes the progress line, so that other output can follow.
+  void ClearProgress();
+  void FileDone();
+  bool showsProgress() const { return showProgress_; }
+
+ private:
+  void Clear();
+
+  std::mutex mutex_;
+  std::size_t fileCount_;
+  std::size_t filesDone_ = 0;
+  bool showProgress_;
+  bool lineShown_ = false;
+};
+
+}  // namespace cantorix::batch

@@ -1,0 +1,41 @@
+// request.h - what the user asked for, as plain values. command_line.h fills it, the verbs read it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/generic_parameters.h"
+
+namespace cantorix::batch {
+
+enum class Verb { kInfo, kPitch, kIntensity, kConvert, kConfigShow, kConfigDefault };
+
+// One `--set GROUP.FIELD=VALUE`.
+struct Assignment {
+  std::string field;  // "group.field"
+  std::string text;
+};
+
+struct Request {
+  Verb verb = Verb::kInfo;
+  std::vector<std::string> files;
+
+  // Common to all verbs.
+  std::string output;                   // file or, for several files, folder; empty: standard output
+  std::string configFile;               // settings record to start from; empty: none
+  std::string programDirectory;         // empty: a private temporary one
+  std::vector<Assignment> assignments;  // in the order given, verb options included
+  std::optional<std::int32_t> memoryMinutes;
+  std::optional<int> channel;           // counted from 1
+  std::optional<GenericParameters> generic;
+  std::optional<double> fromMs, toMs;   // a range; without one the whole recording
+  int jobs = 1;                         // files at a time
+  bool exact = false;                   // 17 significant digits instead of one decimal
+  bool json = false;
+
+  bool perSample = false;               // intensity: one row per sample
+};
+
+}  // namespace cantorix::batch

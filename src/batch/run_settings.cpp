@@ -1,0 +1,28 @@
+// run_settings.cpp - the layers that the settings of a run are made of.
+#include "batch/run_settings.h"
+
+#include <stdexcept>
+
+#include "platform/file_error.h"
+#include "settings/config_file.h"
+#include "settings/field_text.h"
+
+namespace cantorix::batch {
+
+Settings RunSettings(const Request& request, const std::string& programDirectory) {
+  Settings settings;
+  // A missing, short or foreign configuration file is no error, a record that was asked for is.
+  DecodeRecord(ReadConfiguration(ConfigPath(programDirectory)), settings);
+  const std::string& record = request.configFile;
+  if (!record.empty() && !DecodeRecord(ReadConfiguration(record), settings)) {
+    throw FileError(record + ": Error in reading the configuration file.");
+  }
+  for (const Assignment& assignment : request.assignments) {
+    const auto refusal = SetFieldFromText(settings, assignment.field, assignment.text);
+    if (refusal) throw std::invalid_argument(*refusal);
+  }
+  if (request.memoryMinutes) settings.application.memoryMinutes = *request.memoryMinutes;
+  return settings;
+}
+
+}  // namespace cantorix::batch

@@ -1,0 +1,55 @@
+// session.h - what one file is worked on with: its prompts and progress, the host of its document,
+// and the document itself. Made afresh for every file, so files never share a state.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "batch/batch_prompts.h"
+#include "batch/console.h"
+#include "batch/console_progress.h"
+#include "batch/request.h"
+#include "document/document.h"
+#include "platform/host_services.h"
+#include "settings/settings.h"
+
+namespace cantorix::batch {
+
+// What all files of a run share, read-only but for the console.
+struct Run {
+  const Request& request;
+  Settings settings;             // from the record and the options
+  std::string programDirectory;  // for the disk stores
+  Console& console;
+  const std::atomic<bool>& interrupted;
+};
+
+class Session {
+ public:
+  Session(const Run& run, const std::string& file);
+
+  // Opens the file with the run's settings. False when it could not be read; the reason is out.
+  bool Open();
+
+  const Request& request() const { return run_.request; }
+  const std::string& file() const { return file_; }
+  Progress& progress() { return progress_; }
+  CSonadexDoc& document() { return *document_; }
+  BatchPrompts& prompts() { return prompts_; }
+  // Says why an analysis gave nothing: that it was cancelled, else `reason`.
+  void SayNoResult(const std::string& reason);
+  // The stretch that the options choose, in samples, or the whole recording.
+  SampleRange Range() const;
+
+ private:
+  const Run& run_;
+  std::string file_;
+  BatchPrompts prompts_;
+  ConsoleProgress progress_;
+  HostMemoryProbe memory_;
+  DocumentHost host_;
+  std::unique_ptr<CSonadexDoc> document_;
+};
+
+}  // namespace cantorix::batch

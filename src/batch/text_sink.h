@@ -1,0 +1,66 @@
+// text_sink.h - where a table goes: standard output, a file that appears whole or not at all, or a
+// spool that is poured out when its turn comes.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/safe_file.h"
+
+namespace cantorix::batch {
+
+class TextSink {
+ public:
+  virtual ~TextSink() = default;
+  // Throws FileError when the text cannot be kept.
+  virtual void Write(std::string_view text) = 0;
+  // Everything was written: makes it final. Without it a file is dropped. Throws FileError.
+  virtual void Finish() = 0;
+};
+
+class StandardOutputSink : public TextSink {
+ public:
+  void Write(std::string_view text) override;
+  void Finish() override;
+};
+
+class FileSink : public TextSink {
+ public:
+  explicit FileSink(const std::string& path) : file_(path) {}
+  void Write(std::string_view text) override;
+  void Finish() override { file_.Commit(); }
+
+ private:
+  SafeFile file_;
+};
+
+// Puts a header line before the first text that goes through.
+class HeaderedSink : public TextSink {
+ public:
+  HeaderedSink(TextSink& inner, std::string header) : inner_(inner), header_(std::move(header)) {}
+  void Write(std::string_view text) override;
+  void Finish() override;
+
+ private:
+  TextSink& inner_;
+  std::string header_;  // empty once it is written
+};
+
+// Keeps short texts in memory and long ones in an unnamed temporary file.
+class SpoolSink : public TextSink {
+ public:
+  void Write(std::string_view text) override;
+  void Finish() override {}
+  void PourInto(TextSink& sink);
+
+ private:
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  std::string memory_;
+  std::unique_ptr<std::FILE, CloseFile> file_;
+};
+
+}  // namespace cantorix::batch

@@ -1,0 +1,26 @@
+// verb_pitch.cpp - the pitch track as a table, one row per entry.
+#include "analysis/pitch.h"
+#include "batch/table.h"
+#include "batch/verbs.h"
+
+namespace cantorix::batch {
+
+bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
+  CSonadexDoc& document = session.document();
+  const CChannel& channel = document.channel();
+  const PitchResult result = ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
+                                          document.settings.pitch, session.progress());
+  if (!result.PitchValid) {
+    session.SayNoResult("no pitch track: the stretch is too short or the settings do not fit it");
+    return false;
+  }
+  TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
+  for (std::int64_t i = 0; i < result.count(); ++i) {
+    rows.Append({result.TimeMs(i, channel.msPerSample()),
+               result.PitchTrack[static_cast<std::size_t>(i)]});
+  }
+  rows.Flush();
+  return true;
+}
+
+}  // namespace cantorix::batch

@@ -1,0 +1,15 @@
+// text.h - 8-bit texts of files, which keep their bytes, as text that can be shown.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace cantorix {
+
+// Whether `bytes` are well-formed UTF-8 (no surrogates, no overlong forms).
+bool IsUtf8(std::string_view bytes);
+
+// `bytes` themselves when they are well-formed UTF-8, else read as Windows-1252.
+std::string ToUtf8(std::string_view bytes);
+
+}  // namespace cantorix

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the given purposes need, and only those that are absent.
+# usage: tools/setup.sh build|tests|checks|bench...
+set -euo pipefail
+
+packages=()
+for purpose in "$@"; do
+  case $purpose in
+    build) packages+=(g++ cmake ninja-build libcli11-dev) ;;
+    tests) packages+=(libgtest-dev libgmock-dev alsa-utils) ;;
+    checks) packages+=(clang-format clang-tidy) ;;
+    bench) packages+=(libbenchmark-dev libfftw3-dev) ;;
+    fuzz) packages+=(clang libclang-rt-14-dev) ;;
+    *) echo "setup.sh: unknown purpose: $purpose" >&2; exit 2 ;;
+  esac
+done
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "These packages are missing: ${missing[*]}" >&2
+    echo "Install them as root (apt-get install ${missing[*]}) and start again." >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}" >&2
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -q >&2
+"${as_root[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}" >&2
