@@ -1,0 +1,196 @@
+// native_reader.cpp - the blocks of the native file into channel, tiers and labels.
+// Nothing in a file is believed before it was compared with the file's own size.
+#include <array>
+#include <bit>
+#include <cmath>
+#include <limits>
+
+#include "document/native_file.h"
+#include "document/native_layout.h"
+#include "document/sample_loader.h"
+#include "platform/bytes.h"
+#include "platform/file_error.h"
+#include "platform/numbers.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+namespace {
+
+using namespace native;
+
+constexpr const char* kLabelsDropped =
+    "Some labels contained uncompatible information which made them undisplayable.\n"
+    "These labels were eliminated from the file.";
+
+[[noreturn]] void ThrowImpossible(const char* what, std::int64_t at) {
+  throw FileError("The " + std::string(what) + " at byte " + std::to_string(at) +
+                  " is not possible.");
+}
+
+// Reads one block after the other and knows how many bytes are left.
+class BlockReader {
+ public:
+  BlockReader(const File& file, std::int64_t position)
+      : file_(file), size_(file.Size()), position_(position) {}
+
+  std::int64_t position() const { return position_; }
+  std::int64_t fileSize() const { return size_; }
+
+  // Throws unless `count` blocks of `bytes` bytes follow; `place` names them.
+  void Require(std::int64_t count, std::int64_t bytes, const char* place) const {
+    if (count <= (size_ - position_) / bytes) return;
+    throw FileError("The file ends at byte " + std::to_string(size_) + ", inside " + place + ".");
+  }
+
+  template <std::size_t kBytes>
+  std::array<std::byte, kBytes> Next(const char* place) {
+    Require(1, kBytes, place);
+    std::array<std::byte, kBytes> block;
+    file_.ReadExactly(position_, block);
+    position_ += kBytes;
+    return block;
+  }
+
+ private:
+  const File& file_;
+  std::int64_t size_;
+  std::int64_t position_;
+};
+
+bool IsNative(const File& file) {
+  if (file.Size() <= static_cast<std::int64_t>(kFileHeaderBytes)) return false;
+  std::array<std::byte, kFileHeaderBytes> block;
+  file.ReadExactly(0, block);
+  return LoadText(block, kMagicAt, kMagicBytes) == kMagic &&
+         LoadLittle<std::uint32_t>(block, kChannelCountAt) == 1;
+}
+
+// Refuses what no recording in a file of `fileSize` bytes can have; sound slower than one sample in
+// two seconds is none.
+void RequirePossible(const CChannel& channel, std::int64_t at, std::int64_t fileSize) {
+  const auto bytes = static_cast<double>(fileSize);
+  // Written so that NaN is refused too.
+  const auto isWithin = [](double x, double high) { return x >= 0.0 && x <= high; };
+  if (!isWithin(channel.totalDurationMs, bytes * 1000.0)) {
+    ThrowImpossible("duration", at + static_cast<std::int64_t>(kDurationAt));
+  }
+  constexpr double kHighestRate = std::numeric_limits<std::uint32_t>::max();
+  if (!isWithin(channel.sampleRateHz, kHighestRate) || channel.sampleRateHz == 0.0) {
+    ThrowImpossible("sample rate", at + static_cast<std::int64_t>(kRateAt));
+  }
+  constexpr double kLongest = 9007199254740992.0;  // up to here doubles count every sample
+  if (!isWithin(channel.totalLength, kLongest)) {
+    ThrowImpossible("length", at + static_cast<std::int64_t>(kLengthAt));
+  }
+}
+
+// Gives the number of tiers that follow.
+std::int32_t ReadChannelHeader(BlockReader& in, CChannel& channel) {
+  const std::int64_t at = in.position();
+  const auto block = in.Next<kChannelHeaderBytes>("the channel header");
+  for (const auto& field : kRealFields) {
+    channel.*field.member = LoadLittle<double>(block, field.at);
+  }
+  for (const auto& field : kWordFields) {
+    channel.*field.member = LoadLittle<std::uint32_t>(block, field.at);
+  }
+  for (const auto& field : kWholeFields) {
+    channel.*field.member = LoadLittle<std::int32_t>(block, field.at);
+  }
+  for (std::size_t i = 0; i < channel.channelValues.size(); ++i) {
+    channel.channelValues[i] = LoadLittle<double>(block, kValuesAt + i * sizeof(double));
+  }
+  channel.bitsPerSample = LoadLittle<std::int32_t>(block, kBitsAt);
+  channel.channelName = LoadText(block, kNameAt, kNameBytes);
+  channel.channelComment = LoadText(block, kCommentAt, kCommentBytes);
+  channel.channelFlag = 1;
+  RequirePossible(channel, at, in.fileSize());
+  const auto tierCount = LoadLittle<std::int32_t>(block, kTiersInUseAt);
+  if (tierCount < 0 || tierCount > kTierCount) {
+    ThrowImpossible("tier count", at + static_cast<std::int64_t>(kTiersInUseAt));
+  }
+  return tierCount;
+}
+
+using LabelBlock = std::array<std::byte, kLabelBytes>;
+
+FontDescription FontIn(const LabelBlock& block) {
+  FontDescription font;
+  std::copy_n(block.begin() + kFontAt, FontDescription::kBytes, font.bytes.begin());
+  return font;
+}
+
+bool IsValid(const LabelBlock& block, double durationMs) {
+  const auto isWithin = [](auto x, auto low, auto high) { return x >= low && x <= high; };
+  const FontDescription font = FontIn(block);
+  return LoadText(block, kTextAt, kTextBytes).size() <= kMaxLabelBytes &&
+         isWithin(LoadLittle<double>(block, kTimeAt), 0.0, durationMs) &&
+         isWithin(LoadLittle<double>(block, kVerticalAt), 0.0, 1.0) &&
+         isWithin(LoadLittle<std::int32_t>(block, kAlignmentAt), kAlignLeft, kAlignRight) &&
+         isWithin(LoadLittle<std::int32_t>(block, kFlagAt), 0, 1) && font.height() <= 100 &&
+         font.width() <= 3000;
+}
+
+Label LabelIn(const LabelBlock& block) {
+  const auto component = [&block](std::size_t at) {
+    return LoadLittle<std::uint32_t>(block, at) & 0xFFU;
+  };
+  Label label;
+  label.text = LoadText(block, kTextAt, kTextBytes);
+  label.alignment = LoadLittle<std::int32_t>(block, kAlignmentAt);
+  // Kept: stricter than the test that accepts the record, so that an accepted label may be shown in
+  // the default font instead of its own.
+  const FontDescription font = FontIn(block);
+  if (font.height() < 100 && font.width() < 100) label.font = font;
+  label.colour = component(kRedAt) | component(kGreenAt) << 8U | component(kBlueAt) << 16U;
+  label.timeMs = LoadLittle<double>(block, kTimeAt);
+  label.verticalPosition = LoadLittle<double>(block, kVerticalAt);
+  for (std::size_t i = 0; i < label.labelBox.size(); ++i) {
+    label.labelBox[i] = LoadLittle<std::int32_t>(block, kBoxAt + i * sizeof(std::int32_t));
+  }
+  label.flag = static_cast<std::int8_t>(LoadLittle<std::int32_t>(block, kFlagAt));
+  return label;
+}
+
+void ReadTier(BlockReader& in, Tier& tier, double durationMs, Prompts& prompts) {
+  const std::int64_t at = in.position();
+  const auto header = in.Next<kTierHeaderBytes>("a tier header");
+  tier.inUse = true;
+  tier.name = LoadText(header, kTierNameAt, kTierNameBytes);
+  tier.tierWord = LoadLittle<std::int32_t>(header, kTierWordAt);
+  tier.labels.clear();
+  const auto count = LoadLittle<std::int32_t>(header, kLabelCountAt);
+  if (count < 0) ThrowImpossible("label count", at + static_cast<std::int64_t>(kLabelCountAt));
+  in.Require(count, kLabelBytes, "the label records");
+  for (std::int32_t i = 0; i < count; ++i) {
+    const auto block = in.Next<kLabelBytes>("a label record");
+    if (IsValid(block, durationMs)) tier.labels.push_back(LabelIn(block));
+  }
+  if (tier.labelCount() < count) prompts.Message(kLabelsDropped);
+}
+
+}  // namespace
+
+bool ReadNative(CSonadexDoc& document, const File& file) {
+  if (!IsNative(file)) return false;
+  BlockReader in(file, kFileHeaderBytes);
+  CChannel& channel = document.channel();
+  const auto tierCount = static_cast<std::size_t>(ReadChannelHeader(in, channel));
+  const std::int64_t count = channel.sampleCount();
+  in.Require(count, sizeof(std::int16_t), "the samples");
+  channel.ShowWholeFile();
+  for (std::size_t i = 0; i < tierCount; ++i) {
+    ReadTier(in, channel.tiers[i], channel.totalDurationMs, document.host().prompts);
+  }
+  in.Require(count, sizeof(std::int16_t), "the samples");
+  LoadSamples(document, channel.totalDurationMs, channel.sampleRateHz, count,
+              [&file, start = in.position()](std::int64_t position, std::span<std::int16_t> out) {
+                file.ReadExactly(start + position * std::int64_t{sizeof(std::int16_t)},
+                                 std::as_writable_bytes(out));
+                SwapFromLittle(out);
+              });
+  document.channelCount = 1;
+  return true;
+}
+
+}  // namespace cantorix

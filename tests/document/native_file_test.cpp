@@ -1,0 +1,439 @@
+// native_file_test.cpp - what the native file keeps, byte for byte, and what it refuses.
+#include "document/native_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <numeric>
+
+#include "document/native_fixture.h"
+#include "platform/bytes.h"
+#include "platform/file_error.h"
+#include "support/test_host.h"
+
+namespace cantorix {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using Bytes = std::vector<std::byte>;
+
+constexpr const char* kDropped =
+    "message: Some labels contained uncompatible information which made them undisplayable.\n"
+    "These labels were eliminated from the file.";
+
+// A document read from `bytes`; none when they are declined.
+std::unique_ptr<CSonadexDoc> Read(TestHost& host, const Bytes& bytes) {
+  WriteBytes(host.folder / "in", bytes);
+  auto document = std::make_unique<CSonadexDoc>(host.host);
+  if (!ReadNative(*document, File::OpenForReading(host.folder / "in"))) return nullptr;
+  return document;
+}
+
+Bytes Written(CSonadexDoc& document, const std::optional<NativeRange>& range = std::nullopt) {
+  Bytes bytes;
+  WriteNative([&](auto piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); }, document,
+              range, document.host().progress);
+  return bytes;
+}
+
+template <typename T>
+Bytes With(Bytes bytes, std::size_t at, T value) {
+  StoreLittle(std::span<std::byte>(bytes), at, value);
+  return bytes;
+}
+
+std::vector<std::int16_t> SamplesOf(const CSonadexDoc& document) {
+  std::vector<std::int16_t> samples(static_cast<std::size_t>(document.Samples().length()));
+  document.Samples().Read(0, samples);
+  return samples;
+}
+
+Label LabelAt(double timeMs, const std::string& text) {
+  Label label;
+  label.timeMs = timeMs;
+  label.text = text;
+  return label;
+}
+
+// A recording of `durationMs` at 1000 Hz whose sample k is k.
+void FillWithRamp(CSonadexDoc& document, double durationMs) {
+  CChannel& channel = document.channel();
+  channel.sampleRateHz = 1000.0;
+  channel.totalDurationMs = channel.totalLength = durationMs;
+  SampleBlock block(channel.sampleCount());
+  std::iota(block.samples().begin(), block.samples().end(), std::int16_t{0});
+  document.HoldInMemory(std::move(block));
+}
+
+NativeRange RangeOf(double start, double end) { return {{start, start}, {end, end}}; }
+
+TEST(NativeFile, IsReadFieldByField) {
+  TestHost host;
+  const auto document = Read(host, fixture::SmallFile());
+  ASSERT_TRUE(document);
+  const CChannel& channel = document->channel();
+  EXPECT_EQ(channel.totalDurationMs, 0.625);
+  EXPECT_EQ(channel.sampleRateHz, 8000.25);
+  EXPECT_EQ(channel.totalLength, 5.0);
+  EXPECT_EQ(channel.referenceLevel, -3.5);
+  EXPECT_THAT(channel.channelValues, ElementsAre(0.1, 0.2, 0.3, 0.4));
+  EXPECT_EQ(channel.channelTag, 0xDEADBEEF);
+  EXPECT_THAT((std::array{channel.channelWord1, channel.channelWord2, channel.channelWord3,
+                          channel.channelWord4, channel.channelWord5, channel.channelWord6,
+                          channel.channelWord7, channel.channelWord8}),
+              ElementsAre(1, 2, 3, 4, 5, 6, 7, 0xFFFFFFFF));
+  EXPECT_EQ(channel.displayLow, -7.0);
+  EXPECT_EQ(channel.displayHigh, 4000.0);
+  EXPECT_EQ(channel.channelName, "left \xC3\xA9 \xE9");
+  EXPECT_EQ(channel.channelComment, "Pa");
+  EXPECT_EQ(channel.visibleEnd.samples, 5.0);
+  EXPECT_EQ(channel.visibleLength.ms, 0.625);
+  EXPECT_EQ(channel.previousEnd, 5.0);
+  EXPECT_THAT(SamplesOf(*document), ElementsAre(0, 1, -2, 32767, -32768));
+
+  const Tier& tier = channel.tiers[0];
+  EXPECT_EQ(tier.tierWord, 33);
+  ASSERT_EQ(tier.labelCount(), 2);
+  Label label = LabelAt(0.5, "H*");
+  label.verticalPosition = 0.25;
+  label.alignment = kAlignRight;
+  label.flag = 1;
+  label.labelBox = {11, -12, 13, -14};
+  label.colour = 0xFFC801;
+  ByteBuilder font;
+  font.I32({30, 12, 1, 2, 700}).U8({1, 0, 1, 161, 3, 2, 1, 49}).Text("Doulos", 32);
+  std::copy(font.bytes.begin(), font.bytes.end(), label.font.bytes.begin());
+  EXPECT_EQ(tier.labels[0], label);
+  EXPECT_EQ(tier.labels[1].text, "L\xFF%");
+  EXPECT_TRUE(channel.tiers[1].inUse);
+  EXPECT_EQ(channel.tiers[1].name, "empty");
+  EXPECT_FALSE(channel.tiers[2].inUse);
+  EXPECT_EQ(channel.tiers[2].name, "breaks");
+}
+
+TEST(NativeFile, IsWrittenAsItWasRead) {
+  TestHost host;
+  ByteBuilder bare = fixture::Header(123.456, 1000.5, 0);  // a length with a fraction
+  for (int i = 0; i < 1000; ++i) bare.I16({i * 7});
+  for (const Bytes& bytes : {fixture::SmallFile(), bare.bytes}) {
+    const auto document = Read(host, bytes);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(Written(*document), bytes);
+  }
+}
+
+TEST(NativeFile, HoldsTheTiersInUseOneAfterTheOther) {
+  TestHost host;
+  CSonadexDoc document(host.host);
+  FillWithRamp(document, 5.0);
+  CChannel& channel = document.channel();
+  channel.sampleRateHz = 8000.25;
+  channel.referenceLevel = -3.5;
+  channel.channelValues = {0.1, 0.2, 0.3, 0.4};
+  channel.channelTag = 0xDEADBEEF;
+  channel.bitsPerSample = 8;
+  channel.channelWord1 = 1;
+  channel.channelWord2 = 2;
+  channel.channelWord3 = 3;
+  channel.displayLow = -7.9;  // loses its fraction
+  channel.displayHigh = 4000.9;
+  channel.channelWord4 = 4;
+  channel.channelWord5 = 5;
+  channel.channelWord6 = 6;
+  channel.channelWord7 = 7;
+  channel.channelWord8 = 0xFFFFFFFF;
+  channel.channelName = "left \xC3\xA9 \xE9";
+  channel.channelComment = "Pa";
+  channel.tiers[0].inUse = channel.tiers[3].inUse = true;
+  channel.tiers[3].name = std::string(300, 'm');
+  channel.AddLabel(1, LabelAt(1.0, "in a tier that is not in use"));
+  channel.AddLabel(3, LabelAt(77.0, "past the end"));
+  channel.tiers[3].labels[0].reservedWord = 9;
+
+  ByteBuilder expected = fixture::Header(5.0, 5.0, 2);
+  fixture::AddTier(expected, "tones", 0, 20);
+  fixture::AddTier(expected, std::string(255, 'm'), 1, 20);
+  expected.F64({77.0, 0.7}).I32({0, 0, 0, 0, 0, 0, 0, 0, 0});
+  expected.I32({14, 0, 0, 0, 400}).Zeros(8).Text("Arial", 32).Text("past the end", 256);
+  expected.I16({0, 1, 2, 3, 4});
+  EXPECT_EQ(Written(document), expected.bytes);
+
+  channel.tiers[3].labels[0].timeMs = 5.0;
+  const auto again = Read(host, Written(document));
+  ASSERT_TRUE(again);
+  const Tiers& tiers = again->channel().tiers;
+  EXPECT_EQ(tiers[1].name, std::string(255, 'm'));
+  EXPECT_EQ(tiers[1].labelCount(), 1);
+  EXPECT_EQ(tiers[3].name, "misc");
+  EXPECT_THAT((std::array{tiers[0].inUse, tiers[1].inUse, tiers[2].inUse, tiers[3].inUse}),
+              ElementsAre(true, true, false, false));
+}
+
+TEST(NativeFile, OfASelectionCountsFromItsStart) {
+  TestHost host;
+  CSonadexDoc document(host.host);
+  FillWithRamp(document, 2000.0);
+  document.channel().tiers[0].inUse = true;
+  for (const double ms : {900.0, 999.999, 1000.0, 1200.0, 1500.0, 1500.001}) {
+    document.channel().AddLabel(0, LabelAt(ms, std::to_string(ms)));
+  }
+  const auto selection = Read(host, Written(document, RangeOf(1000.0, 1500.0)));
+  ASSERT_TRUE(selection);
+  const CChannel& channel = selection->channel();
+  EXPECT_EQ(channel.totalDurationMs, 500.0);
+  EXPECT_EQ(channel.totalLength, 500.0);
+  EXPECT_EQ(channel.sampleRateHz, 1000.0);
+  std::vector<double> times;
+  for (const Label& label : channel.tiers[0].labels) times.push_back(label.timeMs);
+  EXPECT_THAT(times, ElementsAre(0.0, 200.0, 500.0));
+  const auto samples = SamplesOf(*selection);
+  ASSERT_EQ(samples.size(), 500U);
+  EXPECT_EQ(samples.front(), 1000);
+  EXPECT_EQ(samples.back(), 1499);
+  EXPECT_EQ(Written(document).size(), 512 + 248 + 264 + 6 * 368 + 4000U)
+      << "the whole is untouched";
+}
+
+TEST(NativeFile, OfASelectionTruncatesAndStaysInsideTheRecording) {
+  TestHost host;
+  CSonadexDoc document(host.host);
+  FillWithRamp(document, 10.0);
+  struct Row {
+    double start, end, length;
+    std::vector<std::int16_t> samples;
+  };
+  const Row rows[] = {
+      {2.75, 5.5, 2.75, {2, 3}},       {8.0, 12.0, 2.0, {8, 9}}, {-1.0, 1.0, 1.0, {0}},
+      {11.0, 12.0, 0.0, {}},           {6.0, 4.0, 0.0, {}},      {10.0, 10.0, 0.0, {}},
+      {9.999, 10.0, 10.0 - 9.999, {}},
+  };
+  for (const Row& row : rows) {
+    const auto part = Read(host, Written(document, RangeOf(row.start, row.end)));
+    ASSERT_TRUE(part) << row.start;
+    EXPECT_EQ(part->channel().totalLength, row.length) << row.start;
+    EXPECT_EQ(part->channel().totalDurationMs, row.length) << row.start;
+    EXPECT_EQ(SamplesOf(*part), row.samples) << row.start;
+  }
+}
+
+struct LabelRow {
+  const char* what;
+  std::size_t at;  // in the label record
+  std::variant<double, std::int32_t> value;
+  bool kept;
+};
+
+const LabelRow kLabelRows[] = {
+    {"before the start", 0, -1e-9, false},
+    {"at the start", 0, 0.0, true},
+    {"at the end", 0, 0.625, true},
+    {"just after the end", 0, 0.626, false},
+    {"at no time", 0, std::nan(""), false},
+    {"at the top", 8, 1.0, true},
+    {"above the top", 8, 1.0000001, false},
+    {"below the bottom", 8, -0.0000001, false},
+    {"at no height", 8, std::nan(""), false},
+    {"alignment below", 16, -1, false},
+    {"alignment centre", 16, 1, true},
+    {"alignment above", 16, 3, false},
+    {"flag above", 20, 2, false},
+    {"flag that fits no byte", 20, 256, false},
+    {"flag below", 20, -1, false},
+    {"font of a character height", 52, -40, true},
+    {"font too high", 52, 101, false},
+    {"font too wide", 56, 3001, false},
+};
+
+TEST(NativeFile, DropsLabelsThatCannotBeShownAndSaysSo) {
+  for (const LabelRow& row : kLabelRows) {
+    TestHost host;
+    const std::size_t at = fixture::kFirstLabel + row.at;
+    const auto document = Read(
+        host, std::visit([&](auto v) { return With(fixture::SmallFile(), at, v); }, row.value));
+    ASSERT_TRUE(document) << row.what;
+    EXPECT_EQ(document->channel().tiers[0].labelCount(), row.kept ? 2 : 1) << row.what;
+    EXPECT_EQ(document->channel().tiers[0].labels.back().text, "L\xFF%") << row.what;
+    if (row.kept) {
+      EXPECT_THAT(host.prompts.TakeTranscript(), IsEmpty()) << row.what;
+    } else {
+      EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kDropped)) << row.what;
+    }
+  }
+}
+
+TEST(NativeFile, SaysOncePerTierThatLabelsWereDropped) {
+  TestHost host;
+  ByteBuilder file = fixture::Header(1.0, 1.0, 3);
+  for (const double timeMs : {9.0, 0.5, 9.0}) {
+    fixture::AddTier(file, "t", 2, 20);
+    fixture::AddLabel(file, timeMs, "a");
+    fixture::AddLabel(file, timeMs, std::string(timeMs > 1.0 ? 256 : 255, 'x'));
+  }
+  file.I16({5});
+  const auto document = Read(host, file.bytes);
+  ASSERT_TRUE(document);
+  EXPECT_EQ(document->channel().tiers[0].labelCount(), 0);
+  EXPECT_EQ(document->channel().tiers[1].labelCount(), 2);
+  EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kDropped, kDropped));
+}
+
+TEST(NativeFile, KeepsOnlySmallFontsIsKept) {
+  struct Row {
+    std::int32_t height, width;
+    bool own;
+  };
+  for (const Row& row : {Row{99, 99, true}, Row{100, 0, false}, Row{0, 100, false},
+                         Row{100, 3000, false}, Row{-200, -5, true}}) {
+    TestHost host;
+    const std::size_t at = fixture::kFirstLabel + 52;
+    const auto document =
+        Read(host, With(With(fixture::SmallFile(), at, row.height), at + 4, row.width));
+    ASSERT_TRUE(document);
+    const Label& label = document->channel().tiers[0].labels.at(0);
+    EXPECT_EQ(label.text, "H*");
+    EXPECT_EQ(label.font == DefaultFont(), !row.own) << row.height << " x " << row.width;
+    EXPECT_EQ(label.font.height(), row.own ? row.height : 14);
+  }
+}
+
+TEST(NativeFile, DeclinesOtherFormatsSilently) {
+  Bytes small = fixture::SmallFile();
+  const std::pair<const char*, Bytes> rows[] = {
+      {"empty", {}},
+      {"as long as the file header", Bytes(small.begin(), small.begin() + 512)},
+      {"two channels", With(small, 8, 2)},
+      {"no channel", With(small, 8, 0)},
+      {"longer magic", With(small, 6, 'x')},
+      {"another magic", With(small, 0, 'q')},
+      {"a sister's magic", With(With(small, 4, 'M'), 5, 'a')},
+  };
+  for (const auto& [what, bytes] : rows) {
+    TestHost host;
+    EXPECT_FALSE(Read(host, bytes)) << what;
+  }
+}
+
+TEST(NativeFile, RefusesACutFileAtEveryByte) {
+  TestHost host;
+  const Bytes whole = fixture::SmallFile();
+  for (std::size_t size = 513; size < whole.size(); ++size) {
+    try {
+      Read(host, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)));
+      ADD_FAILURE() << "accepted at " << size;
+    } catch (const FileError& error) {
+      EXPECT_THAT(error.what(), ::testing::StartsWith("The file ends at byte " +
+                                                      std::to_string(size) + ", inside "))
+          << size;
+    }
+  }
+  Bytes longer = whole;
+  longer.resize(longer.size() + 1000, std::byte{0xEE});
+  const auto document = Read(host, longer);
+  ASSERT_TRUE(document);
+  EXPECT_EQ(Written(*document), whole) << "bytes after the samples do not count";
+}
+
+TEST(NativeFile, RefusesNumbersThatCannotBeTrue) {
+  const double nan = std::nan("");
+  const double infinity = std::numeric_limits<double>::infinity();
+  using Number = std::variant<double, std::int32_t>;
+  struct Row {
+    std::size_t at;
+    std::vector<Number> values;
+    std::string reason;
+  };
+  const std::int32_t most = std::numeric_limits<std::int32_t>::max();
+  const std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  const Row rows[] = {
+      {fixture::kDuration,
+       {nan, -0.1, infinity, 1e12},
+       "The duration at byte 512 is not possible."},
+      {fixture::kRate,
+       {nan, 0.0, -8000.0, infinity, 1e10},
+       "The sample rate at byte 520 is not possible."},
+      {fixture::kLength, {nan, -1.0, infinity, 1e300}, "The length at byte 528 is not possible."},
+      {fixture::kLength,
+       {500.0, 4294967296.0, 9e15},
+       "The file ends at byte 2034, inside the samples."},
+      {fixture::kTierCount, {-1, 11, most, least}, "The tier count at byte 604 is not possible."},
+      {fixture::kTierCount, {3}, "The file ends at byte 2034, inside a tier header."},
+      {fixture::kFirstTier + 256, {-1, least}, "The label count at byte 1016 is not possible."},
+      {fixture::kFirstTier + 256,
+       {most, 4},
+       "The file ends at byte 2034, inside the label records."},
+  };
+  for (const Row& row : rows) {
+    for (const Number& value : row.values) {
+      TestHost host;
+      host.memory.limitBytes = std::uint64_t{1} << 26U;
+      std::string reason;
+      try {
+        Read(host,
+             std::visit([&](auto v) { return With(fixture::SmallFile(), row.at, v); }, value));
+      } catch (const FileError& error) {
+        reason = error.what();
+      }
+      EXPECT_EQ(reason, row.reason) << "value " << value.index() << " at " << row.at;
+      host.prompts.TakeTranscript();
+    }
+  }
+}
+
+TEST(NativeFile, IsTheSameFromMemoryAndFromTheStore) {
+  TestHost host;
+  CSonadexDoc inMemory(host.host);
+  FillWithRamp(inMemory, 3500.0);
+  const Bytes whole = Written(inMemory);
+  EXPECT_THAT(host.progress.done, IsEmpty());
+
+  host.memory.limitBytes = 0;
+  const auto onDisk = Read(host, whole);
+  ASSERT_TRUE(onDisk);
+  ASSERT_TRUE(onDisk->samplesOnDisk());
+  host.progress.done.clear();
+  EXPECT_EQ(Written(*onDisk), whole);
+  EXPECT_THAT(host.progress.done, ElementsAre(0.0, 1000.0, 2000.0, 3000.0));
+  EXPECT_EQ(host.progress.texts.back(), " Reading File...(Press mouse to cancel)");
+  EXPECT_EQ(Written(*onDisk, RangeOf(500.5, 2600.75)), Written(inMemory, RangeOf(500.5, 2600.75)));
+}
+
+TEST(SaveNative, CancelledKeepsTheOldFileAndANewOneAsFarAsItGot) {
+  TestHost host;
+  host.memory.limitBytes = 0;
+  ByteBuilder file = fixture::Header(1000.0, 16000.0, 0);
+  for (int i = 0; i < 16000; ++i) file.I16({i});
+  const auto document = Read(host, file.bytes);
+  ASSERT_TRUE(document);
+  SaveNative(*document, host.folder / "old", std::nullopt);
+  EXPECT_EQ(ReadBytes(host.folder / "old"), file.bytes);
+
+  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
+  for (const char* name : {"old", "new"}) {
+    host.progress = CancellingProgress(2);
+    EXPECT_THROW(SaveNative(*document, host.folder / name, std::nullopt), Abandoned) << name;
+    EXPECT_EQ(host.progress.endCount, 1) << name;
+  }
+  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
+  const std::ptrdiff_t oneSecond = 512 + 248 + 16000;
+  EXPECT_EQ(ReadBytes(host.folder / "new"),
+            Bytes(file.bytes.begin(), file.bytes.begin() + oneSecond));
+}
+
+TEST(SaveNative, FailsWithTheReasonAndLeavesTheOldFile) {
+  TestHost host;
+  CSonadexDoc document(host.host);
+  FillWithRamp(document, 10.0);
+  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
+  const File reader = File::OpenForReading(host.folder / "old");
+  EXPECT_THROW(SaveNative(document, host.folder / "old", std::nullopt), FileError);
+  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
+}
+
+}  // namespace
+}  // namespace cantorix
