@@ -1,8 +1,9 @@
 // sample_recording.cpp - the script of the sample recording and its performance.
 // The formants are those of an adult male voice, placed on harmonics of the fundamental in the
 // middle of each vowel: linear prediction leans towards the nearest harmonic, and there the
-// nearest harmonic is the formant. The melody stays below 100 Hz per second, which a tracker with
-// a window of a few periods can follow.
+// nearest harmonic is the formant. The melody moves by less than 70 Hz per second: a tracker's
+// value belongs to a window of some 30 ms, and should still agree with the truth at either end of
+// it.
 #include "synth/sample_recording.h"
 
 #include <cmath>
@@ -23,9 +24,8 @@ struct Line {
 
 Vowel Steady(const std::string& name, const Formants& formants, std::vector<ContourPoint> melody,
              double peak) {
-  Vowel vowel{name, melody.back().ms, PitchContour(std::move(melody)), formants, formants, 0.0, 0.0,
-              peak};
-  return vowel;
+  const double durationMs = melody.back().ms;
+  return {name, durationMs, PitchContour(std::move(melody)), formants, formants, 0.0, 0.0, peak};
 }
 
 std::vector<Line> Script() {
@@ -36,15 +36,14 @@ std::vector<Line> Script() {
   const Formants u = {{{330, 60}, {880, 80}, {2310, 130}, {3300, 180}, {4300, 240}}};
   const Formants nearI = {{{480, 70}, {1920, 90}, {2640, 130}, {3500, 180}, {4500, 240}}};
   const Formants highA = {{{720, 80}, {1200, 90}, {2640, 140}, {3500, 190}, {4500, 250}}};
-  const Vowel glide{"aɪ",  800.0,  PitchContour({{0, 100}, {400, 120}, {800, 150}}),
-                    a,     nearI,  150.0,
-                    650.0, 21000.0};
+  const PitchContour rise({{0, 110}, {400, 120}, {800, 135}});
+  const Vowel glide{"aɪ", 800.0, rise, a, nearI, 150.0, 650.0, 21000.0};
   return {
-      {Steady("i", i, {{0, 100}, {310, 100}, {620, 90}}, 19000.0), {{310, "L*"}, {620, "L%"}}},
-      {Steady("e", e, {{0, 105}, {330, 105}, {640, 130}}, 20000.0), {{330, "L*"}, {640, "H%"}}},
-      {Steady("a", a, {{0, 140}, {620, 100}}, 23000.0), {{0, "H*"}, {620, "L%"}}},
-      {Steady("o", o, {{0, 95}, {320, 120}, {640, 95}}, 21000.0), {{320, "H*"}, {640, "L%"}}},
-      {Steady("u", u, {{0, 130}, {310, 110}, {620, 135}}, 20000.0), {{310, "L*"}, {620, "H%"}}},
+      {Steady("i", i, {{0, 100}, {310, 100}, {620, 92}}, 19000.0), {{310, "L*"}, {620, "L%"}}},
+      {Steady("e", e, {{0, 105}, {330, 105}, {640, 122}}, 20000.0), {{330, "L*"}, {640, "H%"}}},
+      {Steady("a", a, {{0, 130}, {620, 110}}, 23000.0), {{0, "H*"}, {620, "L%"}}},
+      {Steady("o", o, {{0, 108}, {320, 120}, {640, 108}}, 21000.0), {{320, "H*"}, {640, "L%"}}},
+      {Steady("u", u, {{0, 118}, {310, 110}, {620, 120}}, 20000.0), {{310, "L*"}, {620, "H%"}}},
       {glide, {{0, "L*"}, {800, "H%"}}},
       {Steady("a", highA, {{0, 260}, {600, 220}}, 22000.0), {{0, "H*"}, {600, "L%"}}},
   };

@@ -7,13 +7,15 @@
 namespace cantorix::synth {
 namespace {
 
-constexpr double kGridMs = 10.0;
+constexpr int kGridMs = 10;
 
-std::string Decimal(double x) {
+// Appends a tab and the number with three decimals.
+void AppendCell(std::string& table, double x) {
   std::array<char, 32> text;
   const auto end =
       std::to_chars(text.data(), text.data() + text.size(), x, std::chars_format::fixed, 3).ptr;
-  return {text.data(), end};
+  table += '\t';
+  table.append(text.data(), end);
 }
 
 double FundamentalAt(const SampleRecording& recording, double ms) {
@@ -28,29 +30,29 @@ double FundamentalAt(const SampleRecording& recording, double ms) {
 
 std::string PitchTruthTable(const SampleRecording& recording) {
   std::string table = "time_ms\tpitch_hz\n";
-  for (int i = 0; i * kGridMs < recording.durationMs(); ++i) {
-    const double ms = i * kGridMs;
-    table += Decimal(ms) + "\t" + Decimal(FundamentalAt(recording, ms)) + "\n";
+  for (int ms = 0; ms < recording.durationMs(); ms += kGridMs) {
+    table += std::to_string(ms);
+    AppendCell(table, FundamentalAt(recording, ms));
+    table += '\n';
   }
   return table;
 }
 
 std::string FormantTruthTable(const SampleRecording& recording) {
-  std::string table = "name\tstart_ms\tend_ms\tmiddle_ms";
-  for (const char* const kind : {"F", "B"}) {
-    for (int i = 1; i <= kFormantCount; ++i) table += "\t" + (kind + std::to_string(i)) + "_hz";
-  }
-  table += "\tF0_hz\n";
+  std::string table =
+      "name\tstart_ms\tend_ms\tmiddle_ms\tF1_hz\tF2_hz\tF3_hz\tF4_hz\tF5_hz\t"
+      "B1_hz\tB2_hz\tB3_hz\tB4_hz\tB5_hz\tF0_hz\n";
   for (const auto& [startMs, vowel] : recording.vowels) {
     const double half = 0.5 * vowel.durationMs;
     const Formants formants = vowel.FormantsAt(half);
     table += vowel.name;
-    for (const double ms : {startMs, startMs + vowel.durationMs, startMs + half}) {
-      table += "\t" + Decimal(ms);
-    }
-    for (const Formant& f : formants) table += "\t" + Decimal(f.hz);
-    for (const Formant& f : formants) table += "\t" + Decimal(f.bandwidthHz);
-    table += "\t" + Decimal(vowel.pitch.Hz(half)) + "\n";
+    AppendCell(table, startMs);
+    AppendCell(table, startMs + vowel.durationMs);
+    AppendCell(table, startMs + half);
+    for (const Formant& f : formants) AppendCell(table, f.hz);
+    for (const Formant& f : formants) AppendCell(table, f.bandwidthHz);
+    AppendCell(table, vowel.pitch.Hz(half));
+    table += '\n';
   }
   return table;
 }
