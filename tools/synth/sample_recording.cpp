@@ -24,9 +24,8 @@ struct Line {
 
 Vowel Steady(const std::string& name, const Formants& formants, std::vector<ContourPoint> melody,
              double peak) {
-  Vowel vowel{name, melody.back().ms, PitchContour(std::move(melody)), formants, formants, 0.0, 0.0,
-              peak};
-  return vowel;
+  const double durationMs = melody.back().ms;
+  return {name, durationMs, PitchContour(std::move(melody)), formants, formants, 0.0, 0.0, peak};
 }
 
 std::vector<Line> Script() {
@@ -37,9 +36,8 @@ std::vector<Line> Script() {
   const Formants u = {{{330, 60}, {880, 80}, {2310, 130}, {3300, 180}, {4300, 240}}};
   const Formants nearI = {{{480, 70}, {1920, 90}, {2640, 130}, {3500, 180}, {4500, 240}}};
   const Formants highA = {{{720, 80}, {1200, 90}, {2640, 140}, {3500, 190}, {4500, 250}}};
-  const Vowel glide{"aɪ",  800.0,  PitchContour({{0, 110}, {400, 120}, {800, 135}}),
-                    a,     nearI,  150.0,
-                    650.0, 21000.0};
+  const PitchContour rise({{0, 110}, {400, 120}, {800, 135}});
+  const Vowel glide{"aɪ", 800.0, rise, a, nearI, 150.0, 650.0, 21000.0};
   return {
       {Steady("i", i, {{0, 100}, {310, 100}, {620, 92}}, 19000.0), {{310, "L*"}, {620, "L%"}}},
       {Steady("e", e, {{0, 105}, {330, 105}, {640, 122}}, 20000.0), {{330, "L*"}, {640, "H%"}}},
