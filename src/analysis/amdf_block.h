@@ -14,6 +14,7 @@ namespace cantorix {
 
 inline constexpr int kBlockFrames = 256;          // frames searched at a time
 inline constexpr std::int32_t kLagLanes = 16;     // half lags that the fine search takes at once
+inline constexpr std::uint8_t kSilence = 128;     // a sample of 0
 inline constexpr std::int32_t kFrameReach = 311;  // samples from a frame's first term to its last
 
 class AmdfBlock {
@@ -41,14 +42,16 @@ class AmdfBlock {
  private:
   void ReadBytes(const SampleSource& samples, std::int64_t start, std::int64_t end,
                  std::int64_t from);
+  void Smooth();
 
   std::ptrdiff_t before_;     // samples held before the first term of frame 0
-  std::ptrdiff_t length_;     // samples held
   std::ptrdiff_t rowLength_;  // columns of the grid
+  std::ptrdiff_t length_;     // samples held: whole columns
   std::int32_t averageLength_;
-  std::vector<std::uint8_t> bytes_;     // length_ + averageLength_ - 1 unsmoothed
-  std::vector<std::uint8_t> smoothed_;  // length_
-  std::vector<std::uint8_t> grid_;      // kFrameStep rows
+  std::vector<std::uint8_t> bytes_;  // length_ + averageLength_ - 1 unsmoothed
+  std::vector<std::uint32_t> windows_, nextWindows_, sums_;  // of the moving average
+  std::vector<std::uint8_t> smoothed_;                       // length_
+  std::vector<std::uint8_t> grid_;                           // kFrameStep rows
   std::vector<std::int16_t> scratch_;
 };
 

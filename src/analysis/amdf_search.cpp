@@ -2,6 +2,7 @@
 // search across the lags of a frame; both are sums of byte differences that fit 16 bits.
 #include "analysis/amdf_search.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 
@@ -21,40 +22,50 @@ constexpr int kFineSpacing = 12;
 
 using AcrossFrames = std::array<std::uint16_t, kBlockFrames>;
 
-CANTORIX_CLONES void FindLevels(const AmdfBlock& block, std::int16_t* level) {
+// One term of the sums of all frames. A function of its own, as the compiler vectorises this loop
+// only as long as it cannot merge the ones of several terms.
+CANTORIX_CLONES void AddDifferences(const std::uint8_t* a, const std::uint8_t* b,
+                                    AcrossFrames& sums) {
+  for (std::size_t i = 0; i < kBlockFrames; ++i) {
+    sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(a[i] - b[i]));
+  }
+}
+
+void FindLevels(const AmdfBlock& block, std::array<std::int16_t, kBlockFrames>& level) {
+  std::array<std::uint8_t, kBlockFrames> silence;
+  silence.fill(kSilence);
   AcrossFrames sums{};
   for (int k = 0; k < kLevelPlaces; ++k) {
-    const std::uint8_t* s = block.Across(kLevelSpacing * k);
-    for (std::size_t i = 0; i < kBlockFrames; ++i) {
-      sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(s[i] - 128));
-    }
+    AddDifferences(block.Across(kLevelSpacing * k), silence.data(), sums);
   }
+  std::transform(sums.begin(), sums.end(), level.begin(), [](std::uint16_t sum) {
+    return static_cast<std::int16_t>(10 * sum / kLevelDivisor);
+  });
+}
+
+CANTORIX_CLONES void KeepLeast(const AcrossFrames& sums, std::uint16_t index, AcrossFrames& least,
+                               AcrossFrames& bestIndex) {
   for (std::size_t i = 0; i < kBlockFrames; ++i) {
-    level[i] = static_cast<std::int16_t>(10 * sums[i] / kLevelDivisor);
+    bestIndex[i] = sums[i] < least[i] ? index : bestIndex[i];
+    least[i] = sums[i] < least[i] ? sums[i] : least[i];
   }
 }
 
 // The index of each frame's best lag of the table, the first one on ties.
-CANTORIX_CLONES void FindCoarseLags(const AmdfBlock& block, const AmdfPlan& plan,
-                                    AcrossFrames& bestIndex) {
+AcrossFrames FindCoarseLags(const AmdfBlock& block, const AmdfPlan& plan) {
+  AcrossFrames bestIndex{};
   AcrossFrames least;
   least.fill(std::numeric_limits<std::uint16_t>::max());
   for (std::size_t t = 1; t + 1 < plan.lags.size(); ++t) {
     const std::int32_t lag = plan.lags[t];
     AcrossFrames sums{};
     for (int k = 0; k < kCoarsePlaces; ++k) {
-      const std::uint8_t* left = block.Across(kCoarseSpacing * k - lag / 2);
-      const std::uint8_t* right = block.Across(kCoarseSpacing * k - lag / 2 + lag);
-      for (std::size_t i = 0; i < kBlockFrames; ++i) {
-        sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(left[i] - right[i]));
-      }
+      const std::ptrdiff_t left = kCoarseSpacing * k - lag / 2;
+      AddDifferences(block.Across(left), block.Across(left + lag), sums);
     }
-    const auto index = static_cast<std::uint16_t>(t);
-    for (std::size_t i = 0; i < kBlockFrames; ++i) {
-      bestIndex[i] = sums[i] < least[i] ? index : bestIndex[i];
-      least[i] = sums[i] < least[i] ? sums[i] : least[i];
-    }
+    KeepLeast(sums, static_cast<std::uint16_t>(t), least, bestIndex);
   }
+  return bestIndex;
 }
 
 // Fine differences of kLagLanes even lags and the odd lags that follow each of them.
@@ -66,14 +77,19 @@ struct LagSums {
 CANTORIX_CLONES void FindFineDifferences(const std::uint8_t* frame, std::int32_t half,
                                          LagSums& out) {
   LagSums sums{};
+#pragma GCC unroll 1
   for (int k = 0; k < kFinePlaces; ++k) {
     const std::uint8_t* left = frame + kFineSpacing * k - half;
     const std::uint8_t* right = frame + kFineSpacing * k + half;
-    for (std::int32_t i = 0; i < kLagLanes; ++i) {
-      const auto lane = static_cast<std::size_t>(i);
-      sums.even[lane] = static_cast<std::uint16_t>(sums.even[lane] + std::abs(left[-i] - right[i]));
-      sums.odd[lane] =
-          static_cast<std::uint16_t>(sums.odd[lane] + std::abs(left[-i] - right[i + 1]));
+#pragma GCC unroll 1
+    for (int i = 0; i < kLagLanes; ++i) {
+      std::uint16_t& sum = sums.even[static_cast<std::size_t>(i)];
+      sum = static_cast<std::uint16_t>(sum + std::abs(left[-i] - right[i]));
+    }
+#pragma GCC unroll 1
+    for (int i = 0; i < kLagLanes; ++i) {
+      std::uint16_t& sum = sums.odd[static_cast<std::size_t>(i)];
+      sum = static_cast<std::uint16_t>(sum + std::abs(left[-i] - right[i + 1]));
     }
   }
   out = sums;
@@ -133,9 +149,8 @@ std::int16_t TenthsOfHz(const AmdfPlan& plan, std::int32_t lag) {
 }  // namespace
 
 void SearchBlock(const AmdfBlock& block, const AmdfPlan& plan, int count, FrameEstimates& out) {
-  FindLevels(block, out.level.data());
-  AcrossFrames coarse{};
-  FindCoarseLags(block, plan, coarse);
+  FindLevels(block, out.level);
+  const AcrossFrames coarse = FindCoarseLags(block, plan);
   for (int i = 0; i < count; ++i) {
     const std::uint8_t* frame = block.Frame(i);
     const std::size_t best = coarse[static_cast<std::size_t>(i)];

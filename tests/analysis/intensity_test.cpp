@@ -10,6 +10,7 @@
 #include "analysis/frame_span.h"
 #include "analysis/square_sum.h"
 #include "analysis/test_signals.h"
+#include "platform/numbers.h"
 
 namespace cantorix {
 namespace {
@@ -108,7 +109,7 @@ TEST(SpanOfFrame, TakesTheIndicesOfThePlainWalk) {
       for (std::int64_t k = span.first; k < span.end; ++k) {
         if (span.Holds(k)) indices.push_back(k);
       }
-      EXPECT_TRUE(indices == expected) << start - 1.0 << " + 1, window " << window;
+      EXPECT_TRUE(indices == expected) << FormatExact(start) << ", window " << window;
     }
   }
 }
