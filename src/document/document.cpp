@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "settings/config_file.h"
+
 namespace cantorix {
 namespace {
 
@@ -21,15 +23,31 @@ class ChannelSource : public SampleSource {
   const CChannel& channel_;
 };
 
+// The settings of a new document: the defaults, or all that a valid configuration file holds. The
+// file's application block is read at start-up only.
+DocumentSettings NewDocumentSettings(const std::string& programDirectory) {
+  Settings stored{{}, DefaultDocumentSettings()};
+  DecodeRecord(ReadConfiguration(ConfigPath(programDirectory)), stored);
+  return std::move(stored.document);
+}
+
 }  // namespace
 
 CSonadexDoc::CSonadexDoc(DocumentHost& host)
     : host_(host), memorySource_(std::make_unique<ChannelSource>(channels[0])) {
-  settings = DefaultDocumentSettings();
+  settings = NewDocumentSettings(host.programDirectory);
   memoryLimitMinutes = host.application.memoryMinutes;
+  channel().sampleRateHz = settings.referenceRateHz;
+  for (std::size_t i = 0; i < settings.tierNames.size(); ++i) {
+    channel().tiers[i].name = settings.tierNames[i];
+  }
 }
 
-CSonadexDoc::~CSonadexDoc() = default;
+CSonadexDoc::~CSonadexDoc() {
+  if (!host_.documentsWriteConfiguration || !writesConfiguration) return;
+  // Kept: the last document closed decides what the file holds, and a failed write is not reported.
+  WriteConfiguration(ConfigPath(host_.programDirectory), {host_.application, settings});
+}
 
 const SampleSource& CSonadexDoc::Samples() const {
   return store_ ? static_cast<const SampleSource&>(*store_) : *memorySource_;

@@ -1,6 +1,8 @@
 // config_file.cpp - reading and replacing configuration files.
 #include "settings/config_file.h"
 
+#include <exception>
+
 #include "platform/file.h"
 #include "platform/file_error.h"
 #include "platform/safe_file.h"
@@ -31,8 +33,8 @@ bool WriteConfigurationBytes(const std::string& path, std::span<const std::byte>
   try {
     ReplaceFile(path, record);
     return true;
-  } catch (const FileError&) {
-    return false;
+  } catch (const std::exception&) {
+    return false;  // also for want of memory: documents write their settings while they close
   }
 }
 

@@ -1,0 +1,37 @@
+// file_open.cpp - the types of recording, in the order of the dialog.
+#include "app/file_open.h"
+
+#include "platform/prompts.h"
+
+namespace cantorix {
+
+std::string OpenFilter() {
+  return "Cantorix(PC) files (*.qrv)|*.qrv|"
+         "Cantorix(Mac) files (*.qrv; *.*)|*.qrv; *.*|"
+         "Datalyn files (*.pmf)|*.pmf|"
+         "Wave files (*.wav)|*.wav|"
+         "CSL files (*.NSP)|*.NSP|"
+         "NIST(LDC) files (*.wav; *.sph; *.sp1; *.sp2)|*.wav; *.sph; *.sp1; *.sp2|"
+         "NIST(LDC) files (*.*)|*.*|"
+         "XWAVE files (*.d)|*.d|"
+         "ESPS(xwave) files (*.*)|*.*|"
+         "SUN au files (*.au)|*.au|"
+         "AIFF files (*.aiff; *.*)|*.aiff; *.*|"
+         "ASCII files (*.*)|*.*|"
+         "Generic files (*.*)|*.*|";
+}
+
+std::optional<std::string> ChooseRecording(Application& application) {
+  FileRequest request;
+  request.title = "Open";
+  request.filter = OpenFilter();
+  request.filterIndex = application.lastFilterIndex;
+  request.hideReadOnly = true;
+  request.fileMustExist = true;
+  const auto choice = application.prompts().ChooseFileToOpen(request);
+  if (!choice) return std::nullopt;
+  application.lastFilterIndex = choice->filterIndex;
+  return choice->path;
+}
+
+}  // namespace cantorix

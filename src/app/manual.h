@@ -1,0 +1,15 @@
+// manual.h - Help Topics.
+#pragma once
+
+#include <string>
+
+namespace cantorix {
+
+class Prompts;
+class ShellOpener;
+
+// Opens "Manual/HelpIndex.html" under `currentDirectory`, the process's directory of this moment. A
+// file that is not there or does not open is tried once more; then the user is told.
+void OpenManual(const std::string& currentDirectory, ShellOpener& opener, Prompts& prompts);
+
+}  // namespace cantorix

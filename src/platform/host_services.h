@@ -1,0 +1,28 @@
+// host_services.h - the clock and the memory of the machine it runs on.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/services.h"
+
+namespace cantorix {
+
+class HostClock : public Clock {
+ public:
+  double NowMs() const override;
+  void SleepMs(double ms) override;
+};
+
+// Grants a block that fits into what the kernel calls available memory and into the address space
+// that the process may use. The system lends more memory than it has, so a successful allocation
+// alone would say nothing.
+class HostMemoryProbe : public MemoryProbe {
+ public:
+  bool CanAllocate(std::uint64_t bytes) const override;
+};
+
+// The bytes of the "MemAvailable" line of a text like /proc/meminfo; nothing without such a line.
+std::optional<std::uint64_t> AvailableBytes(const std::string& meminfo);
+
+}  // namespace cantorix

@@ -1,0 +1,116 @@
+// start_up_test.cpp - the directories of a first and of a later run, and what ends a start-up.
+#include "app/start_up.h"
+
+#include <filesystem>
+#include <limits>
+#include <utility>
+
+#include "app_fixture.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+const std::pair<std::string, std::string> kDirectoryEntry{"General Strings Section",
+                                                          "Temp Directory"};
+constexpr const char* kRegistryBox =
+    "message: Unable to update the system registry.\n"
+    "Please contact your system administrator and/or the vender.";
+constexpr const char* kAccessBox =
+    "message: Application was not able to access the default temperorily folder to read and write "
+    "files. This function is necessary part of operation.\nThis may be due to not having enough "
+    "access priviledges on your account.\nPlease select from the following box another suitable "
+    "location, or contact your system administrator.";
+
+using StartUpTest = AppTest;
+
+TEST_F(StartUpTest, FirstRunKeepsTheCurrentDirectoryForAllLaterRuns) {
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_EQ(app.host.programDirectory, folder.path());
+  EXPECT_EQ(app.temporaryDirectory, folder / "tmp/");
+  EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
+  EXPECT_THAT(folder.Names(), ElementsAre("tmp"));
+
+  const TemporaryFolder elsewhere;
+  Application later{{profile, prompts, progress, memory}};
+  ASSERT_EQ(StartUp(later, elsewhere.path()), StartUpResult::kReady);
+  EXPECT_EQ(later.host.programDirectory, folder.path());
+  EXPECT_THAT(elsewhere.Names(), IsEmpty());
+}
+
+TEST_F(StartUpTest, EndsWhenTheProfileDoesNotKeepTheDirectory) {
+  profile.refusesWrites = true;
+  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kProfileRefused);
+  profile.refusesWrites = false;
+  profile.losesWrites = true;
+  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kProfileRefused);
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kRegistryBox, kRegistryBox));
+  EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST_F(StartUpTest, LetsTheUserReplaceADirectoryThatCannotBeWritten) {
+  profile.texts[kDirectoryEntry] = folder / "gone";
+  prompts.WillChooseFolder(folder.path() + "/");
+  ASSERT_EQ(StartUp(app, "/"), StartUpResult::kReady);
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kAccessBox, "folder: /"));
+  EXPECT_EQ(app.host.programDirectory, folder.path());
+  EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "tmp"));
+}
+
+TEST_F(StartUpTest, EndsWhenNoOtherDirectoryIsChosenOrKept) {
+  profile.texts[kDirectoryEntry] = folder / "gone";
+  prompts.WillCancel();
+  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kNoFolder);
+  profile.losesWrites = true;
+  prompts.WillChooseFolder(folder.path());
+  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kProfileRefused);
+  EXPECT_THAT(prompts.TakeTranscript(),
+              ElementsAre(kAccessBox, "folder: /", kAccessBox, "folder: /", kRegistryBox));
+  EXPECT_THAT(folder.Names(), IsEmpty());
+}
+
+TEST_F(StartUpTest, TakesAChosenFolderWithoutTryingItIsKept) {
+  profile.texts[kDirectoryEntry] = folder / "gone";
+  prompts.WillChooseFolder(folder / "gone too");
+  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kAccessBox, "folder: /"));
+}
+
+TEST_F(StartUpTest, LeavesTheUsersFilesAlone) {
+  WriteBytes(folder / "xxx", EncodeRecord(Settings{}));
+  std::filesystem::create_directory(folder / "tmp");
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("xxx", "tmp"));
+  EXPECT_EQ(ReadBytes(folder / "xxx").size(), kRecordBytes);
+  EXPECT_FALSE(CanWriteInto(""));
+}
+
+TEST_F(StartUpTest, TakesTheApplicationBlockAndAUsableRecordingRate) {
+  struct Row {
+    double storedHz, recordingHz;
+  };
+  for (const Row& row : {Row{22050.0, 22050.0},
+                         {0.0, 11025.0},
+                         {-1.0, 11025.0},
+                         {49999.0, 49999.0},
+                         {50000.0, 11025.0},
+                         {std::numeric_limits<double>::quiet_NaN(), 11025.0}}) {
+    Settings settings;
+    settings.application.memoryMinutes = 17;
+    settings.application.labelList = {-1, 2, 300, 400};
+    settings.document.referenceRateHz = row.storedHz;
+    StoreConfiguration(settings);
+    ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+    EXPECT_EQ(app.host.recordingRateHz, row.recordingHz) << row.storedHz;
+    EXPECT_EQ(app.host.application.memoryMinutes, 17);
+    EXPECT_EQ(app.host.application.labelList.height, 400);
+    EXPECT_EQ(app.host.currentRateHz, 11025.0) << "set by opening a recording only";
+  }
+}
+
+}  // namespace
+}  // namespace cantorix
