@@ -1,12 +1,13 @@
 // sample_store.cpp - naming, filling and reading the disk store.
 #include "document/sample_store.h"
 
-#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <vector>
 
+#include "document/sample_bytes.h"
 #include "platform/file_error.h"
 
 namespace cantorix {
@@ -14,12 +15,19 @@ namespace {
 
 constexpr int kMaxTries = 10000;
 
+// False when the owner of an earlier store of this name deleted it between our opening and locking.
+bool StillHasAName(const File& file) {
+  struct stat status {};
+  return ::fstat(file.descriptor(), &status) == 0 && status.st_nlink > 0;
+}
+
 // A name that another process holds is skipped; any other failure is reported by the last try.
 File CreateStoreFile(const std::string& programDirectory, int& counter) {
   for (int tries = 1;; ++tries) {
     const std::string path = programDirectory + "/$$TempFile" + std::to_string(++counter);
     try {
-      return File::Create(path);
+      File file = File::Create(path);
+      if (StillHasAName(file) || tries == kMaxTries) return file;
     } catch (const FileError& error) {
       if (tries == kMaxTries || !std::filesystem::exists(path)) {
         throw FileError(CouldNotBeOpened(path, error.what()));
@@ -38,13 +46,11 @@ SampleStore::~SampleStore() {
 }
 
 void SampleStore::Append(std::span<const std::int16_t> samples) {
-  constexpr std::int64_t kBytes = sizeof(std::int16_t);
-  if constexpr (std::endian::native == std::endian::big) {
-    std::vector<std::int16_t> swapped(samples.begin(), samples.end());
-    SwapFromLittle(swapped);
-    file_.Write(length_ * kBytes, std::as_bytes(std::span(swapped)));
-  } else {
-    file_.Write(length_ * kBytes, std::as_bytes(samples));
+  std::vector<std::int16_t> scratch;
+  try {
+    file_.Write(length_ * std::int64_t{sizeof(std::int16_t)}, LittleBytes(samples, scratch));
+  } catch (const FileError& error) {
+    throw FileError(CouldNotBeSaved(path(), error.what()));
   }
   length_ += static_cast<std::int64_t>(samples.size());
 }

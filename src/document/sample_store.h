@@ -21,7 +21,7 @@ class SampleStore : public SampleSource {
   SampleStore& operator=(const SampleStore&) = delete;
 
   const std::string& path() const { return file_.path(); }
-  // Throws FileError when the disk is full.
+  // Throws FileError naming the store when its bytes cannot be written.
   void Append(std::span<const std::int16_t> samples);
 
   std::int64_t length() const override { return length_; }

@@ -1,0 +1,25 @@
+// sample_loader.h - the one way in which a reader's samples reach a document.
+// The reader knows where its samples are in its file; this file decides where they go, moves them
+// and lets the user cancel. Which fields the channel gets is left to the reader.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+
+namespace cantorix {
+
+class CSonadexDoc;
+
+// Fills `out` whole with the samples [position, position + out.size()) of the channel.
+using SampleFeed = std::function<void(std::int64_t position, std::span<std::int16_t> out)>;
+
+// Gives channel 0 of `document` the `sampleCount` >= 0 samples of `read`: in memory when
+// `durationMs` is below the document's memory limit and the block can be had, else in a new disk
+// store, copied in blocks of one second at `rateHz`. Positions asked of `read` only grow. Throws
+// Abandoned when the user cancels or memory runs out after all, FileError when the store fails, and
+// what `read` throws; the document then has the samples it had before.
+void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,
+                 const SampleFeed& read);
+
+}  // namespace cantorix
