@@ -1,8 +1,7 @@
 // native_reader.cpp - the blocks of the native file into channel, tiers and labels.
 // Nothing in a file is believed before it was compared with the file's own size.
+#include <algorithm>
 #include <array>
-#include <bit>
-#include <cmath>
 #include <limits>
 
 #include "document/native_file.h"
@@ -34,7 +33,6 @@ class BlockReader {
       : file_(file), size_(file.Size()), position_(position) {}
 
   std::int64_t position() const { return position_; }
-  std::int64_t fileSize() const { return size_; }
 
   // Throws unless `count` blocks of `bytes` bytes follow; `place` names them.
   void Require(std::int64_t count, std::int64_t bytes, const char* place) const {
@@ -65,22 +63,21 @@ bool IsNative(const File& file) {
          LoadLittle<std::uint32_t>(block, kChannelCountAt) == 1;
 }
 
-// Refuses what no recording in a file of `fileSize` bytes can have; sound slower than one sample in
-// two seconds is none.
-void RequirePossible(const CChannel& channel, std::int64_t at, std::int64_t fileSize) {
-  const auto bytes = static_cast<double>(fileSize);
+// Refuses what no recording can have. That the file holds `totalLength` samples is not looked at.
+void RequirePossible(const CChannel& channel, std::int64_t at) {
+  constexpr double kLongest = 9007199254740992.0;  // up to here doubles count every sample
+  constexpr double kHighestRate = std::numeric_limits<std::uint32_t>::max();
+  constexpr double kSlowestMs = 1000.0;  // per sample; sound is not slower
   // Written so that NaN is refused too.
   const auto isWithin = [](double x, double high) { return x >= 0.0 && x <= high; };
-  if (!isWithin(channel.totalDurationMs, bytes * 1000.0)) {
-    ThrowImpossible("duration", at + static_cast<std::int64_t>(kDurationAt));
+  if (!isWithin(channel.totalLength, kLongest)) {
+    ThrowImpossible("length", at + static_cast<std::int64_t>(kLengthAt));
   }
-  constexpr double kHighestRate = std::numeric_limits<std::uint32_t>::max();
   if (!isWithin(channel.sampleRateHz, kHighestRate) || channel.sampleRateHz == 0.0) {
     ThrowImpossible("sample rate", at + static_cast<std::int64_t>(kRateAt));
   }
-  constexpr double kLongest = 9007199254740992.0;  // up to here doubles count every sample
-  if (!isWithin(channel.totalLength, kLongest)) {
-    ThrowImpossible("length", at + static_cast<std::int64_t>(kLengthAt));
+  if (!isWithin(channel.totalDurationMs, (channel.totalLength + 1.0) * kSlowestMs)) {
+    ThrowImpossible("duration", at + static_cast<std::int64_t>(kDurationAt));
   }
 }
 
@@ -104,7 +101,7 @@ std::int32_t ReadChannelHeader(BlockReader& in, CChannel& channel) {
   channel.channelName = LoadText(block, kNameAt, kNameBytes);
   channel.channelComment = LoadText(block, kCommentAt, kCommentBytes);
   channel.channelFlag = 1;
-  RequirePossible(channel, at, in.fileSize());
+  RequirePossible(channel, at);
   const auto tierCount = LoadLittle<std::int32_t>(block, kTiersInUseAt);
   if (tierCount < 0 || tierCount > kTierCount) {
     ThrowImpossible("tier count", at + static_cast<std::int64_t>(kTiersInUseAt));
