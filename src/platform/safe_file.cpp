@@ -47,10 +47,13 @@ void SyncFolder(int folder, int file) {
 // Writes the first `size` bytes of `from` over `target`. What can fail for want of space is tried
 // first, in a way that leaves the old bytes and the old length.
 void WriteOver(int target, int from, std::int64_t size) {
-  const std::int64_t excess = size - FileSize(target);
-  if (excess > 0 && ::fallocate(target, FALLOC_FL_KEEP_SIZE, size - excess, excess) != 0 &&
+  const std::int64_t oldSize = FileSize(target);
+  if (size > oldSize && ::fallocate(target, FALLOC_FL_KEEP_SIZE, oldSize, size - oldSize) != 0 &&
       errno != EOPNOTSUPP && errno != ENOSYS) {
-    ThrowErrno();
+    const FileError failure(SystemReason(errno));
+    // Gives back what was reserved; the length stays as it is.
+    if (::ftruncate(target, oldSize) != 0) ThrowErrno();
+    throw failure;
   }
   std::vector<std::byte> block(kBufferBytes);
   for (std::int64_t done = 0; done < size;) {

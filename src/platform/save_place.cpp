@@ -53,7 +53,7 @@ std::string FollowLinks(std::string path) {
       return path;
     }
     const std::string link = ReadLink(path);
-    path = link.starts_with('/') ? link : FolderPart(path) + link;
+    path = link.starts_with('/') ? link : FolderPart(path).append(link);
   }
   throw FileError(SystemReason(ELOOP));
 }

@@ -120,7 +120,7 @@ TEST(NativeFile, IsReadFieldByField) {
 TEST(NativeFile, IsWrittenAsItWasRead) {
   TestHost host;
   ByteBuilder bare = fixture::Header(123.456, 1000.5, 0);  // a length with a fraction
-  for (int i = 0; i < 1000; ++i) bare.I16({i * 7});
+  for (std::int64_t i = 0; i < 1000; ++i) bare.I16({i * 7});
   for (const Bytes& bytes : {fixture::SmallFile(), bare.bytes}) {
     const auto document = Read(host, bytes);
     ASSERT_TRUE(document);

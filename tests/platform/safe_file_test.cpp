@@ -22,7 +22,6 @@ namespace cantorix {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 constexpr std::size_t kMegabyte = std::size_t{1} << 20U;
@@ -154,7 +153,7 @@ TEST(SafeFile, RefusesWhatIsNoFileToReplace) {
       {folder / std::string(256, 'n'), "File name too long."},
   };
   for (const auto& [path, reason] : rows) {
-    EXPECT_EQ(ReasonOf([&] { SafeFile file(path); }), reason) << path;
+    EXPECT_EQ(ReasonOf([&, target = path] { SafeFile file(target); }), reason) << path;
   }
   EXPECT_THAT(folder.Names(), UnorderedElementsAre("pipe", "link", "file"));
 }
@@ -227,17 +226,28 @@ TEST(SafeFile, LeavesTheOldFileWholeWhenTheDiskRunsFull) {
 
 TEST(SafeFile, LeavesTheOldFileWholeOnASmallFullDisk) {
   const TemporaryFolder folder;
-  const std::string path = folder / "old";
+  std::filesystem::create_directory(folder / "disk");
+  const std::string disk = folder / "disk";
+  const std::string path = disk + "/old";
+  ::chmod(folder.path().c_str(), 0755);
   const int status = InChild([&] {
     if (::unshare(CLONE_NEWNS) != 0) return kChildSkipped;
     ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
-    if (::mount("none", folder.path().c_str(), "tmpfs", 0, "size=3m") != 0) return kChildSkipped;
+    if (::mount("none", disk.c_str(), "tmpfs", 0, "size=3m,mode=755") != 0) return kChildSkipped;
     WriteBytes(path, Filled(kMegabyte, 1));
-    const std::string reason = ReasonOf([&] { ReplaceFile(path, Filled(4 * kMegabyte, 2)); });
-    if (reason != "No space left on device." || folder.Names().size() != 1) return 1;
-    if (ReadBytes(path) != Filled(kMegabyte, 1)) return 2;
-    ReplaceFile(path, Filled(kMegabyte, 3));
-    return ReadBytes(path) == Filled(kMegabyte, 3) ? 0 : 3;
+    ::chmod(path.c_str(), 0666);
+    const auto isRefusedWhole = [&] {
+      return ReasonOf([&] { ReplaceFile(path, Filled(4 * kMegabyte, 2)); }) ==
+                 "No space left on device." &&
+             ReadBytes(path) == Filled(kMegabyte, 1);
+    };
+    if (!isRefusedWhole()) return 1;
+    if (std::filesystem::space(disk).available != 2 * kMegabyte) return 2;  // nothing was left
+    // In place, where only the reserving can fail.
+    if (!BecomeOtherUser() || !isRefusedWhole()) return 3;
+    if (std::filesystem::space(disk).available != 2 * kMegabyte) return 4;
+    ReplaceFile(path, Filled(3 * kMegabyte, 3));
+    return ReadBytes(path) == Filled(3 * kMegabyte, 3) ? 0 : 5;
   });
   if (status == kChildSkipped) GTEST_SKIP() << "no file system can be mounted here";
   EXPECT_EQ(status, 0);
