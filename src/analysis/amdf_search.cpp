@@ -23,10 +23,10 @@ constexpr std::ptrdiff_t kFineSpacing = 12;
 
 using AcrossFrames = std::array<std::uint16_t, kBlockFrames>;
 
-// One term of the sums of all frames. A function of its own, as the compiler vectorises this loop
-// only as long as it cannot merge the ones of several terms.
-CANTORIX_CLONES void AddDifferences(const std::uint8_t* a, const std::uint8_t* b,
-                                    AcrossFrames& sums) {
+// One term of the sums of all frames. Never inlined: the compiler vectorises this loop only as long
+// as it cannot merge the ones of several terms.
+[[gnu::noinline]] CANTORIX_CLONES void AddDifferences(const std::uint8_t* a, const std::uint8_t* b,
+                                                      AcrossFrames& sums) {
   for (std::size_t i = 0; i < kBlockFrames; ++i) {
     sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(a[i] - b[i]));
   }
