@@ -6,6 +6,9 @@
 namespace cantorix {
 namespace {
 
+// Keeps the lag arithmetic inside 32 bits and a block inside memory.
+constexpr std::int32_t kLongestLag = std::int32_t{1} << 24;
+
 std::vector<std::int32_t> LagTable(std::int32_t minLag, std::int32_t maxLag) {
   std::vector<std::int32_t> lags{minLag - 1, minLag};
   std::int64_t fixed = std::int64_t{minLag} * 256;  // 8 fractional bits
@@ -30,6 +33,7 @@ std::optional<AmdfPlan> MakeAmdfPlan(const AutoCorrelationOptions& options, std:
   plan.maxLag = options.rateHz / options.lowHz;
   // A lag at either end is unvoiced, so a range without an inside has nothing to find.
   if (plan.minLag < 1 || plan.minLag >= plan.maxLag) return std::nullopt;
+  if (plan.maxLag > kLongestLag) return std::nullopt;
 
   const std::int64_t margin = (std::int64_t{plan.averageLength} + plan.maxLag) / 2 + 155;
   plan.firstFrame = margin / kFrameStep + 1;

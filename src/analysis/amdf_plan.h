@@ -28,7 +28,8 @@ struct AmdfPlan {
 };
 
 // The plan for `length` samples, or nothing when no frame can be voiced: a rate below 1000 Hz, a
-// range of frequencies that leaves no lag between its ends, or a stretch that is too short.
+// range of frequencies that leaves no lag between its ends or asks for one above 2^24 samples, or a
+// stretch that is too short.
 std::optional<AmdfPlan> MakeAmdfPlan(const AutoCorrelationOptions& options, std::int64_t length);
 
 }  // namespace cantorix

@@ -12,20 +12,21 @@
 namespace cantorix {
 namespace {
 
-constexpr int kLevelPlaces = 32;
-constexpr int kLevelSpacing = 10;
-constexpr int kLevelDivisor = 31;  // one less than the places
-constexpr int kCoarsePlaces = 11;
-constexpr int kCoarseSpacing = 30;
-constexpr int kFinePlaces = 25;
-constexpr int kFineSpacing = 12;
+constexpr std::ptrdiff_t kLevelPlaces = 32;
+constexpr std::ptrdiff_t kLevelSpacing = 10;
+// Kept: one less than the places; voicing levels are set for this scale.
+constexpr int kLevelDivisor = 31;
+constexpr std::ptrdiff_t kCoarsePlaces = 11;
+constexpr std::ptrdiff_t kCoarseSpacing = 30;
+constexpr std::ptrdiff_t kFinePlaces = 25;
+constexpr std::ptrdiff_t kFineSpacing = 12;
 
 using AcrossFrames = std::array<std::uint16_t, kBlockFrames>;
 
-// One term of the sums of all frames. A function of its own, as the compiler vectorises this loop
-// only as long as it cannot merge the ones of several terms.
-CANTORIX_CLONES void AddDifferences(const std::uint8_t* a, const std::uint8_t* b,
-                                    AcrossFrames& sums) {
+// One term of the sums of all frames. Never inlined: the compiler vectorises this loop only as long
+// as it cannot merge the ones of several terms.
+[[gnu::noinline]] CANTORIX_CLONES void AddDifferences(const std::uint8_t* a, const std::uint8_t* b,
+                                                      AcrossFrames& sums) {
   for (std::size_t i = 0; i < kBlockFrames; ++i) {
     sums[i] = static_cast<std::uint16_t>(sums[i] + std::abs(a[i] - b[i]));
   }
@@ -35,7 +36,7 @@ void FindLevels(const AmdfBlock& block, std::array<std::int16_t, kBlockFrames>& 
   std::array<std::uint8_t, kBlockFrames> silence;
   silence.fill(kSilence);
   AcrossFrames sums{};
-  for (int k = 0; k < kLevelPlaces; ++k) {
+  for (std::ptrdiff_t k = 0; k < kLevelPlaces; ++k) {
     AddDifferences(block.Across(kLevelSpacing * k), silence.data(), sums);
   }
   std::transform(sums.begin(), sums.end(), level.begin(), [](std::uint16_t sum) {
@@ -59,7 +60,7 @@ AcrossFrames FindCoarseLags(const AmdfBlock& block, const AmdfPlan& plan) {
   for (std::size_t t = 1; t + 1 < plan.lags.size(); ++t) {
     const std::int32_t lag = plan.lags[t];
     AcrossFrames sums{};
-    for (int k = 0; k < kCoarsePlaces; ++k) {
+    for (std::ptrdiff_t k = 0; k < kCoarsePlaces; ++k) {
       const std::ptrdiff_t left = kCoarseSpacing * k - lag / 2;
       AddDifferences(block.Across(left), block.Across(left + lag), sums);
     }
@@ -77,8 +78,9 @@ struct LagSums {
 CANTORIX_CLONES void FindFineDifferences(const std::uint8_t* frame, std::int32_t half,
                                          LagSums& out) {
   LagSums sums{};
+// Unrolled, the short loops would no longer be taken for vectors.
 #pragma GCC unroll 1
-  for (int k = 0; k < kFinePlaces; ++k) {
+  for (std::ptrdiff_t k = 0; k < kFinePlaces; ++k) {
     const std::uint8_t* left = frame + kFineSpacing * k - half;
     const std::uint8_t* right = frame + kFineSpacing * k + half;
 #pragma GCC unroll 1
@@ -100,9 +102,9 @@ struct LagChoice {
   int difference = std::numeric_limits<std::uint16_t>::max();
 };
 
-// The best of the lags first ... last, the first one on ties.
+// The best of the lags first ... last (1 <= first <= last), the first one on ties.
 LagChoice FindFineLag(const std::uint8_t* frame, std::int32_t first, std::int32_t last) {
-  LagChoice best;
+  LagChoice best{first};
   LagSums sums;
   for (std::int32_t half = first / 2; half <= last / 2; half += kLagLanes) {
     FindFineDifferences(frame, half, sums);
@@ -121,7 +123,7 @@ int FineDifference(const std::uint8_t* frame, std::int32_t lag) {
   const std::uint8_t* left = frame - lag / 2;
   const std::uint8_t* right = left + lag;
   int sum = 0;
-  for (int k = 0; k < kFinePlaces; ++k) {
+  for (std::ptrdiff_t k = 0; k < kFinePlaces; ++k) {
     sum += std::abs(left[kFineSpacing * k] - right[kFineSpacing * k]);
   }
   return sum;
@@ -141,7 +143,7 @@ std::int32_t CheckOctaves(const std::uint8_t* frame, const LagChoice& found, std
 std::int16_t TenthsOfHz(const AmdfPlan& plan, std::int32_t lag) {
   if (lag == plan.minLag || lag == plan.maxLag) return kUnvoiced;
   const std::int64_t pitch = plan.tenthsOfRate / lag;
-  // More than 16 bits can hold (3276.7 Hz) would read as a negative value.
+  // What 16 bits cannot hold, above 3276.7 Hz, is no pitch of speech.
   if (pitch > std::numeric_limits<std::int16_t>::max()) return kUnvoiced;
   return static_cast<std::int16_t>(pitch);
 }

@@ -62,7 +62,8 @@ int AutoCorrelationPitch(const SampleSource& samples, std::int64_t start, std::i
                          const AutoCorrelationOptions& options, std::span<double> out,
                          ProgressScope& progress) {
   const std::int64_t length = std::max<std::int64_t>(end - start, 0);
-  if (out.size() != static_cast<std::size_t>(length / kFrameStep + 1)) {
+  const std::int64_t frames = length / kFrameStep;
+  if (out.size() != static_cast<std::size_t>(frames + 1)) {
     throw std::out_of_range("a pitch track needs one entry per 100 samples and one more");
   }
   std::fill(out.begin(), out.end(), kUnvoiced * kHzPerUnit);
@@ -79,7 +80,7 @@ int AutoCorrelationPitch(const SampleSource& samples, std::int64_t start, std::i
   } catch (const std::bad_alloc&) {
     return -1;
   }
-  progress.StepOrAbandon(static_cast<double>(length / kFrameStep));
+  progress.StepOrAbandon(static_cast<double>(frames));
   return 0;
 }
 

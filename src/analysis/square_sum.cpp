@@ -7,7 +7,10 @@ namespace cantorix {
 
 CANTORIX_CLONES std::int64_t SumOfSquares(std::span<const std::int16_t> samples) {
   std::int64_t sum = 0;
-  for (const std::int16_t x : samples) sum += std::int32_t{x} * std::int32_t{x};
+  for (const std::int32_t x : samples) {
+    const std::int32_t square = x * x;  // 2^30 at most
+    sum += square;
+  }
   return sum;
 }
 

@@ -125,6 +125,14 @@ TEST(AutoCorrelationPitch, FindsTheFundamentalOfAGlide) {
   }
 }
 
+TEST(AutoCorrelationPitch, LevelIsScaledByOnePlaceTooFewIsKept) {
+  Samples x = Square(4000, 20);
+  for (auto& value : x) value = static_cast<std::int16_t>(value > 0 ? 31 * 256 : -31 * 256);
+  // 32 places of magnitude 31, times 10, over 31: 320 where the mean would give 310.
+  EXPECT_GT(VoicedCount(Track(x, {1000, 30, 200, 100, 320})), 30u);
+  EXPECT_EQ(VoicedCount(Track(x, {1000, 30, 200, 100, 321})), 0u);
+}
+
 TEST(AutoCorrelationPitch, LeavesEdgesAndTheLastEntryUnvoiced) {
   const Samples x = Sine(1100, 11025.0, 200.0, 12000.0);
   const auto track = Track(x, {11025, 50, 500, 100, 1});

@@ -28,13 +28,24 @@ struct PlainIntensity {
   double minimum = 1e9;
 };
 
+// trunc(j) for j = start, start + 1.0, ... while j < bound.
+std::vector<std::size_t> PlainWalk(double start, double bound) {
+  std::vector<std::size_t> indices;
+  double j = start;
+  while (j < bound) {
+    indices.push_back(static_cast<std::size_t>(j));
+    j += 1.0;
+  }
+  return indices;
+}
+
 std::vector<double> SpreadPlainly(const std::vector<double>& levels, double step, double window,
                                   std::int64_t length) {
   std::vector<double> track(static_cast<std::size_t>(length), 0.0);
   for (std::size_t i = 0; i < levels.size(); ++i) {
     const double start = static_cast<double>(i) * step;
     const double bound = std::trunc(start + window);
-    for (double k = start; k < bound; k += 1.0) track.at(static_cast<std::size_t>(k)) = levels[i];
+    for (const std::size_t k : PlainWalk(start, bound)) track.at(k) = levels[i];
     if (i + 1 < levels.size()) continue;
     for (auto k = static_cast<std::size_t>(bound); k < track.size(); ++k) track[k] = levels[i];
   }
@@ -52,8 +63,8 @@ PlainIntensity ComputePlainly(const Samples& x, double start, double end, double
   for (std::int64_t i = 0; i < frames; ++i) {
     const double p = static_cast<double>(i) * step;
     double sum = 0.0;
-    for (double j = p; j < std::trunc(p + window); j += 1.0) {
-      const auto place = static_cast<std::size_t>(start) + static_cast<std::size_t>(j);
+    for (const std::size_t j : PlainWalk(p, std::trunc(p + window))) {
+      const auto place = static_cast<std::size_t>(start) + j;
       const double value = place < x.size() ? x[place] : 0;
       sum += value * value;
     }
@@ -100,14 +111,11 @@ TEST(SpanOfFrame, TakesTheIndicesOfThePlainWalk) {
   }
   for (const double start : starts) {
     for (const double window : {0.3, 1.0, 1.9, 2.0, 3.5, 20.5, 600.0, 140000.25}) {
-      std::vector<std::int64_t> expected;
-      for (double j = start; j < std::trunc(start + window); j += 1.0) {
-        expected.push_back(static_cast<std::int64_t>(j));
-      }
+      const auto expected = PlainWalk(start, std::trunc(start + window));
       const FrameSpan span = SpanOfFrame(start, window);
-      std::vector<std::int64_t> indices;
+      std::vector<std::size_t> indices;
       for (std::int64_t k = span.first; k < span.end; ++k) {
-        if (span.Holds(k)) indices.push_back(k);
+        if (span.Holds(k)) indices.push_back(static_cast<std::size_t>(k));
       }
       EXPECT_TRUE(indices == expected) << FormatExact(start) << ", window " << window;
     }

@@ -27,8 +27,8 @@ inline Samples Speech(int decimation = 1) {
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
     for (std::size_t i = 44; i + 1 < bytes.size(); i += 2 * static_cast<std::size_t>(decimation)) {
       const int low = static_cast<unsigned char>(bytes[i]);
-      const int high = static_cast<signed char>(bytes[i + 1]);
-      speech.push_back(static_cast<std::int16_t>(high * 256 + low));
+      const int high = static_cast<unsigned char>(bytes[i + 1]);
+      speech.push_back(static_cast<std::int16_t>(high << 8 | low));
     }
   }
   return speech;
