@@ -37,7 +37,7 @@ Reason ParseValue(std::string_view text, FieldValue value) {
     return ParseNumber(text, "a whole number", **integer);
   }
   if (auto* const real = std::get_if<double*>(&value)) {
-    const Reason reason = ParseNumber(text, "a number", **real);
+    Reason reason = ParseNumber(text, "a number", **real);
     if (!reason && !std::isfinite(**real)) return "is not a finite number";
     return reason;
   }
