@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "document/open_pipeline.h"
+
 namespace cantorix {
 namespace {
 
@@ -30,6 +32,10 @@ CSonadexDoc::CSonadexDoc(DocumentHost& host)
 }
 
 CSonadexDoc::~CSonadexDoc() = default;
+
+bool CSonadexDoc::OnOpenDocument(const std::string& path) {
+  return OpenRecording(*this, path, StandardReaders());
+}
 
 const SampleSource& CSonadexDoc::Samples() const {
   return store_ ? static_cast<const SampleSource&>(*store_) : *memorySource_;
