@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "document/open_pipeline.h"
 #include "settings/config_file.h"
 
 namespace cantorix {
@@ -47,6 +48,10 @@ CSonadexDoc::~CSonadexDoc() {
   if (!host_.documentsWriteConfiguration || !writesConfiguration) return;
   // Kept: the last document closed decides what the file holds, and a failed write is not reported.
   WriteConfiguration(ConfigPath(host_.programDirectory), {host_.application, settings});
+}
+
+bool CSonadexDoc::OnOpenDocument(const std::string& path) {
+  return OpenRecording(*this, path, StandardReaders());
 }
 
 const SampleSource& CSonadexDoc::Samples() const {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "document/channel.h"
 #include "document/document_host.h"
@@ -16,6 +17,12 @@ namespace cantorix {
 
 inline constexpr int kChannelSlots = 20;
 
+// Why a recording could not be opened.
+struct OpenFailure {
+  std::string reason;  // one sentence with its full stop; empty: the open did not fail
+  bool shown = false;  // the user has already been told
+};
+
 class CSonadexDoc {
  public:
   // Fills the settings with the defaults and overlays them from the configuration file.
@@ -25,8 +32,8 @@ class CSonadexDoc {
   CSonadexDoc(const CSonadexDoc&) = delete;
   CSonadexDoc& operator=(const CSonadexDoc&) = delete;
 
-  // Opens `path` by its content. False, with the reason shown, when it could not be read; the
-  // document must then be discarded.
+  // Opens `path` by its content. False, with the reason in openFailure, when it could not be read;
+  // the document must then be discarded.
   bool OnOpenDocument(const std::string& path);
 
   DocumentHost& host() { return host_; }
@@ -50,6 +57,8 @@ class CSonadexDoc {
   std::array<CChannel, kChannelSlots> channels;
   std::int32_t channelCount = 1;
   bool loaded = false;
+  OpenFailure openFailure;
+  std::string_view formatName;  // of the reader that took the file
   bool newRecording = false;
   bool foreignSource = false;
   bool hasSelection = false;

@@ -1,0 +1,26 @@
+// riff.h - finding the format and the samples in a RIFF "WAVE" file.
+// Only positions and raw bytes: what the format bytes mean is wav_reader.cpp's.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "platform/file.h"
+
+namespace cantorix {
+
+struct RiffHeader {
+  std::array<std::byte, 18> format{};  // the first bytes of the "fmt " chunk, then zeros
+  std::int64_t formatOffset = 0;       // of the chunk's content in the file
+  std::int64_t formatBytes = 0;        // that the chunk claims; 0 when there is none
+  double dataLength = 0.0;             // bytes, never more than the file's length
+  std::int64_t dataOffset = 0;         // of the first sample
+};
+
+// Walks the chunks up to the first "data". Nothing when the file is no RIFF "WAVE" file or has no
+// "data". Throws FileError when the file cannot be read.
+std::optional<RiffHeader> ReadRiffHeader(const File& file);
+
+}  // namespace cantorix
