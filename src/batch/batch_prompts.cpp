@@ -7,7 +7,6 @@ void BatchPrompts::Say(const std::string& text) {
   // The report of a failed open begins with the path, and so does every line here.
   const bool named = text.starts_with(file_ + " ");
   console_.Report(file_, named ? text.substr(file_.size() + 1) : text);
-  spoke_ = true;
 }
 
 void BatchPrompts::Message(const std::string& text) { Say(text); }

@@ -26,15 +26,13 @@ class BatchPrompts : public Prompts {
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
   std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override;
 
-  // Whether anything was said of this file: a failure then needs no words of its own.
-  bool spoke() const { return spoke_; }
+  // One line about the file.
   void Say(const std::string& text);
 
  private:
   Console& console_;
   std::string file_;
   const Request& request_;
-  bool spoke_ = false;
 };
 
 }  // namespace cantorix::batch

@@ -20,9 +20,8 @@ bool Session::Open() {
   document_ = std::make_unique<CSonadexDoc>(host_);
   document_->settings = run_.settings.document;
   if (document_->OnOpenDocument(file_)) return true;
-  if (run_.interrupted || !prompts_.spoke()) {
-    SayNoResult("could not be opened. There is not enough memory for its samples.");
-  }
+  const OpenFailure& failure = document_->openFailure;
+  if (!failure.shown) SayNoResult("could not be opened. " + failure.reason);
   return false;
 }
 

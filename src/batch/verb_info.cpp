@@ -10,10 +10,10 @@
 namespace cantorix::batch {
 namespace {
 
-std::string Line(std::string_view name, const std::string& value) {
+std::string Line(std::string_view name, std::string_view value) {
   std::string line(name);
   line.resize(10, ' ');
-  return line + value + '\n';
+  return line.append(value) += '\n';
 }
 
 std::string AsLines(const std::string& file, const CSonadexDoc& document) {

@@ -1,0 +1,39 @@
+// verb_convert.cpp - saving under another name or in another format; the ending of it chooses.
+#include <optional>
+
+#include "batch/verbs.h"
+#include "document/native_file.h"
+#include "document/wav_file.h"
+#include "platform/file_error.h"
+
+namespace cantorix::batch {
+namespace {
+
+void Save(Session& session, const std::string& path) {
+  CSonadexDoc& document = session.document();
+  const CChannel& channel = document.channel();
+  const Request& request = session.request();
+  const bool whole = !request.fromMs && !request.toMs;
+  if (path.ends_with(".wav")) {
+    ExportWave(document, path, whole ? std::nullopt : std::optional(session.Range()));
+    return;
+  }
+  const NativeRange range{channel.PointAtTime(request.fromMs.value_or(0.0)),
+                          channel.PointAtTime(request.toMs.value_or(channel.totalDurationMs))};
+  SaveNative(document, path, whole ? std::nullopt : std::optional(range));
+}
+
+}  // namespace
+
+bool Convert(Session& session) {
+  const std::string& path = session.request().output;
+  try {
+    Save(session, path);
+  } catch (const FileError& error) {
+    session.prompts().Say(CouldNotBeSaved(path, error.what()));
+    return false;
+  }
+  return true;
+}
+
+}  // namespace cantorix::batch
