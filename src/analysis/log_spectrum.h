@@ -1,0 +1,25 @@
+// log_spectrum.h - powers to dB for a whole transform, in the stated arithmetic or in a faster one.
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+namespace cantorix {
+
+// Writes re^2 + im^2 to `power` (all spans of one size).
+void FindPowers(std::span<const double> re, std::span<const double> im, std::span<double> power);
+
+// Writes PowerDb of each power.
+void FindLevels(std::span<const double> power, std::span<double> levelsDb);
+
+// The same within kFastLevelError, without the C library's logarithm. Returns false, with the
+// levels unusable, when a power other than 0 lies outside 1e-30 ... 1e30 (not-a-number included).
+bool FindLevelsFast(std::span<const double> power, std::span<double> levelsDb);
+
+// What FindLevelsFast gives, and at most how far it is from FindLevels: 64 times 2^-53 for each dB
+// and one more. The faster logarithm itself is good to 3 units of 2^-53 per dB and 18 more, the C
+// library's is off by fewer than 8 per dB.
+inline constexpr double kMaxFastLevelDb = 300.0;
+inline constexpr double kFastLevelError = 64.0 * 0x1p-53 * (kMaxFastLevelDb + 1.0);
+
+}  // namespace cantorix

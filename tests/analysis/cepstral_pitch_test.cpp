@@ -1,0 +1,241 @@
+// cepstral_pitch_test.cpp - single frames against the plain transcription, digit for digit, and
+// the parts that make the fast frame: its levels, its search and its refusal to guess.
+#include "analysis/cepstral_pitch.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <string>
+
+#include "analysis/decibel.h"
+#include "analysis/log_spectrum.h"
+#include "analysis/plain_cepstrum.h"
+
+namespace cantorix {
+namespace {
+
+using testing::Samples;
+
+constexpr CepstralOptions kDefaults{11025.0, 50.0, 500.0, 1024, 385};
+
+// Compares the frames of a run that starts every `step` samples, to the end of the recording.
+// Returns the number of frames that took the exact path.
+std::int64_t ExpectPlainDigits(const std::string& name, const Samples& recording,
+                               const CepstralOptions& options, double step) {
+  const SpanSource source(recording);
+  SampleWindow samples(source, 0);
+  CepstralWorkspace workspace(options);
+  testing::PlainCepstrum plain(options);
+  const auto total = static_cast<double>(recording.size());
+  for (double t = 0.0; t < total; t += step) {
+    const double expected = plain.Pitch(recording, t, total);
+    EXPECT_EQ(CepstralPitch(samples, t, total, workspace), expected) << name << " at " << t;
+  }
+  return workspace.exactFrames();
+}
+
+double OneFrame(const Samples& recording, const CepstralOptions& options, double start = 0.0) {
+  const SpanSource source(recording);
+  SampleWindow samples(source, 0);
+  CepstralWorkspace workspace(options);
+  return CepstralPitch(samples, start, static_cast<double>(recording.size()), workspace);
+}
+
+Samples PulseTrain(std::size_t count, std::size_t period) {
+  Samples pulses(count);
+  for (std::size_t i = 0; i < count; i += period) pulses[i] = 20000;
+  return pulses;
+}
+
+TEST(CepstralPitch, HasTheDigitsOfThePlainSteps) {
+  struct Row {
+    std::string name;
+    int decimation;
+    CepstralOptions options;
+    double step;
+  };
+  const Row rows[] = {
+      {"defaults", 4, kDefaults, 331.3},
+      {"wide window", 4, {11025.0, 50.0, 500.0, 2048, 1102}, 991.7},
+      {"cut window", 4, {11025.0, 50.0, 500.0, 4096, 4090}, 4001.3},
+      {"high rate", 1, {48000.0, 50.0, 500.0, 2048, 1680}, 4801.9},
+      {"small transform", 6, {8000.0, 80.0, 400.0, 128, 128}, 177.7},
+      {"range beyond the half", 4, {11025.0, 15.0, 400.0, 1024, 385}, 997.1},
+      {"high end above ten times the rate", 4, {11025.0, 100.0, 200000.0, 1024, 385}, 997.1},
+      {"two knots", 4, {11025.0, 495.0, 540.0, 1024, 385}, 331.3},
+  };
+  for (const Row& row : rows) {
+    ExpectPlainDigits(row.name, testing::Speech(row.decimation), row.options, row.step);
+  }
+  ExpectPlainDigits("noise", testing::Noise(30000, 1000), kDefaults, 551.2);
+  ExpectPlainDigits("least bits", testing::Noise(30000, 1), kDefaults, 551.2);
+  ExpectPlainDigits("sine", testing::Sine(20000, 11025.0, 200.0, 30000.0), kDefaults, 551.2);
+  ExpectPlainDigits("constant", Samples(5000, 12345), kDefaults, 551.2);
+}
+
+TEST(CepstralPitch, DecidesSpeechWithoutTheExactPath) {
+  const auto exact = ExpectPlainDigits("speech", testing::Speech(4), kDefaults, 441.0);
+  EXPECT_LT(exact, 5);
+}
+
+TEST(CepstralPitch, FindsThePeriodOfPulses) {
+  for (const std::size_t period : {25u, 50u, 74u, 100u, 140u}) {
+    const double expected = 11025.0 / static_cast<double>(period);
+    EXPECT_NEAR(OneFrame(PulseTrain(4000, period), kDefaults, 1000.0), expected, 0.01 * expected)
+        << period;
+  }
+}
+
+TEST(CepstralPitch, IsUnvoicedWithoutAPeak) {
+  const auto speech = testing::Speech(4);
+  EXPECT_EQ(OneFrame(Samples(1000), kDefaults), 0.0);
+  EXPECT_EQ(OneFrame({}, kDefaults), 0.0);
+  Samples click(1000);
+  click[0] = 1;  // a flat spectrum: nothing but rounding in the cepstrum
+  ExpectPlainDigits("click", click, kDefaults, 110.25);
+}
+
+TEST(CepstralPitch, SurvivesRangesWithoutPoints) {
+  const double nan = std::nan("");
+  const double inf = std::numeric_limits<double>::infinity();
+  const auto pulses = PulseTrain(4000, 100);
+  const CepstralOptions empty[] = {
+      {11025.0, 500.0, 50.0, 1024, 385},  // ends exchanged
+      {11025.0, 200.0, 200.0, 1024, 385},   {11025.0, 0.0, 0.0, 1024, 385},
+      {11025.0, -50.0, 500.0, 1024, 385},   {11025.0, 50.0, nan, 1024, 385},
+      {nan, 50.0, 500.0, 1024, 385},        {inf, 50.0, 500.0, 1024, 385},
+      {0.0, 50.0, 500.0, 1024, 385},        {11025.0, 5.0, 20.0, 128, 128},  // beyond the half
+      {11025.0, 1e-300, 1e-299, 1024, 385},
+  };
+  for (const CepstralOptions& options : empty) EXPECT_EQ(OneFrame(pulses, options), 0.0);
+  EXPECT_GT(OneFrame(pulses, {11025.0, 1e-300, 500.0, 1024, 385}), 0.0);
+  EXPECT_EQ(OneFrame(pulses, {11025.0, 50.0, 500.0, 1024, 0}), 0.0);
+}
+
+TEST(CepstralPitch, RefusesOtherTransforms) {
+  for (const std::int64_t points : {-1024, 0, 1, 64, 1000, 1025, 8192}) {
+    EXPECT_EQ(OneFrame(PulseTrain(4000, 100), {11025.0, 50.0, 500.0, points, 0}), -1.0) << points;
+  }
+  EXPECT_EQ(OneFrame(PulseTrain(4000, 100), {11025.0, 50.0, 500.0, 128, 129}), -1.0);
+  EXPECT_EQ(OneFrame(PulseTrain(4000, 100), {11025.0, 50.0, 500.0, 128, -1}), -1.0);
+}
+
+TEST(CepstralPitch, LeftOverFrameIsKept) {
+  auto recording = PulseTrain(3000, 100);
+  std::fill(recording.begin() + 2700, recording.end(), std::int16_t{0});
+  const SpanSource source(recording);
+  SampleWindow samples(source, 0);
+  CepstralWorkspace workspace(kDefaults);
+  const double voiced = CepstralPitch(samples, 2000.0, 3000.0, workspace);
+  EXPECT_GT(voiced, 0.0);
+  // Silence, but too close to the end to be copied: the frame before is heard again.
+  EXPECT_EQ(CepstralPitch(samples, 2701.0, 3000.0, workspace), voiced);
+  EXPECT_EQ(OneFrame(recording, kDefaults, 2701.0), 0.0);  // a fresh buffer holds zeros
+}
+
+TEST(CepstralPitch, LengthWithAFractionDecidesTheLastFrame) {
+  const auto pulses = PulseTrain(1490, 100);
+  const SpanSource source(pulses);
+  SampleWindow samples(source, 0);
+  CepstralWorkspace workspace(kDefaults);
+  EXPECT_EQ(CepstralPitch(samples, 1100.25, 1490.0, workspace), 0.0);  // ends 0.25 beyond
+  EXPECT_GT(CepstralPitch(samples, 1100.25, 1490.25, workspace), 0.0);
+}
+
+TEST(CepstralPitch, FineIndexOffsetIsKept) {
+  // 10 rate / high = 226.6...: the grid starts at index 226 with the value of quefrency 22.
+  const CepstralOptions options{11025.0, 50.0, 486.5, 1024, 385};
+  EXPECT_EQ(FindQuefrencyRange(11025.0, 50.0, 486.5, 1024).fineFirst, 226);
+  const double pitch = OneFrame(PulseTrain(4000, 100), options, 1000.0);
+  EXPECT_NEAR(11025.0 / pitch, 100.6, 0.11);
+}
+
+TEST(FindLevelsFast, StaysWithinItsError) {
+  std::mt19937_64 random(3);
+  std::uniform_real_distribution<double> exponent(-29.9, 29.9);
+  std::uniform_real_distribution<double> nearOne(-1e-3, 1e-3);
+  std::vector<double> power{0.0, -0.0, 1.0, 2.0, 0.5, M_SQRT2, M_SQRT1_2, 1e-30, 1e30};
+  for (int i = 0; i < 100000; ++i) {
+    power.push_back(std::pow(10.0, exponent(random)));
+    power.push_back(1.0 + nearOne(random));
+  }
+  std::vector<double> levels(power.size());
+  ASSERT_TRUE(FindLevelsFast(power, levels));
+  double worst = 0.0;
+  for (std::size_t i = 0; i < power.size(); ++i) {
+    const double exact = PowerDb(power[i]);
+    worst = std::max(worst, std::abs(levels[i] - exact) / (std::abs(exact) + 1.0));
+  }
+  EXPECT_LT(worst, 16.0 * 0x1p-53);  // a quarter of what kFastLevelError grants
+}
+
+TEST(FindLevelsFast, RefusesWhatItsErrorDoesNotCover) {
+  const double inf = std::numeric_limits<double>::infinity();
+  for (const double odd : {1e-31, 5e-324, 1e31, inf, std::nan(""), -1.0}) {
+    std::vector<double> power(64, 1.0);
+    power[37] = odd;
+    std::vector<double> levels(64);
+    EXPECT_FALSE(FindLevelsFast(power, levels)) << odd;
+  }
+}
+
+// Random knots with a few peaks, of which the two highest are `gap` apart.
+std::vector<double> Peaks(std::size_t knots, double gap, unsigned seed) {
+  std::mt19937_64 random(seed);
+  std::uniform_real_distribution<double> low(0.0, 1000.0);
+  std::vector<double> y(knots);
+  for (double& value : y) value = low(random);
+  y[knots / 4] = y[3 * knots / 4] = 5e5;
+  for (const std::size_t side : {knots / 4 - 1, knots / 4 + 1}) y[side + knots / 2] = y[side];
+  y[knots / 4] += gap;
+  return y;
+}
+
+TEST(CepstralPeak, IsCertainOnlyWhenNoErrorCanChangeIt) {
+  const QuefrencyRange range = FindQuefrencyRange(11025.0, 50.0, 500.0, 1024);
+  CepstralPeak peak(range);
+  constexpr double kError = 1e-3;
+  int certain = 0;
+  for (unsigned seed = 0; seed < 200; ++seed) {
+    const auto y = Peaks(range.knots, std::pow(10.0, seed % 8) * 1e-5, seed);
+    const auto answer = peak.FindCertain(y, kError);
+    if (!answer) continue;
+    ++certain;
+    std::mt19937_64 random(seed);
+    for (int trial = 0; trial < 20; ++trial) {
+      auto moved = y;
+      for (double& value : moved) value += random() % 2 == 0 ? kError : -kError;
+      ASSERT_EQ(peak.Find(moved), answer) << "seed " << seed;
+    }
+  }
+  EXPECT_GT(certain, 50);
+  EXPECT_LT(certain, 150);
+}
+
+TEST(CepstralPeak, IsNotCertainOfTiesAndOfNothing) {
+  const QuefrencyRange range = FindQuefrencyRange(11025.0, 50.0, 500.0, 1024);
+  CepstralPeak peak(range);
+  std::vector<double> twins(range.knots);
+  twins[20] = twins[120] = 1e6;
+  EXPECT_EQ(peak.Find(twins), 200u);  // the first of equals
+  EXPECT_EQ(peak.FindCertain(twins, 0.0), std::nullopt);
+  const std::vector<double> flat(range.knots);
+  EXPECT_EQ(peak.Find(flat), std::nullopt);
+  EXPECT_EQ(peak.FindCertain(flat, 0.0), std::nullopt);
+}
+
+TEST(CepstralPeak, MayLieBeyondTheLastKnot) {
+  const QuefrencyRange range = FindQuefrencyRange(11025.0, 50.0, 500.0, 1024);
+  CepstralPeak peak(range);
+  std::vector<double> rising(range.knots);
+  for (std::size_t j = 0; j < rising.size(); ++j) rising[j] = static_cast<double>(j * j);
+  const auto last = range.fineCount - 1;
+  EXPECT_GT(last, 10 * (range.knots - 1));
+  EXPECT_EQ(peak.Find(rising), last);
+  EXPECT_EQ(peak.FindCertain(rising, 1e-6), last);
+}
+
+}  // namespace
+}  // namespace cantorix
