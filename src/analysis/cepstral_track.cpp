@@ -1,0 +1,134 @@
+// cepstral_track.cpp
+#include "analysis/cepstral_track.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "analysis/sample_window.h"
+#include "analysis/square_sum.h"
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+constexpr std::int64_t kMostPoints = 4096;
+constexpr double kSpareEntries = 5.0;
+constexpr double kMaxFramesPerSample = 16.0;  // tracks stay in proportion to the recording
+constexpr double kAlwaysGranted = 1048576.0;  // frames
+
+std::int64_t TransformPoints(std::int64_t windowSamples) {
+  if (windowSamples < 1024) return 1024;
+  return windowSamples < 2048 ? 2048 : kMostPoints;
+}
+
+// The first sample of frame `frame`, before truncation.
+double FrameStart(const CepstralFraming& framing, double frame) {
+  return frame * framing.stepSamples + framing.range.start;
+}
+
+// One estimate per frame; empty when one is not supported.
+std::vector<double> EstimateFrames(SampleWindow& samples, double totalSamples,
+                                   const CepstralFraming& framing, CepstralWorkspace& workspace,
+                                   ProgressScope& progress) {
+  std::vector<double> raw(static_cast<std::size_t>(framing.frames + kSpareEntries));
+  for (double i = 0.0; i < framing.frames; ++i) {
+    progress.StepOrAbandon(i);
+    const double pitch = CepstralPitch(samples, FrameStart(framing, i), totalSamples, workspace);
+    if (pitch == -1.0) return {};
+    raw[static_cast<std::size_t>(i)] = pitch;
+  }
+  return raw;
+}
+
+double StepEnergy(SampleWindow& samples, const CepstralFraming& framing, double frame) {
+  const double start = FrameStart(framing, frame);
+  const std::int64_t end = Truncate(start + framing.stepSamples);
+  double sum = 0.0;
+  for (std::int64_t from = Truncate(start); from < end; from += SampleWindow::kBlockSamples) {
+    AddSquares(samples.View(from, std::min(SampleWindow::kBlockSamples, end - from)), sum);
+  }
+  return sum / framing.stepSamples;
+}
+
+// Unvoices the frames whose energy does not exceed the threshold's share of the largest one.
+void ApplyThreshold(SampleWindow& samples, const CepstralFraming& framing, ProgressScope& progress,
+                    std::vector<double>& track) {
+  std::vector<double> energy(track.size());
+  double greatest = -1e9;
+  // Kept: the frame that begins inside the stretch and ends beyond it has no entry of its own, but
+  // it was estimated and its energy counts for the largest one.
+  for (double i = 0.0; i < framing.frames; ++i) {
+    progress.StepOrAbandon(framing.frames + i);
+    double& e = energy[static_cast<std::size_t>(i)];
+    e = StepEnergy(samples, framing, i);
+    if (e > greatest) greatest = e;
+  }
+  const double limit = greatest * framing.thresholdPercent * 0.01;
+  for (std::size_t i = 0; static_cast<double>(i) < framing.frames; ++i) {
+    progress.StepOrAbandon(2.0 * framing.frames + static_cast<double>(i));
+    if (energy[i] - limit <= 0.0) track[i] = 0.0;
+  }
+}
+
+}  // namespace
+
+CepstralFraming FrameForCepstrum(const SampleRange& range, double rateHz, PitchSettings& settings) {
+  std::int64_t window = Truncate(rateHz * 0.001 * settings.windowMs);
+  const std::int64_t points = TransformPoints(window);
+  if (window >= kMostPoints) {
+    settings.windowMs = static_cast<double>(Truncate(1000.0 / rateHz * kMostPoints));
+    window = Truncate(rateHz * 0.001 * settings.windowMs);
+  }
+  const double step = rateHz * 0.001 * settings.stepMs;
+  return {.range = range,
+          .stepSamples = step,
+          .frames = range.length() / step,
+          .deviationHz = settings.deviationHz,
+          .thresholdPercent = settings.thresholdPercent,
+          .options = {.rateHz = rateHz,
+                      .lowHz = settings.lowHz,
+                      .highHz = settings.highHz,
+                      .points = points,
+                      .windowSamples = window}};
+}
+
+bool IsUsable(const CepstralFraming& framing, std::int64_t samples) {
+  const double most = std::max(kMaxFramesPerSample * static_cast<double>(samples), kAlwaysGranted);
+  return framing.stepSamples > 0.0 && std::isfinite(framing.stepSamples) &&
+         framing.options.windowSamples >= 0 && framing.frames <= most;
+}
+
+void ApplyContinuity(const std::vector<double>& raw, double deviationHz, std::int64_t count,
+                     std::vector<double>& track) {
+  const auto isFar = [&](std::size_t i, std::size_t j) {
+    return static_cast<double>(Truncate(std::abs(raw[i] - raw[j]))) >= deviationHz;
+  };
+  std::fill(track.begin(), track.end(), 0.0);
+  // Kept: the first and the last entry stay unvoiced.
+  for (std::size_t i = 1; static_cast<std::int64_t>(i) < count - 1; ++i) {
+    track[i] = isFar(i - 1, i) || isFar(i + 1, i) ? 0.0 : raw[i];
+  }
+}
+
+void SmoothTrack(std::int64_t count, std::vector<double>& track) {
+  for (std::size_t i = 0; static_cast<std::int64_t>(i) < count - 3; ++i) {
+    if (track[i] == 0.0 || track[i + 1] == 0.0 || track[i + 2] == 0.0) continue;
+    track[i] = (track[i] + track[i + 1] + track[i + 2]) / 3.0;
+  }
+}
+
+std::vector<double> TrackCepstralPitch(const SampleSource& samples, double totalSamples,
+                                       const CepstralFraming& framing, CepstralWorkspace& workspace,
+                                       ProgressScope& progress) {
+  SampleWindow window(samples, 0);
+  const auto raw = EstimateFrames(window, totalSamples, framing, workspace, progress);
+  std::vector<double> track(raw.size());
+  if (raw.empty()) return track;
+  const std::int64_t count = Truncate(framing.frames);
+  ApplyContinuity(raw, framing.deviationHz, count, track);
+  SmoothTrack(count, track);
+  ApplyThreshold(window, framing, progress, track);
+  return track;
+}
+
+}  // namespace cantorix
