@@ -21,9 +21,14 @@ std::int64_t TransformPoints(std::int64_t windowSamples) {
   return windowSamples < 2048 ? 2048 : kMostPoints;
 }
 
+// The frames that start before the range's end: one more than entries when the count is fractional.
+std::size_t StartedFrames(const CepstralFraming& framing) {
+  return static_cast<std::size_t>(std::ceil(framing.frames));
+}
+
 // The first sample of frame `frame`, before truncation.
-double FrameStart(const CepstralFraming& framing, double frame) {
-  return frame * framing.stepSamples + framing.range.start;
+double FrameStart(const CepstralFraming& framing, std::size_t frame) {
+  return static_cast<double>(frame) * framing.stepSamples + framing.range.start;
 }
 
 // One estimate per frame; empty when one is not supported.
@@ -31,16 +36,16 @@ std::vector<double> EstimateFrames(SampleWindow& samples, double totalSamples,
                                    const CepstralFraming& framing, CepstralWorkspace& workspace,
                                    ProgressScope& progress) {
   std::vector<double> raw(static_cast<std::size_t>(framing.frames + kSpareEntries));
-  for (double i = 0.0; i < framing.frames; ++i) {
-    progress.StepOrAbandon(i);
+  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
+    progress.StepOrAbandon(static_cast<double>(i));
     const double pitch = CepstralPitch(samples, FrameStart(framing, i), totalSamples, workspace);
     if (pitch == -1.0) return {};
-    raw[static_cast<std::size_t>(i)] = pitch;
+    raw[i] = pitch;
   }
   return raw;
 }
 
-double StepEnergy(SampleWindow& samples, const CepstralFraming& framing, double frame) {
+double StepEnergy(SampleWindow& samples, const CepstralFraming& framing, std::size_t frame) {
   const double start = FrameStart(framing, frame);
   const std::int64_t end = Truncate(start + framing.stepSamples);
   double sum = 0.0;
@@ -57,14 +62,13 @@ void ApplyThreshold(SampleWindow& samples, const CepstralFraming& framing, Progr
   double greatest = -1e9;
   // Kept: the frame that begins inside the stretch and ends beyond it has no entry of its own, but
   // it was estimated and its energy counts for the largest one.
-  for (double i = 0.0; i < framing.frames; ++i) {
-    progress.StepOrAbandon(framing.frames + i);
-    double& e = energy[static_cast<std::size_t>(i)];
-    e = StepEnergy(samples, framing, i);
-    if (e > greatest) greatest = e;
+  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
+    progress.StepOrAbandon(framing.frames + static_cast<double>(i));
+    energy[i] = StepEnergy(samples, framing, i);
+    if (energy[i] > greatest) greatest = energy[i];
   }
   const double limit = greatest * framing.thresholdPercent * 0.01;
-  for (std::size_t i = 0; static_cast<double>(i) < framing.frames; ++i) {
+  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
     progress.StepOrAbandon(2.0 * framing.frames + static_cast<double>(i));
     if (energy[i] - limit <= 0.0) track[i] = 0.0;
   }

@@ -16,7 +16,7 @@ constexpr int kMaxPoints = 1 << 24;
 // The smallest transform that holds the points, of two points at least.
 int TransformLog2(int points) {
   if (points < 2 || points > kMaxPoints) throw std::invalid_argument("PowerSpectrumPlan: points");
-  return std::bit_width(static_cast<unsigned>(points) - 1);
+  return static_cast<int>(std::bit_width(static_cast<unsigned>(points) - 1));
 }
 
 SplineGrid GridFor(const PowerSpectrumOptions& options) {
@@ -34,8 +34,10 @@ double DisplayStepBins(double points, double maxHz, double rateHz, int displayPo
 }
 
 SplineGrid DisplayGrid(std::size_t bins, double stepBins, int displayPoints) {
-  std::vector<double> positions;
-  for (int j = 0; j < displayPoints; ++j) positions.push_back(j * stepBins);
+  std::vector<double> positions(static_cast<std::size_t>(std::max(displayPoints, 0)));
+  for (std::size_t j = 0; j < positions.size(); ++j) {
+    positions[j] = static_cast<double>(j) * stepBins;
+  }
   return {bins, positions};
 }
 

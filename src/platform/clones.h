@@ -12,10 +12,8 @@
 #endif
 
 // Before a loop: no turn reads what another one writes, which the compiler cannot see when one
-// array is worked on in several places.
-#if defined(__clang__)
-#define CANTORIX_INDEPENDENT_TURNS _Pragma("clang loop vectorize(assume_safety)")
-#elif defined(__GNUC__)
+// array is worked on in several places. Clang would make a refusal to vectorise an error.
+#if defined(__GNUC__) && !defined(__clang__)
 #define CANTORIX_INDEPENDENT_TURNS _Pragma("GCC ivdep")
 #else
 #define CANTORIX_INDEPENDENT_TURNS

@@ -29,7 +29,8 @@ std::int64_t ExpectPlainDigits(const std::string& name, const Samples& recording
   CepstralWorkspace workspace(options);
   testing::PlainCepstrum plain(options);
   const auto total = static_cast<double>(recording.size());
-  for (double t = 0.0; t < total; t += step) {
+  for (int i = 0; i * step < total; ++i) {
+    const double t = i * step;
     const double expected = plain.Pitch(recording, t, total);
     EXPECT_EQ(CepstralPitch(samples, t, total, workspace), expected) << name << " at " << t;
   }
