@@ -45,9 +45,11 @@ std::vector<double> EstimateFrames(SampleWindow& samples, double totalSamples,
   return raw;
 }
 
-double StepEnergy(SampleWindow& samples, const CepstralFraming& framing, std::size_t frame) {
+// The mean square over one step; samples from `length` on count as 0.
+double StepEnergy(SampleWindow& samples, std::int64_t length, const CepstralFraming& framing,
+                  std::size_t frame) {
   const double start = FrameStart(framing, frame);
-  const std::int64_t end = Truncate(start + framing.stepSamples);
+  const std::int64_t end = std::min(Truncate(start + framing.stepSamples), length);
   double sum = 0.0;
   for (std::int64_t from = Truncate(start); from < end; from += SampleWindow::kBlockSamples) {
     AddSquares(samples.View(from, std::min(SampleWindow::kBlockSamples, end - from)), sum);
@@ -56,15 +58,15 @@ double StepEnergy(SampleWindow& samples, const CepstralFraming& framing, std::si
 }
 
 // Unvoices the frames whose energy does not exceed the threshold's share of the largest one.
-void ApplyThreshold(SampleWindow& samples, const CepstralFraming& framing, ProgressScope& progress,
-                    std::vector<double>& track) {
+void ApplyThreshold(SampleWindow& samples, std::int64_t length, const CepstralFraming& framing,
+                    ProgressScope& progress, std::vector<double>& track) {
   std::vector<double> energy(track.size());
   double greatest = -1e9;
   // Kept: the frame that begins inside the stretch and ends beyond it has no entry of its own, but
   // it was estimated and its energy counts for the largest one.
   for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
     progress.StepOrAbandon(framing.frames + static_cast<double>(i));
-    energy[i] = StepEnergy(samples, framing, i);
+    energy[i] = StepEnergy(samples, length, framing, i);
     if (energy[i] > greatest) greatest = energy[i];
   }
   const double limit = greatest * framing.thresholdPercent * 0.01;
@@ -131,7 +133,7 @@ std::vector<double> TrackCepstralPitch(const SampleSource& samples, double total
   const std::int64_t count = Truncate(framing.frames);
   ApplyContinuity(raw, framing.deviationHz, count, track);
   SmoothTrack(count, track);
-  ApplyThreshold(window, framing, progress, track);
+  ApplyThreshold(window, samples.length(), framing, progress, track);
   return track;
 }
 

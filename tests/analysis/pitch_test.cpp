@@ -270,6 +270,16 @@ TEST(ComputePitch, OfAnEmptyStretchIsAnEmptyTrack) {
   EXPECT_EQ(result.count(), 0);
 }
 
+TEST(ComputePitch, WithAStepBeyondTheEndIsAnEmptyTrack) {
+  auto settings = Cepstral();
+  for (const double stepMs : {1e6, 1e15, 1e300}) {
+    settings.stepMs = stepMs;
+    const PitchResult result = Pitch(Voice(3000, 92), {0.0, 3000.0}, settings);
+    EXPECT_TRUE(result.PitchValid) << stepMs;
+    EXPECT_EQ(result.count(), 0) << stepMs;
+  }
+}
+
 TEST(ComputePitch, CancelLeavesNoTrack) {
   const auto voice = Voice(4000, 92);
   for (const std::int32_t method : {kCepstral, kAutoCorrelation}) {
