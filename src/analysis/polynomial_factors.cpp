@@ -15,7 +15,11 @@ constexpr StepLimits kFinish = {1e-12, 0.5, 12};
 // The search ends early: the steps that finish the factor square what is missing.
 constexpr double kSearchTolerance = 1e-6;
 constexpr int kSearchSteps = 60;
-constexpr double kLargestResidual = 1e-9;  // of a factor whose steps ended in rounding
+// Residuals of a factor whose steps did not get below the tolerance: what rounding leaves per
+// degree, and what will do when no attempt got that far. The first tells a cluster, where steps
+// cannot become short, from steps that turn about without a root between them.
+constexpr double kRoundingResidual = 1e-14;
+constexpr double kLargestResidual = 1e-9;
 constexpr int kStarts = 32;                // for one factor
 constexpr int kAttempts = 4;               // for the whole polynomial
 // Multiples of these spread evenly over a unit interval and a unit square.
@@ -164,7 +168,8 @@ bool Factoriser::Finish(QuadraticFactor& f) const {
     // A step of 1e-12 bounds the residual by a small multiple of n times that.
     if (outcome == Refinement::kConverged) return true;
   }
-  return RelativeResidual(full_.data(), fullDegree_, f) <= kLargestResidual;
+  const double largest = attempt_ == 0 ? kRoundingResidual * fullDegree_ : kLargestResidual;
+  return RelativeResidual(full_.data(), fullDegree_, f) <= largest;
 }
 
 // True when the steps came much nearer to another factor than the search had been: two factors of
