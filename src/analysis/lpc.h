@@ -28,8 +28,8 @@ struct LpcResult {
   }
 };
 
-// Writes R[lag] = sum of y[i] y[i + lag], i = 0 ... y.size() - 1 - lag in this order, for every
-// lag < r.size(); lags beyond the frame give 0.
+// Of finite samples: writes R[lag] = sum of y[i] y[i + lag], i = 0 ... y.size() - 1 - lag in this
+// order, for every lag < r.size(); lags beyond the frame give 0.
 void Autocorrelate(std::span<const double> y, std::span<double> r);
 
 // Analyses the windowed samples `y` with `order` coefficients (below 1: none). An order above

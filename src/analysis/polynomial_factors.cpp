@@ -20,8 +20,8 @@ constexpr int kSearchSteps = 60;
 // cannot become short, from steps that turn about without a root between them.
 constexpr double kRoundingResidual = 1e-14;
 constexpr double kLargestResidual = 1e-9;
-constexpr int kStarts = 32;                // for one factor
-constexpr int kAttempts = 4;               // for the whole polynomial
+constexpr int kStarts = 32;   // for one factor
+constexpr int kAttempts = 4;  // for the whole polynomial
 // Multiples of these spread evenly over a unit interval and a unit square.
 constexpr double kGolden = 0.6180339887;
 constexpr double kPlastic = 0.7548776662;
