@@ -138,8 +138,10 @@ TEST(FindFormants, HasNothingToSayAboutFramesWithoutAPolynomial) {
 
 TEST(Formants, OfASinusoidAreTheSinusoid) {
   for (const double hz : {300.0, 1000.0, 2500.0, 4800.0}) {
-    std::vector<double> x;
-    for (int i = 0; i < 2000; ++i) x.push_back(8000.0 * std::sin(kTwoPi * hz * i / kRate));
+    std::vector<double> x(2000);
+    for (std::size_t i = 0; i < x.size(); ++i) {
+      x[i] = 8000.0 * std::sin(kTwoPi * hz * static_cast<double>(i) / kRate);
+    }
     LpcFramer framer(x.size(), true, 0.0);
     const auto list = FindFormants(LpcAnalyse(framer.Frame(x), 2), kRate, std::cerr);
     ASSERT_EQ(list->candidates, 1) << hz;

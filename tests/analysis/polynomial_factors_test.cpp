@@ -20,7 +20,8 @@ using testing::AddPair;
 using testing::Complex;
 
 // The largest distance from an expected root to its partner; each reported root serves once.
-double WorstDistance(std::vector<Complex> expected, std::span<const QuadraticFactor> factors) {
+double WorstDistance(const std::vector<Complex>& expected,
+                     std::span<const QuadraticFactor> factors) {
   std::vector<Complex> reported;
   for (const QuadraticFactor& f : factors) {
     for (const Complex& z : testing::RootsOf(f)) reported.push_back(z);

@@ -3,6 +3,7 @@
 // Polynomials are a[0] z^n + ... + a[n].
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <complex>
 #include <span>
@@ -21,8 +22,8 @@ inline std::vector<double> FromRoots(const std::vector<Complex>& roots) {
     product.push_back(0.0L);
     for (std::size_t i = product.size() - 1; i > 0; --i) product[i] -= root * product[i - 1];
   }
-  std::vector<double> a;
-  for (const Complex& c : product) a.push_back(static_cast<double>(c.real()));
+  std::vector<double> a(product.size());
+  for (std::size_t i = 0; i < a.size(); ++i) a[i] = static_cast<double>(product[i].real());
   return a;
 }
 
