@@ -152,15 +152,15 @@ class Grammar {
   }
 
   void DeclareInfo() {
-    auto* app = Declare(app_, "info", "Format, rate, length, storage, tiers and labels",
-                        Verb::kInfo);
+    auto* app =
+        Declare(app_, "info", "Format, rate, length, storage, tiers and labels", Verb::kInfo);
     AddFiles(app);
     app->add_flag("--json", request_.json, "Every carried field, one JSON object a line");
   }
 
   void DeclarePitch() {
-    auto* app = Declare(app_, "pitch", "The pitch track: time and Hz, 0 where unvoiced",
-                        Verb::kPitch);
+    auto* app =
+        Declare(app_, "pitch", "The pitch track: time and Hz, 0 where unvoiced", Verb::kPitch);
     AddFiles(app);
     AddTable(app);
     const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
@@ -216,8 +216,10 @@ class Grammar {
     show->add_option("FILE", request_.configFile, "Settings record (default: the defaults)");
     show->add_flag("--json", request_.json, "One JSON object");
     AddSettings(show);
-    auto* defaults = Declare(*config, "default", "Write the defaults as a settings record of "
-                             "1152 bytes", Verb::kConfigDefault);
+    auto* defaults = Declare(*config, "default",
+                             "Write the defaults as a settings record of "
+                             "1152 bytes",
+                             Verb::kConfigDefault);
     defaults->add_option("FILE,-o,--output", request_.output, "File to write");
     AddSettings(defaults);
   }

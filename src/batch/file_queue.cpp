@@ -69,8 +69,8 @@ bool FileQueue::Work() {
   workers.clear();  // joins
   const std::size_t count = run_.request.files.size();
   if (run_.interrupted && count > 1) {
-    run_.console.Report({}, "interrupted, not all of the " + std::to_string(count) +
-                                " files are done");
+    run_.console.Report({},
+                        "interrupted, not all of the " + std::to_string(count) + " files are done");
     return false;
   }
   return allSucceeded_;

@@ -23,19 +23,19 @@ struct Request {
   std::vector<std::string> files;
 
   // Common to all verbs.
-  std::string output;                   // file or, for several files, folder; empty: standard output
-  std::string configFile;               // settings record to start from; empty: none
-  std::string programDirectory;         // empty: a private temporary one
+  std::string output;            // file or, for several files, folder; empty: standard output
+  std::string configFile;        // settings record to start from; empty: none
+  std::string programDirectory;  // empty: a private temporary one
   std::vector<Assignment> assignments;  // in the order given, verb options included
   std::optional<std::int32_t> memoryMinutes;
-  std::optional<int> channel;           // counted from 1
+  std::optional<int> channel;  // counted from 1
   std::optional<GenericParameters> generic;
-  std::optional<double> fromMs, toMs;   // a range; without one the whole recording
-  int jobs = 1;                         // files at a time
-  bool exact = false;                   // 17 significant digits instead of one decimal
+  std::optional<double> fromMs, toMs;  // a range; without one the whole recording
+  int jobs = 1;                        // files at a time
+  bool exact = false;                  // 17 significant digits instead of one decimal
   bool json = false;
 
-  bool perSample = false;               // intensity: one row per sample
+  bool perSample = false;  // intensity: one row per sample
 };
 
 }  // namespace cantorix::batch
