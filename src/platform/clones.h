@@ -10,3 +10,13 @@
 #else
 #define CANTORIX_CLONES
 #endif
+
+// Before a loop: no turn reads what another one writes, which the compiler cannot see when one
+// array is worked on in several places.
+#if defined(__clang__)
+#define CANTORIX_INDEPENDENT_TURNS _Pragma("clang loop vectorize(assume_safety)")
+#elif defined(__GNUC__)
+#define CANTORIX_INDEPENDENT_TURNS _Pragma("GCC ivdep")
+#else
+#define CANTORIX_INDEPENDENT_TURNS
+#endif
