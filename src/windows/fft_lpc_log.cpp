@@ -34,8 +34,9 @@ LogEntry FftLpcFormantsEntry(const std::string& source, const Spectrum& spectrum
 std::vector<LogEntry> FftLpcEntireFrameEntries(const std::string& source, const Spectrum& spectrum,
                                                std::int32_t stepHz) {
   std::vector<LogEntry> entries;
-  const double step = std::max<std::int32_t>(stepHz, 1);
-  for (double hz = 0.0; hz < spectrum.maxHz; hz += step) {
+  const std::int64_t step = std::max<std::int32_t>(stepHz, 1);
+  for (std::int64_t whole = 0; static_cast<double>(whole) < spectrum.maxHz; whole += step) {
+    const auto hz = static_cast<double>(whole);
     const double fftDb = DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz);
     const double lpcDb = DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz);
     entries.push_back({source,

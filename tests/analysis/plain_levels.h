@@ -34,8 +34,10 @@ inline std::vector<double> PlainLevels(const std::vector<double>& x,
   const PlainSpline spline(levels);
   const double step = options.maxHz / (options.rateHz * 0.5) * (static_cast<double>(n) * 0.5) /
                       options.displayPoints;
-  std::vector<double> display;
-  for (int j = 0; j < options.displayPoints; ++j) display.push_back(spline.At(j * step));
+  std::vector<double> display(static_cast<std::size_t>(options.displayPoints));
+  for (std::size_t j = 0; j < display.size(); ++j) {
+    display[j] = spline.At(static_cast<double>(j) * step);
+  }
   return display;
 }
 

@@ -35,8 +35,8 @@ Samples Voice() {
 // The levels of one frame before they are referenced.
 std::vector<double> PlainFrame(const Samples& samples, double start,
                                const SpectrumFrameOptions& options) {
-  const int applied =
-      std::min(options.points, static_cast<int>(options.windowMs * options.rateHz * 0.001 + 0.5));
+  const double window = options.windowMs * options.rateHz * 0.001 + 0.5;
+  const int applied = std::min(options.points, static_cast<int>(window));
   std::vector<double> x(static_cast<std::size_t>(options.points) + 10);
   for (std::size_t i = 0; i < static_cast<std::size_t>(applied); ++i) {
     const std::size_t place = static_cast<std::size_t>(start) + i;
