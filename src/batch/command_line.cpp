@@ -14,6 +14,9 @@ constexpr const char* kFooter = R"(Examples:
   cantorix-batch pitch talk.wav --method cepstral --low 75 --high 400
   cantorix-batch intensity talk.wav --from 500 --to 1500 --exact
   cantorix-batch pitch *.wav -o tracks -j 4
+  cantorix-batch spectrum talk.wav --at 812.5
+  cantorix-batch spectrogram talk.wav --columns 800 --rows 250 --points 256
+  cantorix-batch formants talk.wav --step 10
   cantorix-batch convert talk.wav talk.qrv
   cantorix-batch config show --set pitch.highHz=600
 
@@ -69,6 +72,9 @@ class Grammar {
     DeclareInfo();
     DeclarePitch();
     DeclareIntensity();
+    DeclareSpectrum();
+    DeclareSpectrogram();
+    DeclareFormants();
     DeclareConvert();
     DeclareConfig();
   }
@@ -96,6 +102,11 @@ class Grammar {
       verbAssignments_.push_back({field, text});
     };
     return app->add_option_function<std::string>(option, assign, description)->type_name("NUMBER");
+  }
+
+  void SetsPoints(CLI::App* app, const char* field, const std::string& meaning) {
+    Sets(app, "--points", field, meaning.c_str())
+        ->check(CLI::IsMember({"32", "64", "128", "256", "512", "1024", "2048", "4096", "8192"}));
   }
 
   void AddSettings(CLI::App* app) {
@@ -148,19 +159,23 @@ class Grammar {
 
   void AddTable(CLI::App* app) {
     AddRange(app);
+    AddExact(app);
+  }
+
+  void AddExact(CLI::App* app) {
     app->add_flag("--exact", request_.exact, "17 significant digits instead of one decimal");
   }
 
   void DeclareInfo() {
-    auto* app = Declare(app_, "info", "Format, rate, length, storage, tiers and labels",
-                        Verb::kInfo);
+    auto* app =
+        Declare(app_, "info", "Format, rate, length, storage, tiers and labels", Verb::kInfo);
     AddFiles(app);
     app->add_flag("--json", request_.json, "Every carried field, one JSON object a line");
   }
 
   void DeclarePitch() {
-    auto* app = Declare(app_, "pitch", "The pitch track: time and Hz, 0 where unvoiced",
-                        Verb::kPitch);
+    auto* app =
+        Declare(app_, "pitch", "The pitch track: time and Hz, 0 where unvoiced", Verb::kPitch);
     AddFiles(app);
     AddTable(app);
     const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
@@ -194,6 +209,78 @@ class Grammar {
     app->add_flag("--samples", request_.perSample, "One row per sample instead of per frame");
   }
 
+  void DeclareSpectrum() {
+    auto* app = Declare(app_, "spectrum",
+                        "FFT spectrum, LPC envelope and formants of a frame or of the average over "
+                        "a stretch; -1 where there is no formant",
+                        Verb::kSpectrum);
+    AddFiles(app);
+    auto* place = app->add_option_group("Place");
+    auto* at = place->add_option("--at", request_.atMs, "Start of the frame")->type_name("MS");
+    AddRange(place);
+    place->require_option(1, 2);
+    at->excludes(place->get_option("--from"), place->get_option("--to"));
+    AddExact(app);
+    SetsPoints(app, "fftlpc.points", "FFT size");
+    Sets(app, "--window", "fftlpc.windowMs", "Applied window length, ms");
+    Sets(app, "--lpc", "fftlpc.lpcOrder", "LPC coefficients, and the LPC frame's length in ms");
+    Sets(app, "--fmax", "fftlpc.rangeHz", "Upper frequency, Hz");
+    Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
+    Sets(app, "--step", "fftlpc.stepMs", "Between the frames of an average, ms")
+        ->check(CLI::NonNegativeNumber);
+    app->add_option("--display", request_.displayPoints, "Display points: rows of the table")
+        ->capture_default_str()
+        ->type_name("N")
+        ->check(CLI::Range(1, 1000000));
+  }
+
+  // What the spectrogram and its formants alone have in common.
+  void AddSpectrogram(CLI::App* app) {
+    AddFiles(app);
+    AddTable(app);
+    app->add_option("--rows", request_.rows, "Rows of the picture, 0 Hz to the upper frequency")
+        ->capture_default_str()
+        ->type_name("N")
+        ->check(CLI::Range(1, 100000));
+    SetsPoints(app, "spectrogram.points", "Analysis window length");
+    Sets(app, "--fmax", "spectrogram.rangeHz", "Upper frequency, Hz");
+    Sets(app, "--dynamic", "spectrogram.dynamicRangeDb",
+         "Dynamic range, dB; columns that stay below half of it are silent");
+    Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
+    Sets(app, "--lpc", "spectrogram.lpcOrder",
+         "LPC coefficients of the formants, and their frame's length in ms")
+        ->check(CLI::Range(1, 400));
+  }
+
+  CLI::Option* AddColumns(CLI::App* app) {
+    return app->add_option("--columns", request_.columns, "Columns the stretch is divided into")
+        ->type_name("N")
+        ->check(CLI::Range(std::int64_t{1}, std::int64_t{100000000}));
+  }
+
+  void DeclareSpectrogram() {
+    auto* app = Declare(app_, "spectrogram",
+                        "Level matrix: a row for each time, a column for each frequency, in dB",
+                        Verb::kSpectrogram);
+    AddSpectrogram(app);
+    AddColumns(app)->capture_default_str();
+    app->add_flag("--formants", request_.formantColumns,
+                  "F1 to F5 behind the levels, in Hz: 0 where silent, - where there is none");
+  }
+
+  void DeclareFormants() {
+    auto* app = Declare(app_, "formants",
+                        "Formants over time: F1 to F5 in Hz, 0 where silent, - where there is none",
+                        Verb::kFormants);
+    AddSpectrogram(app);
+    auto* division = app->add_option_group("Division");
+    division->add_option("--step", request_.columnStepMs, "Between the rows")
+        ->type_name("MS")
+        ->check(CLI::PositiveNumber);
+    AddColumns(division);
+    division->require_option(1);
+  }
+
   void DeclareConvert() {
     auto* app = Declare(app_, "convert", "Save as a native file (.qrv) or export as WAV (.wav)",
                         Verb::kConvert);
@@ -216,8 +303,10 @@ class Grammar {
     show->add_option("FILE", request_.configFile, "Settings record (default: the defaults)");
     show->add_flag("--json", request_.json, "One JSON object");
     AddSettings(show);
-    auto* defaults = Declare(*config, "default", "Write the defaults as a settings record of "
-                             "1152 bytes", Verb::kConfigDefault);
+    auto* defaults = Declare(*config, "default",
+                             "Write the defaults as a settings record of "
+                             "1152 bytes",
+                             Verb::kConfigDefault);
     defaults->add_option("FILE,-o,--output", request_.output, "File to write");
     AddSettings(defaults);
   }

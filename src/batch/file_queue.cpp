@@ -69,8 +69,8 @@ bool FileQueue::Work() {
   workers.clear();  // joins
   const std::size_t count = run_.request.files.size();
   if (run_.interrupted && count > 1) {
-    run_.console.Report({}, "interrupted, not all of the " + std::to_string(count) +
-                                " files are done");
+    run_.console.Report({},
+                        "interrupted, not all of the " + std::to_string(count) + " files are done");
     return false;
   }
   return allSucceeded_;
@@ -146,7 +146,13 @@ bool FileQueue::WorkOn(std::size_t index, TextSink& sink) {
 
 bool FileQueue::OpenAndWrite(std::size_t index, TextSink& sink) {
   Session session(run_, run_.request.files[index]);
-  return session.Open() && measure_.write(session, namesFile_, sink);
+  try {
+    return session.Open() && measure_.write(session, namesFile_, sink);
+  } catch (const Abandoned& abandoned) {
+    // Its line is out already.
+    if (abandoned.reason() == AbandonReason::kFailed) return false;
+    throw;
+  }
 }
 
 }  // namespace cantorix::batch

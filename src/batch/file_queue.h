@@ -58,7 +58,7 @@ class FileQueue {
   std::mutex turnMutex_;
   std::condition_variable turnChanged_;
   std::map<std::size_t, Result> finished_;  // and not yet written
-  std::size_t turn_ = 0;  // the file whose result goes to standard output next
+  std::size_t turn_ = 0;                    // the file whose result goes to standard output next
 };
 
 }  // namespace cantorix::batch

@@ -25,6 +25,12 @@ Measure MeasureFor(const Request& request) {
       return {"time_ms\tpitch_hz\n", ".pitch.tsv", WritePitch};
     case Verb::kIntensity:
       return {"time_ms\tintensity_db\n", ".intensity.tsv", WriteIntensity};
+    case Verb::kSpectrum:
+      return {"", ".spectrum.tsv", WriteSpectrum};
+    case Verb::kSpectrogram:
+      return {"", ".spectrogram.tsv", WriteSpectrogram};
+    case Verb::kFormants:
+      return {"time_ms\tF1\tF2\tF3\tF4\tF5\n", ".formants.tsv", WriteFormants};
     default:
       return {"", request.json ? ".info.json" : ".info.txt", WriteInfo};
   }

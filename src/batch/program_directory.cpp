@@ -13,7 +13,8 @@ namespace {
 std::string MakePrivateFolder() {
   const auto parent = std::filesystem::temp_directory_path();
   std::string path = (parent / "cantorix-batch-XXXXXX").string();
-  if (::mkdtemp(path.data()) == nullptr) throw FileError(parent.string() + ": " + SystemReason(errno));
+  if (::mkdtemp(path.data()) == nullptr)
+    throw FileError(parent.string() + ": " + SystemReason(errno));
   return path;
 }
 

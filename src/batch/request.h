@@ -10,7 +10,17 @@
 
 namespace cantorix::batch {
 
-enum class Verb { kInfo, kPitch, kIntensity, kConvert, kConfigShow, kConfigDefault };
+enum class Verb {
+  kInfo,
+  kPitch,
+  kIntensity,
+  kSpectrum,
+  kSpectrogram,
+  kFormants,
+  kConvert,
+  kConfigShow,
+  kConfigDefault
+};
 
 // One `--set GROUP.FIELD=VALUE`.
 struct Assignment {
@@ -23,19 +33,25 @@ struct Request {
   std::vector<std::string> files;
 
   // Common to all verbs.
-  std::string output;                   // file or, for several files, folder; empty: standard output
-  std::string configFile;               // settings record to start from; empty: none
-  std::string programDirectory;         // empty: a private temporary one
+  std::string output;            // file or, for several files, folder; empty: standard output
+  std::string configFile;        // settings record to start from; empty: none
+  std::string programDirectory;  // empty: a private temporary one
   std::vector<Assignment> assignments;  // in the order given, verb options included
   std::optional<std::int32_t> memoryMinutes;
-  std::optional<int> channel;           // counted from 1
+  std::optional<int> channel;  // counted from 1
   std::optional<GenericParameters> generic;
-  std::optional<double> fromMs, toMs;   // a range; without one the whole recording
-  int jobs = 1;                         // files at a time
-  bool exact = false;                   // 17 significant digits instead of one decimal
+  std::optional<double> fromMs, toMs;  // a range; without one the whole recording
+  int jobs = 1;                        // files at a time
+  bool exact = false;                  // 17 significant digits instead of one decimal
   bool json = false;
 
-  bool perSample = false;               // intensity: one row per sample
+  bool perSample = false;              // intensity: one row per sample
+  std::optional<double> atMs;          // spectrum: where the frame starts; without it the range
+  int displayPoints = 500;             // spectrum: rows of the table
+  std::int64_t columns = 500;          // spectrogram and formants
+  int rows = 200;                      // of the picture that decides what is silent, too
+  bool formantColumns = false;         // spectrogram: F1 to F5 behind the levels
+  std::optional<double> columnStepMs;  // formants: between columns, instead of their number
 };
 
 }  // namespace cantorix::batch

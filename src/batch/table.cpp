@@ -16,13 +16,48 @@ TableRows::TableRows(TextSink& sink, bool exact, std::string fileName)
     : sink_(sink), exact_(exact), fileName_(std::move(fileName)) {}
 
 void TableRows::Append(std::initializer_list<double> values) {
-  if (!fileName_.empty()) pending_.append(fileName_).push_back('\t');
-  for (const double value : values) {
-    pending_.append(exact_ ? FormatExact(value) : FormatOneDecimal(value)).push_back('\t');
+  for (const double value : values) Cell(value);
+  EndRow();
+}
+
+void TableRows::Cell(double value) {
+  BeginCell();
+  pending_.append(exact_ ? FormatExact(value) : FormatOneDecimal(value));
+}
+
+void TableRows::Cell(std::string_view text) {
+  BeginCell();
+  pending_.append(text);
+}
+
+void TableRows::Header(std::initializer_list<std::string_view> names) {
+  BeginHeader();
+  for (const std::string_view name : names) Cell(name);
+  EndRow();
+}
+
+void TableRows::BeginHeader() {
+  if (fileName_.empty()) return;
+  pending_.append("file");
+  inRow_ = true;
+}
+
+void TableRows::BeginCell() {
+  if (!inRow_ && !fileName_.empty()) {
+    pending_.append(fileName_);
+    inRow_ = true;
   }
-  pending_.back() = '\n';  // in the place of the last tab
+  if (inRow_) pending_.push_back('\t');
+  inRow_ = true;
+}
+
+void TableRows::EndRow() {
+  pending_.push_back('\n');
+  inRow_ = false;
   if (pending_.size() >= kPieceBytes) Flush();
 }
+
+void TableRows::EmptyLine() { pending_.push_back('\n'); }
 
 void TableRows::Flush() {
   sink_.Write(pending_);

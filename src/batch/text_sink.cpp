@@ -15,6 +15,7 @@ namespace {
 constexpr std::size_t kMaxSpoolMemory = 4U << 20U;
 
 void WriteAll(std::FILE* file, std::string_view text) {
+  if (text.empty()) return;  // an empty text may have no address
   if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) {
     throw FileError(SystemReason(errno));
   }

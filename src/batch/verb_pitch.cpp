@@ -16,8 +16,8 @@ bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
   }
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   for (std::int64_t i = 0; i < result.count(); ++i) {
-    rows.Append({result.TimeMs(i, channel.msPerSample()),
-               result.PitchTrack[static_cast<std::size_t>(i)]});
+    rows.Append(
+        {result.TimeMs(i, channel.msPerSample()), result.PitchTrack[static_cast<std::size_t>(i)]});
   }
   rows.Flush();
   return true;

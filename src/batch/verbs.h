@@ -12,6 +12,11 @@ namespace cantorix::batch {
 bool WriteInfo(Session& session, bool namesFile, TextSink& sink);
 bool WritePitch(Session& session, bool namesFile, TextSink& sink);
 bool WriteIntensity(Session& session, bool namesFile, TextSink& sink);
+bool WriteFormants(Session& session, bool namesFile, TextSink& sink);
+
+// The verbs whose columns depend on the file: with header lines of their own.
+bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink);
+bool WriteSpectrogram(Session& session, bool namesFile, TextSink& sink);
 
 // Saves the recording, or the chosen range of it, as the native or the WAV file that the request's
 // output names.

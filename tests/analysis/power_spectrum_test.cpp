@@ -8,8 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "analysis/plain_fft.h"
-#include "analysis/plain_spline.h"
+#include "analysis/plain_levels.h"
 #include "analysis/test_signals.h"
 #include "analysis/window.h"
 
@@ -43,35 +42,6 @@ std::vector<double> SpeechFrame(std::size_t count) {
   return x;
 }
 
-// Step by step over whole arrays.
-std::vector<double> PlainLevels(const std::vector<double>& x, const PowerSpectrumOptions& options) {
-  const auto n = static_cast<std::size_t>(options.points);
-  int m = 1;
-  while ((std::size_t{1} << m) < n) ++m;
-  std::vector<double> re(std::size_t{1} << m);
-  std::vector<double> im(re.size());
-  for (std::size_t i = 0; i < n; ++i) {
-    const double angle = 6.2831853071796 * static_cast<double>(i) / static_cast<double>(n);
-    const double w = options.hamming ? 0.54 - 0.46 * std::cos(angle) : 1.0;
-    re[i] = (options.preEmphasis > 0.0 ? x[i + 1] - options.preEmphasis * x[i] : x[i]) * w;
-  }
-  testing::PlainFft(re, im, m);
-  std::vector<double> levels(n / 2);
-  for (std::size_t k = 0; k < n / 2; ++k) {
-    const double power = re[k] * re[k] + im[k] * im[k];
-    levels[k] = power == 0.0 ? 0.0 : 10.0 * std::log10(power);
-  }
-  if (!options.resample) return levels;
-  const testing::PlainSpline spline(levels);
-  const double step = options.maxHz / (options.rateHz * 0.5) * (static_cast<double>(n) * 0.5) /
-                      options.displayPoints;
-  std::vector<double> display(static_cast<std::size_t>(options.displayPoints));
-  for (int j = 0; j < options.displayPoints; ++j) {
-    display[static_cast<std::size_t>(j)] = spline.At(j * step);
-  }
-  return display;
-}
-
 TEST(PowerSpectrum, HasTheDigitsOfThePlainSteps) {
   struct Row {
     std::string name;
@@ -89,7 +59,7 @@ TEST(PowerSpectrum, HasTheDigitsOfThePlainSteps) {
   };
   const auto x = SpeechFrame(8193);
   for (const Row& row : rows) {
-    EXPECT_EQ(Levels(x, row.options), PlainLevels(x, row.options)) << row.name;
+    EXPECT_EQ(Levels(x, row.options), testing::PlainLevels(x, row.options)) << row.name;
   }
 }
 

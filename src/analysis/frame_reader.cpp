@@ -1,0 +1,41 @@
+// frame_reader.cpp
+#include "analysis/frame_reader.h"
+
+#include <algorithm>
+
+#include "platform/numbers.h"
+
+namespace cantorix {
+
+void FrameReader::Read(std::int64_t first, std::span<double> out) {
+  const auto size = static_cast<std::int64_t>(out.size());
+  const std::int64_t skipped = first < 0 ? std::min(-first, size) : 0;
+  const std::int64_t left = samples_.length() - first;  // from `first` to the end
+  const std::int64_t end = std::clamp(left, skipped, size);
+  std::fill_n(out.begin(), skipped, 0.0);
+  std::fill(out.begin() + end, out.end(), 0.0);
+  if (skipped == end) return;
+  const auto view = samples_.View(first + skipped, end - skipped, scratch_);
+  std::copy(view.begin(), view.end(), out.begin() + skipped);
+}
+
+FrameBuffer::FrameBuffer(std::size_t length, std::size_t margin)
+    : length_(static_cast<double>(length)),
+      margin_(static_cast<double>(margin)),
+      samples_(length + margin) {}
+
+void FrameBuffer::Load(FrameReader& reader, double start, double total) {
+  const std::int64_t first = Truncate(start);
+  if (start + length_ + margin_ <= total) {
+    reader.Read(first, samples_);
+    return;
+  }
+  // Kept: the count of samples left serves as the position to stop at. Past the middle of the
+  // recording nothing is copied, and the frame is what the one before it was.
+  const std::int64_t count = Truncate(total - start) - first;
+  if (count <= 0) return;
+  reader.Read(
+      first, std::span(samples_).first(std::min(static_cast<std::size_t>(count), samples_.size())));
+}
+
+}  // namespace cantorix

@@ -1,0 +1,76 @@
+// spectrogram.h - levels over time and frequency, one analysis frame per column, with the formants
+// of each column.
+// Relies on the power spectrum, linear prediction and the formant search. Levels only: turning
+// them into colours is left to who draws them, so another colour needs no transform.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "analysis/formant_selection.h"
+#include "analysis/sample_range.h"
+#include "platform/progress.h"
+#include "platform/sample_source.h"
+#include "settings/settings.h"
+
+namespace cantorix {
+
+struct SpectrogramRequest {
+  SampleRange range;          // samples; column c stands at range.start + c * length / columns
+  double totalSamples = 0.0;  // of the recording, not rounded
+  double rateHz = 0.0;
+  std::int64_t columns = 0;
+  int rows = 0;
+  bool keepLevels = true;  // false: only the formants are wanted
+};
+
+inline constexpr std::uint16_t kNoFormantHz = 65535;
+inline constexpr std::uint16_t kSilentHz = 0;
+
+// F1 ... F5 of a column in whole Hz, kNoFormantHz where there is none, kSilentHz all over in a
+// column without sound.
+using FormantColumn = std::array<std::uint16_t, kFormants>;
+
+enum class SpectrogramOutcome {
+  kNothing,        // no columns, no rows, or settings and a rate that nothing can be computed with
+  kComputed,       // all columns are there
+  kFormantFailure  // the polynomial of a column could not be factored; there are no columns
+};
+
+struct Spectrogram {
+  SpectrogramOutcome outcome = SpectrogramOutcome::kNothing;
+  SampleRange range;
+  std::int64_t columns = 0;
+  int rows = 0;
+  double maxHz = 0.0;                   // row r of R stands for r * maxHz / R
+  std::unique_ptr<double[]> levels;     // columns x rows dB above the floor, column by column
+  std::vector<FormantColumn> formants;  // one per column; empty without formant tracking
+  bool formantsFound = false;           // in any column, silent ones included
+
+  bool computed() const { return outcome == SpectrogramOutcome::kComputed; }
+  // The levels of a column from 0 Hz upward, each in 0 ... dynamic range.
+  std::span<const double> Column(std::int64_t column) const {
+    const auto height = static_cast<std::size_t>(rows);
+    return {levels.get() + static_cast<std::size_t>(column) * height, height};
+  }
+  // Where a column's frame starts, in samples.
+  double StartOf(std::int64_t column) const {
+    return static_cast<double>(column) * (range.length() / static_cast<double>(columns)) +
+           range.start;
+  }
+  double FrequencyHz(int row) const { return row * maxHz / rows; }
+};
+
+// Computes with the points, frequency range (at most the whole kHz within half of the rate),
+// dynamic range, pre-emphasis, formant tracking and LPC order of `settings`. The levels count from
+// the dynamic range below the highest level of the picture. The status text counts columns.
+// Throws Abandoned when the user cancels or memory runs out, FileError when the store cannot be
+// read.
+Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
+                               const SpectrogramSettings& settings, Progress& progress);
+
+}  // namespace cantorix

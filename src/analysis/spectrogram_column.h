@@ -1,0 +1,54 @@
+// spectrogram_column.h - the analysis of a single column of a spectrogram.
+// Each part owns the frame buffer and the working memory of a run, so a column allocates nothing
+// and the levels do not depend on whether formants are tracked.
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "analysis/frame_reader.h"
+#include "analysis/lpc_frame.h"
+#include "analysis/power_spectrum.h"
+#include "analysis/spectrogram.h"
+
+namespace cantorix {
+
+// Samples that a frame takes beyond its length.
+inline constexpr std::size_t kFrameMargin = 10;
+
+class ColumnLevels {
+ public:
+  ColumnLevels(const SampleSource& samples, const SpectrogramRequest& request,
+               const SpectrogramSettings& settings, double maxHz);
+
+  // Writes the column's levels in dB re a power of 1 and returns the highest of them.
+  double Compute(double start, std::span<double> levels);
+
+ private:
+  FrameReader reader_;
+  FrameBuffer buffer_;
+  PowerSpectrumPlan spectrum_;
+  double totalSamples_;
+};
+
+class ColumnFormants {
+ public:
+  ColumnFormants(const SampleSource& samples, const SpectrogramRequest& request,
+                 const SpectrogramSettings& settings);
+
+  // Nothing when the polynomial cannot be factored.
+  std::optional<FormantColumn> Find(double start);
+
+ private:
+  FrameReader reader_;
+  LpcFramer framer_;
+  FrameBuffer buffer_;
+  LpcResult lpc_;
+  int order_;
+  double rateHz_, totalSamples_;
+};
+
+// The kept formants in whole Hz. What 16 bits cannot hold is no formant.
+FormantColumn InWholeHz(const SelectedFormants& selected);
+
+}  // namespace cantorix

@@ -1,0 +1,44 @@
+// verb_spectrum.cpp - two tables: the spectra over frequency, then the formants.
+#include "batch/table.h"
+#include "batch/verbs.h"
+#include "windows/fft_lpc_view.h"
+
+namespace cantorix::batch {
+namespace {
+
+SpectrumPlace PlaceOf(const Session& session, const CChannel& channel) {
+  const auto& atMs = session.request().atMs;
+  if (!atMs) return {0.0, session.Range()};
+  return {channel.PointAtTime(*atMs).samples, {}};
+}
+
+void WriteTables(const Spectrum& spectrum, TableRows& rows) {
+  rows.Header({"frequency_hz", "fft_db", "lpc_db"});
+  for (std::size_t j = 0; j < spectrum.fftDb.size(); ++j) {
+    rows.Append({spectrum.FrequencyHz(j), spectrum.fftDb[j], spectrum.lpcDb[j]});
+  }
+  rows.EmptyLine();
+  rows.Header({"formant", "frequency_hz", "bandwidth_hz"});
+  for (std::size_t i = 0; i < kFormants; ++i) {
+    rows.Cell("F" + std::to_string(i + 1));
+    rows.Cell(spectrum.formants.frequencyHz[i]);
+    rows.Cell(spectrum.formants.bandwidthHz[i]);
+    rows.EndRow();
+  }
+}
+
+}  // namespace
+
+bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink) {
+  CSonadexDoc& document = session.document();
+  CFFTLPCView view(document);
+  const SpectrumPlace place = PlaceOf(session, document.channel());
+  // The view says what does not fit.
+  if (!view.AnalyseSpectrum(place, session.request().displayPoints)) return false;
+  TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
+  WriteTables(view.spectrum(), rows);
+  rows.Flush();
+  return true;
+}
+
+}  // namespace cantorix::batch

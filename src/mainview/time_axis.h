@@ -1,0 +1,33 @@
+// time_axis.h - where a pixel column is in the recording and back, the cursor, the drag point and
+// the selection of a channel. Plain functions of the channel's fields; no view, no drawing.
+// Pixel columns count from the left edge of the channel's waveform rectangle.
+#pragma once
+
+#include <cstdint>
+
+#include "document/document.h"
+
+namespace cantorix {
+
+inline constexpr std::int32_t kLeftMargin = 40;  // pixels
+inline constexpr std::int32_t kRightMargin = 5;
+inline constexpr std::int32_t kClickPixels = 5;  // a movement of up to this many is still a click
+
+// The point under a pixel column, clamped to the recording.
+TimePoint PixelToTime(const CChannel& channel, double pixel);
+// The pixel column of a time, not clamped. Recomputes the visible stretch's ms first.
+double TimeToPixel(CChannel& channel, double ms);
+
+// Puts the cursor under a pixel column or at a time, takes the sample value there (less the
+// reference level; 0 at the end) and collapses the selection onto it.
+void SetCursorAtPixel(CSonadexDoc& document, double pixel);
+void SetCursorAtTime(CSonadexDoc& document, double ms);
+// Puts the drag point under a pixel column; `x` and `y` are the raw pixels that are kept with it.
+void SetDragPoint(CChannel& channel, double pixel, std::int32_t x, std::int32_t y);
+
+// Makes the selection the ordered span of cursor and drag point.
+void UpdateSelection(CChannel& channel);
+// The selection becomes empty at 0; the cursor stays.
+void ClearSelection(CChannel& channel);
+
+}  // namespace cantorix

@@ -1,0 +1,49 @@
+// fft_lpc_log.cpp
+#include "windows/fft_lpc_log.h"
+
+#include <algorithm>
+
+#include "platform/numbers.h"
+
+namespace cantorix {
+
+double DisplayValueAt(std::span<const double> values, double hz, double maxHz) {
+  const double place = hz * static_cast<double>(values.size()) / maxHz;
+  if (!(place >= 0.0 && place < static_cast<double>(values.size()))) return 0.0;
+  return values[static_cast<std::size_t>(Truncate(place))];
+}
+
+LogEntry FftLpcMarkerEntry(const std::string& source, const Spectrum& spectrum, double hz) {
+  const double levelDb = DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz);
+  return {source,
+          "FFT/LPC Marker Entry: freq., FFT_dB",
+          {FormatOneDecimal(hz), FormatOneDecimal(levelDb)}};
+}
+
+LogEntry FftLpcFormantsEntry(const std::string& source, const Spectrum& spectrum) {
+  LogEntry entry{source, "FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5", {}};
+  for (const double hz : spectrum.formants.frequencyHz) {
+    entry.columns.push_back(FormatOneDecimal(hz));
+  }
+  for (const double hz : spectrum.formants.bandwidthHz) {
+    entry.columns.push_back(FormatOneDecimal(hz));
+  }
+  return entry;
+}
+
+std::vector<LogEntry> FftLpcEntireFrameEntries(const std::string& source, const Spectrum& spectrum,
+                                               std::int32_t stepHz) {
+  std::vector<LogEntry> entries;
+  const std::int64_t step = std::max<std::int32_t>(stepHz, 1);
+  for (std::int64_t whole = 0; static_cast<double>(whole) < spectrum.maxHz; whole += step) {
+    const auto hz = static_cast<double>(whole);
+    const double fftDb = DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz);
+    const double lpcDb = DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz);
+    entries.push_back({source,
+                       "FFT/LPC Entire Frame Entry: freq., FFT_dB, LPC_dB",
+                       {FormatOneDecimal(hz), FormatOneDecimal(fftDb), FormatOneDecimal(lpcDb)}});
+  }
+  return entries;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,71 @@
+// spectrogram_log.cpp
+#include "windows/spectrogram_log.h"
+
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+LogEntry FormantsRow(const SpectrogramLogContext& context, const char* heading, double ms,
+                     const FormantColumn& formants) {
+  LogEntry entry{context.source, heading, {FormatOneDecimal(ms * context.timeFactor)}};
+  for (const std::uint16_t hz : formants) entry.columns.push_back(FormantText(hz));
+  return entry;
+}
+
+}  // namespace
+
+std::string FormantText(std::uint16_t hz) {
+  return hz == kNoFormantHz ? std::string("-") : FormatOneDecimal(hz);
+}
+
+std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double ms) {
+  const double startMs = spectrogram.range.start * msPerSample;
+  const double lengthMs = spectrogram.range.length() * msPerSample;
+  const auto columns = static_cast<double>(spectrogram.columns);
+  const double place = (ms - startMs) * columns / lengthMs;
+  return place >= 0.0 && place < columns ? Truncate(place) : -1;
+}
+
+LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz) {
+  return {context.source,
+          "Spec. Marker Entry: time, frequency",
+          {FormatOneDecimal(ms * context.timeFactor), FormatOneDecimal(hz)}};
+}
+
+std::vector<LogEntry> SpectrogramFormantsEntries(const SpectrogramLogContext& context,
+                                                 const Spectrogram& spectrogram, double ms) {
+  const std::int64_t column = ColumnAt(spectrogram, context.msPerSample, ms);
+  if (column < 0 || spectrogram.formants.empty()) return {};
+  return {FormantsRow(context, "Spec. Formants Entry: time, F1, F2, F3, F4, F5", ms,
+                      spectrogram.formants[static_cast<std::size_t>(column)])};
+}
+
+std::vector<LogEntry> SpectrogramFormantsAllEntries(const SpectrogramLogContext& context,
+                                                    const Spectrogram& spectrogram) {
+  std::vector<LogEntry> entries;
+  std::int64_t column = 0;
+  for (const FormantColumn& formants : spectrogram.formants) {
+    const double ms = spectrogram.StartOf(column++) * context.msPerSample;
+    entries.push_back(
+        FormantsRow(context, "Spec. Formants All Entry: time, F1, F2, F3, F4, F5", ms, formants));
+  }
+  return entries;
+}
+
+std::vector<LogEntry> SpectrogramEntireFrameEntries(const SpectrogramLogContext& context,
+                                                    const Spectrogram& spectrogram, double ms) {
+  const std::int64_t column = ColumnAt(spectrogram, context.msPerSample, ms);
+  if (column < 0 || !spectrogram.levels) return {};
+  std::vector<LogEntry> entries;
+  int row = 0;
+  for (const double levelDb : spectrogram.Column(column)) {
+    entries.push_back(
+        {context.source,
+         "Spec. Entire Frame Entry: frequency, dB",
+         {FormatOneDecimal(spectrogram.FrequencyHz(row++)), FormatOneDecimal(levelDb)}});
+  }
+  return entries;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,151 @@
+// spectra_test.cpp - the verbs spectrum, spectrogram and formants, run as a user runs them on the
+// sample recording of seven vowels.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "batch/command.h"
+
+namespace cantorix::batch {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::MatchesRegex;
+using ::testing::StartsWith;
+
+const std::string kVowels = CANTORIX_SAMPLES_DIR "/vowels.qrv";
+const std::string kTruth = CANTORIX_SAMPLES_DIR "/vowels.formants.tsv";
+
+using Rows = std::vector<std::vector<std::string>>;
+
+Rows RowsOf(const std::string& text) {
+  Rows rows;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    rows.emplace_back();
+    std::istringstream cells(line);
+    for (std::string cell; std::getline(cells, cell, '\t');) rows.back().push_back(cell);
+  }
+  return rows;
+}
+
+TEST(Spectra, HaveTheSameDigitsFromMemoryAndFromTheDiskStore) {
+  const std::vector<std::vector<std::string>> rows = {
+      {"spectrum", "--at", "412.3"},
+      {"spectrum", "--at", "5410", "--points", "8192", "--window", "500"},
+      {"spectrum", "--from", "200.5", "--to", "1300", "--display", "77", "--step", "3"},
+      {"spectrogram", "--columns", "60", "--rows", "40", "--formants", "--points", "256"},
+      {"formants", "--step", "12.5", "--from", "33.3"},
+      {"formants", "--columns", "70", "--lpc", "30"},
+  };
+  for (const auto& row : rows) {
+    std::vector<std::string> words = row;
+    words.insert(words.end(), {kVowels, "--exact"});
+    const CommandResult memory = RunBatch(words);
+    words.insert(words.end(), {"--memory-minutes", "0"});
+    const CommandResult store = RunBatch(words);
+    EXPECT_EQ(memory.exitCode, 0) << memory.err;
+    EXPECT_GT(memory.out.size(), 1000U);
+    EXPECT_EQ(memory.out, store.out) << ::testing::PrintToString(row);
+  }
+}
+
+TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
+  const Rows truth = RowsOf(FileText(kTruth));
+  ASSERT_GT(truth.size(), 7U);
+  for (std::size_t i = 1; i < truth.size(); ++i) {
+    const std::string& middle = truth[i][3];
+    const Rows spectrum = RowsOf(RunBatch({"spectrum", kVowels, "--at", middle}).out);
+    ASSERT_EQ(spectrum.size(), 1U + 500U + 1U + 1U + 5U);
+    const Rows track = RowsOf(
+        RunBatch({"formants", kVowels, "--from", middle, "--columns", "1", "--rows", "50"}).out);
+    ASSERT_EQ(track.size(), 2U);
+    for (std::size_t f = 0; f < 3; ++f) {
+      const double made = std::stod(truth[i][4 + f]);
+      EXPECT_NEAR(std::stod(spectrum[503 + f][1]), made, 0.1 * made)
+          << truth[i][0] << " F" << f + 1;
+      EXPECT_NEAR(std::stod(track[1][1 + f]), made, 0.1 * made) << truth[i][0] << " F" << f + 1;
+    }
+  }
+}
+
+TEST(Spectra, SpectrumIsTwoTables) {
+  const auto result = RunBatch({"spectrum", kVowels, "--at", "500", "--display", "2"});
+  EXPECT_THAT(result.out, MatchesRegex("frequency_hz\tfft_db\tlpc_db\n"
+                                       "0.0\t[0-9.]+\t[0-9.]+\n2500.0\t[0-9.]+\t[0-9.]+\n\n"
+                                       "formant\tfrequency_hz\tbandwidth_hz\n"
+                                       "(F[1-5]\t[-0-9.]+\t[-0-9.]+\n)+"));
+}
+
+TEST(Spectra, SpectrogramIsAMatrixUnderItsFrequencies) {
+  const auto result = RunBatch({"spectrogram", kVowels, "--columns", "3", "--rows", "2", "--fmax",
+                                "4000", "--dynamic", "50", "--formants"});
+  EXPECT_THAT(result.out, StartsWith("time_ms\t0.0\t2000.0\tF1\tF2\tF3\tF4\tF5\n"
+                                     "0.0\t"));
+  const Rows rows = RowsOf(result.out);
+  ASSERT_EQ(rows.size(), 4U);
+  double highest = 0.0;
+  for (std::size_t i = 1; i < 4; ++i) {
+    highest = std::max({highest, std::stod(rows[i][1]), std::stod(rows[i][2])});
+  }
+  EXPECT_EQ(highest, 50.0);
+}
+
+TEST(Spectra, FormantRowsStandExactlyAStepApart) {
+  const Rows rows = RowsOf(RunBatch({"formants", kVowels, "--step", "250"}).out);
+  ASSERT_EQ(rows.size(), 1U + 21U) << "5410.1 ms";
+  EXPECT_EQ(rows[0], (std::vector<std::string>{"time_ms", "F1", "F2", "F3", "F4", "F5"}));
+  EXPECT_EQ(rows[1][0], "0.0");
+  EXPECT_EQ(rows[8][0], "1750.0");
+  EXPECT_EQ(rows[21][0], "5000.0");
+}
+
+TEST(Spectra, NameTheFileInEveryRowOfASharedTable) {
+  const auto result = RunBatch({"formants", kVowels, kVowels, "--columns", "1"});
+  EXPECT_THAT(result.out, StartsWith("file\ttime_ms\tF1\tF2\tF3\tF4\tF5\n" + kVowels + "\t0.0\t"));
+  const auto matrix = RunBatch({"spectrogram", kVowels, kVowels, "--columns", "1", "--rows", "1"});
+  EXPECT_THAT(matrix.out, StartsWith("file\ttime_ms\t0.0\n" + kVowels + "\t0.0\t"));
+}
+
+TEST(Spectra, SayWhatDoesNotFitInOneLine) {
+  struct Row {
+    std::vector<std::string> words;
+    int exitCode;
+    std::string said;
+  };
+  const std::string file = "cantorix-batch: " + kVowels + ": ";
+  const Row rows[] = {
+      {{"spectrum", kVowels}, 2, "--at"},
+      {{"spectrum", kVowels, "--at", "5", "--to", "9"}, 2, "--at"},
+      {{"spectrum", kVowels, "--at", "5", "--points", "100"}, 2, "--points"},
+      {{"spectrum", kVowels, "--at", "5", "--set", "fftlpc.points=100"}, 2, "fftlpc.points"},
+      {{"spectrum", kVowels, "--at", "5", "--fmax", "5001"},
+       1,
+       file + "Frequency range is beyond allowable value. Use Option->FFT/LPC and make sure the "
+              "frequency range is up to 1/2 of sample rate.\n"},
+      {{"spectrum", kVowels, "--at", "5", "--lpc", "22"},
+       1,
+       file + "Number of LPC coefficients is beyond allowable value. Use Option->FFT/LPC and make "
+              "it is in the proper range.\n"},
+      {{"spectrogram", kVowels, "--rows", "0"}, 2, "--rows"},
+      {{"spectrogram", kVowels, "--lpc", "401"}, 2, "--lpc"},
+      {{"spectrogram", kVowels, "--set", "spectrogram.points=0"}, 2, "spectrogram.points"},
+      {{"spectrogram", kVowels, "--columns", "100000000", "--rows", "100000"}, 1, "memory"},
+      {{"formants", kVowels}, 2, "--step"},
+      {{"formants", kVowels, "--step", "10", "--columns", "5"}, 2, "--step"},
+      {{"formants", kVowels, "--step", "0"}, 2, "--step"},
+  };
+  for (const Row& row : rows) {
+    const CommandResult result = RunBatch(row.words);
+    const std::string name = ::testing::PrintToString(row.words);
+    EXPECT_EQ(result.exitCode, row.exitCode) << name << result.err;
+    EXPECT_EQ(result.out, "") << name;
+    EXPECT_THAT(result.err, MatchesRegex("cantorix-batch: [^\n]+\n")) << name;
+    EXPECT_THAT(result.err, HasSubstr(row.said)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace cantorix::batch
