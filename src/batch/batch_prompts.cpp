@@ -9,23 +9,28 @@ void BatchPrompts::Say(const std::string& text) {
   console_.Report(file_, named ? text.substr(file_.size() + 1) : text);
 }
 
+void BatchPrompts::Decline(const std::string& text) {
+  declined_ = true;
+  Say(text);
+}
+
 void BatchPrompts::Message(const std::string& text) { Say(text); }
 
 Answer BatchPrompts::Ask(const std::string& text, Buttons) {
   // The one question that a file raises before it is open is how to read one of unknown kind.
   if (request_.generic) return Answer::kOk;
-  Say(text + " (--generic answers)");
+  Decline(text + " (--generic answers)");
   return Answer::kCancel;
 }
 
 std::optional<int> BatchPrompts::ChooseChannel(const std::string& text, int channelCount) {
   if (!request_.channel) {
-    Say(text + " (--channel 1 to " + std::to_string(channelCount) + " answers)");
+    Decline(text + " (--channel 1 to " + std::to_string(channelCount) + " answers)");
     return {};
   }
   if (*request_.channel > channelCount) {
-    Say("There is no channel " + std::to_string(*request_.channel) + ", the file has " +
-        std::to_string(channelCount) + ".");
+    Decline("There is no channel " + std::to_string(*request_.channel) + ", the file has " +
+            std::to_string(channelCount) + ".");
     return {};
   }
   return *request_.channel - 1;

@@ -26,13 +26,19 @@ class BatchPrompts : public Prompts {
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
   std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override;
 
+  // Whether a question had no answer among the options, which was said then.
+  bool declined() const { return declined_; }
   // One line about the file.
   void Say(const std::string& text);
 
  private:
+  // Says why a question is not answered.
+  void Decline(const std::string& text);
+
   Console& console_;
   std::string file_;
   const Request& request_;
+  bool declined_ = false;
 };
 
 }  // namespace cantorix::batch

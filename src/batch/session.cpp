@@ -21,7 +21,7 @@ bool Session::Open() {
   document_->settings = run_.settings.document;
   if (document_->OnOpenDocument(file_)) return true;
   const OpenFailure& failure = document_->openFailure;
-  if (!failure.shown) SayNoResult("could not be opened. " + failure.reason);
+  if (!failure.shown && !prompts_.declined()) SayNoResult("could not be opened. " + failure.reason);
   return false;
 }
 

@@ -8,10 +8,14 @@ namespace cantorix::batch {
 bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
   CSonadexDoc& document = session.document();
   const CChannel& channel = document.channel();
-  const PitchResult result = ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
-                                          document.settings.pitch, session.progress());
+  const PitchResult result =
+      ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
+                   document.settings.pitch, session.progress(), channel.totalLength);
   if (!result.PitchValid) {
-    session.SayNoResult("no pitch track: the stretch is too short or the settings do not fit it");
+    session.SayNoResult(
+        result.badParameters
+            ? std::string(kBadParametersText)
+            : "no pitch track: the stretch is too short or the settings do not fit it");
     return false;
   }
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");

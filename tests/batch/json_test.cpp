@@ -17,9 +17,9 @@ TEST(JsonLine, EscapesAndConvertsTexts) {
       {"plain", "plain"},
       {"a\"b\\c", "a\\\"b\\\\c"},
       {"tab\there", "tab\\u0009here"},
-      {"\xC3\xA9", "\xC3\xA9"},                  // UTF-8 as it stands
-      {"caf\xE9 \x80", "caf\xC3\xA9 \xE2\x82\xAC"},  // Windows-1252
-      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},          // overlong, so not UTF-8
+      {"\xC3\xA9", "\xC3\xA9"},                          // UTF-8 as it stands
+      {"caf\xE9 \x80", "caf\xC3\xA9 \xE2\x82\xAC"},      // Windows-1252
+      {"\xC0\xAF", "\xC3\x80\xC2\xAF"},                  // overlong, so not UTF-8
       {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},  // a surrogate
   };
   for (const Row& row : rows) {
