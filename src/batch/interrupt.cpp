@@ -16,7 +16,7 @@ void OnSignal(int) { interrupted.store(true, std::memory_order_relaxed); }
 const std::atomic<bool>& WatchInterrupt() {
   struct sigaction action {};
   action.sa_handler = OnSignal;
-  action.sa_flags = SA_RESETHAND | SA_RESTART;
+  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
   ::sigaction(SIGINT, &action, nullptr);
   ::sigaction(SIGTERM, &action, nullptr);
   // A full disk or a closed pipe is an error to report, not a reason to die.

@@ -1,19 +1,11 @@
-// native_file_test.cpp - what the native file keeps, byte for byte, and what it refuses.
-#include "document/native_file.h"
-
+// native_file_test.cpp - what the native file keeps, byte for byte.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
-#include <limits>
-#include <memory>
-#include <numeric>
 
-#include "document/native_fixture.h"
+#include "document/native_io.h"
 #include "platform/bytes.h"
-#include "platform/file_error.h"
-#include "support/test_host.h"
 
 namespace cantorix {
 namespace {
@@ -21,57 +13,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-using Bytes = std::vector<std::byte>;
-
 constexpr const char* kDropped =
     "message: Some labels contained uncompatible information which made them undisplayable.\n"
     "These labels were eliminated from the file.";
-
-// A document read from `bytes`; none when they are declined.
-std::unique_ptr<CSonadexDoc> Read(TestHost& host, const Bytes& bytes) {
-  WriteBytes(host.folder / "in", bytes);
-  auto document = std::make_unique<CSonadexDoc>(host.host);
-  if (!ReadNative(*document, File::OpenForReading(host.folder / "in"))) return nullptr;
-  return document;
-}
-
-Bytes Written(CSonadexDoc& document, const std::optional<NativeRange>& range = std::nullopt) {
-  Bytes bytes;
-  WriteNative([&](auto piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); }, document,
-              range, document.host().progress);
-  return bytes;
-}
-
-template <typename T>
-Bytes With(Bytes bytes, std::size_t at, T value) {
-  StoreLittle(std::span<std::byte>(bytes), at, value);
-  return bytes;
-}
-
-std::vector<std::int16_t> SamplesOf(const CSonadexDoc& document) {
-  std::vector<std::int16_t> samples(static_cast<std::size_t>(document.Samples().length()));
-  document.Samples().Read(0, samples);
-  return samples;
-}
-
-Label LabelAt(double timeMs, const std::string& text) {
-  Label label;
-  label.timeMs = timeMs;
-  label.text = text;
-  return label;
-}
-
-// A recording of `durationMs` at 1000 Hz whose sample k is k.
-void FillWithRamp(CSonadexDoc& document, double durationMs) {
-  CChannel& channel = document.channel();
-  channel.sampleRateHz = 1000.0;
-  channel.totalDurationMs = channel.totalLength = durationMs;
-  SampleBlock block(channel.sampleCount());
-  std::iota(block.samples().begin(), block.samples().end(), std::int16_t{0});
-  document.HoldInMemory(std::move(block));
-}
-
-NativeRange RangeOf(double start, double end) { return {{start, start}, {end, end}}; }
 
 TEST(NativeFile, IsReadFieldByField) {
   TestHost host;
@@ -317,122 +261,6 @@ TEST(NativeFile, DeclinesOtherFormatsSilently) {
     TestHost host;
     EXPECT_FALSE(Read(host, bytes)) << what;
   }
-}
-
-TEST(NativeFile, RefusesACutFileAtEveryByte) {
-  TestHost host;
-  const Bytes whole = fixture::SmallFile();
-  for (std::size_t size = 513; size < whole.size(); ++size) {
-    try {
-      Read(host, Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)));
-      ADD_FAILURE() << "accepted at " << size;
-    } catch (const FileError& error) {
-      EXPECT_THAT(error.what(), ::testing::StartsWith("The file ends at byte " +
-                                                      std::to_string(size) + ", inside "))
-          << size;
-    }
-  }
-  Bytes longer = whole;
-  longer.resize(longer.size() + 1000, std::byte{0xEE});
-  const auto document = Read(host, longer);
-  ASSERT_TRUE(document);
-  EXPECT_EQ(Written(*document), whole) << "bytes after the samples do not count";
-}
-
-TEST(NativeFile, RefusesNumbersThatCannotBeTrue) {
-  const double nan = std::nan("");
-  const double infinity = std::numeric_limits<double>::infinity();
-  using Number = std::variant<double, std::int32_t>;
-  struct Row {
-    std::size_t at;
-    std::vector<Number> values;
-    std::string reason;
-  };
-  const std::int32_t most = std::numeric_limits<std::int32_t>::max();
-  const std::int32_t least = std::numeric_limits<std::int32_t>::min();
-  const Row rows[] = {
-      {fixture::kDuration,
-       {nan, -0.1, infinity, 1e12},
-       "The duration at byte 512 is not possible."},
-      {fixture::kRate,
-       {nan, 0.0, -8000.0, infinity, 1e10},
-       "The sample rate at byte 520 is not possible."},
-      {fixture::kLength, {nan, -1.0, infinity, 1e300}, "The length at byte 528 is not possible."},
-      {fixture::kLength,
-       {500.0, 4294967296.0, 9e15},
-       "The file ends at byte 2034, inside the samples."},
-      {fixture::kTierCount, {-1, 11, most, least}, "The tier count at byte 604 is not possible."},
-      {fixture::kTierCount, {3}, "The file ends at byte 2034, inside a tier header."},
-      {fixture::kFirstTier + 256, {-1, least}, "The label count at byte 1016 is not possible."},
-      {fixture::kFirstTier + 256,
-       {most, 4},
-       "The file ends at byte 2034, inside the label records."},
-  };
-  for (const Row& row : rows) {
-    for (const Number& value : row.values) {
-      TestHost host;
-      host.memory.limitBytes = std::uint64_t{1} << 26U;
-      std::string reason;
-      try {
-        Read(host,
-             std::visit([&](auto v) { return With(fixture::SmallFile(), row.at, v); }, value));
-      } catch (const FileError& error) {
-        reason = error.what();
-      }
-      EXPECT_EQ(reason, row.reason) << "value " << value.index() << " at " << row.at;
-      host.prompts.TakeTranscript();
-    }
-  }
-}
-
-TEST(NativeFile, IsTheSameFromMemoryAndFromTheStore) {
-  TestHost host;
-  CSonadexDoc inMemory(host.host);
-  FillWithRamp(inMemory, 3500.0);
-  const Bytes whole = Written(inMemory);
-  EXPECT_THAT(host.progress.done, IsEmpty());
-
-  host.memory.limitBytes = 0;
-  const auto onDisk = Read(host, whole);
-  ASSERT_TRUE(onDisk);
-  ASSERT_TRUE(onDisk->samplesOnDisk());
-  host.progress.done.clear();
-  EXPECT_EQ(Written(*onDisk), whole);
-  EXPECT_THAT(host.progress.done, ElementsAre(0.0, 1000.0, 2000.0, 3000.0));
-  EXPECT_EQ(host.progress.texts.back(), " Reading File...(Press mouse to cancel)");
-  EXPECT_EQ(Written(*onDisk, RangeOf(500.5, 2600.75)), Written(inMemory, RangeOf(500.5, 2600.75)));
-}
-
-TEST(SaveNative, CancelledKeepsTheOldFileAndANewOneAsFarAsItGot) {
-  TestHost host;
-  host.memory.limitBytes = 0;
-  ByteBuilder file = fixture::Header(1000.0, 16000.0, 0);
-  for (int i = 0; i < 16000; ++i) file.I16({i});
-  const auto document = Read(host, file.bytes);
-  ASSERT_TRUE(document);
-  SaveNative(*document, host.folder / "old", std::nullopt);
-  EXPECT_EQ(ReadBytes(host.folder / "old"), file.bytes);
-
-  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
-  for (const char* name : {"old", "new"}) {
-    host.progress = CancellingProgress(2);
-    EXPECT_THROW(SaveNative(*document, host.folder / name, std::nullopt), Abandoned) << name;
-    EXPECT_EQ(host.progress.endCount, 1) << name;
-  }
-  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
-  const std::ptrdiff_t oneSecond = 512 + 248 + 16000;
-  EXPECT_EQ(ReadBytes(host.folder / "new"),
-            Bytes(file.bytes.begin(), file.bytes.begin() + oneSecond));
-}
-
-TEST(SaveNative, FailsWithTheReasonAndLeavesTheOldFile) {
-  TestHost host;
-  CSonadexDoc document(host.host);
-  FillWithRamp(document, 10.0);
-  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
-  const File reader = File::OpenForReading(host.folder / "old");
-  EXPECT_THROW(SaveNative(document, host.folder / "old", std::nullopt), FileError);
-  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
 }
 
 }  // namespace
