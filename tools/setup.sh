@@ -9,7 +9,7 @@ for purpose in "$@"; do
     build) packages+=(g++ cmake ninja-build libcli11-dev) ;;
     tests) packages+=(libgtest-dev libgmock-dev alsa-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
-    bench) packages+=(libbenchmark-dev libfftw3-dev) ;;
+    bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
     *) echo "setup.sh: unknown purpose: $purpose" >&2; exit 2 ;;
   esac

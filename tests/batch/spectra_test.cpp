@@ -64,9 +64,9 @@ TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
     ASSERT_EQ(track.size(), 2U);
     for (std::size_t f = 0; f < 3; ++f) {
       const double made = std::stod(truth[i][4 + f]);
-      EXPECT_NEAR(std::stod(spectrum[503 + f][1]), made, 0.1 * made)
+      EXPECT_NEAR(std::stod(spectrum[503 + f][1]), made, 0.03 * made)
           << truth[i][0] << " F" << f + 1;
-      EXPECT_NEAR(std::stod(track[1][1 + f]), made, 0.1 * made) << truth[i][0] << " F" << f + 1;
+      EXPECT_NEAR(std::stod(track[1][1 + f]), made, 0.03 * made) << truth[i][0] << " F" << f + 1;
     }
   }
 }
