@@ -199,7 +199,7 @@ TEST_F(BatchTest, ConvertsToTheNativeFormatAndBack) {
 
   const std::string part = folder_ / "part.wav";
   ASSERT_EQ(RunBatch({"convert", native, part, "--from", "1000", "--to", "1500"}).exitCode, 0);
-  EXPECT_EQ(FileText(part).substr(44), FileText(tone_).substr(44 + 2 * 11025, 2 * 5512));
+  EXPECT_EQ(FileText(part).substr(44), FileText(tone_).substr(44 + 22050, 11024));
 }
 
 TEST_F(BatchTest, DescribesARecordingAsJson) {

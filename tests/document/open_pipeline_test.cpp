@@ -19,7 +19,6 @@ namespace cantorix {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr const char* kGenericQuestion =
     "ask ok/cancel: The requested file was not of any proper types recognized by the application."

@@ -25,7 +25,6 @@ using fixture::Riff;
 using fixture::Samples16;
 using fixture::Wav;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using Values = std::vector<std::int16_t>;
 
 constexpr const char* kChannelOfTwo =

@@ -138,7 +138,8 @@ TEST(WavWriter, CancelledLeavesTheEarlierFileOrAnIncompleteNewOne) {
 TEST(WavWriter, RefusesMoreThanTheFormatCanHold) {
   TestHost host;
   CSonadexDoc document(host.host);
-  document.channel().totalLength = static_cast<double>(kMaxWaveBytes / 2 + 1);
+  constexpr std::int64_t kTooMany = kMaxWaveBytes / 2 + 1;
+  document.channel().totalLength = static_cast<double>(kTooMany);
   EXPECT_THROW(ExportWave(document, host.folder / "out.wav", std::nullopt), Abandoned);
   EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre("message: Error in save operation."));
   EXPECT_TRUE(host.folder.Names().empty());
