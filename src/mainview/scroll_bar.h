@@ -28,8 +28,8 @@ enum class ScrollRequest {
   kEnd,
 };
 
-// The bar after a zoom: position and page of the visible stretch. The page is kUnzoomedPage
-// exactly when the stretch covers the whole recording.
+// The bar after a zoom: position and page of the visible stretch. The page is kUnzoomedPage when
+// the stretch covers the whole recording, and at least that for every stretch as long as it.
 ScrollBar HorizontalBarOf(const CChannel& channel);
 
 // Whether the bar belongs to a stretch shorter than the recording.

@@ -13,13 +13,16 @@ inline constexpr std::int32_t kLeftMargin = 40;  // pixels
 inline constexpr std::int32_t kRightMargin = 5;
 inline constexpr std::int32_t kClickPixels = 5;  // a movement of up to this many is still a click
 
-// The point under a pixel column, clamped to the recording.
+// The point under a pixel column, clamped to the recording. The visible start while the waveform
+// rectangle has no width.
 TimePoint PixelToTime(const CChannel& channel, double pixel);
-// The pixel column of a time, not clamped. Recomputes the visible stretch's ms first.
+// The pixel column of a time, not clamped; 0 when the visible stretch is empty. Recomputes the
+// visible stretch's ms first.
 double TimeToPixel(CChannel& channel, double ms);
 
-// Puts the cursor under a pixel column or at a time, takes the sample value there (less the
-// reference level; 0 at the end) and collapses the selection onto it.
+// Puts the cursor under a pixel column or at a time, takes the sample there (0 at the end) less the
+// reference level as its value, and collapses the selection onto it. Throws FileError, with nothing
+// changed, when the disk store cannot be read.
 void SetCursorAtPixel(CSonadexDoc& document, double pixel);
 void SetCursorAtTime(CSonadexDoc& document, double ms);
 // Puts the drag point under a pixel column; `x` and `y` are the raw pixels that are kept with it.

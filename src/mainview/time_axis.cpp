@@ -1,0 +1,83 @@
+// time_axis.cpp
+#include "mainview/time_axis.h"
+
+#include <span>
+
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+double WidthOf(const CChannel& channel) {
+  return static_cast<double>(channel.waveformRect.right) -
+         static_cast<double>(channel.waveformRect.left);
+}
+
+// As the two comparisons, so that an end below 0 does not matter.
+double ClampedTo(double end, double x) {
+  if (x > end) return end;
+  return x < 0.0 ? 0.0 : x;
+}
+
+TimePoint Distance(const TimePoint& from, const TimePoint& to) {
+  return {to.samples - from.samples, to.ms - from.ms};
+}
+
+void Select(CChannel& channel, const TimePoint& start, const TimePoint& end) {
+  channel.selectionStart = start;
+  channel.selectionEnd = end;
+  channel.selectionLength = Distance(start, end);
+}
+
+// The sample is read first: when the store cannot be read, the cursor stays where it was.
+void SetCursor(CSonadexDoc& document, const TimePoint& point) {
+  std::int16_t sample = 0;
+  document.Samples().Read(Truncate(point.samples), std::span(&sample, 1));
+  CChannel& channel = document.channel();
+  channel.cursor = point;
+  channel.cursorValue = static_cast<double>(sample) - channel.referenceLevel;
+  Select(channel, point, point);
+}
+
+}  // namespace
+
+TimePoint PixelToTime(const CChannel& channel, double pixel) {
+  const double start = channel.visibleStart.samples;
+  const double width = WidthOf(channel);
+  const double offset = width > 0.0 ? (channel.visibleEnd.samples - start) / width * pixel : 0.0;
+  const double samples = ClampedTo(channel.totalLength, offset + start);
+  return {samples, ClampedTo(channel.totalDurationMs, samples * channel.msPerSample())};
+}
+
+double TimeToPixel(CChannel& channel, double ms) {
+  channel.UpdateVisibleMs();
+  const double startMs = channel.visibleStart.ms;
+  const double spanMs = channel.visibleEnd.ms - startMs;
+  return spanMs > 0.0 ? WidthOf(channel) / spanMs * (ms - startMs) : 0.0;
+}
+
+void SetCursorAtPixel(CSonadexDoc& document, double pixel) {
+  SetCursor(document, PixelToTime(document.channel(), pixel));
+}
+
+void SetCursorAtTime(CSonadexDoc& document, double ms) {
+  SetCursor(document, document.channel().PointAtTime(ms));
+}
+
+void SetDragPoint(CChannel& channel, double pixel, std::int32_t x, std::int32_t y) {
+  channel.dragPoint = PixelToTime(channel, pixel);
+  channel.dragX = x;
+  channel.dragY = y;
+}
+
+void UpdateSelection(CChannel& channel) {
+  const TimePoint& cursor = channel.cursor;
+  const TimePoint& drag = channel.dragPoint;
+  if (cursor.ms < drag.ms) return Select(channel, cursor, drag);
+  if (cursor.ms > drag.ms) return Select(channel, drag, cursor);
+  Select(channel, drag, drag);
+}
+
+void ClearSelection(CChannel& channel) { Select(channel, {}, {}); }
+
+}  // namespace cantorix
