@@ -1,6 +1,9 @@
 // numbers.cpp - std::to_chars prints what printf prints in the C locale, whatever the user's is.
 #include "platform/numbers.h"
 
+#include <locale.h>
+#include <stdlib.h>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -34,5 +37,10 @@ std::int32_t TruncateToInt32(double x) { return TruncateTo<std::int32_t>(x); }
 
 std::string FormatOneDecimal(double x) { return Format(x, std::chars_format::fixed, 1); }
 std::string FormatExact(double x) { return Format(x, std::chars_format::general, 17); }
+
+double LeadingNumber(const std::string& text) {
+  static const locale_t cLocale = ::newlocale(LC_ALL_MASK, "C", nullptr);  // cannot fail for "C"
+  return ::strtod_l(text.c_str(), nullptr, cLocale);
+}
 
 }  // namespace cantorix

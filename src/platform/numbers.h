@@ -15,4 +15,8 @@ std::string FormatOneDecimal(double x);
 // 17 significant digits, as printf "%.17g" in the C locale.
 std::string FormatExact(double x);
 
+// The number that `text` begins with, as atof reads it in the C locale: what follows it counts for
+// nothing. 0 where there is none, infinite where it is too large.
+double LeadingNumber(const std::string& text);
+
 }  // namespace cantorix

@@ -1,6 +1,7 @@
-// text.cpp - recognising UTF-8 and converting Windows-1252.
+// text.cpp - recognising UTF-8, converting Windows-1252, cutting lines.
 #include "platform/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -67,6 +68,14 @@ std::string ToUtf8(std::string_view bytes) {
     AppendCharacter(text, inTable ? kWindows1252[byte - 0x80U] : byte);
   }
   return text;
+}
+
+std::string_view TakeLine(std::string_view& rest) {
+  constexpr std::string_view kEnds = "\r\n";
+  rest.remove_prefix(std::min(rest.find_first_not_of(kEnds), rest.size()));
+  const std::string_view line = rest.substr(0, rest.find_first_of(kEnds));
+  rest.remove_prefix(line.size());
+  return line;
 }
 
 }  // namespace cantorix

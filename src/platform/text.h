@@ -1,4 +1,5 @@
-// text.h - 8-bit texts of files, which keep their bytes, as text that can be shown.
+// text.h - 8-bit texts of files, which keep their bytes: cut into lines, and as text that can be
+// shown.
 #pragma once
 
 #include <string>
@@ -11,5 +12,9 @@ bool IsUtf8(std::string_view bytes);
 
 // `bytes` themselves when they are well-formed UTF-8, else read as Windows-1252.
 std::string ToUtf8(std::string_view bytes);
+
+// Takes the next line that is not empty off the front of `rest`, without its end; lines end at
+// every CR and at every LF. Empty when no line is left.
+std::string_view TakeLine(std::string_view& rest);
 
 }  // namespace cantorix

@@ -1,0 +1,49 @@
+// log_table.h - the measurement log: captioned columns of texts, one row per measurement.
+// A table without a window: the log is open while its table exists. Files are log_file.h.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "mainview/log_entry.h"
+
+namespace cantorix {
+
+class LogTable : public LogSink {
+ public:
+  // The first cells of a row; the cells of the columns after them hold no value.
+  using Row = std::vector<std::string>;
+
+  // A new log: no rows, the columns "Source" and "Entry Type".
+  LogTable();
+
+  // One caption per column, at least one.
+  const std::vector<std::string>& captions() const { return captions_; }
+  const std::vector<Row>& rows() const { return rows_; }
+  // Null for a cell without a value. Throws std::out_of_range for a row that does not exist.
+  const std::string* Cell(std::size_t row, std::size_t column) const;
+
+  // Adds a row of source, heading and values, with as many columns "Entry 1", "Entry 2", ... as it
+  // needs, and marks the log modified. Always wants more.
+  bool Append(const LogEntry& entry) override;
+
+  // The path last saved to or opened from; empty for a new log.
+  const std::string& path() const { return path_; }
+  // The file name of the path, "Untitled Log" for a new log.
+  std::string title() const;
+  bool isModified() const { return modified_; }
+
+  // Takes the content of a file: as many columns as captions, and no row with more cells.
+  void Replace(std::vector<std::string> captions, std::vector<Row> rows);
+  // The file at `path` holds this table now.
+  void SetStoredAt(const std::string& path);
+
+ private:
+  std::vector<std::string> captions_;
+  std::vector<Row> rows_;
+  std::string path_;
+  bool modified_ = false;
+};
+
+}  // namespace cantorix

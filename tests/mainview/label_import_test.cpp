@@ -1,0 +1,69 @@
+// label_import_test.cpp - which lines of a text file become labels, and with what time and text.
+#include "mainview/label_import.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+namespace cantorix {
+namespace {
+
+constexpr auto kMs = TimeStampUnit::kMilliseconds;
+constexpr auto kSeconds = TimeStampUnit::kSeconds;
+using Expected = std::vector<std::pair<double, std::string>>;
+
+Expected TimesAndTexts(const std::vector<Label>& labels) {
+  Expected result;
+  for (const Label& label : labels) result.emplace_back(label.timeMs, label.text);
+  return result;
+}
+
+TEST(LabelImportTest, ReadsALabelFromEachLineThatBeginsLikeANumber) {
+  const std::string huge(400, '9');
+  const struct {
+    const char* name;
+    std::string bytes;
+    TimeStampUnit unit;
+    Expected labels;
+  } cases[] = {
+      {"nothing", "", kMs, {}},
+      {"CR LF", "1\ta\r\n2\tb\r\n", kMs, {{1.0, "a"}, {2.0, "b"}}},
+      {"LF, unsorted", "2\ta\n1\tb", kMs, {{2.0, "a"}, {1.0, "b"}}},
+      {"CR", "\r1\ta\r\r2\tb", kMs, {{1.0, "a"}, {2.0, "b"}}},
+      {"later tabs stay", "12.5\thello\tworld\n", kSeconds, {{12500.0, "hello\tworld"}}},
+      {"point first", ".5\tx", kMs, {{0.5, "x"}}},
+      {"a point alone", ".\tx", kMs, {{0.0, "x"}}},
+      {"exponent", "3e2\tx", kMs, {{300.0, "x"}}},
+      {"text after the number", "4 ms, about\tx", kMs, {{4.0, "x"}}},
+      {"decimal comma", "4,5\tx", kMs, {{4.0, "x"}}},
+      {"no tab", "7", kSeconds, {{7000.0, ""}}},
+      {"empty text", "7\t", kMs, {{7.0, ""}}},
+      {"other first characters", " 1\ta\n\t2\n-3\tb\n+4\tc\nx5\td\ninf\te\n", kMs, {}},
+      {"999 bytes", "1" + std::string(998, 'x'), kMs, {{1.0, ""}}},
+      {"1000 bytes", "1" + std::string(999, 'x') + "\n2\tb", kMs, {{2.0, "b"}}},
+      {"too large", huge + "\ta\n2\tb", kMs, {{2.0, "b"}}},
+      {"too large in ms", "1e307\ta\n2\tb", kSeconds, {{2000.0, "b"}}},
+      {"long text", "1\t" + std::string(256, 'x'), kMs, {{1.0, std::string(255, 'x')}}},
+      {"zero byte", std::string("1\0002\ta\0b", 7), kMs, {{1.0, std::string("a\0b", 3)}}},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(TimesAndTexts(ReadLabelLines(c.bytes, {.unit = c.unit})), c.labels) << c.name;
+  }
+}
+
+TEST(LabelImportTest, GivesEveryLabelTheChosenPlaceAndTheFreshLooks) {
+  const auto labels = ReadLabelLines("1\ta\n", {.alignment = kAlignRight, .addLine = true});
+  ASSERT_EQ(labels.size(), 1U);
+  Label expected;
+  expected.timeMs = 1.0;
+  expected.text = "a";
+  expected.alignment = 2;
+  expected.flag = 1;
+  EXPECT_EQ(labels[0], expected);
+  EXPECT_EQ(labels[0].verticalPosition, 0.7);
+  EXPECT_EQ(labels[0].font.faceName(), "Arial");
+}
+
+}  // namespace
+}  // namespace cantorix
