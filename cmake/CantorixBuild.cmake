@@ -32,14 +32,20 @@ function(cantorix_library name)
   target_link_libraries(cantorix_${name} PUBLIC ${ARG_LINKS} PRIVATE cantorix_options)
 endfunction()
 
-# cantorix_test(NAME SOURCES file... LINKS library...): the test program of one folder.
+# cantorix_test(NAME [STORED_RECORDINGS] SOURCES file... LINKS library...): the test program of one
+# folder. STORED_RECORDINGS: it opens recordings that other tests open too, and opening is
+# exclusive, so its tests run one after the other.
 function(cantorix_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "STORED_RECORDINGS" "" "SOURCES;LINKS" ${ARGN})
   add_executable(test_${name} ${ARG_SOURCES})
   target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(test_${name} PRIVATE
     CANTORIX_SAMPLES_DIR="${CMAKE_SOURCE_DIR}/samples"
     CANTORIX_FIXTURES_DIR="${CMAKE_SOURCE_DIR}/tests/fixtures")
   target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_options GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  set(properties TIMEOUT 300)
+  if(ARG_STORED_RECORDINGS)
+    list(APPEND properties RESOURCE_LOCK stored_recordings)
+  endif()
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
 endfunction()

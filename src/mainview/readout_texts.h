@@ -7,9 +7,16 @@
 #include <string>
 #include <string_view>
 
-#include "mainview/sonadex_view.h"
-
 namespace cantorix {
+
+// The numbers of the readout strip, before they become texts.
+struct Readouts {
+  double pitchHz = 0.0;      // at the cursor
+  double intensityDb = 0.0;  // at the cursor
+  double durationMs = 0.0;   // of the selection
+  double cursorMs = 0.0;
+  double averagePitchHz = 0.0;  // over the selection
+};
 
 inline constexpr std::int32_t kReadoutsAboveBottom = 20;  // pixels, to the top of the strip
 inline constexpr std::int32_t kReadoutHeight = 16;
