@@ -7,7 +7,6 @@
 #include "document/native_file.h"
 #include "document/native_layout.h"
 #include "document/sample_writer.h"
-#include "platform/abandon.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
 #include "platform/safe_file.h"
@@ -125,15 +124,9 @@ void WriteNative(const ByteSink& sink, const CSonadexDoc& document,
 
 void SaveNative(CSonadexDoc& document, const std::string& path,
                 const std::optional<NativeRange>& range) {
-  SafeFile file(path);
-  try {
-    WriteNative([&file](std::span<const std::byte> bytes) { file.Write(bytes); }, document, range,
-                document.host().progress);
-  } catch (const Abandoned& abandoned) {
-    if (abandoned.reason() == AbandonReason::kCancelled) file.KeepIfNew();
-    throw;
-  }
-  file.Commit();
+  ReplaceFile(path, [&](const ByteSink& sink) {
+    WriteNative(sink, document, range, document.host().progress);
+  });
 }
 
 }  // namespace cantorix

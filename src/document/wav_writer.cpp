@@ -74,15 +74,9 @@ void ExportWave(CSonadexDoc& document, const std::string& path,
     document.host().prompts.Message("Error in save operation.");
     throw Abandoned(AbandonReason::kFailed);
   }
-  SafeFile file(path);
-  try {
-    WriteWave([&](std::span<const std::byte> piece) { file.Write(piece); }, document, bytes,
-              document.host().progress);
-  } catch (const Abandoned& abandoned) {
-    if (abandoned.reason() == AbandonReason::kCancelled) file.KeepIfNew();
-    throw;
-  }
-  file.Commit();
+  ReplaceFile(path, [&](const ByteSink& sink) {
+    WriteWave(sink, document, bytes, document.host().progress);
+  });
 }
 
 }  // namespace cantorix

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "platform/abandon.h"
 #include "platform/file_error.h"
 #include "platform/save_place.h"
 
@@ -216,6 +217,17 @@ void SafeFile::KeepIfNew() {
 void ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
   SafeFile file(path);
   file.Write(bytes);
+  file.Commit();
+}
+
+void ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write) {
+  SafeFile file(path);
+  try {
+    write([&file](std::span<const std::byte> bytes) { file.Write(bytes); });
+  } catch (const Abandoned& abandoned) {
+    if (abandoned.reason() == AbandonReason::kCancelled) file.KeepIfNew();
+    throw;
+  }
   file.Commit();
 }
 

@@ -11,9 +11,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
+
+#include "platform/byte_sink.h"
 
 namespace cantorix {
 
@@ -45,5 +48,10 @@ class SafeFile {
 
 // Makes `bytes` the whole content of the file at `path`. Throws FileError; the earlier file stands.
 void ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
+
+// Replaces the file at `path` by what `write` gives to its sink. When `write` leaves by a cancel,
+// an earlier file stands and a new one stays as far as it got; when by anything else, nothing
+// changes.
+void ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write);
 
 }  // namespace cantorix
