@@ -71,6 +71,23 @@ void CSonadexDoc::HoldOnDisk(std::unique_ptr<SampleStore> store) {
 void CSonadexDoc::SetPathName(const std::string& path) {
   pathName_ = path;
   title_ = path.substr(path.rfind('/') + 1);
+  Notify(DocumentChange::kTitle);
+}
+
+void CSonadexDoc::SetModified(bool modified) {
+  if (modified_ == modified) return;
+  modified_ = modified;
+  Notify(DocumentChange::kTitle);
+}
+
+void CSonadexDoc::Attach(DocumentObserver& observer) { observers_.push_back(&observer); }
+
+void CSonadexDoc::Detach(DocumentObserver& observer) { std::erase(observers_, &observer); }
+
+void CSonadexDoc::Notify(DocumentChange change, const DocumentObserver* by) {
+  for (DocumentObserver* const observer : observers_) {
+    if (observer != by) observer->DocumentChanged(change, by);
+  }
 }
 
 }  // namespace cantorix

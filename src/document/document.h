@@ -7,9 +7,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "document/channel.h"
 #include "document/document_host.h"
+#include "document/document_observer.h"
+#include "document/label_import_options.h"
 #include "document/sample_store.h"
 #include "settings/settings.h"
 
@@ -52,7 +55,14 @@ class CSonadexDoc {
   // The title becomes the file name of `path`.
   void SetPathName(const std::string& path);
   bool isModified() const { return modified_; }
-  void SetModified(bool modified) { modified_ = modified; }
+  // Tells the observers when it changes.
+  void SetModified(bool modified);
+
+  // Observers are told in the order in which they came; each must go before it ends.
+  void Attach(DocumentObserver& observer);
+  void Detach(DocumentObserver& observer);
+  // Tells all but `by`.
+  void Notify(DocumentChange change, const DocumentObserver* by = nullptr);
 
   std::array<CChannel, kChannelSlots> channels;
   std::int32_t channelCount = 1;
@@ -70,6 +80,7 @@ class CSonadexDoc {
   double savedDurationMs = 0.0;
   GenericParameters genericRead;  // preset before each generic read
   DocumentSettings settings;
+  LabelImportOptions labelImport;   // the next import begins with them
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open
 
  private:
@@ -79,6 +90,7 @@ class CSonadexDoc {
   std::string title_ = "Untitled";
   std::string pathName_;
   bool modified_ = false;
+  std::vector<DocumentObserver*> observers_;
 };
 
 }  // namespace cantorix

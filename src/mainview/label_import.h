@@ -2,22 +2,12 @@
 // The caller reads the file, chooses the tier and adds the labels at its end, in order.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 #include <vector>
 
-#include "document/label.h"
+#include "document/label_import_options.h"
 
 namespace cantorix {
-
-enum class TimeStampUnit { kSeconds, kMilliseconds };
-
-// What the user chose in the last import; the next one begins with it.
-struct LabelImportOptions {
-  TimeStampUnit unit = TimeStampUnit::kMilliseconds;
-  std::int32_t alignment = kAlignLeft;  // of every label
-  bool addLine = false;                 // a vertical line at every label's time
-};
 
 // The labels of the whole file `bytes`, in its order; times are not compared with the recording.
 // Lines end at every CR and every LF. A line is ignored unless it begins with a digit or a point,

@@ -1,0 +1,56 @@
+// analysis_commands.cpp
+#include "mainview/analysis_commands.h"
+
+#include <algorithm>
+#include <string>
+
+#include "analysis/intensity.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+
+SampleRange StretchOf(const CSonadexView& view, Stretch stretch) {
+  const CChannel& channel = view.channel();
+  const auto inside = [&channel](double samples) {
+    return std::clamp(samples, 0.0, std::max(channel.totalLength, 0.0));
+  };
+  switch (stretch) {
+    case Stretch::kSelection:
+      return {inside(channel.selectionStart.samples), inside(channel.selectionEnd.samples)};
+    case Stretch::kWindow:
+      return {inside(channel.visibleStart.samples), inside(channel.visibleEnd.samples)};
+    case Stretch::kAll:
+      break;
+  }
+  return {0.0, channel.totalLength};
+}
+
+void AnalysePitch(CSonadexView& view, Stretch stretch) {
+  CSonadexDoc& document = view.document();
+  const CChannel& channel = view.channel();
+  view.pitch = {};
+  view.pitch = ComputePitch(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
+                            document.settings.pitch, view.progress(), channel.totalLength);
+  if (view.pitch.badParameters) view.prompts().Message(std::string(kBadParametersText));
+  AnalyseIntensity(view, stretch);
+}
+
+void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
+  CSonadexDoc& document = view.document();
+  CChannel& channel = view.channel();
+  channel.intensity = {};
+  channel.intensity =
+      ComputeIntensity(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
+                       document.settings.intensity, view.progress());
+  view.Changed(DocumentChange::kTracks);
+}
+
+void AnalyseAfterEdit(CSonadexView& view) {
+  if (view.document().settings.display.automaticAnalysis != 0) {
+    return AnalysePitch(view, Stretch::kAll);
+  }
+  view.pitch = {};
+  view.channel().intensity = {};
+}
+
+}  // namespace cantorix

@@ -1,0 +1,23 @@
+// analysis_commands.h - pitch and intensity of a stretch of the view's recording: the pitch track
+// goes to the view, the intensity track to the channel.
+#pragma once
+
+#include "analysis/sample_range.h"
+#include "mainview/sonadex_view.h"
+
+namespace cantorix {
+
+enum class Stretch { kAll, kSelection, kWindow };
+
+// In samples, clamped to the recording.
+SampleRange StretchOf(const CSonadexView& view, Stretch stretch);
+
+// Pitch and intensity of a stretch. A run that is cancelled leaves no track; settings that do not
+// fit are reported. Throws FileError when the store cannot be read.
+void AnalysePitch(CSonadexView& view, Stretch stretch);
+// Intensity alone.
+void AnalyseIntensity(CSonadexView& view, Stretch stretch);
+// "Pitch All" when it is automatic; else drops the tracks, which no longer fit the samples.
+void AnalyseAfterEdit(CSonadexView& view);
+
+}  // namespace cantorix

@@ -1,0 +1,15 @@
+// clipboard.cpp
+#include "mainview/clipboard.h"
+
+namespace cantorix {
+
+void Clipboard::Empty() {
+  clipboardFull = false;
+  channelCount = 0;
+  for (CChannel& slot : slots) {
+    slot.samples = SampleBlock();
+    for (Tier& tier : slot.tiers) tier.labels.clear();
+  }
+}
+
+}  // namespace cantorix

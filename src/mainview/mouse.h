@@ -1,0 +1,24 @@
+// mouse.h - the left button in the main view: a press places the cursor, a drag of more than
+// kClickPixels selects, a drag of a label in label entry mode moves it. The same for the pointer of
+// another window, by the time under it.
+#pragma once
+
+#include <cstdint>
+
+#include "mainview/sonadex_view.h"
+
+namespace cantorix {
+
+// Client pixels. A press outside the client area or without a recording is ignored, and then so are
+// the move and the release that follow it. Throw FileError when the store cannot be read and
+// Abandoned when the user gives up an edit of a label.
+void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
+void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
+void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
+
+// On behalf of another window; no label is touched.
+void PressAtTime(CSonadexView& view, double ms);
+void MoveAtTime(CSonadexView& view, double ms);
+void ReleaseAtTime(CSonadexView& view, double ms);
+
+}  // namespace cantorix

@@ -1,0 +1,59 @@
+// option_commands.cpp
+#include "mainview/option_commands.h"
+
+#include "settings/config_file.h"
+
+namespace cantorix {
+
+void SetFftLpcOptions(CSonadexView& view) {
+  FftLpcSettings& settings = view.document().settings.fftLpc;
+  const auto entered = view.services().dialogs.AskFftLpc(settings, view.channel().sampleRateHz);
+  if (!entered) return;
+  settings = *entered;
+  KeepOptions(view, SettingsDialog::kFftLpc);
+}
+
+void SetSpectrogramOptions(CSonadexView& view) {
+  SpectrogramSettings& settings = view.document().settings.spectrogram;
+  const auto entered =
+      view.services().dialogs.AskSpectrogram(settings, view.channel().sampleRateHz);
+  if (!entered) return;
+  settings = *entered;
+  KeepOptions(view, SettingsDialog::kSpectrogram);
+}
+
+void SetPitchOptions(CSonadexView& view) {
+  PitchSettings& settings = view.document().settings.pitch;
+  const auto entered = view.services().dialogs.AskPitch(settings);
+  if (!entered) return;
+  settings = *entered;
+  KeepOptions(view, SettingsDialog::kPitch);
+}
+
+void SetIntensityOptions(CSonadexView& view) {
+  IntensitySettings& settings = view.document().settings.intensity;
+  const auto entered = view.services().dialogs.AskIntensity(settings);
+  if (!entered) return;
+  settings = *entered;
+  KeepOptions(view, SettingsDialog::kIntensity);
+}
+
+void SetLogOptions(CSonadexView& view) {
+  std::int32_t& stepHz = view.document().settings.logStepHz;
+  const auto entered = view.services().dialogs.AskLogStep(stepHz);
+  if (!entered) return;
+  stepHz = *entered;
+  KeepOptions(view, SettingsDialog::kLog);
+}
+
+void KeepOptions(CSonadexView& view, SettingsDialog dialog) {
+  CSonadexDoc& document = view.document();
+  const DocumentHost& host = document.host();
+  // Kept: without a valid configuration file nothing is written; the document has the values.
+  PatchConfiguration(ConfigPath(host.programDirectory), dialog,
+                     {host.application, document.settings});
+  view.LayOut();
+  view.Changed(DocumentChange::kSettings);
+}
+
+}  // namespace cantorix

@@ -1,0 +1,108 @@
+// sonadex_view.h - the working view of one document: what is visible, where the cursor is, what is
+// selected, the analyses that belong to it and one step of undo. It keeps the state and delegates
+// the rules to the files beside it, so that a window has only to paint it and to pass input on.
+// Several views of one document share the stretch, cursor and selection, which live in the channel.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "analysis/pitch.h"
+#include "document/document.h"
+#include "mainview/log_entry.h"
+#include "mainview/readout_texts.h"
+#include "mainview/scroll_bar.h"
+#include "mainview/undo_file.h"
+#include "mainview/view_dialogs.h"
+#include "mainview/view_layout.h"
+#include "mainview/view_ports.h"
+
+namespace cantorix {
+
+struct Clipboard;
+
+// What a view is given by the program around it. All of it outlives the view.
+struct ViewServices {
+  Clipboard& clipboard;
+  std::string temporaryDirectory;  // with a separator at its end
+  const TextMeasurer& textMeasurer;
+  ViewListener& listener;
+  PlaybackControl& playback;
+  ViewDialogs& dialogs;
+  std::function<LogSink*()> openLog;  // null while no log is open
+};
+
+// A press of the left button that has not been released yet.
+struct PressState {
+  bool held = false;          // by the user's own pointer
+  std::int32_t x = 0;         // pixels
+  bool moved = false;         // more than kClickPixels away at least once
+  bool draggedLabel = false;  // the press took a label along, so that nothing is selected
+};
+
+// Label entry by the mouse.
+struct LabelEntryState {
+  bool enabled = false;
+  int currentTier = -1;   // the tier that was pressed last
+  int pressedLabel = -1;  // its label under the press; -1: none
+  Label label;            // a copy of that label, moved along while it is dragged
+};
+
+class CSonadexView : public DocumentObserver {
+ public:
+  CSonadexView(CSonadexDoc& document, ViewServices services);
+  ~CSonadexView() override;
+  CSonadexView(const CSonadexView&) = delete;
+  CSonadexView& operator=(const CSonadexView&) = delete;
+
+  CSonadexDoc& document() { return document_; }
+  const CSonadexDoc& document() const { return document_; }
+  CChannel& channel() { return document_.channel(); }
+  const CChannel& channel() const { return document_.channel(); }
+  ViewServices& services() { return services_; }
+  const ViewServices& services() const { return services_; }
+  Prompts& prompts() { return document_.host().prompts; }
+  Progress& progress() { return document_.host().progress; }
+
+  // The first update: an unzoomed view, laid out in a client area, with "Pitch All" when it is
+  // automatic.
+  void Begin(PixelSize client);
+  // The view in a client area of another size, or again in the same one.
+  void LayOut(PixelSize client);
+  void LayOut() { LayOut(layout.client); }
+
+  // Everything that is drawn is stale.
+  void Redraw();
+  // Something of the document has changed through this view: draws it and tells the other views.
+  void Changed(DocumentChange change);
+  // The user does something that ends a playback in progress.
+  void StopPlayback() { services_.playback.StopPlayback(); }
+  // Scroll bar, `zoomed` and the visible ms in step with the channel's stretch, as after a zoom.
+  void FollowStretch();
+
+  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+
+  bool zoomed = false;          // the visible stretch is shorter than the recording
+  bool markerSet = false;       // a cursor was placed without a selection
+  bool selectionShown = false;  // a selection exists in this view
+  bool redrawNeeded = false;    // set by every change, consumed by the drawing
+  bool undoAvailable = false;
+  std::int32_t tierOffset = 0;  // pixels, <= 0: vertical offset of tiers and panes
+  ScrollBar horizontal;
+  ScrollBar vertical;
+  double pressedMs = 0.0;  // cursor time of the last press
+  PressState press;
+  Readouts readouts;
+  LabelEntryState labelEntry;
+  PitchResult pitch;
+  ViewLayout layout;
+  std::unique_ptr<UndoFile> undoFile;  // made by the first edit
+
+ private:
+  CSonadexDoc& document_;
+  ViewServices services_;
+};
+
+}  // namespace cantorix

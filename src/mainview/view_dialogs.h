@@ -1,0 +1,61 @@
+// view_dialogs.h - the dialogs of a document's view that give values back, as one interface. Each
+// is filled from `preset` and gives nothing when the user cancels. The desktop shows them and keeps
+// one open until its values are accepted (settings/option_rules.h); tests script the answers.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "document/label.h"
+#include "document/label_import_options.h"
+#include "settings/settings.h"
+
+namespace cantorix {
+
+// One line of the "Tiers Option" dialog.
+struct TierSetup {
+  std::string name;
+  std::int32_t height = 20;  // pixels, 1 and more
+  bool inUse = false;
+};
+using TierSetups = std::array<TierSetup, kTierCount>;
+
+struct LabelAnswer {
+  Label label;
+  bool remove = false;  // the user pressed Delete
+};
+
+struct LabelImportAnswer {
+  std::string tierName;
+  LabelImportOptions options;
+};
+
+class ViewDialogs {
+ public:
+  virtual ~ViewDialogs() = default;
+
+  // "Label entry"; `exists`: the label is in a tier already, so that Delete is offered.
+  virtual std::optional<LabelAnswer> AskLabel(const Label& preset, bool exists) = 0;
+  // "Tiers Option".
+  virtual std::optional<TierSetups> AskTiers(const TierSetups& preset) = 0;
+  // "Import a generic label file into a tier".
+  virtual std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>& tierNames,
+                                                          const LabelImportOptions& preset) = 0;
+  // "Reference and Gain"; whole numbers go in and come out.
+  virtual std::optional<GainSettings> AskGain(const GainSettings& preset) = 0;
+  // "Zoom Option": whole milliseconds.
+  virtual std::optional<std::int32_t> AskZoomRange(std::int32_t presetMs) = 0;
+
+  // The option dialogs of the analyses; `rateHz` is the recording's.
+  virtual std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings& preset, double rateHz) = 0;
+  virtual std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
+                                                            double rateHz) = 0;
+  virtual std::optional<PitchSettings> AskPitch(const PitchSettings& preset) = 0;
+  virtual std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) = 0;
+  // "Log Option": step of the entire-frame entry in Hz.
+  virtual std::optional<std::int32_t> AskLogStep(std::int32_t presetHz) = 0;
+};
+
+}  // namespace cantorix
