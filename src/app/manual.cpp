@@ -1,4 +1,4 @@
-// manual.cpp - two tries to open the manual.
+// manual.cpp
 #include "app/manual.h"
 
 #include <filesystem>
@@ -7,14 +7,20 @@
 #include "platform/services.h"
 
 namespace cantorix {
+namespace {
 
-void OpenManual(const std::string& currentDirectory, ShellOpener& opener, Prompts& prompts) {
-  const std::string path = currentDirectory + "/Manual/HelpIndex.html";
-  const auto tryOnce = [&] {
-    std::error_code failure;
-    return std::filesystem::is_regular_file(path, failure) && opener.Open(path);
-  };
-  if (tryOnce() || tryOnce()) return;
+bool OpenIn(const std::string& directory, ShellOpener& opener) {
+  const std::string path = directory + "/Manual/HelpIndex.html";
+  std::error_code failure;
+  return std::filesystem::is_regular_file(path, failure) && opener.Open(path);
+}
+
+}  // namespace
+
+void OpenManual(const std::string& currentDirectory, ShellOpener& opener, Prompts& prompts,
+                const std::string& installedDirectory) {
+  if (OpenIn(currentDirectory, opener) || OpenIn(currentDirectory, opener)) return;
+  if (!installedDirectory.empty() && OpenIn(installedDirectory, opener)) return;
   prompts.Message("No help file was found. Please contact the vendor.");
 }
 

@@ -83,5 +83,12 @@ TEST_F(ManualTest, IsLookedForInTheCurrentDirectoryAndNotOpenedWhenMissing) {
               ElementsAre("message: No help file was found. Please contact the vendor."));
 }
 
+TEST_F(ManualTest, OfTheInstalledProgramIsOpenedWhereTheCurrentDirectoryHasNone) {
+  MakeManual();
+  const TemporaryFolder current;
+  OpenManual(current.path(), opener, prompts, folder.path());
+  EXPECT_THAT(opener.opened, ElementsAre(folder / "Manual/HelpIndex.html"));
+}
+
 }  // namespace
 }  // namespace cantorix
