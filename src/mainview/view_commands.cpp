@@ -106,7 +106,7 @@ void PlaceMarker(CSonadexView& view, double ms) {
 
 void DropSelection(CSonadexView& view) {
   for (CChannel& channel : view.document().channels) ClearSelection(channel);
-  view.selectionShown = false;
+  view.selectionShown = view.markerSet = false;
   view.document().hasSelection = false;
   view.readouts.durationMs = 0.0;
   view.Changed(DocumentChange::kCursor);

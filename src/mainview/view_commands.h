@@ -29,7 +29,7 @@ void SelectAll(CSonadexView& view);
 void SelectSpan(CSonadexView& view, double startMs, double endMs);
 // Places the cursor and a marker, as a click there does. Throws FileError.
 void PlaceMarker(CSonadexView& view, double ms);
-// Selection of every channel and of the flags to none; the cursor stays.
+// Selection of every channel and of the flags to none, and the marker with it; the cursor stays.
 void DropSelection(CSonadexView& view);
 
 }  // namespace cantorix
