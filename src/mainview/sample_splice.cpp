@@ -24,10 +24,7 @@ void RemoveSamples(SampleBlock& block, std::int64_t first, std::int64_t end,
   const auto samples = block.samples();
   const auto rest = samples.subspan(static_cast<std::size_t>(from));
   std::memmove(samples.data() + to, rest.data(), rest.size_bytes());
-  const std::int64_t remaining = to + std::ssize(rest);
-  for (std::int64_t i = remaining; i < std::min(newCount, size); ++i) {
-    samples[static_cast<std::size_t>(i)] = 0;
-  }
+  // Kept: when the fractions leave room for one sample more, the one that stood there stays.
   block.Shrink(newCount);
 }
 

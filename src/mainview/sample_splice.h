@@ -1,7 +1,6 @@
 // sample_splice.h - samples taken out of a block and put into one. Positions and lengths of a
 // recording have fractions while its samples are whole, so the new number of samples is given and
-// may differ by one from what the pieces hold: what is too much at the end goes, what is missing
-// there is 0.
+// may differ by one from what the pieces hold: what is too much at the end goes.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +10,12 @@
 
 namespace cantorix {
 
-// Takes out the samples [first, end), in place; `newCount` remain.
+// Takes out the samples [first, end), in place; `newCount` remain, a missing last one being the
+// sample that stood there.
 void RemoveSamples(SampleBlock& block, std::int64_t first, std::int64_t end, std::int64_t newCount);
 
-// A block of `newCount` samples: `old` with [first, end) replaced by `inserted`. Throws Abandoned
-// when memory runs out.
+// A block of `newCount` samples: `old` with [first, end) replaced by `inserted`, a missing last one
+// being 0. Throws Abandoned when memory runs out.
 SampleBlock Spliced(std::span<const std::int16_t> old, std::int64_t first, std::int64_t end,
                     std::span<const std::int16_t> inserted, std::int64_t newCount);
 

@@ -187,13 +187,12 @@ class Walk {
     Keep(subject);
     if (clipboard_.rateHz != subject.rateHz) return;  // refused
     if (!subject.selection) {
-      Insert(subject.now, clipboard_.content, std::min(cursor.samples, subject.now.length),
-             std::min(cursor.ms, subject.now.ms));
-      return;
+      const double at = std::min(cursor.samples, subject.now.length);
+      const double atMs = std::min(cursor.ms, subject.now.ms);
+      return Replace(subject.now, clipboard_.content, {at, at, atMs, atMs});
     }
     if (subject.now.length - (span.end - span.start) <= 0.0) return;  // refused
-    Remove(subject.now, span);
-    Insert(subject.now, clipboard_.content, span.start, span.startMs);
+    Replace(subject.now, clipboard_.content, span);
     subject.selection = false;
   }
 

@@ -49,38 +49,45 @@ inline Recording Piece(const Recording& recording, const Span& span) {
   return piece;
 }
 
-inline void Remove(Recording& recording, const Span& span) {
-  std::vector<std::int16_t>& samples = recording.samples;
-  for (std::size_t from = Whole(span.end), to = Whole(span.start); from < samples.size();) {
-    samples[to++] = samples[from++];
-  }
-  const double lengthMs = span.endMs - span.startMs;
-  recording.length -= span.end - span.start;
-  recording.ms -= lengthMs;
-  samples.resize(Whole(recording.length));
+inline void CloseLabels(Recording& recording, const Span& span) {
+  if (span.end <= span.start) return;  // nothing is taken out, no label either
   for (auto& labels : recording.labels) {
     std::erase_if(labels, [&span](const ModelLabel& label) {
       return label.ms >= span.startMs && label.ms <= span.endMs;
     });
     for (ModelLabel& label : labels) {
-      if (label.ms > span.endMs) label.ms -= lengthMs;
+      if (label.ms > span.endMs) label.ms -= span.endMs - span.startMs;
     }
   }
 }
 
-inline void Insert(Recording& recording, const Recording& piece, double position,
-                   double positionMs) {
-  const auto at = recording.samples.begin() + static_cast<std::ptrdiff_t>(position);
-  recording.samples.insert(at, piece.samples.begin(), piece.samples.end());
-  recording.length += piece.length;
-  recording.ms += piece.ms;
-  recording.samples.resize(Whole(recording.length));
+inline void Remove(Recording& recording, const Span& span) {
+  std::vector<std::int16_t>& samples = recording.samples;
+  for (std::size_t from = Whole(span.end), to = Whole(span.start); from < samples.size();) {
+    samples[to++] = samples[from++];
+  }
+  recording.length -= span.end - span.start;
+  recording.ms -= span.endMs - span.startMs;
+  samples.resize(Whole(recording.length));
+  CloseLabels(recording, span);
+}
+
+// Puts `piece` in place of `span`, which may be empty.
+inline void Replace(Recording& recording, const Recording& piece, const Span& span) {
+  std::vector<std::int16_t>& samples = recording.samples;
+  const auto at = samples.begin() + static_cast<std::ptrdiff_t>(span.start);
+  const auto rest = samples.begin() + static_cast<std::ptrdiff_t>(span.end);
+  samples.insert(samples.erase(at, rest), piece.samples.begin(), piece.samples.end());
+  recording.length = recording.length - (span.end - span.start) + piece.length;
+  recording.ms = recording.ms - (span.endMs - span.startMs) + piece.ms;
+  samples.resize(Whole(recording.length));
+  CloseLabels(recording, span);
   for (std::size_t tier = 0; tier < recording.labels.size(); ++tier) {
     for (ModelLabel& label : recording.labels[tier]) {
-      if (label.ms > positionMs) label.ms += piece.ms;
+      if (label.ms > span.startMs) label.ms += piece.ms;
     }
     for (const ModelLabel& label : piece.labels[tier]) {
-      recording.labels[tier].push_back({label.text, label.ms + positionMs});
+      recording.labels[tier].push_back({label.text, label.ms + span.startMs});
     }
   }
 }
