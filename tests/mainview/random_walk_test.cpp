@@ -130,7 +130,7 @@ class Walk {
     } else {
       const double startMs = SomeMs(subject);
       // Short ones, so that the recordings neither die out nor grow without end.
-      const bool isLong = subject.now.length > 6000.0 || Below(4) == 0;
+      const bool isLong = subject.now.length > 6000.0 || Below(6) == 0;
       SelectSpan(subject.program.view, startMs,
                  isLong ? SomeMs(subject) : startMs + 200.0 * Fraction());
     }
@@ -168,7 +168,7 @@ class Walk {
     if (!subject.selection) return;
     clipboard_ = {true, subject.rateHz, Piece(subject.now, span)};
     Keep(subject);
-    if (subject.now.length - (span.end - span.start) <= 0.0) return;  // refused
+    if (Whole(subject.now.length - (span.end - span.start)) == 0) return;  // refused
     Remove(subject.now, span);
     subject.selection = false;
   }
@@ -179,21 +179,32 @@ class Walk {
     if (subject.selection) clipboard_ = {true, subject.rateHz, Piece(subject.now, span)};
   }
 
+  // Labels multiply by pasting, too.
+  bool PasteWouldGrowTooLong(const Subject& subject) const {
+    std::size_t labels = 0;
+    for (const auto& tier : subject.now.labels) labels += tier.size();
+    for (const auto& tier : clipboard_.content.labels) labels += tier.size();
+    return labels > 200 || subject.now.length + clipboard_.content.length > 12000.0;
+  }
+
   void Paste(Subject& subject) {
+    if (PasteWouldGrowTooLong(subject)) return Cut(subject);
     const Span span = SelectionOf(subject);
     const TimePoint cursor = subject.program.document.channel().cursor;
     Run(subject, Command::kPaste, clipboard_.full);
     if (!clipboard_.full) return;
     Keep(subject);
     if (clipboard_.rateHz != subject.rateHz) return;  // refused
-    if (!subject.selection) {
+    if (subject.selection) {
+      if (Whole(subject.now.length - (span.end - span.start)) == 0) return;  // refused
+      Replace(subject.now, clipboard_.content, span);
+    } else {
       const double at = std::min(cursor.samples, subject.now.length);
       const double atMs = std::min(cursor.ms, subject.now.ms);
-      return Replace(subject.now, clipboard_.content, {at, at, atMs, atMs});
+      Replace(subject.now, clipboard_.content, {at, at, atMs, atMs});
     }
-    if (subject.now.length - (span.end - span.start) <= 0.0) return;  // refused
-    Replace(subject.now, clipboard_.content, span);
     subject.selection = false;
+    subject.marker = false;
   }
 
   void Clear(Subject& subject) {
