@@ -23,6 +23,9 @@ std::string FormantText(std::uint16_t hz);
 // The column whose stretch holds `ms`; -1 outside the picture.
 std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double ms);
 
+// The row whose band holds `hz`; -1 outside the picture.
+std::int64_t RowAt(const Spectrogram& spectrogram, double hz);
+
 LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz);
 
 // The formants of the column under the cursor; nothing outside the picture or without tracking.
