@@ -1,6 +1,7 @@
 // analysis_window.cpp
 #include "windows/analysis_window.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/numbers.h"
@@ -40,6 +41,14 @@ bool AnalysisWindow::UpdateDue() const {
 bool AnalysisWindow::Tracks() const {
   return services_.mainView != nullptr && !samplesChanged() &&
          document_.settings.display.trackMouse != 0;
+}
+
+bool AnalysisWindow::InPlot(std::int32_t x, std::int32_t y) const {
+  return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
+}
+
+std::int32_t AnalysisWindow::ColumnNear(std::int32_t x) const {
+  return std::clamp(x, plot.left, std::max(plot.right - 1, plot.left));
 }
 
 void AnalysisWindow::Tried(bool fresh) {

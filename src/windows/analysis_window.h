@@ -76,6 +76,17 @@ class AnalysisWindow : public DocumentObserver {
   // Computes again, for the wanted size, what the window shows, cut to the recording. What is tried
   // is not tried again by itself, however it ends. Throws as the computation of the window does.
   virtual void Update() = 0;
+
+  // The left button, in client pixels. A press outside the plot or without a picture is ignored,
+  // and then so are the move and the release that follow it. Throw FileError when the main view
+  // cannot read its store.
+  virtual void Press(std::int32_t x, std::int32_t y) = 0;
+  virtual void Move(std::int32_t x, std::int32_t y) = 0;
+  virtual void Release(std::int32_t x, std::int32_t y) = 0;
+  // The cursor some pixels to the right and, where it has a height, upward, as a click there places
+  // it; to the low end of the axes where there is none.
+  virtual void StepCursor(std::int32_t right, std::int32_t up) = 0;
+
   // The rows of a log command; none when the window has no such rows.
   virtual std::vector<LogEntry> LogRows(WindowLog log) const = 0;
   virtual std::vector<WindowReadout> Readouts() const = 0;
@@ -109,6 +120,9 @@ class AnalysisWindow : public DocumentObserver {
   WindowPress press;
 
  protected:
+  bool InPlot(std::int32_t x, std::int32_t y) const;
+  // The nearest pixel column of the plot: the edge behind the last one does not belong to it.
+  std::int32_t ColumnNear(std::int32_t x) const;
   // A computation with the present settings and wanted size has ended; `fresh`: with results.
   void Tried(bool fresh);
   // Whether the results were computed with the document's settings.

@@ -38,35 +38,34 @@ PlotAxis CFFTLPCView::LevelAxis() const {
 }
 
 void CFFTLPCView::Press(std::int32_t x, std::int32_t y) {
-  if (!computed_ || x < plot.left || x >= plot.right || y < plot.top || y >= plot.bottom) return;
+  if (!computed_ || !InPlot(x, y)) return;
   press = {.held = true, .x = x};
   PlaceCursor(x);
 }
 
-void CFFTLPCView::Move(std::int32_t x) {
+void CFFTLPCView::Move(std::int32_t x, std::int32_t) {
   if (press.held && computed_) PlaceCursor(x);
 }
 
-void CFFTLPCView::Release(std::int32_t x) {
-  Move(x);
+void CFFTLPCView::Release(std::int32_t x, std::int32_t y) {
+  Move(x, y);
   press.held = false;
 }
 
-void CFFTLPCView::PlaceCursor(double x) {
-  const double last = std::max(plot.right - 1, plot.left);
-  cursorHz = FrequencyAxis().ValueAt(std::clamp(x, static_cast<double>(plot.left), last));
+void CFFTLPCView::PlaceCursor(std::int32_t x) {
+  cursorHz = FrequencyAxis().ValueAt(ColumnNear(x));
   markerSet = true;
   Changed();
 }
 
-void CFFTLPCView::StepCursor(int points) {
+void CFFTLPCView::StepCursor(std::int32_t right, std::int32_t) {
   const std::size_t count = spectrum_.fftDb.size();
   if (!computed_ || count == 0) return;
-  const std::int64_t from =
-      markerSet ? DisplayPointAt(count, cursorHz, spectrum_.maxHz) : -std::int64_t{points};
   const std::int64_t last = static_cast<std::int64_t>(count) - 1;
-  const std::int64_t point = std::clamp<std::int64_t>(from + points, 0, last);
-  cursorHz = spectrum_.FrequencyHz(static_cast<std::size_t>(point));
+  const std::int64_t point =
+      markerSet ? DisplayPointAt(count, cursorHz, spectrum_.maxHz) + right : 0;
+  cursorHz =
+      spectrum_.FrequencyHz(static_cast<std::size_t>(std::clamp<std::int64_t>(point, 0, last)));
   markerSet = true;
   Changed();
 }

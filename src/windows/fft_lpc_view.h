@@ -47,6 +47,11 @@ class CFFTLPCView : public AnalysisWindow {
   bool hasFormants() const override { return computed_; }
   bool canUpdate() const override { return placed_; }
   void Update() override;
+  // The marker is under the pointer while the button is held; it steps by display points.
+  void Press(std::int32_t x, std::int32_t y) override;
+  void Move(std::int32_t x, std::int32_t y) override;
+  void Release(std::int32_t x, std::int32_t y) override;
+  void StepCursor(std::int32_t right, std::int32_t up) override;
   std::vector<LogEntry> LogRows(WindowLog log) const override;
   // Frequency and levels at the marker, the formants, the settings of the analysis.
   std::vector<WindowReadout> Readouts() const override;
@@ -64,13 +69,6 @@ class CFFTLPCView : public AnalysisWindow {
   // drawn; never less than 1 dB.
   PlotAxis LevelAxis() const;
 
-  // The left button: the marker is under the pointer while it is held. Client pixels.
-  void Press(std::int32_t x, std::int32_t y);
-  void Move(std::int32_t x);
-  void Release(std::int32_t x);
-  // The marker some display points to the right; from 0 Hz when there is none.
-  void StepCursor(int points);
-
   double cursorHz = 0.0;  // of the marker
 
  private:
@@ -78,7 +76,7 @@ class CFFTLPCView : public AnalysisWindow {
   bool BufferFits() const;
   void KeepSettings(const FftLpcSettings& settings, double rateHz);
   Spectrum Analyse(const SpectrumPlace& place, int displayPoints) const;
-  void PlaceCursor(double x);
+  void PlaceCursor(std::int32_t x);
   bool SettingsMatch() const override;
   void FollowDocument(DocumentChange) override {}
   void KeepSwitches() override;

@@ -80,9 +80,7 @@ PlotAxis CPitchView::FrequencyAxis() const {
           .highPixel = static_cast<double>(plot.top)};
 }
 
-double CPitchView::MsUnder(std::int32_t x) const {
-  return TimeAxis().ValueAt(std::clamp(x, plot.left, std::max(plot.right - 1, plot.left)));
-}
+double CPitchView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
 
 void CPitchView::PlaceCursor(double ms) {
   cursorMs = ms;
@@ -91,28 +89,28 @@ void CPitchView::PlaceCursor(double ms) {
 }
 
 void CPitchView::Press(std::int32_t x, std::int32_t y) {
-  if (!computed() || x < plot.left || x >= plot.right || y < plot.top || y >= plot.bottom) return;
+  if (!computed() || !InPlot(x, y)) return;
   press = {.held = true, .x = x};
   PlaceCursor(MsUnder(x));
 }
 
-void CPitchView::Move(std::int32_t x) {
+void CPitchView::Move(std::int32_t x, std::int32_t) {
   if (!press.held || !computed()) return;
   PlaceCursor(MsUnder(x));
   if (Tracks()) MoveAtTime(view_, cursorMs);
 }
 
-void CPitchView::Release(std::int32_t x) {
+void CPitchView::Release(std::int32_t x, std::int32_t) {
   if (press.held && computed()) PlaceCursor(MsUnder(x));
   press.held = false;
 }
 
-void CPitchView::StepCursor(std::int32_t right) {
+void CPitchView::StepCursor(std::int32_t right, std::int32_t) {
   if (!computed() || press.held) return;
   const PlotAxis time = TimeAxis();
   const double lastMs = std::max(MsUnder(plot.right), time.lowValue);
-  const double fromMs = markerSet ? cursorMs : time.lowValue - right * time.PerPixel();
-  PlaceCursor(std::clamp(fromMs + right * time.PerPixel(), time.lowValue, lastMs));
+  const double ms = markerSet ? cursorMs + right * time.PerPixel() : time.lowValue;
+  PlaceCursor(std::clamp(ms, time.lowValue, lastMs));
 }
 
 std::vector<LogEntry> CPitchView::LogRows(WindowLog log) const {

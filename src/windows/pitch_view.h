@@ -30,6 +30,12 @@ class CPitchView : public AnalysisWindow {
   // Once there was a track, its stretch can be analysed again.
   bool canUpdate() const override { return range_.length() > 0.0; }
   void Update() override;
+  // The cursor is under the pointer while the button is held, and the moves go to the main view
+  // while all windows track the mouse.
+  void Press(std::int32_t x, std::int32_t y) override;
+  void Move(std::int32_t x, std::int32_t y) override;
+  void Release(std::int32_t x, std::int32_t y) override;
+  void StepCursor(std::int32_t right, std::int32_t up) override;
   // The marker's time, pitch and intensity.
   std::vector<LogEntry> LogRows(WindowLog log) const override;
   std::vector<WindowReadout> Readouts() const override;
@@ -39,14 +45,6 @@ class CPitchView : public AnalysisWindow {
   PlotAxis TimeAxis() const;
   // The display range of the pitch options, upward, at least 1 Hz.
   PlotAxis FrequencyAxis() const;
-
-  // The left button: the cursor is under the pointer while it is held, and the moves go to the main
-  // view while all windows track the mouse. Client pixels.
-  void Press(std::int32_t x, std::int32_t y);
-  void Move(std::int32_t x);
-  void Release(std::int32_t x);
-  // The cursor some pixels to the right.
-  void StepCursor(std::int32_t right);
 
   double cursorMs = 0.0;
   PitchStrips strips;

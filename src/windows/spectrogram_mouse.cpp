@@ -1,105 +1,88 @@
-// spectrogram_mouse.cpp
-#include "windows/spectrogram_mouse.h"
-
+// spectrogram_mouse.cpp - the left button and the arrow keys in the spectrogram window.
 #include <algorithm>
 #include <cstdlib>
 
 #include "mainview/mouse.h"
 #include "mainview/time_axis.h"
+#include "windows/spectrogram_view.h"
 
 namespace cantorix {
-namespace {
 
-// The last pixel belongs to the plot, the edge behind it does not.
-double ColumnPixel(const CSpectrogramView& view, std::int32_t x) {
-  return std::clamp(x, view.plot.left, std::max(view.plot.right - 1, view.plot.left));
-}
-
-double MsUnder(const CSpectrogramView& view, std::int32_t x) {
-  return view.TimeAxis().ValueAt(ColumnPixel(view, x));
-}
+double CSpectrogramView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
 
 // The lowest row of pixels stands for the lowest frequency.
-double HzUnder(const CSpectrogramView& view, std::int32_t y) {
-  const std::int32_t inside =
-      std::clamp(y, view.plot.top, std::max(view.plot.bottom - 1, view.plot.top));
-  return view.FrequencyAxis().ValueAt(inside + 1);
+double CSpectrogramView::HzUnder(std::int32_t y) const {
+  const std::int32_t inside = std::clamp(y, plot.top, std::max(plot.bottom - 1, plot.top));
+  return FrequencyAxis().ValueAt(inside + 1);
 }
 
-void PlaceCursor(CSpectrogramView& view, double ms, double hz) {
-  view.cursorMs = ms;
-  view.cursorHz = hz;
-  view.dragMs = ms;
-  view.markerSet = true;
-  view.selectionShown = false;
-  view.selection = {ms, ms};
+void CSpectrogramView::PlaceCursor(double ms, double hz) {
+  cursorMs = ms;
+  cursorHz = hz;
+  dragMs = ms;
+  markerSet = true;
+  selectionShown = false;
+  selection = {ms, ms};
 }
 
-void Drag(CSpectrogramView& view, std::int32_t x) {
-  view.dragMs = MsUnder(view, x);
-  view.selection = {std::min(view.cursorMs, view.dragMs), std::max(view.cursorMs, view.dragMs)};
-  if (std::abs(x - view.press.x) <= kClickPixels) return;
-  view.selectionShown = true;
-  view.markerSet = false;
+void CSpectrogramView::Drag(std::int32_t x) {
+  dragMs = MsUnder(x);
+  selection = {std::min(cursorMs, dragMs), std::max(cursorMs, dragMs)};
+  if (std::abs(x - press.x) <= kClickPixels) return;
+  selectionShown = true;
+  markerSet = false;
 }
 
-}  // namespace
+void CSpectrogramView::Press(std::int32_t x, std::int32_t y) {
+  if (!computed() || !InPlot(x, y)) return;
+  press = {.held = true, .x = x};
+  PlaceCursor(MsUnder(x), HzUnder(y));
+  Changed();
+  if (Tracks()) PressAtTime(*mainView(), cursorMs);
+}
 
-void PressSpectrogram(CSpectrogramView& view, std::int32_t x, std::int32_t y) {
-  const PixelRect& plot = view.plot;
-  if (!view.computed() || x < plot.left || x >= plot.right || y < plot.top || y >= plot.bottom) {
-    return;
+void CSpectrogramView::Move(std::int32_t x, std::int32_t) {
+  if (!press.held || !computed()) return;
+  Drag(x);
+  Changed();
+  if (Tracks()) MoveAtTime(*mainView(), dragMs);
+}
+
+void CSpectrogramView::Release(std::int32_t x, std::int32_t) {
+  if (!press.held) return;
+  press.held = false;
+  if (!computed()) return;
+  Drag(x);
+  Changed();
+  if (Tracks()) ReleaseAtTime(*mainView(), dragMs);
+}
+
+void CSpectrogramView::StepCursor(std::int32_t right, std::int32_t up) {
+  if (!computed() || press.held) return;
+  const PlotAxis time = TimeAxis();
+  const double lastMs = std::max(MsUnder(plot.right), time.lowValue);
+  const double lastHz = std::max(HzUnder(plot.top), 0.0);
+  const bool placed = markerSet || selectionShown;
+  const double ms = placed ? cursorMs + right * time.PerPixel() : time.lowValue;
+  const double hz = placed ? cursorHz + up * FrequencyAxis().PerPixel() : 0.0;
+  PlaceCursor(std::clamp(ms, time.lowValue, lastMs), std::clamp(hz, 0.0, lastHz));
+  Changed();
+  if (!Tracks()) return;
+  PressAtTime(*mainView(), cursorMs);
+  ReleaseAtTime(*mainView(), cursorMs);
+}
+
+void CSpectrogramView::FollowMainView(MousePhase phase, double ms) {
+  if (!computed() || !Tracks()) return;
+  if (phase == MousePhase::kPress) press.held = false;
+  PlaceCursor(ms, cursorHz);
+  if (mainView()->selectionShown) {
+    const CChannel& shown = mainView()->channel();
+    selection = {shown.selectionStart.ms, shown.selectionEnd.ms};
+    selectionShown = true;
+    markerSet = false;
   }
-  view.press = {.held = true, .x = x};
-  PlaceCursor(view, MsUnder(view, x), HzUnder(view, y));
-  view.Changed();
-  if (view.Tracks()) PressAtTime(*view.mainView(), view.cursorMs);
-}
-
-void MoveSpectrogram(CSpectrogramView& view, std::int32_t x, std::int32_t) {
-  if (!view.press.held || !view.computed()) return;
-  Drag(view, x);
-  view.Changed();
-  if (view.Tracks()) MoveAtTime(*view.mainView(), view.dragMs);
-}
-
-void ReleaseSpectrogram(CSpectrogramView& view, std::int32_t x, std::int32_t) {
-  if (!view.press.held) return;
-  view.press.held = false;
-  if (!view.computed()) return;
-  Drag(view, x);
-  view.Changed();
-  if (view.Tracks()) ReleaseAtTime(*view.mainView(), view.dragMs);
-}
-
-void StepSpectrogramCursor(CSpectrogramView& view, std::int32_t right, std::int32_t up) {
-  if (!view.computed() || view.press.held) return;
-  const PlotAxis time = view.TimeAxis();
-  const PlotAxis frequency = view.FrequencyAxis();
-  const double lastMs = time.ValueAt(ColumnPixel(view, view.plot.right));
-  const double lastHz = frequency.ValueAt(view.plot.top + 1);
-  PlaceCursor(view,
-              std::clamp(view.cursorMs + right * time.PerPixel(), time.lowValue,
-                         std::max(lastMs, time.lowValue)),
-              std::clamp(view.cursorHz + up * frequency.PerPixel(), 0.0, std::max(lastHz, 0.0)));
-  view.Changed();
-  if (!view.Tracks()) return;
-  PressAtTime(*view.mainView(), view.cursorMs);
-  ReleaseAtTime(*view.mainView(), view.cursorMs);
-}
-
-void FollowMainView(CSpectrogramView& view, MousePhase phase, double ms) {
-  if (!view.computed() || !view.Tracks()) return;
-  if (phase == MousePhase::kPress) view.press.held = false;
-  PlaceCursor(view, ms, view.cursorHz);
-  const CSonadexView& mainView = *view.mainView();
-  if (mainView.selectionShown) {
-    const CChannel& channel = mainView.channel();
-    view.selection = {channel.selectionStart.ms, channel.selectionEnd.ms};
-    view.selectionShown = true;
-    view.markerSet = false;
-  }
-  view.Changed();
+  Changed();
 }
 
 }  // namespace cantorix

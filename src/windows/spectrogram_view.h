@@ -1,5 +1,5 @@
 // spectrogram_view.h - the spectrogram window of a document: its levels and formants held, its
-// axes, its cursor and selection. The mouse is spectrogram_mouse.h.
+// axes, its cursor and selection.
 // Relies on the document's samples and settings and on the prompts of its host. Draws nothing.
 #pragma once
 
@@ -48,6 +48,16 @@ class CSpectrogramView : public AnalysisWindow {
   bool hasFormants() const override { return computed() && !spectrogram_.formants.empty(); }
   bool canUpdate() const override { return range_.length() > 0.0; }
   void Update() override;
+  // A press places the cursor, a drag of more than kClickPixels selects. While all windows track
+  // the mouse the main view is pressed at the same times.
+  void Press(std::int32_t x, std::int32_t y) override;
+  void Move(std::int32_t x, std::int32_t y) override;
+  void Release(std::int32_t x, std::int32_t y) override;
+  void StepCursor(std::int32_t right, std::int32_t up) override;
+  // The main view's press, move or release, at the cursor time of its press: while all windows
+  // track the mouse the cursor goes there, at its own frequency, and the window shows the main
+  // view's selection.
+  void FollowMainView(MousePhase phase, double ms);
   std::vector<LogEntry> LogRows(WindowLog log) const override;
   // Time, frequency and level at the cursor with the formants there, length of the selection.
   std::vector<WindowReadout> Readouts() const override;
@@ -71,6 +81,10 @@ class CSpectrogramView : public AnalysisWindow {
   TimeSpan selection;
 
  private:
+  void PlaceCursor(double ms, double hz);
+  void Drag(std::int32_t x);
+  double MsUnder(std::int32_t x) const;
+  double HzUnder(std::int32_t y) const;
   bool SettingsMatch() const override;
   void FollowDocument(DocumentChange change) override;
   void KeepSwitches() override;

@@ -7,7 +7,7 @@
 #include "windows/fft_lpc_view.h"
 #include "windows/main_view_fixture.h"
 #include "windows/pitch_view.h"
-#include "windows/spectrogram_mouse.h"
+#include "windows/spectrogram_view.h"
 #include "windows/window_commands.h"
 
 namespace cantorix {
@@ -35,9 +35,9 @@ class Windows : public MainViewFixture, public ::testing::Test {
 };
 
 TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
-  spectrum.StepCursor(1);
-  StepSpectrogramCursor(spectrogram, 1, 1);
-  pitch.StepCursor(1);
+  spectrum.StepCursor(1, 0);
+  spectrogram.StepCursor(1, 1);
+  pitch.StepCursor(1, 0);
   const auto before = spectrum.spectrum().fftDb;
   CutTo(5000);
   for (AnalysisWindow* window : All()) {
@@ -152,9 +152,9 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   EXPECT_EQ(enabled(spectrum), "Enter &Formants;Enter &Entire Frame;");
   EXPECT_EQ(enabled(spectrogram), "Enter Formants &All;");
   EXPECT_EQ(enabled(pitch), "");
-  spectrum.StepCursor(1);
-  StepSpectrogramCursor(spectrogram, 1, 1);
-  pitch.StepCursor(1);
+  spectrum.StepCursor(1, 0);
+  spectrogram.StepCursor(1, 1);
+  pitch.StepCursor(1, 0);
   EXPECT_EQ(enabled(spectrum), "Enter &Marker;Enter &Formants;Enter &Entire Frame;");
   EXPECT_EQ(enabled(spectrogram),
             "Enter &Marker;Enter &Formants;Enter Formants &All;Enter &Entire Frame;");
@@ -167,8 +167,8 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
 }
 
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnough) {
-  pitch.StepCursor(1);
-  pitch.StepCursor(50);
+  pitch.StepCursor(1, 0);
+  pitch.StepCursor(50, 0);
   inMemory.settings.display.timeBase = 1;
   ASSERT_TRUE(RunWindowCommand(pitch, WindowCommand::kEnterMarker));
   ASSERT_EQ(log.rows.size(), 1U);

@@ -8,7 +8,7 @@
 #include "windows/fft_lpc_view.h"
 #include "windows/main_view_fixture.h"
 #include "windows/pitch_view.h"
-#include "windows/spectrogram_mouse.h"
+#include "windows/spectrogram_view.h"
 
 namespace cantorix {
 namespace {
@@ -22,15 +22,15 @@ class SpectrogramTracking : public MainViewFixture, public ::testing::Test {
     EXPECT_TRUE(window.Show({2000.0, 7000.0}));
     inMemory.settings.display.trackMouse = 1;
     listener.cursorMoved = [this](MousePhase phase, double ms) {
-      FollowMainView(window, phase, ms);
+      window.FollowMainView(phase, ms);
     };
   }
   CSpectrogramView window{inMemory, Services()};
 };
 
 TEST_F(SpectrogramTracking, APressPutsBothCursorsUnderThePointer) {
-  PressSpectrogram(window, 150, 59);
-  ReleaseSpectrogram(window, 150, 59);
+  window.Press(150, 59);
+  window.Release(150, 59);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
   EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
   EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 300.0);
@@ -48,9 +48,9 @@ TEST_F(SpectrogramTracking, AMoveOfMoreThanFivePixelsSelectsInBoth) {
                          Row{156, true, 300.0, 306.0}, Row{144, true, 294.0, 300.0},
                          Row{9000, true, 300.0, 699.0}, Row{-9000, true, 200.0, 300.0}}) {
     window.selectionShown = view.selectionShown = false;
-    PressSpectrogram(window, 150, 59);
-    MoveSpectrogram(window, row.toX, 0);
-    ReleaseSpectrogram(window, row.toX, 0);
+    window.Press(150, 59);
+    window.Move(row.toX, 0);
+    window.Release(row.toX, 0);
     EXPECT_EQ(window.selectionShown, row.selects) << row.toX;
     EXPECT_EQ(view.selectionShown, row.selects) << row.toX;
     EXPECT_EQ(window.markerSet, !row.selects) << row.toX;
@@ -62,17 +62,17 @@ TEST_F(SpectrogramTracking, AMoveOfMoreThanFivePixelsSelectsInBoth) {
 
 TEST_F(SpectrogramTracking, OutsideThePlotNothingIsPressed) {
   for (const auto& [x, y] : {std::pair{49, 50}, {550, 50}, {100, 9}, {100, 110}}) {
-    PressSpectrogram(window, x, y);
-    MoveSpectrogram(window, 300, 50);
-    ReleaseSpectrogram(window, 300, 50);
+    window.Press(x, y);
+    window.Move(300, 50);
+    window.Release(300, 50);
     EXPECT_FALSE(window.markerSet || window.selectionShown) << x << ", " << y;
   }
   EXPECT_FALSE(view.markerSet);
 }
 
 TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
-  PressSpectrogram(window, 150, 59);
-  ReleaseSpectrogram(window, 150, 59);
+  window.Press(150, 59);
+  window.Release(150, 59);
   PressMouse(view, 40 + 400, 250);
   EXPECT_DOUBLE_EQ(window.cursorMs, 400.0);
   EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
@@ -85,8 +85,8 @@ TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
 
 TEST_F(SpectrogramTracking, GoesSeparateWaysUnlessAllWindowsTrackOrAfterAnEdit) {
   const auto pressBoth = [this] {
-    PressSpectrogram(window, 150, 59);
-    ReleaseSpectrogram(window, 150, 59);
+    window.Press(150, 59);
+    window.Release(150, 59);
     EXPECT_NE(view.channel().cursor.ms, 300.0);
     PressMouse(view, 40 + 400, 250);
     ReleaseMouse(view, 40 + 400, 250);
@@ -100,23 +100,23 @@ TEST_F(SpectrogramTracking, GoesSeparateWaysUnlessAllWindowsTrackOrAfterAnEdit) 
 }
 
 TEST_F(SpectrogramTracking, ArrowKeysStepByPixelsInsideThePicture) {
-  PressSpectrogram(window, 150, 59);
-  ReleaseSpectrogram(window, 150, 59);
-  StepSpectrogramCursor(window, 3, 2);
+  window.Press(150, 59);
+  window.Release(150, 59);
+  window.StepCursor(3, 2);
   EXPECT_DOUBLE_EQ(window.cursorMs, 303.0);
   EXPECT_DOUBLE_EQ(window.cursorHz, 2600.0);
   EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 303.0);
-  StepSpectrogramCursor(window, -100000, -100000);
+  window.StepCursor(-100000, -100000);
   EXPECT_EQ(window.cursorMs, 200.0);
   EXPECT_EQ(window.cursorHz, 0.0);
-  StepSpectrogramCursor(window, 100000, 100000);
+  window.StepCursor(100000, 100000);
   EXPECT_NE(window.LevelAtCursor(), std::nullopt) << "the last column and row are inside";
 }
 
 TEST_F(SpectrogramTracking, EveryPixelReadsItsOwnColumnAndRow) {
   for (std::int32_t x = 0; x < 500; ++x) {
-    PressSpectrogram(window, 50 + x, 109 - x % 100);
-    ReleaseSpectrogram(window, 50 + x, 109 - x % 100);
+    window.Press(50 + x, 109 - x % 100);
+    window.Release(50 + x, 109 - x % 100);
     const auto level = window.spectrogram().Column(x)[static_cast<std::size_t>(x % 100)];
     EXPECT_EQ(window.LevelAtCursor(), level) << x;
   }
@@ -132,7 +132,7 @@ TEST(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
     ASSERT_TRUE(window.Show({500.0, {}}));
     for (int x = 0; x < width; ++x) {
       window.Press(13 + x, 50);
-      window.Release(13 + x);
+      window.Release(13 + x, 50);
       const std::string level =
           FormatOneDecimal(window.spectrum().fftDb[static_cast<std::size_t>(x)]);
       ASSERT_EQ(window.Readouts()[1].value, level) << x << " of " << width;
@@ -151,7 +151,7 @@ TEST(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
   };
   for (const Row& row :
        {Row{1, 0.0}, Row{1, 10.0}, Row{10, 110.0}, Row{-500, 0.0}, Row{9999, 4990.0}}) {
-    window.StepCursor(row.points);
+    window.StepCursor(row.points, 0);
     EXPECT_DOUBLE_EQ(window.cursorHz, row.hz) << row.points;
   }
 }
@@ -187,9 +187,9 @@ TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
   window.Press(150, 50);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
   EXPECT_EQ(main.view.channel().dragPoint.ms, 0.0);
-  window.Move(250);
+  window.Move(250, 50);
   EXPECT_DOUBLE_EQ(main.view.channel().dragPoint.ms, 400.0);
-  window.Release(350);
+  window.Release(350, 50);
   EXPECT_DOUBLE_EQ(main.view.channel().dragPoint.ms, 400.0);
   EXPECT_DOUBLE_EQ(window.cursorMs, 500.0);
 }
