@@ -72,6 +72,7 @@ class CSonadexDoc {
   std::string_view formatName;  // of the reader that took the file
   bool newRecording = false;
   bool foreignSource = false;
+  bool pathIsForeign = false;  // a foreign reader read pathName(): never saved over
   bool hasSelection = false;
   std::int32_t memoryLimitMinutes = 5;
   std::string channelSuffixedName;  // "speech.wav::Channel2"

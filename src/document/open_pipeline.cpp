@@ -57,6 +57,7 @@ void Adopt(CSonadexDoc& document, const std::string& path, const Reader& reader)
   document.savedDurationMs = channel.totalDurationMs;
   document.formatName = reader.name;
   document.newRecording = false;
+  document.pathIsForeign = document.foreignSource;
   document.loaded = true;
   document.SetPathName(path);
   document.SetModified(false);
