@@ -33,6 +33,7 @@ void AnalysePitch(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   const CChannel& channel = view.channel();
   view.pitch = {};
+  view.Redraw();
   view.pitch = ComputePitch(document.Samples(), range, channel.sampleRateHz,
                             document.settings.pitch, view.progress(), channel.totalLength);
   if (view.pitch.badParameters) view.prompts().Message(std::string(kBadParametersText));
@@ -47,17 +48,16 @@ void AnalyseIntensity(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   CChannel& channel = view.channel();
   channel.intensity = {};
+  view.Redraw();
   channel.intensity = ComputeIntensity(document.Samples(), range, channel.sampleRateHz,
                                        document.settings.intensity, view.progress());
   view.Changed(DocumentChange::kTracks);
 }
 
 void AnalyseAfterEdit(CSonadexView& view) {
-  if (view.document().settings.display.automaticAnalysis != 0) {
-    return AnalysePitch(view, Stretch::kAll);
-  }
   view.pitch = {};
   view.channel().intensity = {};
+  if (view.document().settings.display.automaticAnalysis != 0) AnalysePitch(view, Stretch::kAll);
 }
 
 }  // namespace cantorix
