@@ -1,0 +1,131 @@
+// analysis_canvas.cpp
+#include "desktop/windows/analysis_canvas.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <cmath>
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "desktop/paint/paint_style.h"
+#include "desktop/windows/window_style.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kFastStep = 10;  // pixels, with Shift
+
+// A pointer on the line between two pixels belongs to the one on its right and bottom.
+std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
+
+std::optional<QPoint> StepOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return QPoint(-1, 0);
+    case Qt::Key_Right:
+      return QPoint(1, 0);
+    case Qt::Key_Up:
+      return QPoint(0, 1);
+    case Qt::Key_Down:
+      return QPoint(0, -1);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard,
+                               QWidget* parent)
+    : QWidget(parent),
+      model_(model),
+      picture_(picture),
+      guard_(std::move(guard)),
+      note_(new QLabel(this)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(220, 120);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  note_->setAutoFillBackground(true);
+  note_->setBackgroundRole(QPalette::ToolTipBase);
+  note_->setForegroundRole(QPalette::ToolTipText);
+  note_->setFrameShape(QFrame::StyledPanel);
+  note_->setMargin(6);
+  note_->setWordWrap(true);
+  note_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  note_->hide();
+}
+
+void AnalysisCanvas::Refresh(const QString& note) {
+  if (note != note_->text()) {
+    note_->setText(note);
+    PlaceNote();
+  }
+  note_->setVisible(!note.isEmpty());
+  update();
+}
+
+void AnalysisCanvas::PlaceNote() {
+  const int width = std::min(note_->sizeHint().width(), this->width() - 24);
+  note_->setFixedWidth(std::max(width, 1));
+  note_->adjustSize();
+  note_->move((this->width() - note_->width()) / 2, 12);
+}
+
+void AnalysisCanvas::LayOut() {
+  picture_.LayOut(size());
+  const PixelRect& plot = model_.plot;
+  if (model_.kind() != WindowKind::kPitch) {
+    model_.WantSize({std::max(plot.right - plot.left, 1), std::max(plot.bottom - plot.top, 1)});
+  }
+}
+
+void AnalysisCanvas::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const PaintStyle style = StyleFor(palette());
+  painter.fillRect(rect(), style.background);
+  try {
+    picture_.Paint(painter, style);
+  } catch (const std::exception& error) {
+    painter.resetTransform();
+    painter.setPen(style.text);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, QString::fromUtf8(error.what()));
+  }
+}
+
+void AnalysisCanvas::resizeEvent(QResizeEvent*) {
+  LayOut();
+  PlaceNote();
+}
+
+void AnalysisCanvas::PassPointer(QMouseEvent& event, Input input) {
+  const QPointF at = event.position();
+  guard_([&] { (model_.*input)(Pixel(at.x()), Pixel(at.y())); });
+}
+
+void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) PassPointer(*event, &AnalysisWindow::Press);
+}
+
+void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
+  PassPointer(*event, &AnalysisWindow::Move);
+}
+
+void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) PassPointer(*event, &AnalysisWindow::Release);
+}
+
+// The second press of a double click is a press like any other.
+void AnalysisCanvas::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
+  const auto step = StepOf(event->key());
+  const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const bool fast = modifiers == Qt::ShiftModifier;
+  if (!step || (modifiers != Qt::NoModifier && !fast)) return QWidget::keyPressEvent(event);
+  const QPoint pixels = *step * (fast ? kFastStep : 1);
+  guard_([&] { model_.StepCursor(pixels.x(), pixels.y()); });
+}
+
+}  // namespace cantorix

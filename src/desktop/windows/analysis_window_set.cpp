@@ -1,0 +1,153 @@
+// analysis_window_set.cpp
+#include "desktop/windows/analysis_window_set.h"
+
+#include <QMdiArea>
+
+#include "desktop/qt_progress.h"
+#include "desktop/windows/fft_lpc_frame.h"
+#include "desktop/windows/picture_output.h"
+#include "desktop/windows/pitch_frame.h"
+#include "desktop/windows/spectrogram_frame.h"
+
+namespace cantorix {
+namespace {
+
+WindowKind KindOf(AnalysisKind kind) {
+  if (kind == AnalysisKind::kFftLpc) return WindowKind::kFftLpc;
+  return kind == AnalysisKind::kSpectrogram ? WindowKind::kSpectrogram : WindowKind::kPitch;
+}
+
+// Parts of the area, so that the recording stays in sight: a spectrum on the right, a spectrogram
+// or a pitch track along the bottom.
+QRect DefaultPlace(const QRect& area, WindowKind kind) {
+  if (kind == WindowKind::kFftLpc) {
+    const int width = area.width() * 11 / 20;
+    const int height = area.height() * 13 / 20;
+    return {area.right() - width, area.top(), width, height};
+  }
+  const int height = area.height() / 2;
+  return {area.left(), area.bottom() - height, area.width(), height};
+}
+
+}  // namespace
+
+void AnalysisWindowSet::SetArea(QMdiArea* area, std::function<void()> stateChanged) {
+  area_ = area;
+  stateChanged_ = std::move(stateChanged);
+}
+
+AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind) const {
+  for (const auto& frame : frames_) {
+    if (frame && &frame->view() == &view && frame->model().kind() == kind && !frame->isHidden()) {
+      return frame;
+    }
+  }
+  return nullptr;
+}
+
+void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request) {
+  if (area_ == nullptr) return;
+  const WindowKind kind = KindOf(request.kind);
+  if (kind == WindowKind::kPitch) return OpenPitch(view, request.stretch.value_or(Stretch::kAll));
+  const bool isNew = Find(view, kind) == nullptr;
+  QPointer<AnalysisFrame> frame = &Show(view, kind);
+  const auto closeWhenEmpty = [&] {
+    if (isNew && frame && !frame->model().computed()) delete frame;
+  };
+  try {
+    Analyse(*frame, request);
+  } catch (...) {
+    closeWhenEmpty();
+    throw;
+  }
+  closeWhenEmpty();
+  if (frame) frame->Refresh();
+}
+
+void AnalysisWindowSet::Analyse(AnalysisFrame& frame, const AnalysisRequest& request) {
+  CSonadexView& view = frame.view();
+  if (auto* const spectrum = dynamic_cast<CFFTLPCView*>(&frame.model())) {
+    SpectrumPlace place{.position = view.channel().cursor.samples, .selection = {}};
+    if (request.stretch) place.selection = StretchOf(view, *request.stretch);
+    spectrum->Show(place);
+  } else if (auto* const spectrogram = dynamic_cast<CSpectrogramView*>(&frame.model())) {
+    spectrogram->Show(StretchOf(view, request.stretch.value_or(Stretch::kAll)));
+  }
+}
+
+void AnalysisWindowSet::OpenPitch(CSonadexView& view, Stretch stretch) {
+  AnalysePitch(view, stretch);
+  const bool drawnAlready =
+      stretch == Stretch::kAll && view.document().settings.display.drawPitch != 0;
+  AnalysisFrame* const frame = Find(view, WindowKind::kPitch);
+  if (!drawnAlready || frame != nullptr) Show(view, WindowKind::kPitch).Refresh();
+}
+
+AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
+  AnalysisFrame* frame = Find(view, kind);
+  if (frame == nullptr) {
+    std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
+    frame = Make(view, kind);
+    frames_.emplace_back(frame);
+    area_->addSubWindow(frame);
+    Place(*frame, kind);
+  }
+  if (frame->isMinimized()) frame->showNormal();
+  frame->show();
+  area_->setActiveSubWindow(frame);
+  frame->Settle();
+  return *frame;
+}
+
+AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
+  ApplicationSettings& placements = services_.application.host.application;
+  switch (kind) {
+    case WindowKind::kFftLpc:
+      return new CFFTLPCFrame(view, *this, &placements.fftLpc);
+    case WindowKind::kSpectrogram:
+      return new CSpectrogramFrame(view, *this, &placements.spectrogram);
+    case WindowKind::kPitch:
+      break;
+  }
+  return new CPitchFrame(view, *this, &pitchPlacement_);
+}
+
+void AnalysisWindowSet::Place(AnalysisFrame& frame, WindowKind kind) const {
+  const ApplicationSettings& placements = services_.application.host.application;
+  const WindowPlacement& stored = kind == WindowKind::kFftLpc        ? placements.fftLpc
+                                  : kind == WindowKind::kSpectrogram ? placements.spectrogram
+                                                                     : pitchPlacement_;
+  const QRect area = area_->viewport()->rect();
+  const QRect place(stored.x, stored.y, stored.width, stored.height);
+  const bool usable = stored.width > 0 && stored.height > 0 && area.intersects(place);
+  frame.setGeometry(usable ? place : DefaultPlace(area, kind));
+}
+
+void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
+  AnalysisFrame* const frame = Find(view, WindowKind::kSpectrogram);
+  if (frame == nullptr) return;
+  if (auto* const spectrogram = dynamic_cast<CSpectrogramView*>(&frame->model())) {
+    spectrogram->FollowMainView(phase, ms);
+  }
+}
+
+void AnalysisWindowSet::CloseWindowsOf(CSonadexView& view) {
+  for (const auto& frame : frames_) {
+    if (frame && &frame->view() == &view) delete frame;
+  }
+  std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
+}
+
+void AnalysisWindowSet::Run(CSonadexView& view, const std::function<void()>& action) {
+  if (busy()) return;
+  Guarded(view, action);
+  if (stateChanged_) stateChanged_();
+}
+
+bool AnalysisWindowSet::busy() const { return services_.progress.running(); }
+
+void AnalysisWindowSet::Output(AnalysisFrame& frame, WindowCommand command) {
+  Run(frame.view(), [&] { OutputPicture(frame, command, services_); });
+}
+
+}  // namespace cantorix

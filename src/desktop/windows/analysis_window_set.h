@@ -1,0 +1,53 @@
+// analysis_window_set.h - the open analysis windows: at most one of a kind for each working view.
+// They lie in the area of the documents' windows.
+#pragma once
+
+#include <QPointer>
+#include <functional>
+#include <vector>
+
+#include "desktop/analysis_windows.h"
+#include "desktop/desktop_services.h"
+#include "desktop/windows/analysis_frame.h"
+
+class QMdiArea;
+
+namespace cantorix {
+
+class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
+ public:
+  explicit AnalysisWindowSet(const DesktopServices& services) : services_(services) {}
+
+  // Where the windows lie, and what is told when commands may have been enabled or disabled.
+  void SetArea(QMdiArea* area, std::function<void()> stateChanged);
+
+  bool Offers(AnalysisKind) const override { return area_ != nullptr; }
+  // A new window is closed again when nothing could be computed. A pitch track of the whole
+  // recording gets a window only while the working view does not draw it; one of a stretch always,
+  // because there it has the whole width.
+  void Open(CSonadexView& view, const AnalysisRequest& request) override;
+  void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  void CloseWindowsOf(CSonadexView& view) override;
+
+  // Null when the view has no such window.
+  AnalysisFrame* Find(const CSonadexView& view, WindowKind kind) const;
+
+ private:
+  void Run(CSonadexView& view, const std::function<void()>& action) override;
+  bool busy() const override;
+  void Output(AnalysisFrame& frame, WindowCommand command) override;
+
+  AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
+  AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
+  void Place(AnalysisFrame& frame, WindowKind kind) const;
+  void Analyse(AnalysisFrame& frame, const AnalysisRequest& request);
+  void OpenPitch(CSonadexView& view, Stretch stretch);
+
+  const DesktopServices& services_;
+  QMdiArea* area_ = nullptr;
+  std::function<void()> stateChanged_;
+  std::vector<QPointer<AnalysisFrame>> frames_;
+  WindowPlacement pitchPlacement_;  // for as long as the program runs
+};
+
+}  // namespace cantorix

@@ -1,0 +1,25 @@
+// fft_lpc_frame.h - the window of a spectrum.
+#pragma once
+
+#include "desktop/windows/analysis_frame.h"
+#include "desktop/windows/fft_lpc_picture.h"
+#include "windows/fft_lpc_view.h"
+
+namespace cantorix {
+
+class CFFTLPCFrame : public AnalysisFrame {
+ public:
+  CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+
+  CFFTLPCView& model() override { return model_; }
+  WindowPicture& picture() override { return picture_; }
+
+ private:
+  QString KindName() const override { return QStringLiteral("FFT/LPC"); }
+  Command OptionsCommand() const override { return Command::kFftLpcOptions; }
+
+  CFFTLPCView model_;
+  FFTLPCViewPicture picture_;
+};
+
+}  // namespace cantorix
