@@ -100,8 +100,8 @@ void CommandActions::ShowRecentFiles(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     const QString name = ShownPath(std::filesystem::path(path).filename().string());
     auto* const action = new QAction(&window_);
-    action->setText(QStringLiteral("&%1 %2").arg(recent_.size() + 1).arg(
-        QString(name).replace('&', "&&")));
+    action->setText(
+        QStringLiteral("&%1 %2").arg(recent_.size() + 1).arg(QString(name).replace('&', "&&")));
     action->setStatusTip(ShownPath(path));
     QObject::connect(action, &QAction::triggered, &window_,
                      [this, path] { callbacks_.openRecent(path); });

@@ -44,10 +44,10 @@ void CDisplayOptionFrame::AddDrawing(QWidget* parent) {
             SettingsDialog::kDisplay);
   AddSwitch(parent, QStringLiteral("&Grids"), &DisplaySettings::drawGrids,
             SettingsDialog::kDisplay);
-  audioPercent_ = AddPercent(form, QStringLiteral("Audio pa&ne (%)"),
-                             &DisplaySettings::audioPanePercent);
-  pitchPercent_ = AddPercent(form, QStringLiteral("Pitch pan&e (%)"),
-                             &DisplaySettings::pitchPanePercent);
+  audioPercent_ =
+      AddPercent(form, QStringLiteral("Audio pa&ne (%)"), &DisplaySettings::audioPanePercent);
+  pitchPercent_ =
+      AddPercent(form, QStringLiteral("Pitch pan&e (%)"), &DisplaySettings::pitchPanePercent);
 }
 
 void CDisplayOptionFrame::AddTime(QWidget* parent) {

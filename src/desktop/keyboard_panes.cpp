@@ -1,5 +1,5 @@
-// keyboard_panes.cpp - Qt does not tell the state of these keys; the lamps of the keyboard do, under
-// every window system.
+// keyboard_panes.cpp - Qt does not tell the state of these keys; the lamps of the keyboard do,
+// under every window system.
 #include "desktop/keyboard_panes.h"
 
 #include <QLabel>

@@ -9,6 +9,7 @@
 #include "desktop/tool_frame.h"
 #include "mainview/label_list.h"
 
+class QHBoxLayout;
 class QPushButton;
 class QTableView;
 
@@ -52,7 +53,7 @@ class LabelListFrame : public ToolFrame {
 
   void Apply(RowAction action);
   void ShowButtons();
-  QPushButton* AddButton(class QHBoxLayout& line, const QString& text, void (LabelListFrame::*act)());
+  QPushButton* AddButton(QHBoxLayout& line, const QString& text, void (LabelListFrame::*act)());
 
   FrameHost& host_;
   CSonadexView* view_ = nullptr;

@@ -34,8 +34,8 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
     return QVariant(Qt::AlignRight | Qt::AlignVCenter);
   }
   if (role != Qt::DisplayRole || log_ == nullptr) return {};
-  const std::string* const cell = log_->Cell(static_cast<std::size_t>(index.row()),
-                                             static_cast<std::size_t>(index.column()));
+  const std::string* const cell =
+      log_->Cell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
   return cell == nullptr ? QVariant() : QVariant(Shown(*cell));
 }
 

@@ -24,8 +24,7 @@ CMainFrame::CMainFrame(DesktopServices services)
                        [this](const std::string& path) { OpenFile(path); }}),
       keyboardPanes_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),
-      labelList_(
-          new LabelListFrame(this, *this, services_.application.host.application.labelList)),
+      labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
       logRows_(services_.application, services_.progress) {
   setWindowTitle(QStringLiteral("Cantorix"));
@@ -75,7 +74,8 @@ void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
   frame->show();
   Number(document);
   // The window has its size only after its layout ran.
-  QMetaObject::invokeMethod(frame, [frame] { frame->Begin(); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      frame, [frame] { frame->Begin(); }, Qt::QueuedConnection);
 }
 
 bool CMainFrame::CloseDocument(CSonadexDoc& document) {
@@ -120,3 +120,5 @@ std::vector<CChildFrame*> CMainFrame::FramesOf(const CSonadexDoc& document) cons
   }
   return frames;
 }
+
+}  // namespace cantorix

@@ -49,9 +49,7 @@ void CMainFrame::ShowLabelList() { BringForward(*labelList_); }
 
 void CMainFrame::ShowDisplayOptions() { BringForward(*displayOptions_); }
 
-void CMainFrame::ToggleToolBar() {
-  actions_.toolBar().setVisible(actions_.toolBar().isHidden());
-}
+void CMainFrame::ToggleToolBar() { actions_.toolBar().setVisible(actions_.toolBar().isHidden()); }
 
 void CMainFrame::ToggleStatusBar() { statusBar()->setVisible(statusBar()->isHidden()); }
 
@@ -78,7 +76,8 @@ void CMainFrame::ListWindows() {
         QStringLiteral("&%1 %2").arg(windowList_.size()).arg(title.replace('&', "&&")));
     action->setCheckable(true);
     action->setChecked(frame == activeFrame());
-    connect(action, &QAction::triggered, frame, [this, frame] { area_->setActiveSubWindow(frame); });
+    connect(action, &QAction::triggered, frame,
+            [this, frame] { area_->setActiveSubWindow(frame); });
     windowList_.push_back(action);
   }
 }

@@ -9,9 +9,8 @@ ToolFrame::ToolFrame(QWidget* owner, WindowPlacement& placement)
 void ToolFrame::showEvent(QShowEvent* event) {
   if (!placed_) {
     const bool stored = placement_.width > 0 && placement_.height > 0;
-    setGeometry(stored
-                    ? QRect(placement_.x, placement_.y, placement_.width, placement_.height)
-                    : DefaultPlace());
+    setGeometry(stored ? QRect(placement_.x, placement_.y, placement_.width, placement_.height)
+                       : DefaultPlace());
     placed_ = true;
   }
   QWidget::showEvent(event);
