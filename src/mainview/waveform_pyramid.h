@@ -8,7 +8,6 @@
 #include <span>
 #include <vector>
 
-#include "platform/progress.h"
 #include "platform/sample_source.h"
 
 namespace cantorix {
@@ -42,17 +41,20 @@ class WaveformPyramid {
   void Append(std::span<const std::int16_t> samples);
 
   std::int64_t length() const { return length_; }
+  // Of the whole recording.
+  SampleExtent Whole() const;
 
   // The extents of `columns.size()` columns over [start, end) samples: column c covers the samples
   // from floor(start + c w) up to floor(start + (c + 1) w), w = (end - start) / columns, but at
-  // least one; what lies outside the recording has no samples. `samples` are those the pyramid was
-  // made of. Throws FileError.
+  // least one. From four pieces per column on, borders are rounded to pieces. What lies outside the
+  // recording has no samples. `samples` are those the pyramid was made of. Throws FileError.
   void Extents(const SampleSource& samples, double start, double end,
                std::span<SampleExtent> columns) const;
 
  private:
-  SampleExtent ExtentBetween(const SampleSource& samples, std::int64_t first, std::int64_t last,
-                             std::vector<std::int16_t>& scratch) const;
+  void FineExtents(const SampleSource& samples, double start, double width,
+                   std::span<SampleExtent> columns) const;
+  void CoarseExtents(double start, double width, std::span<SampleExtent> columns) const;
   SampleExtent PiecesBetween(std::int64_t first, std::int64_t last) const;
   void AddPiece(SampleExtent piece);
 
