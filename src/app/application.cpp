@@ -6,6 +6,8 @@ namespace cantorix {
 Application::Application(const ApplicationServices& services)
     : host{services.prompts, services.progress, services.memory, {}, {}},
       recentFiles(services.profile),
-      profile_(services.profile) {}
+      profile_(services.profile) {
+  host.rememberFile = [this](const std::string& path) { recentFiles.Add(path); };
+}
 
 }  // namespace cantorix

@@ -2,8 +2,10 @@
 // function and passed by reference. start_up.h fills it; the commands beside it work on it.
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "app/log_table.h"
 #include "app/recent_files.h"
 #include "document/document_host.h"
 
@@ -31,7 +33,8 @@ class Application {
   DocumentHost host;               // of every document; holds the program directory
   std::string temporaryDirectory;  // undo and recording files; with a separator at its end
   RecentFiles recentFiles;
-  int lastFilterIndex = 1;  // of the File Open dialog, counted from 1
+  std::optional<LogTable> log;  // open while it holds a table
+  int lastFilterIndex = 1;      // of the File Open dialog, counted from 1
 
  private:
   ProfileStore& profile_;

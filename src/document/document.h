@@ -22,8 +22,9 @@ inline constexpr int kChannelSlots = 20;
 
 // Why a recording could not be opened.
 struct OpenFailure {
-  std::string reason;  // one sentence with its full stop; empty: the open did not fail
-  bool shown = false;  // the user has already been told
+  std::string reason;      // one sentence with its full stop; empty: the open did not fail
+  bool shown = false;      // the user has already been told
+  bool cancelled = false;  // the user gave the open up
 };
 
 class CSonadexDoc {
@@ -71,6 +72,7 @@ class CSonadexDoc {
   std::string_view formatName;  // of the reader that took the file
   bool newRecording = false;
   bool foreignSource = false;
+  bool pathIsForeign = false;  // a foreign reader read pathName(): never saved over
   bool hasSelection = false;
   std::int32_t memoryLimitMinutes = 5;
   std::string channelSuffixedName;  // "speech.wav::Channel2"

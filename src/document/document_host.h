@@ -1,6 +1,7 @@
 // document_host.h - what a document needs from the program around it. The application owns one.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "settings/settings.h"
@@ -22,6 +23,8 @@ struct DocumentHost {
   int storeCounter = 0;  // counted up before each disk-store name
   // Whether a closing document writes the configuration file.
   bool documentsWriteConfiguration = true;
+  // Told of every path that a document was saved under by a name of the user's; may be empty.
+  std::function<void(const std::string&)> rememberFile{};
 };
 
 }  // namespace cantorix

@@ -29,6 +29,7 @@ void AnalysePitch(CSonadexView& view, Stretch stretch) {
   CSonadexDoc& document = view.document();
   const CChannel& channel = view.channel();
   view.pitch = {};
+  view.Redraw();
   view.pitch = ComputePitch(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
                             document.settings.pitch, view.progress(), channel.totalLength);
   if (view.pitch.badParameters) view.prompts().Message(std::string(kBadParametersText));
@@ -39,6 +40,7 @@ void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
   CSonadexDoc& document = view.document();
   CChannel& channel = view.channel();
   channel.intensity = {};
+  view.Redraw();
   channel.intensity =
       ComputeIntensity(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
                        document.settings.intensity, view.progress());
@@ -46,11 +48,9 @@ void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
 }
 
 void AnalyseAfterEdit(CSonadexView& view) {
-  if (view.document().settings.display.automaticAnalysis != 0) {
-    return AnalysePitch(view, Stretch::kAll);
-  }
   view.pitch = {};
   view.channel().intensity = {};
+  if (view.document().settings.display.automaticAnalysis != 0) AnalysePitch(view, Stretch::kAll);
 }
 
 }  // namespace cantorix

@@ -13,7 +13,7 @@ enum class Stretch { kAll, kSelection, kWindow };
 SampleRange StretchOf(const CSonadexView& view, Stretch stretch);
 
 // Pitch and intensity of a stretch. A run that is cancelled leaves no track; settings that do not
-// fit are reported. Throws FileError when the store cannot be read.
+// fit are reported. Throws FileError, without a track, when the store cannot be read.
 void AnalysePitch(CSonadexView& view, Stretch stretch);
 // Intensity alone.
 void AnalyseIntensity(CSonadexView& view, Stretch stretch);

@@ -1,10 +1,12 @@
 // label_commands.h - labels added, edited, moved, deleted and imported. Every change but an import
 // saves the undo file first, marks the document modified and refreshes the label list; an import
-// saves the undo file and leaves the modified flag alone. Labels are named by tier and index.
-// Functions that save the undo file throw Abandoned when that could not be begun.
+// saves the undo file and leaves the modified flag alone. Labels are named by tier and index; one
+// that does not exist is ignored. Functions that save the undo file throw Abandoned, with nothing
+// changed, when that could not be begun.
 #pragma once
 
-#include <string>
+#include <cstdint>
+#include <string_view>
 
 #include "mainview/sonadex_view.h"
 
@@ -22,21 +24,28 @@ void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
 // space asks for a new label.
 void FinishLabelPress(CSonadexView& view, std::int32_t x, std::int32_t y);
 
-// The box that a label is drawn in, in client pixels.
-PixelRect LabelRectangle(CSonadexView& view, const Tier& tier, const Label& label);
-
 void AddLabelToTier(CSonadexView& view, int tier, Label label);
 // The old label goes, the edited one comes to the end of its tier.
 void EditLabel(CSonadexView& view, int tier, int index, Label edited);
+// The label keeps its place among those of its tier.
 void MoveLabel(CSonadexView& view, int tier, int index, double ms, double verticalPosition);
 void DeleteLabel(CSonadexView& view, int tier, int index);
 // The "Label entry" dialog for a label that exists: edits or deletes it.
 void AskToEditLabel(CSonadexView& view, int tier, int index);
 
-void SetTiers(CSonadexView& view);      // the "Tiers Option" dialog; Cancel changes nothing
-void ImportLabels(CSonadexView& view);  // the dialogs, then the file
-// Adds the labels of a text file's bytes at the end of a tier.
+// The "Tiers Option" dialog. OK sets names, heights and use of the tiers, stores the names for new
+// documents and lays the view out; a document whose tiers changed is modified. Cancel changes
+// nothing.
+void SetTiers(CSonadexView& view);
+// The dialogs, then the file; a file that cannot be read is skipped without a message.
+void ImportLabels(CSonadexView& view);
+// Adds the labels of a text file's bytes at the end of a tier. Without any the undo file stays as
+// it is.
 void ImportLabelLines(CSonadexView& view, int tier, std::string_view bytes,
                       const LabelImportOptions& options);
+
+// The tier or the label at a place; null where there is none.
+Tier* FindTier(CSonadexView& view, int tier);
+Label* FindLabel(CSonadexView& view, int tier, int index);
 
 }  // namespace cantorix

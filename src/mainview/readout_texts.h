@@ -42,9 +42,12 @@ inline constexpr std::array<ReadoutPlace, kReadoutCount> kReadoutPlaces{{
     {650, 100, 752, 40},
 }};
 
-// The texts, in the order of the places. `timeBase` is that of the display settings: 0
-// milliseconds, 1 seconds. Numbers have one decimal, in seconds too; the rate is cut to a whole
-// one.
+// A time in the time base of the display settings, 0 milliseconds or 1 seconds: with one decimal in
+// either, here as in every list of the program.
+std::string TimeText(double ms, std::int32_t timeBase);
+
+// The texts, in the order of the places, for a time base as above. Numbers have one decimal, in
+// seconds too; the rate is cut to a whole one.
 std::array<ReadoutText, kReadoutCount> ReadoutTexts(const Readouts& readouts, double sampleRateHz,
                                                     std::int32_t timeBase);
 

@@ -1,9 +1,12 @@
 // sonadex_view.cpp
 #include "mainview/sonadex_view.h"
 
+#include <exception>
 #include <utility>
 
 #include "mainview/analysis_commands.h"
+#include "mainview/view_readouts.h"
+#include "platform/prompts.h"
 
 namespace cantorix {
 
@@ -15,12 +18,17 @@ CSonadexView::CSonadexView(CSonadexDoc& document, ViewServices services)
 CSonadexView::~CSonadexView() { document_.Detach(*this); }
 
 void CSonadexView::Begin(PixelSize client) {
-  horizontal = {};
-  LayOut(client);
-  FollowStretch();
-  if (document_.loaded && document_.settings.display.automaticAnalysis != 0) {
-    AnalysePitch(*this, Stretch::kAll);
+  try {
+    LayOut(client);
+    FollowStretch();
+    if (document_.loaded && document_.settings.display.automaticAnalysis != 0) {
+      AnalysePitch(*this, Stretch::kAll);
+    }
+  } catch (const std::exception&) {
+    prompts().Beep();
+    prompts().Message("Error in initilization of view.");
   }
+  ReadCursor(*this);
 }
 
 void CSonadexView::LayOut(PixelSize client) {
@@ -32,15 +40,15 @@ void CSonadexView::LayOut(PixelSize client) {
   Redraw();
 }
 
+void CSonadexView::PlaceLayout() { layout = LayOutView(document_, layout.client, tierOffset); }
+
 void CSonadexView::Redraw() {
   redrawNeeded = true;
   services_.listener.ViewChanged();
 }
 
 void CSonadexView::Changed(DocumentChange change) {
-  if (change == DocumentChange::kLabels || change == DocumentChange::kSamples) {
-    services_.listener.LabelsChanged();
-  }
+  Refresh(change);
   Redraw();
   document_.Notify(change, this);
 }
@@ -52,17 +60,18 @@ void CSonadexView::FollowStretch() {
 }
 
 void CSonadexView::DocumentChanged(DocumentChange change, const DocumentObserver* by) {
+  if (change == DocumentChange::kTitle) return;
   switch (change) {
     case DocumentChange::kSamples:
       // The track and the undo file belong to the recording as it was.
       pitch = {};
       undoAvailable = false;
+      LayOut();
       FollowStretch();
-      services_.listener.LabelsChanged();
       break;
     case DocumentChange::kLabels:
       undoAvailable = false;
-      services_.listener.LabelsChanged();
+      LayOut();
       break;
     case DocumentChange::kStretch:
       FollowStretch();
@@ -70,16 +79,34 @@ void CSonadexView::DocumentChanged(DocumentChange change, const DocumentObserver
     case DocumentChange::kSettings:
       LayOut();
       break;
-    case DocumentChange::kCursor:
-    case DocumentChange::kTracks:
-    case DocumentChange::kTitle:
+    default:
       break;
   }
-  if (const auto* other = dynamic_cast<const CSonadexView*>(by)) {
-    markerSet = other->markerSet;
-    selectionShown = other->selectionShown;
+  if (const auto* other = dynamic_cast<const CSonadexView*>(by)) TakeStateOf(*other, change);
+  Refresh(change);
+  if (change == DocumentChange::kCursor) ReadSelection(*this);
+  Redraw();
+}
+
+// The parts of what the views share that are not in the document.
+void CSonadexView::TakeStateOf(const CSonadexView& other, DocumentChange change) {
+  if (change == DocumentChange::kCursor || change == DocumentChange::kSamples) {
+    markerSet = other.markerSet;
+    selectionShown = other.selectionShown;
   }
-  if (change != DocumentChange::kTitle) Redraw();
+  if (change == DocumentChange::kStretch || change == DocumentChange::kSamples) {
+    horizontal = other.horizontal;
+    zoomed = other.zoomed;
+  }
+}
+
+// What depends on a change, whichever view made it.
+void CSonadexView::Refresh(DocumentChange change) {
+  const bool samples = change == DocumentChange::kSamples;
+  const bool tracks = samples || change == DocumentChange::kTracks;
+  if (samples || change == DocumentChange::kLabels) services_.listener.LabelsChanged();
+  if (tracks || change == DocumentChange::kCursor) ReadCursor(*this);
+  if (tracks) ReadSelection(*this);
 }
 
 }  // namespace cantorix

@@ -36,8 +36,9 @@ struct ViewServices {
 
 // A press of the left button that has not been released yet.
 struct PressState {
-  bool held = false;          // by the user's own pointer
-  std::int32_t x = 0;         // pixels
+  bool held = false;   // by the user's own pointer
+  std::int32_t x = 0;  // pixels, of the press
+  std::int32_t y = 0;
   bool moved = false;         // more than kClickPixels away at least once
   bool draggedLabel = false;  // the press took a label along, so that nothing is selected
 };
@@ -45,7 +46,7 @@ struct PressState {
 // Label entry by the mouse.
 struct LabelEntryState {
   bool enabled = false;
-  int currentTier = -1;   // the tier that was pressed last
+  int currentTier = -1;   // the tier under the last press; -1: none
   int pressedLabel = -1;  // its label under the press; -1: none
   Label label;            // a copy of that label, moved along while it is dragged
 };
@@ -67,15 +68,19 @@ class CSonadexView : public DocumentObserver {
   Progress& progress() { return document_.host().progress; }
 
   // The first update: an unzoomed view, laid out in a client area, with "Pitch All" when it is
-  // automatic.
+  // automatic. A failure is shown.
   void Begin(PixelSize client);
   // The view in a client area of another size, or again in the same one.
   void LayOut(PixelSize client);
   void LayOut() { LayOut(layout.client); }
+  // Puts this view's rectangles into channel and tiers, where another view of the document may have
+  // put its own. What maps pixels or paints begins with it.
+  void PlaceLayout();
 
   // Everything that is drawn is stale.
   void Redraw();
-  // Something of the document has changed through this view: draws it and tells the other views.
+  // Something of the document has changed through this view: reads it out, draws it and tells the
+  // other views.
   void Changed(DocumentChange change);
   // The user does something that ends a playback in progress.
   void StopPlayback() { services_.playback.StopPlayback(); }
@@ -101,6 +106,9 @@ class CSonadexView : public DocumentObserver {
   std::unique_ptr<UndoFile> undoFile;  // made by the first edit
 
  private:
+  void Refresh(DocumentChange change);
+  void TakeStateOf(const CSonadexView& other, DocumentChange change);
+
   CSonadexDoc& document_;
   ViewServices services_;
 };

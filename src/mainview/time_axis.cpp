@@ -1,6 +1,7 @@
 // time_axis.cpp
 #include "mainview/time_axis.h"
 
+#include <algorithm>
 #include <span>
 
 #include "platform/numbers.h"
@@ -40,6 +41,10 @@ void SetCursor(CSonadexDoc& document, const TimePoint& point) {
 }
 
 }  // namespace
+
+double InsideRecordingMs(const CChannel& channel, double ms) {
+  return std::min(ms, channel.totalDurationMs);
+}
 
 TimePoint PixelToTime(const CChannel& channel, double pixel) {
   const double start = channel.visibleStart.samples;

@@ -13,6 +13,9 @@ inline constexpr std::int32_t kLeftMargin = 40;  // pixels
 inline constexpr std::int32_t kRightMargin = 5;
 inline constexpr std::int32_t kClickPixels = 5;  // a movement of up to this many is still a click
 
+// A time of cursor or selection, which edits may have left beyond the end: at most the duration.
+double InsideRecordingMs(const CChannel& channel, double ms);
+
 // The point under a pixel column, clamped to the recording. The visible start while the waveform
 // rectangle has no width.
 TimePoint PixelToTime(const CChannel& channel, double pixel);

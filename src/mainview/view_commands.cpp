@@ -1,12 +1,20 @@
 // view_commands.cpp
 #include "mainview/view_commands.h"
 
+#include <algorithm>
+
 #include "mainview/option_commands.h"
 #include "mainview/time_axis.h"
+#include "mainview/view_readouts.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
 namespace {
+
+// A stretch may have been scrolled or zoomed beyond the end of the recording.
+TimePoint InsideRecording(const CChannel& channel, const TimePoint& point) {
+  return {std::min(point.samples, channel.totalLength), InsideRecordingMs(channel, point.ms)};
+}
 
 void Select(CSonadexView& view, const TimePoint& start, const TimePoint& end) {
   CChannel& channel = view.channel();
@@ -16,7 +24,7 @@ void Select(CSonadexView& view, const TimePoint& start, const TimePoint& end) {
   view.selectionShown = true;
   view.document().hasSelection = true;
   view.markerSet = false;
-  view.readouts.durationMs = channel.selectionLength.ms;
+  ReadSelection(view);
   view.Changed(DocumentChange::kCursor);
 }
 
@@ -48,7 +56,6 @@ void SetZoomRange(CSonadexView& view) {
 }
 
 void ScrollView(CSonadexView& view, ScrollRequest request, std::int32_t trackPosition) {
-  view.StopPlayback();
   view.horizontal = ScrolledHorizontally(view.horizontal, request, trackPosition);
   FollowScrollBar(view);
 }
@@ -68,13 +75,15 @@ void ScrollViewVertically(CSonadexView& view, ScrollRequest request, std::int32_
 }
 
 void TurnWheel(CSonadexView& view, std::int32_t delta) {
-  if (delta == 0) return view.StopPlayback();
+  view.StopPlayback();
+  if (delta == 0) return;
   ScrollView(view, delta > 0 ? ScrollRequest::kLineForward : ScrollRequest::kLineBack);
 }
 
 void SelectWindow(CSonadexView& view) {
   const CChannel& channel = view.channel();
-  Select(view, channel.visibleStart, channel.visibleEnd);
+  Select(view, InsideRecording(channel, channel.visibleStart),
+         InsideRecording(channel, channel.visibleEnd));
 }
 
 void SelectAll(CSonadexView& view) {
@@ -87,7 +96,6 @@ void SelectSpan(CSonadexView& view, double startMs, double endMs) {
   SetCursorAtTime(view.document(), startMs);
   channel.dragPoint = channel.PointAtTime(endMs);
   UpdateSelection(channel);
-  view.readouts.cursorMs = channel.cursor.ms;
   Select(view, channel.selectionStart, channel.selectionEnd);
 }
 
@@ -99,16 +107,16 @@ void PlaceMarker(CSonadexView& view, double ms) {
   view.selectionShown = false;
   view.document().hasSelection = false;
   view.pressedMs = channel.cursor.ms;
-  view.readouts.cursorMs = channel.cursor.ms;
-  view.readouts.durationMs = 0.0;
+  ReadSelection(view);
   view.Changed(DocumentChange::kCursor);
 }
 
 void DropSelection(CSonadexView& view) {
   for (CChannel& channel : view.document().channels) ClearSelection(channel);
   view.selectionShown = false;
+  view.markerSet = false;
   view.document().hasSelection = false;
-  view.readouts.durationMs = 0.0;
+  ReadSelection(view);
   view.Changed(DocumentChange::kCursor);
 }
 

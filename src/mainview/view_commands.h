@@ -1,5 +1,6 @@
 // view_commands.h - what the commands of zoom, scroll and selection do to a view: the rules of the
-// files beside it in their order, with playback stopped first and the drawing made stale.
+// files beside it in their order, with the drawing made stale. Zooms and the wheel stop playback
+// first; the scroll bars and selections leave it running.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +30,7 @@ void SelectAll(CSonadexView& view);
 void SelectSpan(CSonadexView& view, double startMs, double endMs);
 // Places the cursor and a marker, as a click there does. Throws FileError.
 void PlaceMarker(CSonadexView& view, double ms);
-// Selection of every channel and of the flags to none; the cursor stays.
+// No selection in any channel, selection flags and `markerSet` false; the cursor stays.
 void DropSelection(CSonadexView& view);
 
 }  // namespace cantorix

@@ -19,6 +19,8 @@ struct TierSetup {
   std::string name;
   std::int32_t height = 20;  // pixels, 1 and more
   bool inUse = false;
+
+  bool operator==(const TierSetup&) const = default;
 };
 using TierSetups = std::array<TierSetup, kTierCount>;
 

@@ -5,9 +5,20 @@
 #include <array>
 
 #include "mainview/time_axis.h"
+#include "platform/numbers.h"
 
 namespace cantorix {
 namespace {
+
+// A damaged file may ask for any height; these keep the sums far from overflowing.
+constexpr std::int32_t kGreatestTierHeight = 10'000;  // pixels
+constexpr std::int32_t kGreatestPercent = 1000;
+
+double ShareOf(std::int32_t percent) { return std::clamp(percent, 1, kGreatestPercent) * 0.01; }
+
+std::int32_t HeightOf(const Tier& tier) {
+  return std::clamp(tier.tierWord, 1, kGreatestTierHeight);
+}
 
 // The panes' parts of the height that is left for them, 0 for one that is not drawn.
 struct PaneShares {
@@ -19,8 +30,8 @@ struct PaneShares {
 
 PaneShares SharesOf(const DisplaySettings& display) {
   PaneShares shares;
-  if (display.drawAudio != 0) shares.audio = std::max(display.audioPanePercent, 1) * 0.01;
-  if (display.drawPitch != 0) shares.pitch = std::max(display.pitchPanePercent, 1) * 0.01;
+  if (display.drawAudio != 0) shares.audio = ShareOf(display.audioPanePercent);
+  if (display.drawPitch != 0) shares.pitch = ShareOf(display.pitchPanePercent);
   if (display.drawIntensity != 0 && display.intensityInOwnPane != 0) {
     // Intensity has no percent of its own: it takes a third of the audio pane's part.
     shares.intensity = shares.audio > 0.0 ? shares.audio / 3.0 : 0.3;
@@ -35,13 +46,13 @@ PaneShares SharesOf(const DisplaySettings& display) {
 
 std::int32_t PaneHeight(double share, std::int32_t available) {
   if (share <= 0.0) return 0;
-  return std::max(static_cast<std::int32_t>(share * available), kLeastPaneHeight);
+  return std::max(TruncateToInt32(share * available), kLeastPaneHeight);
 }
 
 std::int32_t TiersHeight(const CChannel& channel, const DisplaySettings& display) {
   if (display.drawTiers == 0) return 0;
   std::int32_t height = 0;
-  for (const Tier& tier : channel.tiers) height += tier.inUse ? std::max(tier.tierWord, 1) : 0;
+  for (const Tier& tier : channel.tiers) height += tier.inUse ? HeightOf(tier) : 0;
   return height;
 }
 
@@ -62,7 +73,7 @@ class Strips {
 
 void PlaceTiers(CChannel& channel, bool drawn, Strips& strips) {
   for (Tier& tier : channel.tiers) {
-    tier.rect = drawn && tier.inUse ? strips.Next(std::max(tier.tierWord, 1)) : PixelRect{};
+    tier.rect = drawn && tier.inUse ? strips.Next(HeightOf(tier)) : PixelRect{};
   }
 }
 

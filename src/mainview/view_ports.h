@@ -34,12 +34,20 @@ class ViewListener {
   virtual void CursorMoved(MousePhase phase, double ms) = 0;
 };
 
+// Sound in the program as a view and its commands see it.
+struct SoundState {
+  bool available = false;      // sound can be recorded and played
+  bool recording = false;      // into any document
+  bool recordingHere = false;  // into this view's document
+};
+
 // Playback as the view sees it.
 class PlaybackControl {
  public:
   virtual ~PlaybackControl() = default;
   // Ends a playback in progress at once; does nothing otherwise.
   virtual void StopPlayback() = 0;
+  virtual SoundState Sound() const { return {}; }
 };
 
 }  // namespace cantorix

@@ -1,0 +1,35 @@
+// open_documents.h - the documents that are open, in the order in which they came.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "document/document.h"
+
+namespace cantorix {
+
+class Application;
+
+class OpenDocuments {
+ public:
+  explicit OpenDocuments(Application& application) : application_(application) {}
+
+  CSonadexDoc& New();
+  // The document of `path`; the one that has it open already, if any. Null when it could not be
+  // opened, which the user has been told unless they cancelled it.
+  CSonadexDoc* Open(const std::string& path);
+  // Ends a document. Its views must be gone.
+  void Close(CSonadexDoc& document);
+
+  std::vector<CSonadexDoc*> All() const;
+
+ private:
+  CSonadexDoc* Find(const std::string& path) const;
+  void Report(const std::string& path, const OpenFailure& failure);
+
+  Application& application_;
+  std::vector<std::unique_ptr<CSonadexDoc>> documents_;
+};
+
+}  // namespace cantorix

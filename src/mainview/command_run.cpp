@@ -1,0 +1,48 @@
+// command_run.cpp - where what the user does to a view begins and its failures end.
+#include <algorithm>
+#include <new>
+#include <stdexcept>
+
+#include "mainview/commands.h"
+#include "platform/abandon.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+
+const CommandRow& RowOf(Command command) {
+  const auto table = CommandTable();
+  const auto row = std::find_if(table.begin(), table.end(),
+                                [command](const CommandRow& other) { return other.id == command; });
+  if (row == table.end()) throw std::logic_error("a command without a row");
+  return *row;
+}
+
+std::string_view MenuText(const CommandRow& row, const CSonadexView* view) {
+  const bool leaves =
+      row.id == Command::kLabelEntryMode && view != nullptr && view->labelEntry.enabled;
+  return leaves ? "Disable Label Entry Mode" : row.text;
+}
+
+bool RunCommand(CSonadexView& view, Command command) {
+  const CommandRow& row = RowOf(command);
+  if (row.handler == nullptr || !IsEnabled(row, FactsOf(&view))) return false;
+  return Guarded(view, [&] { row.handler(view); });
+}
+
+bool Guarded(CSonadexView& view, const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (const Abandoned&) {
+    // Cancelled, or shown where it happened.
+  } catch (const std::bad_alloc&) {
+    view.prompts().Message("There is not enough memory.");
+  } catch (const std::exception& error) {
+    // A file that cannot be read, or a fault of ours: either way the documents stay alive.
+    view.prompts().Message(error.what());
+  }
+  view.Redraw();  // what was given up may have dropped a track
+  return false;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,286 @@
+// command_table.cpp - the rows of all commands: one long table.
+// A command that works on a view or its document has its handler here; windows, printing, sound and
+// what concerns the whole program are the frame's.
+#include <array>
+
+#include "document/save_commands.h"
+#include "mainview/analysis_commands.h"
+#include "mainview/commands.h"
+#include "mainview/editing.h"
+#include "mainview/label_commands.h"
+#include "mainview/log_commands.h"
+#include "mainview/option_commands.h"
+#include "mainview/view_commands.h"
+
+namespace cantorix {
+namespace {
+
+// What most commands need.
+constexpr Facts kAnyTime = 0U;
+constexpr Facts kOpen = fact::kDocument;
+constexpr Facts kOwn = kOpen | fact::kIdle;  // works on the document itself
+constexpr Facts kLoaded = kOwn | fact::kLoaded;
+constexpr Facts kSelected = kLoaded | fact::kSelection;
+constexpr Facts kMarked = kLoaded | fact::kMarker;
+constexpr Facts kLogged = kLoaded | fact::kLogOpen;
+constexpr Facts kHeard = kLoaded | fact::kSound;
+
+constexpr bool kSeparator = true;
+
+template <auto kFunction>
+void OnDocument(CSonadexView& view) {
+  kFunction(view.document());
+}
+
+template <Zoom kZoom>
+void ZoomBy(CSonadexView& view) {
+  ZoomView(view, kZoom);
+}
+
+template <Stretch kStretch>
+void PitchOf(CSonadexView& view) {
+  AnalysePitch(view, kStretch);
+}
+
+void IntensityOfAll(CSonadexView& view) { AnalyseIntensity(view, Stretch::kAll); }
+
+// Enabled only while a log is open.
+template <LogCommand kCommand>
+void Enter(CSonadexView& view) {
+  EnterIntoLog(view, kCommand, *view.services().openLog());
+}
+
+constexpr std::array kTable{
+    // File
+    CommandRow{Command::kNew, Menu::kFile, "&New", "Ctrl+N", kAnyTime, "Open an empty document",
+               "New", nullptr, false, 1},
+    CommandRow{Command::kOpen, Menu::kFile, "&Open...", "Ctrl+O", kAnyTime, "Open a recording",
+               "Open", nullptr, false, 1},
+    CommandRow{Command::kClose, Menu::kFile, "&Close", "", kOwn, "Close the document", "Close",
+               nullptr},
+    CommandRow{Command::kSave, Menu::kFile, "&Save", "Ctrl+S", kOwn | fact::kModified,
+               "Save the document", "Save", OnDocument<SaveDocument>, kSeparator, 1},
+    CommandRow{Command::kSaveAs, Menu::kFile, "Save &As...", "", kLoaded,
+               "Save the document under a new name", "Save As", OnDocument<SaveDocumentAs>},
+    CommandRow{Command::kSaveCopyAs, Menu::kFile, "Save Copy As...", "", kLoaded,
+               "Save a copy of the document and stay with the original", "Save Copy As",
+               OnDocument<SaveCopyAs>},
+    CommandRow{Command::kSaveSelectionAs, Menu::kFile, "Save Selection As...", "",
+               kLoaded | fact::kDocumentSelection, "Save the selection as a recording of its own",
+               "Save Selection As", OnDocument<SaveSelectionAs>},
+    CommandRow{Command::kExportAsWave, Menu::kFile, "Export as Wave...", "", kLoaded,
+               "Write the recording as a WAV file", "Export as Wave", OnDocument<ExportAsWave>,
+               kSeparator},
+    CommandRow{Command::kExportSelectionAsWave, Menu::kFile, "Export Selection as Wave...", "",
+               kLoaded | fact::kDocumentSelection, "Write the selection as a WAV file",
+               "Export Selection as Wave", OnDocument<ExportSelectionAsWave>},
+    CommandRow{Command::kSaveAsBmp, Menu::kFile, "Save As bmp...", "", kLoaded,
+               "Save the picture of the recording as a bitmap file", "Save As bmp", nullptr,
+               kSeparator},
+    CommandRow{Command::kSaveScreenAsBmp, Menu::kFile, "Save Screen As bmp...", "", kLoaded,
+               "Save the window as it is on the screen as a bitmap file", "Save Screen As bmp",
+               nullptr},
+    CommandRow{Command::kLoadConfiguration, Menu::kFile, "Load Configuration...", "", kAnyTime,
+               "Take all settings from a configuration file", "Load Configuration", nullptr,
+               kSeparator},
+    CommandRow{Command::kSaveConfiguration, Menu::kFile, "Save Configuration...", "", kOwn,
+               "Keep all settings in a configuration file of a name of yours", "Save Configuration",
+               nullptr},
+    CommandRow{Command::kRevertConfiguration, Menu::kFile, "Revert to Default Configuration", "",
+               kAnyTime, "Go back to the settings of a first run",
+               "Revert to Default Configuration", nullptr},
+    CommandRow{Command::kPrint, Menu::kFile, "&Print...", "Ctrl+P", kLoaded, "Print the recording",
+               "Print", nullptr, kSeparator, 1},
+    CommandRow{Command::kPrintScreen, Menu::kFile, "Print Screen...", "", kLoaded,
+               "Print the window as it is on the screen", "Print Screen", nullptr},
+    CommandRow{Command::kPrintPreview, Menu::kFile, "Print Pre&view", "", kLoaded,
+               "Show what would be printed", "Print Preview", nullptr},
+    CommandRow{Command::kPrintSetup, Menu::kFile, "Print Setup...", "", kAnyTime,
+               "Choose printer and paper", "Print Setup", nullptr},
+    CommandRow{Command::kRecentFiles, Menu::kFile, "Recent File", "", kAnyTime,
+               "Open this recording again", "Recent File", nullptr, kSeparator},
+    CommandRow{Command::kExit, Menu::kFile, "E&xit", "", kAnyTime, "Close all documents and leave",
+               "Exit", nullptr, kSeparator},
+
+    // Edit
+    CommandRow{Command::kUndo, Menu::kEdit, "&Undo", "Ctrl+Z", kLoaded | fact::kUndo,
+               "Take the last edit back", "Undo", Undo, false, 2},
+    CommandRow{Command::kCut, Menu::kEdit, "Cu&t", "Ctrl+X", kSelected,
+               "Move the selection to the clipboard", "Cut", CutSelection, kSeparator, 2},
+    CommandRow{Command::kCopy, Menu::kEdit, "&Copy", "Ctrl+C", kSelected,
+               "Copy the selection to the clipboard", "Copy", CopySelection, false, 2},
+    CommandRow{Command::kPaste, Menu::kEdit, "&Paste", "Ctrl+V", kOwn | fact::kClipboard,
+               "Insert the clipboard at the cursor or in place of the selection", "Paste", Paste,
+               false, 2},
+    CommandRow{Command::kClearToReference, Menu::kEdit, "Clear to Reference", "", kSelected,
+               "Set the samples of the selection to the reference level", "Clear to Reference",
+               ClearToReference},
+    CommandRow{Command::kSelectWindow, Menu::kEdit, "Select Window", "", kLoaded,
+               "Select the stretch displayed in the window", "Select Window", SelectWindow,
+               kSeparator},
+    CommandRow{Command::kSelectAll, Menu::kEdit, "Select All", "Ctrl+A", kLoaded,
+               "Select the whole recording", "Select All", SelectAll},
+
+    // View
+    CommandRow{Command::kToolBar, Menu::kView, "Toolbar", "", kAnyTime, "Show or hide the tool bar",
+               "Toolbar", nullptr},
+    CommandRow{Command::kStatusBar, Menu::kView, "Status Bar", "", kAnyTime,
+               "Show or hide the status bar", "Status Bar", nullptr},
+
+    // Zoom
+    CommandRow{Command::kZoomIn, Menu::kZoom, "In", "Ctrl+B", kLoaded, "Show less and larger",
+               "Zoom In", ZoomBy<Zoom::kIn>, false, 3},
+    CommandRow{Command::kZoomOut, Menu::kZoom, "Out", "Ctrl+E", kLoaded | fact::kZoomed,
+               "Show more and smaller", "Zoom Out", ZoomBy<Zoom::kOut>, false, 3},
+    CommandRow{Command::kZoomSelection, Menu::kZoom, "Selection", "Ctrl+Q", kSelected,
+               "Show the selection alone", "Zoom to Selection", ZoomBy<Zoom::kSelection>, false, 3},
+    CommandRow{Command::kZoomFromCursor, Menu::kZoom, "From Cursor for Duration", "Ctrl+W", kMarked,
+               "Show the duration of the zoom option from the cursor on",
+               "From Cursor for Duration", ZoomBy<Zoom::kFromCursor>},
+    CommandRow{Command::kHome, Menu::kZoom, "Home", "", kLoaded, "Show the whole recording", "Home",
+               ZoomBy<Zoom::kHome>, false, 3},
+    CommandRow{Command::kUnZoom, Menu::kZoom, "UnZoom", "", kLoaded,
+               "Show the stretch before the last zoom", "UnZoom", ZoomBy<Zoom::kUnZoom>, false, 3},
+
+    // Reference/Gain
+    CommandRow{Command::kReferenceGain, Menu::kReferenceGain, "Reference/Gain...", "", kLoaded,
+               "Move the reference level of the samples and amplify them", "Reference/Gain",
+               ReferenceAndGain},
+
+    // Record/Play
+    CommandRow{Command::kRecord, Menu::kRecordPlay, "Record", "Ctrl+R",
+               kOwn | fact::kSound | fact::kRecordAllowed, "Start recording", "Record", nullptr,
+               false, 4},
+    CommandRow{Command::kPlayAll, Menu::kRecordPlay, "Play All", "Ctrl+Y", kHeard,
+               "Play the whole file", "Play All", nullptr, kSeparator, 4},
+    CommandRow{Command::kPlaySelection, Menu::kRecordPlay, "Play Selection", "Ctrl+U",
+               kHeard | fact::kSelection, "Play the selected section of the file", "Play Selection",
+               nullptr, false, 4},
+    CommandRow{Command::kPlayWindow, Menu::kRecordPlay, "Play Window", "", kHeard,
+               "Play the section of the file displayed in the current window", "Play Window",
+               nullptr, false, 4},
+
+    // Analysis
+    CommandRow{Command::kFftLpc, Menu::kAnalysis, "FFT/LPC", "Ctrl+F", kMarked,
+               "Perform FFT & LPC analysis", "FFT/LPC", nullptr, false, 5},
+    CommandRow{Command::kFftLpcSelection, Menu::kAnalysis, "FFT/LPC Selection", "", kSelected,
+               "Perform FFT & LPC analysis averaged over the selection", "FFT/LPC Selection",
+               nullptr},
+    CommandRow{Command::kSpectrogramAll, Menu::kAnalysis, "Spectrogram All", "Ctrl+G", kLoaded,
+               "Perform spectrogram on the whole file", "Spectrogram All", nullptr, kSeparator},
+    CommandRow{Command::kSpectrogramSelection, Menu::kAnalysis, "Spectrogram Selection", "Ctrl+H",
+               kSelected, "Perform spectrogram on the selection", "Spectrogram Selection", nullptr},
+    CommandRow{Command::kSpectrogramWindow, Menu::kAnalysis, "Spectrogram Window", "", kLoaded,
+               "Perform spectrogram on the window", "Spectrogram Window", nullptr, false, 5},
+    CommandRow{Command::kPitchAll, Menu::kAnalysis, "Pitch All", "Ctrl+L", kLoaded,
+               "Perform pitch and intensity of the whole file", "Pitch All", PitchOf<Stretch::kAll>,
+               kSeparator, 5},
+    CommandRow{Command::kPitchSelection, Menu::kAnalysis, "Pitch Selection", "", kSelected,
+               "Perform pitch and intensity of the selection", "Pitch Selection",
+               PitchOf<Stretch::kSelection>},
+    CommandRow{Command::kPitchWindow, Menu::kAnalysis, "Pitch Window", "", kLoaded,
+               "Perform pitch and intensity of the window", "Pitch Window",
+               PitchOf<Stretch::kWindow>},
+
+    // Tool bar only
+    CommandRow{Command::kIntensity, Menu::kNone, "Intensity", "", kLoaded,
+               "Perform power intensity of the waveform", "Intensity", IntensityOfAll, false, 5},
+    CommandRow{Command::kSmooth, Menu::kNone, "Smooth", "", kLoaded, "Smooth the data", "Smooth",
+               Smooth, false, 5},
+    CommandRow{Command::kSetReferenceOfAll, Menu::kNone, "Set Channels Reference All", "", kLoaded,
+               "Set the reference for all channels", "Set Channels Reference All",
+               SetReferenceOfAllChannels, false, 5},
+
+    // Tiers/Labels
+    CommandRow{Command::kLabelEntryMode, Menu::kTiersLabels, "Enable Label Entry Mode", "", kLoaded,
+               "Set, edit and move labels with the mouse, or stop doing so", "Label Entry Mode",
+               ToggleLabelEntry, false, 6},
+    CommandRow{Command::kSetTiers, Menu::kTiersLabels, "Set/Modify...", "", kLoaded,
+               "Name the tiers, set their heights and which of them are shown", "Set/Modify Tiers",
+               SetTiers},
+    CommandRow{Command::kImportLabels, Menu::kTiersLabels, "Import Labels into a Tier...", "",
+               kLoaded, "Add the labels of a text file to a tier", "Import Labels", ImportLabels},
+    // Kept: the entry has always been spelled so.
+    CommandRow{Command::kViewLabels, Menu::kTiersLabels, "Vew Labels", "", kLoaded,
+               "View the label list", "View Labels", nullptr, kSeparator, 6},
+
+    // Log
+    CommandRow{Command::kLogNew, Menu::kLog, "New", "", kOpen, "Open an empty log", "New Log",
+               nullptr},
+    CommandRow{Command::kLogOpen, Menu::kLog, "Open...", "", kOpen, "Open a log file", "Open Log",
+               nullptr},
+    CommandRow{Command::kLogSave, Menu::kLog, "Save", "", kOpen | fact::kLogOpen, "Save the log",
+               "Save Log", nullptr},
+    CommandRow{Command::kLogSaveAs, Menu::kLog, "Save As...", "", kOpen | fact::kLogOpen,
+               "Save the log under another name", "Save Log As", nullptr},
+    CommandRow{Command::kEnterDuration, Menu::kLog, "Enter Duration", "Ctrl+D",
+               kLogged | fact::kSelection, "Enter the duration of the selection into the log",
+               "Enter Duration", Enter<LogCommand::kDuration>, kSeparator},
+    CommandRow{Command::kEnterPitchAtMarker, Menu::kLog, "Enter Pitch at Marker", "Ctrl+M",
+               kLogged | fact::kMarker, "Enter pitch and intensity at the marker into the log",
+               "Enter Pitch at Marker", Enter<LogCommand::kPitchAtMarker>},
+    CommandRow{Command::kEnterPitchSelection, Menu::kLog, "Enter Pitch Selection", "",
+               kLogged | fact::kSelection, "Enter the pitch track of the selection into the log",
+               "Enter Pitch Selection", Enter<LogCommand::kPitchSelection>},
+    CommandRow{Command::kEnterPitchAll, Menu::kLog, "Enter Pitch All", "", kLogged,
+               "Enter the whole pitch track into the log", "Enter Pitch All",
+               Enter<LogCommand::kPitchAll>},
+    CommandRow{Command::kEnterLabelsSelection, Menu::kLog, "Enter Labels Selection", "",
+               kLogged | fact::kSelection, "Enter the labels of the selection into the log",
+               "Enter Labels Selection", Enter<LogCommand::kLabelsSelection>},
+    CommandRow{Command::kEnterLabelsAll, Menu::kLog, "Enter Labels All", "", kLogged,
+               "Enter all labels into the log", "Enter Labels All", Enter<LogCommand::kLabelsAll>},
+
+    // Options
+    CommandRow{Command::kDisplayOptions, Menu::kOptions, "Display", "", kLoaded,
+               "Choose what the main view draws", "Display Options", nullptr},
+    CommandRow{Command::kRecordPlayOptions, Menu::kOptions, "Record/Play", "", kOpen | fact::kSound,
+               "Set input, rate and levels of recording and playback", "Record/Play Options",
+               nullptr},
+    CommandRow{Command::kZoomOptions, Menu::kOptions, "Zoom...", "", kLoaded,
+               "Set the duration to zoom from the cursor", "Zoom Option", SetZoomRange, kSeparator},
+    CommandRow{Command::kFftLpcOptions, Menu::kOptions, "FFT/LPC...", "", kLoaded,
+               "Set the parameters of FFT and LPC", "FFT/LPC Option", SetFftLpcOptions},
+    CommandRow{Command::kSpectrogramOptions, Menu::kOptions, "Spectrogram...", "", kLoaded,
+               "Set the parameters of the spectrogram", "Spectrogram Option",
+               SetSpectrogramOptions},
+    CommandRow{Command::kPitchOptions, Menu::kOptions, "Pitch...", "", kLoaded,
+               "Set the parameters of pitch tracking", "Pitch Option", SetPitchOptions},
+    CommandRow{Command::kIntensityOptions, Menu::kOptions, "Intensity...", "", kLoaded,
+               "Set the parameters of the intensity", "Intensity Options", SetIntensityOptions},
+    CommandRow{Command::kLogOptions, Menu::kOptions, "Log...", "", kLoaded,
+               "Set the step of whole spectra in the log", "Log Option", SetLogOptions},
+
+    // Window
+    CommandRow{Command::kNewWindow, Menu::kWindow, "New Window", "", kOwn,
+               "Open another window of the document", "New Window", nullptr},
+    CommandRow{Command::kCascade, Menu::kWindow, "Cascade", "", kOpen,
+               "Let the windows overlap in steps", "Cascade", nullptr},
+    CommandRow{Command::kTile, Menu::kWindow, "Tile", "", kOpen, "Lay the windows side by side",
+               "Tile", nullptr},
+    CommandRow{Command::kArrangeIcons, Menu::kWindow, "Arrange Icons", "", kOpen,
+               "Put the minimised windows in a row", "Arrange Icons", nullptr},
+    CommandRow{Command::kCloseStatusWindow, Menu::kWindow, "Close Status Window", "", kOpen,
+               "Close the progress window", "Close Status Window", nullptr, kSeparator},
+
+    // Help
+    CommandRow{Command::kHelpTopics, Menu::kHelp, "Help Topics", "", kAnyTime, "Open the manual",
+               "Help Topics", nullptr, false, 7},
+    // Kept: the entry carries the inner name of the program.
+    CommandRow{Command::kAbout, Menu::kHelp, "&About Sonadex...", "", kAnyTime,
+               "Show what this program is and its version", "About Cantorix", nullptr, kSeparator},
+};
+
+}  // namespace
+
+std::span<const CommandRow> CommandTable() { return kTable; }
+
+std::string_view MenuTitle(Menu menu) {
+  static constexpr std::array<std::string_view, 13> kTitles{
+      "&File",     "&Edit",         "&View", "&Zoom",    "Reference/&Gain", "&Record/Play",
+      "&Analysis", "&Tiers/Labels", "&Log",  "&Options", "&Window",         "&Help",
+      ""};
+  return kTitles.at(static_cast<std::size_t>(menu));
+}
+
+}  // namespace cantorix

@@ -1,0 +1,250 @@
+// save_commands_test.cpp - what the save commands ask, write and leave behind in the document.
+#include "document/save_commands.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "document/native_io.h"
+#include "document/wav_file.h"
+#include "platform/abandon.h"
+
+namespace cantorix {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::MatchesRegex;
+
+constexpr bool kOverwrite = true;
+constexpr bool kMustExist = true;
+
+Bytes WaveOf(CSonadexDoc& document, WaveBytes range) {
+  Bytes bytes;
+  WriteWave([&](auto piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); }, document,
+            range, document.host().progress);
+  return bytes;
+}
+
+// A modified document of 100 samples at "talk.one.qrv", with the samples [20, 60) selected and a
+// label in and outside of them.
+class SaveCommandsTest : public testing::Test {
+ protected:
+  SaveCommandsTest() {
+    FillWithRamp(document_, 100.0);
+    CChannel& channel = document_.channel();
+    channel.tiers[2].inUse = true;
+    channel.AddLabel(2, LabelAt(10.0, "out"));
+    channel.AddLabel(2, LabelAt(30.0, "in"));
+    channel.selectionStart = {20.0, 20.0};
+    channel.selectionEnd = {60.0, 60.0};
+    document_.SetPathName(path_);
+    document_.loaded = document_.hasSelection = true;
+    document_.SetModified(true);
+    host_.host.rememberFile = [this](const std::string& path) { remembered_.push_back(path); };
+  }
+
+  Bytes Whole() { return Written(document_); }
+
+  TestHost host_;
+  CSonadexDoc document_{host_.host};
+  std::string path_ = host_.folder / "talk.one.qrv";
+  std::string chosen_ = host_.folder / "chosen";
+  std::string impossible_ = host_.folder / "no folder/chosen";
+  std::vector<std::string> remembered_;
+};
+
+struct DialogRow {
+  bool (*command)(CSonadexDoc&);
+  const char* title;
+  const char* proposedName;
+  const char* extension;
+  const char* filter;
+  bool fileMustExist;
+};
+
+constexpr const char* kNative = "Cantorix files (*.qrv)|*.qrv|";
+constexpr const char* kWave = "Wave files (*.wav)|*.wav|";
+
+const DialogRow kDialogs[] = {
+    {SaveDocumentAs, "Save file As", "Untitled", "qrv", kNative, !kMustExist},
+    {SaveCopyAs, "Save a Copy As", "Copy of talk_one_qrv", "pmf", kNative, kMustExist},
+    {SaveSelectionAs, "Save Selection As", "Selection of talk_one_qrv", "qrv", kNative, kMustExist},
+    {ExportAsWave, "Save a Data Channel As", "Export talk_one_qrv", "wav", kWave, kMustExist},
+    {ExportSelectionAsWave, "Save Selection of a Data Channel As", "Export talk_one_qrv", "wav",
+     kWave, kMustExist},
+};
+
+TEST_F(SaveCommandsTest, AsksForANameAndChangesNothingWhenTheUserCancels) {
+  for (const DialogRow& row : kDialogs) {
+    SCOPED_TRACE(row.title);
+    host_.prompts.WillCancel();
+    EXPECT_FALSE(row.command(document_));
+    EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(std::string("save: ") + row.title));
+    const FileRequest& request = host_.prompts.fileRequests.back();
+    EXPECT_EQ(request.proposedName, row.proposedName);
+    EXPECT_EQ(request.defaultExtension, row.extension);
+    EXPECT_EQ(request.filter, row.filter);
+    EXPECT_TRUE(request.hideReadOnly);
+    EXPECT_EQ(request.overwritePrompt, kOverwrite);
+    EXPECT_EQ(request.fileMustExist, row.fileMustExist);
+    EXPECT_TRUE(document_.hasSelection && document_.isModified());
+    EXPECT_EQ(document_.pathName(), path_);
+  }
+  EXPECT_THAT(host_.folder.Names(), ElementsAre());
+}
+
+TEST_F(SaveCommandsTest, WritesTheWholeOrTheSelection) {
+  const std::vector<Bytes> expected = {Whole(), Whole(), Written(document_, RangeOf(20.0, 60.0)),
+                                       WaveOf(document_, {0, 200}), WaveOf(document_, {40, 80})};
+  for (std::size_t i = 0; i < std::size(kDialogs); ++i) {
+    SCOPED_TRACE(kDialogs[i].title);
+    document_.hasSelection = true;
+    host_.prompts.WillChooseFile(chosen_);
+    EXPECT_TRUE(kDialogs[i].command(document_));
+    host_.prompts.TakeTranscript();
+    EXPECT_EQ(ReadBytes(chosen_), expected[i]);
+  }
+}
+
+struct FlagRow {
+  bool (*command)(CSonadexDoc&);
+  bool renames, foreignSource, newRecording, modified, hasSelection;
+};
+
+TEST_F(SaveCommandsTest, LeavesPathAndFlagsAsEachCommandDemands) {
+  const FlagRow rows[] = {
+      {SaveCopyAs, false, false, true, false, true},
+      {SaveSelectionAs, false, true, true, true, true},
+      {ExportAsWave, false, true, true, true, true},
+      {ExportSelectionAsWave, false, true, true, true, true},
+      {SaveDocumentAs, true, false, false, false, false},
+  };
+  for (const FlagRow& row : rows) {
+    SCOPED_TRACE(&row - rows);
+    document_.hasSelection = document_.foreignSource = document_.newRecording = true;
+    document_.SetModified(true);
+    host_.prompts.WillChooseFile(chosen_);
+    EXPECT_TRUE(row.command(document_));
+    host_.prompts.TakeTranscript();
+    EXPECT_EQ(document_.pathName(), row.renames ? chosen_ : path_);
+    EXPECT_EQ(remembered_.size(), row.renames ? 1U : 0U);
+    EXPECT_EQ(document_.foreignSource, row.foreignSource);
+    EXPECT_EQ(document_.newRecording, row.newRecording);
+    EXPECT_EQ(document_.isModified(), row.modified);
+    EXPECT_EQ(document_.hasSelection, row.hasSelection);
+  }
+  EXPECT_EQ(document_.title(), "chosen");
+}
+
+TEST_F(SaveCommandsTest, SavesANativeRecordingWholeUnderItsOwnName) {
+  EXPECT_TRUE(SaveDocument(document_));
+  EXPECT_EQ(ReadBytes(path_), Whole());
+  EXPECT_FALSE(document_.isModified() || document_.hasSelection);
+  EXPECT_EQ(remembered_.size(), 0U);
+}
+
+TEST_F(SaveCommandsTest, NeverSavesARecordingOrAForeignFileUnderItsOwnName) {
+  WriteBytes(path_, WaveOf(document_, {0, 200}));
+  CSonadexDoc foreign(host_.host);
+  ASSERT_TRUE(foreign.OnOpenDocument(path_));
+  CSonadexDoc recorded(host_.host);
+  recorded.SetPathName(path_);
+  recorded.newRecording = true;
+  CSonadexDoc pasted(host_.host);
+  for (CSonadexDoc* const document : {&foreign, &recorded, &pasted}) {
+    document->SetModified(true);
+    host_.prompts.WillCancel();
+    EXPECT_FALSE(SaveDocument(*document));
+    EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre("save: Save file As"));
+  }
+  // A copy saved in the native format does not make the file that was opened native.
+  host_.prompts.WillChooseFile(chosen_);
+  EXPECT_TRUE(SaveCopyAs(foreign));
+  EXPECT_FALSE(foreign.foreignSource);
+  host_.prompts.WillChooseFile(chosen_);
+  EXPECT_TRUE(SaveDocument(foreign));
+  EXPECT_THAT(host_.prompts.TakeTranscript(),
+              ElementsAre("save: Save a Copy As", "save: Save file As"));
+  // Its own file now.
+  EXPECT_TRUE(SaveDocument(foreign));
+  EXPECT_EQ(ReadBytes(path_), WaveOf(document_, {0, 200}));
+}
+
+TEST_F(SaveCommandsTest, ReportsAPathThatCannotBeWritten) {
+  constexpr const char* kReport = "message: .*/chosen could not be saved. No such file .*\\.";
+  constexpr const char* kError = "message: Error in save operation\\.";
+  for (const DialogRow& row : kDialogs) {
+    SCOPED_TRACE(row.title);
+    document_.hasSelection = true;
+    host_.prompts.WillChooseFile(impossible_);
+    if (row.command == SaveDocumentAs) {
+      EXPECT_THROW(row.command(document_), Abandoned);
+    } else {
+      EXPECT_FALSE(row.command(document_));
+    }
+    const auto transcript = host_.prompts.TakeTranscript();
+    if (row.extension == std::string("wav")) {
+      EXPECT_THAT(transcript, ElementsAre(testing::_, MatchesRegex(kReport)));
+    } else {
+      EXPECT_THAT(transcript, ElementsAre(testing::_, MatchesRegex(kReport), MatchesRegex(kError)));
+    }
+    EXPECT_TRUE(document_.isModified());
+    EXPECT_EQ(document_.pathName(), path_);
+  }
+  EXPECT_EQ(remembered_.size(), 0U);
+}
+
+TEST_F(SaveCommandsTest, FailedCopyForgetsTheSelectionIsKept) {
+  host_.prompts.WillChooseFile(impossible_);
+  EXPECT_FALSE(SaveCopyAs(document_));
+  host_.prompts.TakeTranscript();
+  EXPECT_FALSE(document_.hasSelection);
+}
+
+TEST_F(SaveCommandsTest, CancelledWritingOfAStoreLeavesTheEarlierFile) {
+  auto store = std::make_unique<SampleStore>(host_.folder.path(), host_.host.storeCounter);
+  store->Append(document_.channel().samples.samples());
+  document_.HoldOnDisk(std::move(store));
+  const Bytes earlier(3, std::byte{7});
+  WriteBytes(path_, earlier);
+  host_.progress = CancellingProgress(1);
+  EXPECT_THROW(SaveDocument(document_), Abandoned);
+  EXPECT_EQ(ReadBytes(path_), earlier);
+  EXPECT_TRUE(document_.isModified());
+}
+
+TEST_F(SaveCommandsTest, AsksBeforeAModifiedDocumentCloses) {
+  constexpr const char* kQuestion =
+      "ask yes/no/cancel: Save Changes to ' talk.one.qrv ' before closing ?";
+  host_.prompts.WillAnswer(Answer::kCancel);
+  EXPECT_FALSE(CanCloseDocument(document_));
+  EXPECT_TRUE(document_.isModified());
+  host_.prompts.WillAnswer(Answer::kYes);
+  EXPECT_TRUE(CanCloseDocument(document_));
+  EXPECT_EQ(ReadBytes(path_), Whole());
+  document_.SetModified(true);
+  host_.prompts.WillAnswer(Answer::kNo);
+  EXPECT_TRUE(CanCloseDocument(document_));
+  EXPECT_FALSE(document_.isModified());
+  EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(kQuestion, kQuestion, kQuestion));
+  EXPECT_TRUE(CanCloseDocument(document_));  // not modified: no question
+}
+
+TEST_F(SaveCommandsTest, ClosesAfterACancelledSaveAsIsKept) {
+  document_.foreignSource = true;
+  host_.prompts.WillAnswer(Answer::kYes);
+  host_.prompts.WillCancel();
+  EXPECT_TRUE(CanCloseDocument(document_));
+  host_.prompts.TakeTranscript();
+}
+
+TEST_F(SaveCommandsTest, StaysOpenAfterAFailedSave) {
+  document_.SetPathName(impossible_);
+  host_.prompts.WillAnswer(Answer::kYes);
+  EXPECT_FALSE(CanCloseDocument(document_));
+  EXPECT_THAT(host_.prompts.TakeTranscript(),
+              ElementsAre(testing::_, MatchesRegex("message: .* could not be saved\\. .*")));
+  EXPECT_TRUE(document_.isModified());
+}
+
+}  // namespace
+}  // namespace cantorix
