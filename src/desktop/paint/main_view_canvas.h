@@ -37,7 +37,7 @@ class MainViewCanvas : public DocumentObserver {
     bool operator==(const Key&) const = default;
   };
   Key KeyOf(double pixelRatio, const PaintStyle& style) const;
-  void Render(const Key& key, const PaintStyle& style);
+  void Render(const MainViewPicture& picture, const Key& key, const PaintStyle& style);
 
   CSonadexView& view_;
   DocumentWaveform& waveform_;

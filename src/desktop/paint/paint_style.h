@@ -18,8 +18,9 @@ struct PaintStyle {
   QColor pane;        // behind the data
   QColor frame;       // edges of panes and strips
   QColor grid;
-  QColor axis;  // ticks
-  QColor text;  // on background and on pane
+  QColor axis;   // ticks
+  QColor text;   // on background and on pane
+  QColor muted;  // of captions and units
   QColor waveform;
   QColor zeroLine;
   QColor intensity;
@@ -28,13 +29,13 @@ struct PaintStyle {
   QColor selection;      // translucent, over the panes
   QColor selectionEdge;  // of the rubber band
   QColor tier;           // behind labels
-  QColor tierName;
   QColor labelLine;
   QColor spectrumFft;
   QColor spectrumLpc;
   std::array<QColor, kFormants> formants;  // F1 ... F5
   QColor readoutField;                     // behind a value of the readout strip
   QFont font;                              // of ticks, names and readouts
+  bool hasColor = true;                    // false: curves are told apart by their dashes
   double hairline = 1.0;
   double curve = 1.4;  // of contours and envelopes
   double dotRadius = 2.0;
