@@ -68,7 +68,7 @@ bool CMainFrame::OpenFile(const std::string& path) {
 }
 
 void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
-  auto* const frame = new CChildFrame(document, services_, *this);
+  auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
   area_->addSubWindow(frame);
   Place(*frame);
   frame->show();
