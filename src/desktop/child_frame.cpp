@@ -12,14 +12,15 @@
 
 namespace cantorix {
 
-CChildFrame::CChildFrame(CSonadexDoc& document, const DesktopServices& services, FrameHost& host)
+CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
+                         const DesktopServices& services, FrameHost& host)
     : document_(&document), services_(services), host_(host) {
   setAttribute(Qt::WA_DeleteOnClose);
   view_ = std::make_unique<CSonadexView>(
       document, ViewServices{services.clipboard, services.application.temporaryDirectory,
                              services.textMeasurer, *this, *this, services.dialogs,
                              [&host] { return host.openLog(); }});
-  area_ = new MainViewArea(*view_, host, this);
+  area_ = new MainViewArea(*view_, waveform, host, this);
   setWidget(area_);
   document.Attach(*this);
   // Its entry "Close" would take Ctrl+W from the zoom command.

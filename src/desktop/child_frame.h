@@ -11,6 +11,7 @@
 
 namespace cantorix {
 
+class DocumentWaveform;
 class MainViewArea;
 struct DesktopServices;
 
@@ -19,7 +20,8 @@ class CChildFrame : public QMdiSubWindow,
                     private PlaybackControl,
                     private DocumentObserver {
  public:
-  CChildFrame(CSonadexDoc& document, const DesktopServices& services, FrameHost& host);
+  CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform, const DesktopServices& services,
+              FrameHost& host);
   ~CChildFrame() override;
 
   // Null once the window was closed.
