@@ -6,6 +6,8 @@
 
 #include "mainview/analysis_commands.h"
 
+class QMdiSubWindow;
+
 namespace cantorix {
 
 enum class AnalysisKind { kFftLpc, kSpectrogram, kPitch };
@@ -28,6 +30,8 @@ class AnalysisWindows {
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
   // The view goes: its windows must, too.
   virtual void CloseWindowsOf(CSonadexView& view) = 0;
+  // The view that an analysis window belongs to; null for any other window.
+  virtual CSonadexView* ViewOf(const QMdiSubWindow& window) const = 0;
 };
 
 }  // namespace cantorix

@@ -99,6 +99,7 @@ void CChildFrame::RememberPlacement() {
 
 void CChildFrame::LetGo() {
   if (!view_) return;
+  host_.ViewGoes(*view_);
   area_->LetGo();
   document_->Detach(*this);
   view_.reset();

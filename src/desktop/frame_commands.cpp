@@ -29,6 +29,12 @@ std::optional<AnalysisRequest> AnalysisOf(Command command) {
       return AnalysisRequest{AnalysisKind::kSpectrogram, Stretch::kSelection};
     case Command::kSpectrogramWindow:
       return AnalysisRequest{AnalysisKind::kSpectrogram, Stretch::kWindow};
+    case Command::kPitchAll:
+      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kAll};
+    case Command::kPitchSelection:
+      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kSelection};
+    case Command::kPitchWindow:
+      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kWindow};
     default:
       return std::nullopt;
   }

@@ -20,6 +20,8 @@ class FrameHost {
   virtual void StateChanged() = 0;
   virtual void LabelsChanged(CSonadexView& view) = 0;
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
+  // The view is about to go, and whatever belongs to it must go first.
+  virtual void ViewGoes(CSonadexView& view) = 0;
   // Null while no log is open.
   virtual LogSink* openLog() = 0;
   // Carries out what the user began in a view: nothing while another operation runs; an operation

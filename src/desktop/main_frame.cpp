@@ -88,11 +88,17 @@ bool CMainFrame::CloseDocument(CSonadexDoc& document) {
 }
 
 CChildFrame* CMainFrame::activeFrame() const {
-  // Another kind of window in front leaves the commands to the main view used last.
+  const QMdiSubWindow* const current = area_->currentSubWindow();
+  const CSonadexView* const analysed = current != nullptr && analysisWindows_ != nullptr
+                                           ? analysisWindows_->ViewOf(*current)
+                                           : nullptr;
+  // An analysis window in front leaves the commands to its own main view, another kind of window
+  // to the one used last.
   const auto windows = area_->subWindowList(QMdiArea::ActivationHistoryOrder);
   for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
     auto* const frame = dynamic_cast<CChildFrame*>(*window);
-    if (frame != nullptr && frame->view() != nullptr) return frame;
+    if (frame == nullptr || frame->view() == nullptr) continue;
+    if (analysed == nullptr || frame->view() == analysed) return frame;
   }
   return nullptr;
 }

@@ -133,6 +133,10 @@ void CMainFrame::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
   if (analysisWindows_ != nullptr) analysisWindows_->CursorMoved(view, phase, ms);
 }
 
+void CMainFrame::ViewGoes(CSonadexView& view) {
+  if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
+}
+
 LogSink* CMainFrame::openLog() { return services_.application.log ? &logRows_ : nullptr; }
 
 void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {

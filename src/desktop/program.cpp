@@ -10,7 +10,9 @@ namespace cantorix {
 Program::Program()
     : profile_(UserProfilePath()),
       application_({profile_, prompts_, progress_, memory_}),
-      dialogs_(prompts_) {}
+      dialogs_(prompts_),
+      services_{application_, progress_, dialogs_, textMeasurer_, opener_, clipboard_},
+      analysisWindows_(services_) {}
 
 Program::~Program() {
   prompts_.SetOwner(nullptr);
@@ -22,8 +24,13 @@ bool Program::Start(const std::vector<std::string>& files) {
   const std::string current = std::filesystem::current_path(failure).string();
   if (StartUp(application_, current) != StartUpResult::kReady) return false;
 
-  mainFrame_ = std::make_unique<CMainFrame>(
-      DesktopServices{application_, progress_, dialogs_, textMeasurer_, opener_, clipboard_});
+  mainFrame_ = std::make_unique<CMainFrame>(services_);
+  analysisWindows_.Enter({&mainFrame_->area(),
+                          [this](CSonadexDoc& document) -> DocumentWaveform& {
+                            return mainFrame_->documents().WaveformOf(document);
+                          },
+                          [this] { mainFrame_->Refresh(); }});
+  mainFrame_->SetAnalysisWindows(&analysisWindows_);
   prompts_.SetOwner(mainFrame_.get());
   progress_.SetOwner(mainFrame_.get());
   if (!OpenAll(files)) return false;

@@ -12,6 +12,7 @@
 #include "desktop/qt_prompts.h"
 #include "desktop/qt_shell_opener.h"
 #include "desktop/qt_text.h"
+#include "desktop/windows/analysis_window_set.h"
 #include "mainview/clipboard.h"
 #include "platform/host_services.h"
 #include "platform/ini_profile_store.h"
@@ -41,6 +42,8 @@ class Program {
   QtTextMeasurer textMeasurer_;
   QtDialogs dialogs_;
   QtShellOpener opener_;
+  DesktopServices services_;
+  AnalysisWindowSet analysisWindows_;
   std::unique_ptr<CMainFrame> mainFrame_;
 };
 

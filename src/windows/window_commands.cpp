@@ -55,6 +55,8 @@ constexpr WindowCommandRow kRows[] = {
      "Copy the picture to the clipboard", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kPrint, kInAll, "&Print...", "",
      "Print the picture", kPictureThere, kNoLog, kNoSwitch},
+    {WindowCommand::kCloseWindow, kInAll, "Close &Window", "Ctrl+Shift+W",
+     "Close this window; the recording stays open", 0, kNoLog, kNoSwitch},
 };
 // clang-format on
 

@@ -27,6 +27,7 @@ enum class WindowCommand {
   kSavePicture,
   kCopyPicture,
   kPrint,
+  kCloseWindow,
 };
 
 // Conditions, as bits: all of a row's must hold.

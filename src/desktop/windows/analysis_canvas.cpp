@@ -4,9 +4,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <exception>
-#include <optional>
 #include <utility>
 
 #include "desktop/paint/paint_style.h"
@@ -20,18 +20,19 @@ constexpr int kFastStep = 10;  // pixels, with Shift
 // A pointer on the line between two pixels belongs to the one on its right and bottom.
 std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
 
-std::optional<QPoint> StepOf(int key) {
+// To the right and upward; null for another key.
+QPoint StepOf(int key) {
   switch (key) {
     case Qt::Key_Left:
-      return QPoint(-1, 0);
+      return {-1, 0};
     case Qt::Key_Right:
-      return QPoint(1, 0);
+      return {1, 0};
     case Qt::Key_Up:
-      return QPoint(0, 1);
+      return {0, 1};
     case Qt::Key_Down:
-      return QPoint(0, -1);
+      return {0, -1};
     default:
-      return std::nullopt;
+      return {};
   }
 }
 
@@ -100,8 +101,9 @@ void AnalysisCanvas::resizeEvent(QResizeEvent*) {
 }
 
 void AnalysisCanvas::PassPointer(QMouseEvent& event, Input input) {
-  const QPointF at = event.position();
-  guard_([&] { (model_.*input)(Pixel(at.x()), Pixel(at.y())); });
+  const std::int32_t x = Pixel(event.position().x());
+  const std::int32_t y = Pixel(event.position().y());
+  guard_([this, input, x, y] { (model_.*input)(x, y); });
 }
 
 void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
@@ -120,11 +122,11 @@ void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void AnalysisCanvas::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
-  const auto step = StepOf(event->key());
+  const QPoint step = StepOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool fast = modifiers == Qt::ShiftModifier;
-  if (!step || (modifiers != Qt::NoModifier && !fast)) return QWidget::keyPressEvent(event);
-  const QPoint pixels = *step * (fast ? kFastStep : 1);
+  if (step.isNull() || (modifiers != Qt::NoModifier && !fast)) return QWidget::keyPressEvent(event);
+  const QPoint pixels = step * (fast ? kFastStep : 1);
   guard_([&] { model_.StepCursor(pixels.x(), pixels.y()); });
 }
 

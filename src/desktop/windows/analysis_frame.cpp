@@ -41,8 +41,8 @@ void AnalysisFrame::Build() {
   column->addWidget(readouts_);
   setWidget(content);
   canvas_->setAccessibleName(KindName());
-  actions_ = std::make_unique<WindowActions>(
-      *canvas_, model(), [this](WindowCommand command) { Perform(command); });
+  actions_ = std::make_unique<WindowActions>(*canvas_, model(),
+                                             [this](WindowCommand command) { Perform(command); });
   actions_->Fill(*strip_);
   FillStrip(*strip_);
   setFocusProxy(canvas_);
@@ -70,6 +70,9 @@ void AnalysisFrame::Perform(WindowCommand command) {
     case WindowCommand::kCopyPicture:
     case WindowCommand::kPrint:
       return host_.Output(*this, command);
+    case WindowCommand::kCloseWindow:
+      close();
+      return;
     case WindowCommand::kOptions:
       Run([this] { RunCommand(view_, OptionsCommand()); });
       break;

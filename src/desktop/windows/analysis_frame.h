@@ -16,6 +16,9 @@ class QToolBar;
 
 namespace cantorix {
 
+class AnalysisFrame;
+class DocumentWaveform;
+
 // What an analysis window asks of the program. It outlives the window.
 class AnalysisFrameHost {
  public:
@@ -26,7 +29,9 @@ class AnalysisFrameHost {
   // Whether an operation runs.
   virtual bool busy() const = 0;
   // Saves, copies or prints the picture.
-  virtual void Output(class AnalysisFrame& frame, WindowCommand command) = 0;
+  virtual void Output(AnalysisFrame& frame, WindowCommand command) = 0;
+  // For the strip of audio beside a picture.
+  virtual DocumentWaveform& WaveformOf(CSonadexDoc& document) = 0;
 };
 
 class AnalysisFrame : public QMdiSubWindow {

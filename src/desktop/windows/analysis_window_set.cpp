@@ -2,6 +2,7 @@
 #include "desktop/windows/analysis_window_set.h"
 
 #include <QMdiArea>
+#include <algorithm>
 
 #include "desktop/qt_progress.h"
 #include "desktop/windows/fft_lpc_frame.h"
@@ -31,11 +32,6 @@ QRect DefaultPlace(const QRect& area, WindowKind kind) {
 
 }  // namespace
 
-void AnalysisWindowSet::SetArea(QMdiArea* area, std::function<void()> stateChanged) {
-  area_ = area;
-  stateChanged_ = std::move(stateChanged);
-}
-
 AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind) const {
   for (const auto& frame : frames_) {
     if (frame && &frame->view() == &view && frame->model().kind() == kind && !frame->isHidden()) {
@@ -46,7 +42,7 @@ AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind
 }
 
 void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request) {
-  if (area_ == nullptr) return;
+  if (around_.area == nullptr) return;
   const WindowKind kind = KindOf(request.kind);
   if (kind == WindowKind::kPitch) return OpenPitch(view, request.stretch.value_or(Stretch::kAll));
   const bool isNew = Find(view, kind) == nullptr;
@@ -89,12 +85,12 @@ AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
     std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
     frame = Make(view, kind);
     frames_.emplace_back(frame);
-    area_->addSubWindow(frame);
+    around_.area->addSubWindow(frame);
     Place(*frame, kind);
   }
   if (frame->isMinimized()) frame->showNormal();
   frame->show();
-  area_->setActiveSubWindow(frame);
+  around_.area->setActiveSubWindow(frame);
   frame->Settle();
   return *frame;
 }
@@ -117,7 +113,7 @@ void AnalysisWindowSet::Place(AnalysisFrame& frame, WindowKind kind) const {
   const WindowPlacement& stored = kind == WindowKind::kFftLpc        ? placements.fftLpc
                                   : kind == WindowKind::kSpectrogram ? placements.spectrogram
                                                                      : pitchPlacement_;
-  const QRect area = area_->viewport()->rect();
+  const QRect area = around_.area->viewport()->rect();
   const QRect place(stored.x, stored.y, stored.width, stored.height);
   const bool usable = stored.width > 0 && stored.height > 0 && area.intersects(place);
   frame.setGeometry(usable ? place : DefaultPlace(area, kind));
@@ -138,10 +134,17 @@ void AnalysisWindowSet::CloseWindowsOf(CSonadexView& view) {
   std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
 }
 
+CSonadexView* AnalysisWindowSet::ViewOf(const QMdiSubWindow& window) const {
+  const auto found = std::find_if(frames_.begin(), frames_.end(), [&](const auto& frame) {
+    return frame && frame.data() == &window;
+  });
+  return found == frames_.end() ? nullptr : &(*found)->view();
+}
+
 void AnalysisWindowSet::Run(CSonadexView& view, const std::function<void()>& action) {
   if (busy()) return;
   Guarded(view, action);
-  if (stateChanged_) stateChanged_();
+  if (around_.stateChanged) around_.stateChanged();
 }
 
 bool AnalysisWindowSet::busy() const { return services_.progress.running(); }

@@ -18,16 +18,23 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  public:
   explicit AnalysisWindowSet(const DesktopServices& services) : services_(services) {}
 
-  // Where the windows lie, and what is told when commands may have been enabled or disabled.
-  void SetArea(QMdiArea* area, std::function<void()> stateChanged);
+  // The area where the windows lie, the waveform that a document's windows share, and what is told
+  // when commands may have been enabled or disabled. A null area ends the use of all three.
+  struct Surroundings {
+    QMdiArea* area = nullptr;
+    std::function<DocumentWaveform&(CSonadexDoc&)> waveformOf;
+    std::function<void()> stateChanged;
+  };
+  void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
 
-  bool Offers(AnalysisKind) const override { return area_ != nullptr; }
+  bool Offers(AnalysisKind) const override { return around_.area != nullptr; }
   // A new window is closed again when nothing could be computed. A pitch track of the whole
   // recording gets a window only while the working view does not draw it; one of a stretch always,
   // because there it has the whole width.
   void Open(CSonadexView& view, const AnalysisRequest& request) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
   void CloseWindowsOf(CSonadexView& view) override;
+  CSonadexView* ViewOf(const QMdiSubWindow& window) const override;
 
   // Null when the view has no such window.
   AnalysisFrame* Find(const CSonadexView& view, WindowKind kind) const;
@@ -36,6 +43,9 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
   void Output(AnalysisFrame& frame, WindowCommand command) override;
+  DocumentWaveform& WaveformOf(CSonadexDoc& document) override {
+    return around_.waveformOf(document);
+  }
 
   AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
   AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
@@ -44,8 +54,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void OpenPitch(CSonadexView& view, Stretch stretch);
 
   const DesktopServices& services_;
-  QMdiArea* area_ = nullptr;
-  std::function<void()> stateChanged_;
+  Surroundings around_;
   std::vector<QPointer<AnalysisFrame>> frames_;
   WindowPlacement pitchPlacement_;  // for as long as the program runs
 };

@@ -19,7 +19,7 @@ class CFFTLPCFrame : public AnalysisFrame {
   Command OptionsCommand() const override { return Command::kFftLpcOptions; }
 
   CFFTLPCView model_;
-  FFTLPCViewPicture picture_;
+  FftLpcPicture picture_;
 };
 
 }  // namespace cantorix

@@ -19,7 +19,7 @@ class CPitchFrame : public AnalysisFrame {
   Command OptionsCommand() const override { return Command::kPitchOptions; }
 
   CPitchView model_;
-  PitchViewPicture picture_;
+  PitchPicture picture_;
 };
 
 }  // namespace cantorix

@@ -13,10 +13,10 @@
 namespace cantorix {
 namespace {
 
-constexpr int kMargin = 6;          // pixels around the strip
-constexpr int kGap = 14;            // between two pairs
-constexpr int kNameGap = 4;         // between a name and its value
-constexpr int kLineGap = 3;         // between two lines
+constexpr int kMargin = 6;   // pixels around the strip
+constexpr int kGap = 14;     // between two pairs
+constexpr int kNameGap = 4;  // between a name and its value
+constexpr int kLineGap = 3;  // between two lines
 constexpr auto kWidestValue = "000000.0";
 
 QString NameOf(const WindowReadout& readout) { return QString::fromStdString(readout.label); }

@@ -46,8 +46,7 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
     if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
     // The same keys mean the same in each of the windows, so only those of the active one count.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    QObject::connect(action, &QAction::triggered, &owner,
-                     [perform, id = row.id] { perform(id); });
+    QObject::connect(action, &QAction::triggered, &owner, [perform, id = row.id] { perform(id); });
     owner.addAction(action);
     entries_.push_back({&row, action});
     before = &row;
