@@ -9,19 +9,22 @@
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
 #include "desktop/qt_text.h"
+#include "desktop/tool_icon.h"
 
 namespace cantorix {
 
-CChildFrame::CChildFrame(CSonadexDoc& document, const DesktopServices& services, FrameHost& host)
+CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
+                         const DesktopServices& services, FrameHost& host)
     : document_(&document), services_(services), host_(host) {
   setAttribute(Qt::WA_DeleteOnClose);
   view_ = std::make_unique<CSonadexView>(
       document, ViewServices{services.clipboard, services.application.temporaryDirectory,
                              services.textMeasurer, *this, *this, services.dialogs,
                              [&host] { return host.openLog(); }});
-  area_ = new MainViewArea(*view_, host, this);
+  area_ = new MainViewArea(*view_, waveform, host, this);
   setWidget(area_);
   document.Attach(*this);
+  setWindowIcon(DrawnIcon(QStringLiteral("program")));
   // Its entry "Close" would take Ctrl+W from the zoom command.
   for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
   ShowTitle();
@@ -36,6 +39,15 @@ void CChildFrame::Begin() {
     view_->Begin(area_->picture().ClientSize());
   });
   area_->Refresh();
+}
+
+void CChildFrame::Fill(const QRect& space) {
+  filled_ = QRect(space.topLeft(), space.size().expandedTo(minimumSizeHint()));
+  setGeometry(*filled_);
+}
+
+void CChildFrame::FollowSpace(const QRect& space) {
+  if (filled_ && !isMaximized() && !isMinimized()) Fill(space);
 }
 
 void CChildFrame::SetNumber(int number) {
@@ -92,6 +104,8 @@ void CChildFrame::ShowTitle() {
 void CChildFrame::RememberPlacement() {
   if (!isVisible() || isMaximized() || isMinimized()) return;
   const QRect place = geometry();
+  if (filled_ && place == *filled_) return;
+  filled_.reset();
   services_.application.host.application.mainView = {place.x(), place.y(), place.width(),
                                                      place.height()};
 }

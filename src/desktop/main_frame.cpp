@@ -1,33 +1,52 @@
-// main_frame.cpp
+// main_frame.cpp - the frame's windows and how they follow each other.
 #include "desktop/main_frame.h"
 
-#include <QCloseEvent>
-#include <QDragEnterEvent>
 #include <QMdiArea>
-#include <QMimeData>
-#include <QUrl>
-#include <new>
+#include <QStatusBar>
 
 #include "desktop/child_frame.h"
+#include "desktop/display_option_frame.h"
+#include "desktop/label_list_frame.h"
+#include "desktop/log_frame.h"
 #include "desktop/qt_progress.h"
-#include "desktop/qt_text.h"
-#include "platform/abandon.h"
-#include "platform/prompts.h"
+#include "desktop/tool_icon.h"
+#include "mainview/commands.h"
 
 namespace cantorix {
 
 CMainFrame::CMainFrame(DesktopServices services)
-    : services_(services), documents_(services.application), area_(new QMdiArea(this)) {
+    : services_(services),
+      documents_(services.application),
+      commands_(*this, services_),
+      area_(new QMdiArea(this)),
+      actions_(*this, {[this](Command command) { commands_.Perform(command); },
+                       [this](Command command) { return commands_.Offers(command); },
+                       [this](const std::string& path) { OpenFile(path); }}),
+      keyboardPanes_(*statusBar()),
+      displayOptions_(new CDisplayOptionFrame(this, *this)),
+      labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
+      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
+      logRows_(services_.application, services_.progress) {
   setWindowTitle(QStringLiteral("Cantorix"));
+  setWindowIcon(DrawnIcon(QStringLiteral("program")));
   setCentralWidget(area_);
   setAcceptDrops(true);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  area_->viewport()->installEventFilter(this);
+  connect(area_, &QMdiArea::subWindowActivated, this, [this] { Refresh(); });
+  connect(&actions_.MenuOf(Menu::kWindow), &QMenu::aboutToShow, this, [this] { ListWindows(); });
+  actions_.ActionOf(Command::kToolBar).setCheckable(true);
+  actions_.ActionOf(Command::kStatusBar).setCheckable(true);
   resize(1100, 760);
+  Refresh();
 }
 
 CMainFrame::~CMainFrame() {
+  disconnect(area_, nullptr, this, nullptr);
+  displayOptions_->Follow(nullptr);
+  labelList_->Follow(nullptr);
   // The views go before the documents that they look at.
   for (CChildFrame* const frame : Frames()) delete frame;
 }
@@ -37,6 +56,7 @@ void CMainFrame::NewDocument() { OpenNewWindow(documents_.New()); }
 bool CMainFrame::OpenFile(const std::string& path) {
   if (services_.progress.running()) return false;
   CSonadexDoc* const document = documents_.Open(path);
+  Refresh();
   if (document == nullptr) return false;
   const auto frames = FramesOf(*document);
   if (frames.empty()) {
@@ -48,7 +68,7 @@ bool CMainFrame::OpenFile(const std::string& path) {
 }
 
 void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
-  auto* const frame = new CChildFrame(document, services_, *this);
+  auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
   area_->addSubWindow(frame);
   Place(*frame);
   frame->show();
@@ -58,8 +78,23 @@ void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
       frame, [frame] { frame->Begin(); }, Qt::QueuedConnection);
 }
 
+bool CMainFrame::CloseDocument(CSonadexDoc& document) {
+  const auto frames = FramesOf(document);
+  if (frames.empty() || !AgreesToClose(document)) return false;
+  agreedToClose_ = &document;
+  for (CChildFrame* const frame : frames) frame->close();
+  agreedToClose_ = nullptr;
+  return true;
+}
+
 CChildFrame* CMainFrame::activeFrame() const {
-  return dynamic_cast<CChildFrame*>(area_->activeSubWindow());
+  // Another kind of window in front leaves the commands to the main view used last.
+  const auto windows = area_->subWindowList(QMdiArea::ActivationHistoryOrder);
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    auto* const frame = dynamic_cast<CChildFrame*>(*window);
+    if (frame != nullptr && frame->view() != nullptr) return frame;
+  }
+  return nullptr;
 }
 
 CSonadexView* CMainFrame::activeView() const {
@@ -84,72 +119,6 @@ std::vector<CChildFrame*> CMainFrame::FramesOf(const CSonadexDoc& document) cons
     }
   }
   return frames;
-}
-
-void CMainFrame::closeEvent(QCloseEvent* event) {
-  for (CChildFrame* const frame : Frames()) {
-    if (!frame->close()) return event->ignore();
-  }
-  event->accept();
-}
-
-void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-  for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) return event->acceptProposedAction();
-  }
-}
-
-void CMainFrame::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
-  for (const QUrl& url : event->mimeData()->urls()) {
-    if (url.isLocalFile()) OpenFile(ChosenPath(url.toLocalFile()));
-  }
-}
-
-void CMainFrame::StateChanged() {}
-
-void CMainFrame::LabelsChanged(CSonadexView&) {}
-
-void CMainFrame::CursorMoved(CSonadexView&, MousePhase, double) {}
-
-LogSink* CMainFrame::openLog() { return nullptr; }
-
-void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
-  if (services_.progress.running()) return;
-  try {
-    action();
-  } catch (const Abandoned&) {
-  } catch (const std::exception& error) {
-    view.prompts().Message(error.what());
-  }
-  StateChanged();
-}
-
-bool CMainFrame::MayClose(CChildFrame&) { return !services_.progress.running(); }
-
-void CMainFrame::Closed(CSonadexDoc& document) {
-  if (FramesOf(document).empty()) {
-    documents_.Close(document);
-  } else {
-    Number(document);
-  }
-  StateChanged();
-}
-
-// A window that never was moved fills the space; further ones keep the place that Qt gives them.
-void CMainFrame::Place(CChildFrame& frame) {
-  const WindowPlacement& stored = services_.application.host.application.mainView;
-  if (stored.width > 0 && stored.height > 0) {
-    frame.setGeometry(stored.x, stored.y, stored.width, stored.height);
-  } else {
-    frame.setGeometry(area_->viewport()->rect());
-  }
-}
-
-void CMainFrame::Number(const CSonadexDoc& document) {
-  const auto frames = FramesOf(document);
-  int number = 0;
-  for (CChildFrame* const frame : frames) frame->SetNumber(frames.size() > 1 ? ++number : 0);
 }
 
 }  // namespace cantorix

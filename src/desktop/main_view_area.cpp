@@ -43,11 +43,12 @@ void Show(QScrollBar& bar, const ScrollBar& state) {
 
 }  // namespace
 
-MainViewArea::MainViewArea(CSonadexView& view, FrameHost& host, QWidget* parent)
+MainViewArea::MainViewArea(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host,
+                           QWidget* parent)
     : QWidget(parent),
       view_(&view),
       host_(host),
-      picture_(new MainViewWidget(view, host, this)),
+      picture_(new MainViewWidget(view, waveform, host, this)),
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
       vertical_(new QScrollBar(Qt::Vertical, this)) {
   auto* const grid = new QGridLayout(this);

@@ -10,11 +10,12 @@ class QScrollBar;
 
 namespace cantorix {
 
+class DocumentWaveform;
 class MainViewWidget;
 
 class MainViewArea : public QWidget {
  public:
-  MainViewArea(CSonadexView& view, FrameHost& host, QWidget* parent);
+  MainViewArea(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host, QWidget* parent);
 
   MainViewWidget& picture() { return *picture_; }
   QScrollBar& horizontalBar() { return *horizontal_; }

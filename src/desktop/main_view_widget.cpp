@@ -7,6 +7,8 @@
 #include <cmath>
 #include <optional>
 
+#include "desktop/paint/main_view_canvas.h"
+#include "mainview/document_waveform.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
@@ -40,20 +42,36 @@ std::optional<KeyScroll> ScrollOf(int key) {
   }
 }
 
+// A palette whose windows are darker than their texts is a dark one.
+PaintStyle StyleFor(const QPalette& palette) {
+  const bool dark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
+}
+
 // A pointer on the line between two pixels belongs to the one on its left and top.
 std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
 
 }  // namespace
 
-MainViewWidget::MainViewWidget(CSonadexView& view, FrameHost& host, QWidget* parent)
-    : QWidget(parent), view_(&view), host_(host) {
+MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host,
+                               QWidget* parent)
+    : QWidget(parent),
+      view_(&view),
+      host_(host),
+      canvas_(std::make_unique<MainViewCanvas>(view, waveform)) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setAccessibleName(QStringLiteral("Recording"));
 }
 
-void MainViewWidget::LetGo() { view_ = nullptr; }
+MainViewWidget::~MainViewWidget() = default;
+
+void MainViewWidget::LetGo() {
+  canvas_.reset();
+  view_ = nullptr;
+}
 
 void MainViewWidget::Pass(const std::function<void(CSonadexView&)>& action) {
   if (view_ == nullptr || !begun_) return;
@@ -62,8 +80,8 @@ void MainViewWidget::Pass(const std::function<void(CSonadexView&)>& action) {
 
 void MainViewWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), palette().base());
-  if (view_ != nullptr) view_->redrawNeeded = false;
+  if (!canvas_ || !begun_) return painter.fillRect(rect(), palette().window());
+  canvas_->Paint(painter, StyleFor(palette()));
 }
 
 void MainViewWidget::resizeEvent(QResizeEvent*) {

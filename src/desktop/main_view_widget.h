@@ -3,16 +3,22 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 #include "desktop/frame_host.h"
 
 namespace cantorix {
 
+class DocumentWaveform;
+class MainViewCanvas;
+
 class MainViewWidget : public QWidget {
  public:
-  MainViewWidget(CSonadexView& view, FrameHost& host, QWidget* parent);
+  MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host, QWidget* parent);
 
   PixelSize ClientSize() const { return {width(), height()}; }
+  ~MainViewWidget() override;
+
   // The view has been laid out for the first time.
   void ViewBegun() { begun_ = true; }
   // The view is about to go: nothing is passed on or drawn any more.
@@ -35,6 +41,7 @@ class MainViewWidget : public QWidget {
 
   CSonadexView* view_;
   FrameHost& host_;
+  std::unique_ptr<MainViewCanvas> canvas_;  // gone when the view is
   bool begun_ = false;
   QPoint wheelRest_;  // turns of the wheel that do not make a whole step yet
 };

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <stdexcept>
+#include <utility>
 
 #include "app/application.h"
 #include "platform/file_error.h"
@@ -10,10 +12,7 @@
 
 namespace cantorix {
 
-CSonadexDoc& OpenDocuments::New() {
-  documents_.push_back(std::make_unique<CSonadexDoc>(application_.host));
-  return *documents_.back();
-}
+CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<CSonadexDoc>(application_.host)); }
 
 CSonadexDoc* OpenDocuments::Open(const std::string& path) {
   if (CSonadexDoc* const open = Find(path)) return open;
@@ -23,26 +22,39 @@ CSonadexDoc* OpenDocuments::Open(const std::string& path) {
     return nullptr;
   }
   application_.recentFiles.Add(path);
-  documents_.push_back(std::move(document));
-  return documents_.back().get();
+  return &Keep(std::move(document));
+}
+
+CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<CSonadexDoc> document) {
+  auto waveform = std::make_unique<DocumentWaveform>(*document);
+  entries_.push_back({std::move(document), std::move(waveform)});
+  return *entries_.back().document;
+}
+
+DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
+  const auto entry = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& open) {
+    return open.document.get() == &document;
+  });
+  if (entry == entries_.end()) throw std::logic_error("a document that is not open");
+  return *entry->waveform;
 }
 
 void OpenDocuments::Close(CSonadexDoc& document) {
-  std::erase_if(documents_, [&](const auto& open) { return open.get() == &document; });
+  std::erase_if(entries_, [&](const Entry& open) { return open.document.get() == &document; });
 }
 
 std::vector<CSonadexDoc*> OpenDocuments::All() const {
   std::vector<CSonadexDoc*> all;
-  for (const auto& document : documents_) all.push_back(document.get());
+  for (const Entry& entry : entries_) all.push_back(entry.document.get());
   return all;
 }
 
 CSonadexDoc* OpenDocuments::Find(const std::string& path) const {
-  for (const auto& document : documents_) {
+  for (CSonadexDoc* const document : All()) {
     std::error_code missing;
     if (!document->pathName().empty() &&
         std::filesystem::equivalent(document->pathName(), path, missing)) {
-      return document.get();
+      return document;
     }
   }
   return nullptr;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "document/document.h"
+#include "mainview/document_waveform.h"
 
 namespace cantorix {
 
@@ -23,13 +24,21 @@ class OpenDocuments {
   void Close(CSonadexDoc& document);
 
   std::vector<CSonadexDoc*> All() const;
+  // The picture of an open document's samples, shared by its windows.
+  DocumentWaveform& WaveformOf(const CSonadexDoc& document);
 
  private:
   CSonadexDoc* Find(const std::string& path) const;
   void Report(const std::string& path, const OpenFailure& failure);
 
+  struct Entry {
+    std::unique_ptr<CSonadexDoc> document;
+    std::unique_ptr<DocumentWaveform> waveform;  // goes before its document
+  };
+  CSonadexDoc& Keep(std::unique_ptr<CSonadexDoc> document);
+
   Application& application_;
-  std::vector<std::unique_ptr<CSonadexDoc>> documents_;
+  std::vector<Entry> entries_;
 };
 
 }  // namespace cantorix

@@ -18,8 +18,15 @@ CChannel::CChannel() {
 
 CChannel& CChannel::operator=(const CChannel& other) {
   if (this == &other) return *this;
-  channelTag = other.channelTag;
   samples = other.samples;
+  workBlock1 = other.workBlock1;
+  workBlock2 = other.workBlock2;
+  CopyFields(other);
+  return *this;
+}
+
+void CChannel::CopyFields(const CChannel& other) {
+  channelTag = other.channelTag;
   totalDurationMs = other.totalDurationMs;
   sampleRateHz = other.sampleRateHz;
   totalLength = other.totalLength;
@@ -55,9 +62,6 @@ CChannel& CChannel::operator=(const CChannel& other) {
   selectionStart = other.selectionStart;
   selectionEnd = other.selectionEnd;
   selectionLength = other.selectionLength;
-  workBlock1 = other.workBlock1;
-  workBlock2 = other.workBlock2;
-  return *this;
 }
 
 double CChannel::msPerSample() const {

@@ -33,6 +33,8 @@ class CChannel {
   // not be used then.
   CChannel& operator=(const CChannel& other);
   CChannel(const CChannel&) = delete;
+  // The time and display fields and the texts alone: what assignment copies without the blocks.
+  void CopyFields(const CChannel& other);
 
   std::uint32_t channelTag = 0;
   SampleBlock samples;  // empty while the samples are in the disk store

@@ -1,39 +1,19 @@
 // sample_store.cpp - naming, filling and reading the disk store.
 #include "document/sample_store.h"
 
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
 #include <vector>
 
 #include "document/sample_bytes.h"
+#include "platform/claimed_file.h"
 #include "platform/file_error.h"
 
 namespace cantorix {
 namespace {
 
-constexpr int kMaxTries = 10000;
-
-// False when the owner of an earlier store of this name deleted it between our opening and locking.
-bool StillHasAName(const File& file) {
-  struct stat status {};
-  return ::fstat(file.descriptor(), &status) == 0 && status.st_nlink > 0;
-}
-
-// A name that another process holds is skipped; any other failure is reported by the last try.
 File CreateStoreFile(const std::string& programDirectory, int& counter) {
-  for (int tries = 1;; ++tries) {
-    const std::string path = programDirectory + "/$$TempFile" + std::to_string(++counter);
-    try {
-      File file = File::Create(path);
-      if (StillHasAName(file) || tries == kMaxTries) return file;
-    } catch (const FileError& error) {
-      if (tries == kMaxTries || !std::filesystem::exists(path)) {
-        throw FileError(CouldNotBeOpened(path, error.what()));
-      }
-    }
-  }
+  return ClaimFile([&] { return programDirectory + "/$$TempFile" + std::to_string(++counter); });
 }
 
 }  // namespace

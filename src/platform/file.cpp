@@ -43,7 +43,7 @@ File File::OpenForUpdate(const std::string& path) {
 
 File File::Create(const std::string& path) {
   File file = OpenForUpdate(path);
-  if (::ftruncate(file.descriptor_, 0) != 0) ThrowErrno();
+  file.Resize(0);
   return file;
 }
 
@@ -76,6 +76,12 @@ void File::ReadExactly(std::int64_t offset, std::span<std::byte> out) const {
 
 void File::Write(std::int64_t offset, std::span<const std::byte> bytes) {
   WriteAt(descriptor_, offset, bytes);
+}
+
+void File::Resize(std::int64_t bytes) {
+  while (::ftruncate(descriptor_, bytes) != 0) {
+    if (errno != EINTR) ThrowErrno();
+  }
 }
 
 void File::Close() {

@@ -38,6 +38,8 @@ class File {
   // Reads exactly out.size() bytes or throws FileError naming the offset where the file ends.
   void ReadExactly(std::int64_t offset, std::span<std::byte> out) const;
   void Write(std::int64_t offset, std::span<const std::byte> bytes);
+  // Cuts the file to `bytes`, or lengthens it by zeros.
+  void Resize(std::int64_t bytes);
   void Close();
 
  private:

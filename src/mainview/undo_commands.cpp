@@ -1,0 +1,70 @@
+// undo_commands.cpp - the one step of undo: saving before an edit, and going back.
+#include "mainview/edit_steps.h"
+#include "mainview/editing.h"
+#include "mainview/view_commands.h"
+#include "platform/file_error.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+namespace {
+
+constexpr const char* kNotCreated = "Error in saving the temp file";
+constexpr const char* kNotWritten =
+    "Unable to save to a temp. file for Undo function.\nUndo is not available.";
+constexpr const char* kNotRead = "Error in reading the temp file";
+constexpr const char* kWrongType = "Wrong temp file type";
+// Kept: the text names 20 channels, the test stops at 1, so that a document of two is not restored.
+constexpr const char* kWrongChannels = "Wrong channel number.\nEither is zero or is more than 20.";
+
+// The file is named by the title that the document has at its first edit.
+void ClaimUndoFile(CSonadexView& view) {
+  if (!view.undoFile) {
+    view.undoFile =
+        std::make_unique<UndoFile>(view.services().temporaryDirectory, view.document().title());
+  }
+  try {
+    view.undoFile->Claim();
+  } catch (const FileError&) {
+    Refuse(view, kNotCreated);
+  }
+}
+
+void RestoreOrRefuse(CSonadexView& view) {
+  if (!view.undoFile) Refuse(view, kNotRead);
+  switch (view.undoFile->Restore(view.document())) {
+    case UndoOutcome::kUnreadable:
+      Refuse(view, kNotRead);
+    case UndoOutcome::kWrongType:
+      Refuse(view, kWrongType);
+    case UndoOutcome::kWrongChannelCount:
+      Refuse(view, kWrongChannels);
+    case UndoOutcome::kRestored:
+      break;
+  }
+}
+
+}  // namespace
+
+void SaveUndoFile(CSonadexView& view) {
+  view.undoAvailable = false;
+  ClaimUndoFile(view);
+  try {
+    view.undoFile->Save(view.document());
+  } catch (const FileError&) {
+    return view.prompts().Message(kNotWritten);
+  }
+  view.undoAvailable = true;
+}
+
+void Undo(CSonadexView& view) {
+  view.StopPlayback();
+  RestoreOrRefuse(view);
+  view.markerSet = false;
+  view.undoAvailable = false;
+  DropSelection(view);
+  view.FollowStretch();
+  view.LayOut();
+  FinishSampleEdit(view);
+}
+
+}  // namespace cantorix

@@ -1,0 +1,144 @@
+// view_fakes.h - the window around a view under test: text of a fixed width, a listener and a
+// playback that count, dialogs whose answers a test has written down beforehand.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "mainview/log_entry.h"
+#include "mainview/view_dialogs.h"
+#include "mainview/view_ports.h"
+
+namespace cantorix {
+
+// Every byte is 7 pixels wide, every text 14 pixels high, whatever the font.
+class FixedTextMeasurer : public TextMeasurer {
+ public:
+  PixelSize Measure(const FontDescription&, std::string_view text) const override {
+    return {static_cast<std::int32_t>(text.size()) * 7, 14};
+  }
+};
+
+class RecordingListener : public ViewListener {
+ public:
+  void ViewChanged() override { ++viewChanges; }
+  void LabelsChanged() override { ++labelChanges; }
+  void CursorMoved(MousePhase phase, double ms) override { moves.emplace_back(phase, ms); }
+
+  int viewChanges = 0;
+  int labelChanges = 0;
+  std::vector<std::pair<MousePhase, double>> moves;
+};
+
+class CountingPlayback : public PlaybackControl {
+ public:
+  void StopPlayback() override { ++stops; }
+
+  int stops = 0;
+};
+
+// Wants no more rows once it holds `capacity` of them.
+class RecordingLog : public LogSink {
+ public:
+  bool Append(const LogEntry& entry) override {
+    entries.push_back(entry);
+    return entries.size() >= capacity;
+  }
+
+  std::vector<LogEntry> entries;
+  std::size_t capacity = 10000;
+};
+
+// The answers to one dialog, in order, and how it was filled each time.
+template <typename Answer, typename Preset = Answer>
+class DialogScript {
+ public:
+  explicit DialogScript(const char* name) : name_(name) {}
+  ~DialogScript() { EXPECT_TRUE(answers_.empty()) << name_ << " was not asked often enough"; }
+  DialogScript(const DialogScript&) = delete;
+  DialogScript& operator=(const DialogScript&) = delete;
+
+  void WillGive(Answer answer) { answers_.emplace_back(std::move(answer)); }
+  void WillCancel() { answers_.emplace_back(std::nullopt); }
+
+  std::optional<Answer> Show(const Preset& preset) {
+    presets.push_back(preset);
+    if (answers_.empty()) {
+      ADD_FAILURE() << "unexpected dialog: " << name_;
+      return std::nullopt;
+    }
+    std::optional<Answer> answer = std::move(answers_.front());
+    answers_.pop_front();
+    return answer;
+  }
+
+  std::vector<Preset> presets;
+
+ private:
+  const char* name_;
+  std::deque<std::optional<Answer>> answers_;
+};
+
+struct LabelPreset {
+  Label label;
+  bool exists = false;
+};
+
+struct LabelImportPreset {
+  std::vector<std::string> tierNames;
+  LabelImportOptions options;
+};
+
+class ScriptedDialogs : public ViewDialogs {
+ public:
+  std::optional<LabelAnswer> AskLabel(const Label& preset, bool exists) override {
+    return label.Show({preset, exists});
+  }
+  std::optional<TierSetups> AskTiers(const TierSetups& preset) override {
+    return tiers.Show(preset);
+  }
+  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>& tierNames,
+                                                  const LabelImportOptions& preset) override {
+    return labelImport.Show({tierNames, preset});
+  }
+  std::optional<GainSettings> AskGain(const GainSettings& preset) override {
+    return gain.Show(preset);
+  }
+  std::optional<std::int32_t> AskZoomRange(std::int32_t presetMs) override {
+    return zoomRange.Show(presetMs);
+  }
+  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings& preset, double) override {
+    return fftLpc.Show(preset);
+  }
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
+                                                    double) override {
+    return spectrogram.Show(preset);
+  }
+  std::optional<PitchSettings> AskPitch(const PitchSettings& preset) override {
+    return pitch.Show(preset);
+  }
+  std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) override {
+    return intensity.Show(preset);
+  }
+  std::optional<std::int32_t> AskLogStep(std::int32_t presetHz) override {
+    return logStep.Show(presetHz);
+  }
+
+  DialogScript<LabelAnswer, LabelPreset> label{"label"};
+  DialogScript<TierSetups> tiers{"tiers"};
+  DialogScript<LabelImportAnswer, LabelImportPreset> labelImport{"label import"};
+  DialogScript<GainSettings> gain{"gain"};
+  DialogScript<std::int32_t> zoomRange{"zoom range"};
+  DialogScript<FftLpcSettings> fftLpc{"FFT/LPC"};
+  DialogScript<SpectrogramSettings> spectrogram{"spectrogram"};
+  DialogScript<PitchSettings> pitch{"pitch"};
+  DialogScript<IntensitySettings> intensity{"intensity"};
+  DialogScript<std::int32_t> logStep{"log step"};
+};
+
+}  // namespace cantorix
