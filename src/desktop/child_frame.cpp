@@ -9,6 +9,7 @@
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
 #include "desktop/qt_text.h"
+#include "desktop/tool_icon.h"
 
 namespace cantorix {
 
@@ -23,6 +24,7 @@ CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
   area_ = new MainViewArea(*view_, waveform, host, this);
   setWidget(area_);
   document.Attach(*this);
+  setWindowIcon(DrawnIcon(QStringLiteral("program")));
   // Its entry "Close" would take Ctrl+W from the zoom command.
   for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
   ShowTitle();
@@ -37,6 +39,15 @@ void CChildFrame::Begin() {
     view_->Begin(area_->picture().ClientSize());
   });
   area_->Refresh();
+}
+
+void CChildFrame::Fill(const QRect& space) {
+  filled_ = QRect(space.topLeft(), space.size().expandedTo(minimumSizeHint()));
+  setGeometry(*filled_);
+}
+
+void CChildFrame::FollowSpace(const QRect& space) {
+  if (filled_ && !isMaximized() && !isMinimized()) Fill(space);
 }
 
 void CChildFrame::SetNumber(int number) {
@@ -93,6 +104,8 @@ void CChildFrame::ShowTitle() {
 void CChildFrame::RememberPlacement() {
   if (!isVisible() || isMaximized() || isMinimized()) return;
   const QRect place = geometry();
+  if (filled_ && place == *filled_) return;
+  filled_.reset();
   services_.application.host.application.mainView = {place.x(), place.y(), place.width(),
                                                      place.height()};
 }

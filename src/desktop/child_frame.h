@@ -4,6 +4,7 @@
 
 #include <QMdiSubWindow>
 #include <memory>
+#include <optional>
 
 #include "desktop/frame_host.h"
 #include "document/document.h"
@@ -29,6 +30,10 @@ class CChildFrame : public QMdiSubWindow,
   MainViewArea& area() { return *area_; }
   // The view's first update, in the size that the window has now.
   void Begin();
+  // Covers `space` and goes on covering it whenever it changes, until the window is moved or sized
+  // by the user.
+  void Fill(const QRect& space);
+  void FollowSpace(const QRect& space);
   // The number shown behind the title while a document has several windows; 0 for none.
   void SetNumber(int number);
 
@@ -54,6 +59,7 @@ class CChildFrame : public QMdiSubWindow,
   std::unique_ptr<CSonadexView> view_;
   MainViewArea* area_ = nullptr;
   int number_ = 0;
+  std::optional<QRect> filled_;  // the place taken by Fill, while it holds
 };
 
 }  // namespace cantorix

@@ -4,7 +4,6 @@
 #include <QDragEnterEvent>
 #include <QMdiArea>
 #include <QMimeData>
-#include <QResizeEvent>
 #include <QStatusBar>
 #include <QUrl>
 
@@ -108,17 +107,9 @@ void CMainFrame::dropEvent(QDropEvent* event) {
   }
 }
 
-// A window that fills the space goes on filling it.
 bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
   if (watched == area_->viewport() && event->type() == QEvent::Resize) {
-    const auto* const resize = static_cast<QResizeEvent*>(event);
-    const QRect before(QPoint(0, 0), resize->oldSize());
-    for (CChildFrame* const frame : Frames()) {
-      const bool ordinary = !frame->isMaximized() && !frame->isMinimized();
-      if (ordinary && frame->geometry() == before) {
-        frame->setGeometry(QRect(QPoint(0, 0), resize->size()));
-      }
-    }
+    for (CChildFrame* const frame : Frames()) frame->FollowSpace(area_->viewport()->rect());
   }
   return QMainWindow::eventFilter(watched, event);
 }
@@ -176,7 +167,7 @@ void CMainFrame::Place(CChildFrame& frame) {
   if (stored.width > 0 && stored.height > 0) {
     frame.setGeometry(stored.x, stored.y, stored.width, stored.height);
   } else {
-    frame.setGeometry(area_->viewport()->rect());
+    frame.Fill(area_->viewport()->rect());
   }
 }
 

@@ -44,12 +44,6 @@ QRectF PaneOf(const PixelRect& rect) {
   return ToRectF(rect).adjusted(0.0, 2.0, 0.0, -2.0);
 }
 
-AxisSpan PitchSpan(const PitchSettings& settings, const QRectF& pane) {
-  const double low = std::min(settings.displayLowHz, settings.displayHighHz);
-  const double high = std::max(settings.displayLowHz, settings.displayHighHz);
-  return ValueSpan(pane, low, high > low ? high : low + 1.0);
-}
-
 Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   CSonadexView& view = picture.view;
   const ViewLayout& layout = view.layout;
@@ -67,7 +61,7 @@ Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   const QRectF& levelPane = scene.levelsOverAudio ? scene.audio : scene.intensity;
   scene.amplitude = AmplitudeSpan(view.channel(), picture.waveform, scene.audio);
   scene.levels = IntensitySpan(view.channel().intensity, levelPane);
-  scene.hertz = PitchSpan(settings.pitch, scene.pitch);
+  scene.hertz = DisplayedPitch(settings.pitch, scene.pitch);
   if (view.document().loaded) {
     scene.timeTicks = TicksOfTime(scene.time, settings.display.timeBase, style);
   }

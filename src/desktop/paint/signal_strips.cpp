@@ -113,6 +113,12 @@ AxisSpan IntensitySpan(const IntensityResult& intensity, const QRectF& pane) {
   return ValueSpan(pane, low - margin, high + margin);
 }
 
+AxisSpan DisplayedPitch(const PitchSettings& settings, const QRectF& pane) {
+  const double low = std::min(settings.displayLowHz, settings.displayHighHz);
+  const double high = std::max(settings.displayLowHz, settings.displayHighHz);
+  return ValueSpan(pane, low, high > low ? high : low + 1.0);
+}
+
 void DrawIntensity(QPainter& painter, const StripPlace& place, const AxisSpan& levels,
                    const CChannel& channel, const PaintStyle& style) {
   const IntensityResult& intensity = channel.intensity;
