@@ -20,11 +20,16 @@ void AnalysisWindow::Toggle(WindowSwitch which) {
   if (value == nullptr) return;
   *value = *value == 0 ? 1 : 0;
   KeepSwitches();
-  Changed();
+  PictureChanged();
 }
 
 void AnalysisWindow::Changed() const {
   if (services_.changed) services_.changed();
+}
+
+void AnalysisWindow::PictureChanged() {
+  ++revision_;
+  Changed();
 }
 
 void AnalysisWindow::WantSize(const PictureSize& size) {
@@ -66,7 +71,9 @@ void AnalysisWindow::DocumentChanged(DocumentChange change, const DocumentObserv
     freshness_ = SettingsMatch() ? Freshness::kCurrent : Freshness::kSettingsChanged;
   }
   FollowDocument(change);
-  Changed();
+  // Cursor and selection lie over the picture, the title is the frame's.
+  if (change == DocumentChange::kCursor || change == DocumentChange::kTitle) return Changed();
+  PictureChanged();
 }
 
 double TimeFactor(const CSonadexDoc& document) {

@@ -101,7 +101,10 @@ class AnalysisWindow : public DocumentObserver {
   DocumentHost& host() const { return document_.host(); }
   CSonadexView* mainView() const { return services_.mainView; }
   LogSink* openLog() const { return services_.openLog ? services_.openLog() : nullptr; }
+  // A readout or the cursor is stale; with another revision, the picture below them, too.
   void Changed() const;
+  void PictureChanged();
+  std::int64_t revision() const { return revision_; }
 
   Freshness freshness() const { return freshness_; }
   bool samplesChanged() const { return freshness_ == Freshness::kSamplesChanged; }
@@ -138,6 +141,7 @@ class AnalysisWindow : public DocumentObserver {
   Freshness freshness_ = Freshness::kCurrent;
   PictureSize wantedSize_;
   PictureSize triedSize_;
+  std::int64_t revision_ = 0;
 };
 
 // "Time(ms)=" or "Time(sec)=" with the value in the document's time base.

@@ -1,5 +1,6 @@
 // fft_lpc_cursor.cpp - axes, marker, readouts and log rows of the FFT/LPC window.
 #include <algorithm>
+#include <cmath>
 
 #include "mainview/option_commands.h"
 #include "platform/numbers.h"
@@ -9,7 +10,8 @@
 namespace cantorix {
 namespace {
 
-constexpr double kLeastLevelSpanDb = 1.0;
+constexpr double kLeastTopDb = 1.0;
+constexpr double kHeadroom = 1.05;
 
 std::string FormantValueText(double hz) {
   return hz == kNoFormant ? std::string("-") : FormatOneDecimal(hz);
@@ -17,24 +19,19 @@ std::string FormantValueText(double hz) {
 
 }  // namespace
 
-PlotAxis CFFTLPCView::FrequencyAxis() const {
-  return {.lowValue = 0.0,
-          .highValue = spectrum_.maxHz,
-          .lowPixel = static_cast<double>(plot.left),
-          .highPixel = static_cast<double>(plot.right)};
+AxisScale CFFTLPCView::FrequencyAxis() const {
+  return {.low = 0.0,
+          .high = spectrum_.maxHz,
+          .left = static_cast<double>(plot.left),
+          .width = static_cast<double>(plot.right - plot.left)};
 }
 
-PlotAxis CFFTLPCView::LevelAxis() const {
+double CFFTLPCView::TopLevelDb() const {
   const FftLpcSettings& now = document().settings.fftLpc;
-  double topDb = now.absoluteDb;
-  if (now.relative != 0) {
-    topDb = spectrum_.fftMaxDb;
-    if (now.drawLpc != 0) topDb = std::max(topDb, spectrum_.lpcSpanDb);
-  }
-  return {.lowValue = 0.0,
-          .highValue = std::max(topDb, kLeastLevelSpanDb),
-          .lowPixel = static_cast<double>(plot.bottom),
-          .highPixel = static_cast<double>(plot.top)};
+  if (now.relative == 0) return std::max(static_cast<double>(now.absoluteDb), kLeastTopDb);
+  const double drawnDb =
+      std::max(spectrum_.fftMaxDb, now.drawLpc != 0 ? spectrum_.lpcSpanDb : 0.0) * kHeadroom;
+  return std::isfinite(drawnDb) ? std::max(drawnDb, kLeastTopDb) : kLeastTopDb;
 }
 
 void CFFTLPCView::Press(std::int32_t x, std::int32_t y) {

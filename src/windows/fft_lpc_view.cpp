@@ -55,7 +55,7 @@ bool CFFTLPCView::AnalyseSpectrum(const SpectrumPlace& place, int displayPoints)
   computed_ = true;
   if (cursorHz >= spectrum_.maxHz) markerSet = false;
   Tried(true);
-  Changed();
+  PictureChanged();
   return true;
 }
 

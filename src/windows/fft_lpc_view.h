@@ -10,9 +10,9 @@
 
 #include "analysis/sample_range.h"
 #include "analysis/spectrum.h"
+#include "mainview/axis_scale.h"
 #include "settings/settings.h"
 #include "windows/analysis_window.h"
-#include "windows/plot_axis.h"
 
 namespace cantorix {
 
@@ -64,10 +64,10 @@ class CFFTLPCView : public AnalysisWindow {
   const FftLpcSettings& settings() const { return settings_; }
 
   // 0 Hz to the top of the display over the width of the plot.
-  PlotAxis FrequencyAxis() const;
-  // 0 dB upward: to the level of the options, or, when it is relative, to the highest of what is
-  // drawn; never less than 1 dB.
-  PlotAxis LevelAxis() const;
+  AxisScale FrequencyAxis() const;
+  // The top of the level axis, which begins at 0 dB: the level of the options or, when they say
+  // relative, a little above the highest of what is drawn; never less than 1 dB.
+  double TopLevelDb() const;
 
   double cursorHz = 0.0;  // of the marker
 

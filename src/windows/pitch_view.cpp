@@ -36,7 +36,7 @@ void CPitchView::Update() {
   if (range.length() > 0.0) AnalysePitch(view_, range);
   // The main view told everybody but itself; a cancelled run has left no track.
   TakeTrack();
-  Changed();
+  PictureChanged();
 }
 
 void CPitchView::TakeTrack() {
@@ -46,8 +46,8 @@ void CPitchView::TakeTrack() {
   if (!computed()) return;
   range_ = view_.pitch.range;
   wholeRecording_ = range_.start <= 0.0 && range_.end >= channel().totalLength;
-  const PlotAxis time = TimeAxis();
-  if (cursorMs < time.lowValue || cursorMs > time.highValue) markerSet = false;
+  const AxisScale time = TimeAxis();
+  if (cursorMs < time.low || cursorMs > time.high) markerSet = false;
 }
 
 void CPitchView::FollowDocument(DocumentChange change) {
@@ -62,22 +62,12 @@ bool CPitchView::SettingsMatch() const {
   return !computed() || computedWith(settings_) == computedWith(document().settings.pitch);
 }
 
-PlotAxis CPitchView::TimeAxis() const {
+AxisScale CPitchView::TimeAxis() const {
   const double factor = channel().msPerSample();
-  const SampleRange& range = view_.pitch.range;
-  return {.lowValue = range.start * factor,
-          .highValue = range.end * factor,
-          .lowPixel = static_cast<double>(plot.left),
-          .highPixel = static_cast<double>(plot.right)};
-}
-
-PlotAxis CPitchView::FrequencyAxis() const {
-  const double lowHz = document().settings.pitch.displayLowHz;
-  const double highHz = document().settings.pitch.displayHighHz;
-  return {.lowValue = lowHz,
-          .highValue = std::max(highHz, lowHz + 1.0),
-          .lowPixel = static_cast<double>(plot.bottom),
-          .highPixel = static_cast<double>(plot.top)};
+  return {.low = view_.pitch.range.start * factor,
+          .high = view_.pitch.range.end * factor,
+          .left = static_cast<double>(plot.left),
+          .width = static_cast<double>(plot.right - plot.left)};
 }
 
 double CPitchView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
@@ -107,10 +97,10 @@ void CPitchView::Release(std::int32_t x, std::int32_t) {
 
 void CPitchView::StepCursor(std::int32_t right, std::int32_t) {
   if (!computed() || press.held) return;
-  const PlotAxis time = TimeAxis();
-  const double lastMs = std::max(MsUnder(plot.right), time.lowValue);
-  const double ms = markerSet ? cursorMs + right * time.PerPixel() : time.lowValue;
-  PlaceCursor(std::clamp(ms, time.lowValue, lastMs));
+  const AxisScale time = TimeAxis();
+  const double lastMs = std::max(MsUnder(plot.right), time.low);
+  const double ms = markerSet ? time.ValueAt(time.X(cursorMs) + right) : time.low;
+  PlaceCursor(std::clamp(ms, time.low, lastMs));
 }
 
 std::vector<LogEntry> CPitchView::LogRows(WindowLog log) const {

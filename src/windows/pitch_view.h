@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "mainview/axis_scale.h"
 #include "windows/analysis_window.h"
-#include "windows/plot_axis.h"
 
 namespace cantorix {
 
@@ -42,9 +42,7 @@ class CPitchView : public AnalysisWindow {
   std::int32_t* SwitchOf(WindowSwitch which) override;
 
   // The stretch that the track covers in ms, nothing without a track.
-  PlotAxis TimeAxis() const;
-  // The display range of the pitch options, upward, at least 1 Hz.
-  PlotAxis FrequencyAxis() const;
+  AxisScale TimeAxis() const;
 
   double cursorMs = 0.0;
   PitchStrips strips;

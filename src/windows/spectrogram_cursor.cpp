@@ -11,26 +11,15 @@ SpectrogramLogContext CSpectrogramView::LogContext() const {
   return {document().title(), msPerSample_, TimeFactor(document())};
 }
 
-PlotAxis CSpectrogramView::TimeAxis() const {
-  return {.lowValue = spectrogram_.range.start * msPerSample_,
-          .highValue = spectrogram_.range.end * msPerSample_,
-          .lowPixel = static_cast<double>(plot.left),
-          .highPixel = static_cast<double>(plot.right)};
-}
-
-PlotAxis CSpectrogramView::FrequencyAxis() const {
-  return {.lowValue = 0.0,
-          .highValue = spectrogram_.maxHz,
-          .lowPixel = static_cast<double>(plot.bottom),
-          .highPixel = static_cast<double>(plot.top)};
+AxisScale CSpectrogramView::TimeAxis() const {
+  return {.low = spectrogram_.range.start * msPerSample_,
+          .high = spectrogram_.range.end * msPerSample_,
+          .left = static_cast<double>(plot.left),
+          .width = static_cast<double>(plot.right - plot.left)};
 }
 
 std::optional<double> CSpectrogramView::LevelAtCursor() const {
-  if (!computed() || !spectrogram_.levels || !(spectrogram_.maxHz > 0.0)) return std::nullopt;
-  const std::int64_t column = ColumnAt(spectrogram_, msPerSample_, cursorMs);
-  const std::int64_t row = RowAt(spectrogram_, cursorHz);
-  if (column < 0 || row < 0) return std::nullopt;
-  return spectrogram_.Column(column)[static_cast<std::size_t>(row)];
+  return LevelAt(spectrogram_, msPerSample_, cursorMs, cursorHz);
 }
 
 std::vector<LogEntry> CSpectrogramView::LogRows(WindowLog log) const {

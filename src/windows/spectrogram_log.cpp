@@ -36,6 +36,15 @@ std::int64_t RowAt(const Spectrogram& spectrogram, double hz) {
   return place >= 0.0 && place < spectrogram.rows ? Truncate(place) : -1;
 }
 
+std::optional<double> LevelAt(const Spectrogram& spectrogram, double msPerSample, double ms,
+                              double hz) {
+  if (!spectrogram.computed() || !spectrogram.levels) return std::nullopt;
+  const std::int64_t column = ColumnAt(spectrogram, msPerSample, ms);
+  const std::int64_t row = RowAt(spectrogram, hz);
+  if (column < 0 || row < 0) return std::nullopt;
+  return spectrogram.Column(column)[static_cast<std::size_t>(row)];
+}
+
 LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz) {
   return {context.source,
           "Spec. Marker Entry: time, frequency",

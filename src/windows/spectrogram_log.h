@@ -2,6 +2,7 @@
 // Every number has one decimal. The views hand the rows to the log.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,10 @@ std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double
 
 // The row whose band holds `hz`; -1 outside the picture.
 std::int64_t RowAt(const Spectrogram& spectrogram, double hz);
+
+// The level at a time and frequency, dB; nothing outside the picture or without levels.
+std::optional<double> LevelAt(const Spectrogram& spectrogram, double msPerSample, double ms,
+                              double hz);
 
 LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz);
 

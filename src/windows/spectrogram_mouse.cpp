@@ -10,10 +10,14 @@ namespace cantorix {
 
 double CSpectrogramView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
 
+double CSpectrogramView::HzPerPixel() const {
+  return plot.bottom > plot.top ? spectrogram_.maxHz / (plot.bottom - plot.top) : 0.0;
+}
+
 // The lowest row of pixels stands for the lowest frequency.
 double CSpectrogramView::HzUnder(std::int32_t y) const {
   const std::int32_t inside = std::clamp(y, plot.top, std::max(plot.bottom - 1, plot.top));
-  return FrequencyAxis().ValueAt(inside + 1);
+  return (plot.bottom - 1 - inside) * HzPerPixel();
 }
 
 void CSpectrogramView::PlaceCursor(double ms, double hz) {
@@ -59,13 +63,13 @@ void CSpectrogramView::Release(std::int32_t x, std::int32_t) {
 
 void CSpectrogramView::StepCursor(std::int32_t right, std::int32_t up) {
   if (!computed() || press.held) return;
-  const PlotAxis time = TimeAxis();
-  const double lastMs = std::max(MsUnder(plot.right), time.lowValue);
+  const double lastMs = MsUnder(plot.right);
   const double lastHz = std::max(HzUnder(plot.top), 0.0);
   const bool placed = markerSet || selectionShown;
-  const double ms = placed ? cursorMs + right * time.PerPixel() : time.lowValue;
-  const double hz = placed ? cursorHz + up * FrequencyAxis().PerPixel() : 0.0;
-  PlaceCursor(std::clamp(ms, time.lowValue, lastMs), std::clamp(hz, 0.0, lastHz));
+  const AxisScale time = TimeAxis();
+  const double ms = placed ? time.ValueAt(time.X(cursorMs) + right) : time.low;
+  const double hz = placed ? cursorHz + up * HzPerPixel() : 0.0;
+  PlaceCursor(std::clamp(ms, time.low, std::max(lastMs, time.low)), std::clamp(hz, 0.0, lastHz));
   Changed();
   if (!Tracks()) return;
   PressAtTime(*mainView(), cursorMs);

@@ -34,6 +34,7 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
                                    .rows = size.rows,
                                    .keepLevels = size.keepLevels};
   spectrogram_ = {};
+  ++computation_;
   range_ = range;
   settings_ = document().settings.spectrogram;
   msPerSample_ = channel().msPerSample();
@@ -48,7 +49,7 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
   }
   Tried(computed());
   cursorHz = std::min(cursorHz, spectrogram_.maxHz);
-  Changed();
+  PictureChanged();
   return computed();
 }
 
@@ -65,7 +66,7 @@ void CSpectrogramView::Update() {
                                                           std::clamp(range_.end, 0.0, end)};
   if (!(range.length() > 0.0)) {
     spectrogram_ = {};
-    return Changed();
+    return PictureChanged();
   }
   ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
 }

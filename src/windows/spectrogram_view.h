@@ -9,9 +9,8 @@
 
 #include "analysis/sample_range.h"
 #include "analysis/spectrogram.h"
-#include "mainview/analysis_commands.h"
+#include "mainview/axis_scale.h"
 #include "windows/analysis_window.h"
-#include "windows/plot_axis.h"
 #include "windows/spectrogram_log.h"
 
 namespace cantorix {
@@ -64,13 +63,14 @@ class CSpectrogramView : public AnalysisWindow {
   std::int32_t* SwitchOf(WindowSwitch which) override;
 
   const Spectrogram& spectrogram() const { return spectrogram_; }  // empty unless computed
+  // Number of the last computation.
+  std::int64_t computation() const { return computation_; }
   // Of the picture; what it was when it was computed.
   SpectrogramLogContext LogContext() const;
   // What the levels of the picture count up to, in dB; another range may be wanted by now.
   double dynamicRangeDb() const { return settings_.dynamicRangeDb; }
 
-  PlotAxis TimeAxis() const;       // ms
-  PlotAxis FrequencyAxis() const;  // Hz, upward
+  AxisScale TimeAxis() const;  // ms
   // The level at the cursor's column and row; nothing outside the picture.
   std::optional<double> LevelAtCursor() const;
 
@@ -85,6 +85,7 @@ class CSpectrogramView : public AnalysisWindow {
   void Drag(std::int32_t x);
   double MsUnder(std::int32_t x) const;
   double HzUnder(std::int32_t y) const;
+  double HzPerPixel() const;
   bool SettingsMatch() const override;
   void FollowDocument(DocumentChange change) override;
   void KeepSwitches() override;
@@ -94,6 +95,7 @@ class CSpectrogramView : public AnalysisWindow {
   double msPerSample_ = 0.0;
   SampleRange range_;  // that was asked for last
   bool wholeRecording_ = false;
+  std::int64_t computation_ = 0;
 };
 
 }  // namespace cantorix

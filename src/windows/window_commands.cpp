@@ -53,6 +53,8 @@ constexpr WindowCommandRow kRows[] = {
      "Save the picture as PNG, BMP, SVG or PDF", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kCopyPicture, kInAll, "&Copy Picture", "Ctrl+Shift+C",
      "Copy the picture to the clipboard", kPictureThere, kNoLog, kNoSwitch},
+    {WindowCommand::kCopyReadouts, kInAll, "Copy &Readouts", "Ctrl+Shift+R",
+     "Copy the values at the marker and the settings as text", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kPrint, kInAll, "&Print...", "",
      "Print the picture", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kCloseWindow, kInAll, "Close &Window", "Ctrl+Shift+W",

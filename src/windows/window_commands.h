@@ -26,6 +26,7 @@ enum class WindowCommand {
   kDrawLabels,
   kSavePicture,
   kCopyPicture,
+  kCopyReadouts,
   kPrint,
   kCloseWindow,
 };

@@ -165,14 +165,14 @@ TEST(FftLpcCursor, TheLevelAxisEndsAtTheOptionsOrAtWhatIsDrawn) {
   const Spectrum& spectrum = window.spectrum();
   options.relative = 1;
   options.drawLpc = 0;
-  EXPECT_EQ(window.LevelAxis().highValue, spectrum.fftMaxDb);
+  EXPECT_EQ(window.TopLevelDb(), spectrum.fftMaxDb * 1.05);
   options.drawLpc = 1;
-  EXPECT_EQ(window.LevelAxis().highValue, std::max(spectrum.fftMaxDb, spectrum.lpcSpanDb));
+  EXPECT_EQ(window.TopLevelDb(), std::max(spectrum.fftMaxDb, spectrum.lpcSpanDb) * 1.05);
   options.relative = 0;
   options.absoluteDb = 64;
-  EXPECT_EQ(window.LevelAxis().highValue, 64.0);
+  EXPECT_EQ(window.TopLevelDb(), 64.0);
   options.absoluteDb = -5;
-  EXPECT_EQ(window.LevelAxis().highValue, 1.0);
+  EXPECT_EQ(window.TopLevelDb(), 1.0);
 }
 
 TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
@@ -182,8 +182,8 @@ TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
   window.plot = {50, 10, 550, 110};
   main.inMemory.settings.display.trackMouse = 1;
   ASSERT_TRUE(window.computed());
-  EXPECT_DOUBLE_EQ(window.TimeAxis().lowValue, 200.0);
-  EXPECT_DOUBLE_EQ(window.TimeAxis().highValue, 700.0);
+  EXPECT_DOUBLE_EQ(window.TimeAxis().low, 200.0);
+  EXPECT_DOUBLE_EQ(window.TimeAxis().high, 700.0);
   window.Press(150, 50);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
   EXPECT_EQ(main.view.channel().dragPoint.ms, 0.0);

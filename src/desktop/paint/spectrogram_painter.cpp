@@ -75,6 +75,10 @@ QString CursorLine(const SpectrogramPicture& picture) {
   QString line = QStringLiteral("Cursor %1    %2 Hz")
                      .arg(TimeText(picture.cursor->ms, document.settings.display.timeBase))
                      .arg(picture.cursor->hz, 0, 'f', 1);
+  if (const auto level = LevelAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms,
+                                 picture.cursor->hz)) {
+    line += QStringLiteral("    %1 dB").arg(*level, 0, 'f', 1);
+  }
   const std::int64_t column =
       ColumnAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms);
   if (column < 0 || static_cast<std::size_t>(column) >= spectrogram.formants.size()) return line;

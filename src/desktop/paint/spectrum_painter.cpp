@@ -107,7 +107,7 @@ void DrawCurves(QPainter& painter, const QRectF& pane, const AxisScale& axis,
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(style.spectrumFft, style.hairline));
   DrawCurve(painter, pane, axis, levels, spectrum.fftDb);
-  if (picture.view.settings().drawLpc != 0) {
+  if (picture.view.document().settings.fftLpc.drawLpc != 0) {
     painter.setPen(
         QPen(style.spectrumLpc, style.curve + 0.4, style.hasColor ? Qt::SolidLine : Qt::DashLine));
     DrawCurve(painter, pane, axis, levels, spectrum.lpcDb);
@@ -130,11 +130,7 @@ AxisScale SpectrumAxis(const SpectrumPicture& picture) {
 
 AxisSpan SpectrumLevels(const SpectrumPicture& picture) {
   const QRectF pane = ToRectF(SpectrumLayout(picture.client).plot);
-  const FftLpcSettings& settings = picture.view.settings();
-  if (settings.relative == 0) return ValueSpan(pane, 0.0, std::max(settings.absoluteDb, 1));
-  const Spectrum& spectrum = picture.view.spectrum();
-  const double most = std::max(spectrum.fftMaxDb, settings.drawLpc != 0 ? spectrum.lpcSpanDb : 0.0);
-  return ValueSpan(pane, 0.0, std::isfinite(most) && most > 0.0 ? 1.05 * most : 1.0);
+  return ValueSpan(pane, 0.0, picture.view.TopLevelDb());
 }
 
 void PaintSpectrum(QPainter& painter, const SpectrumPicture& picture, const PaintStyle& style) {
@@ -150,7 +146,7 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   const AxisScale axis = SpectrumAxis(picture);
   const AxisSpan levels = SpectrumLevels(picture);
   DrawPane(painter, pane, style.pane);
-  DrawGrids(painter, pane, axis, levels, picture.view.settings(), style);
+  DrawGrids(painter, pane, axis, levels, picture.view.document().settings.fftLpc, style);
   if (picture.view.computed()) DrawCurves(painter, pane, axis, levels, picture, style);
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style), kPlotLeft,

@@ -21,7 +21,7 @@ struct SpectrumPicture {
 WindowLayout SpectrumLayout(PixelSize client);
 // From 0 Hz to the top of the display.
 AxisScale SpectrumAxis(const SpectrumPicture& picture);
-// 0 dB to the absolute level of the settings or, when they say relative, to the highest level.
+// 0 dB to the view's top level.
 AxisSpan SpectrumLevels(const SpectrumPicture& picture);
 
 void PaintSpectrum(QPainter& painter, const SpectrumPicture& picture, const PaintStyle& style);

@@ -38,6 +38,14 @@ QPoint StepOf(int key) {
 
 }  // namespace
 
+QString TextOfReadouts(const AnalysisWindow& model) {
+  QStringList pairs;
+  for (const WindowReadout& readout : model.Readouts()) {
+    pairs << QString::fromStdString(readout.label + ' ' + readout.value);
+  }
+  return pairs.join('\t');
+}
+
 AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard,
                                QWidget* parent)
     : QWidget(parent),
@@ -59,6 +67,7 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
 }
 
 void AnalysisCanvas::Refresh(const QString& note) {
+  setAccessibleDescription(TextOfReadouts(model_));
   if (note != note_->text()) {
     note_->setText(note);
     PlaceNote();
@@ -85,11 +94,10 @@ void AnalysisCanvas::LayOut() {
 void AnalysisCanvas::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const PaintStyle style = StyleFor(palette());
-  painter.fillRect(rect(), style.background);
   try {
-    picture_.Paint(painter, style);
+    picture_.PaintCanvas(painter, size(), style);
   } catch (const std::exception& error) {
-    painter.resetTransform();
+    painter.fillRect(rect(), style.background);
     painter.setPen(style.text);
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, QString::fromUtf8(error.what()));
   }
@@ -100,22 +108,29 @@ void AnalysisCanvas::resizeEvent(QResizeEvent*) {
   PlaceNote();
 }
 
-void AnalysisCanvas::PassPointer(QMouseEvent& event, Input input) {
+void AnalysisCanvas::PassPointer(const QMouseEvent& event, MousePhase phase) {
   const std::int32_t x = Pixel(event.position().x());
   const std::int32_t y = Pixel(event.position().y());
-  guard_([this, input, x, y] { (model_.*input)(x, y); });
+  guard_([&] {
+    switch (phase) {
+      case MousePhase::kPress:
+        return model_.Press(x, y);
+      case MousePhase::kMove:
+        return model_.Move(x, y);
+      case MousePhase::kRelease:
+        return model_.Release(x, y);
+    }
+  });
 }
 
 void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) PassPointer(*event, &AnalysisWindow::Press);
+  if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kPress);
 }
 
-void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
-  PassPointer(*event, &AnalysisWindow::Move);
-}
+void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) { PassPointer(*event, MousePhase::kMove); }
 
 void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) PassPointer(*event, &AnalysisWindow::Release);
+  if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kRelease);
 }
 
 // The second press of a double click is a press like any other.

@@ -11,6 +11,9 @@
 
 namespace cantorix {
 
+// "name value" of all readouts, separated by TABs.
+QString TextOfReadouts(const AnalysisWindow& model);
+
 class AnalysisCanvas : public QWidget {
  public:
   // Runs what the user began on the model, guarded.
@@ -18,7 +21,8 @@ class AnalysisCanvas : public QWidget {
 
   AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard, QWidget* parent);
 
-  // The model has changed: draws it, with a note over it where it needs one.
+  // The model has changed: draws it, with a note over it where it needs one, and tells those who
+  // cannot see it.
   void Refresh(const QString& note);
   // The place of the plot and the size that the model is to compute for.
   void LayOut();
@@ -33,8 +37,7 @@ class AnalysisCanvas : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  using Input = void (AnalysisWindow::*)(std::int32_t, std::int32_t);
-  void PassPointer(QMouseEvent& event, Input input);
+  void PassPointer(const QMouseEvent& event, MousePhase phase);
   void PlaceNote();
 
   AnalysisWindow& model_;

@@ -1,6 +1,8 @@
 // analysis_frame.cpp
 #include "desktop/windows/analysis_frame.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -32,13 +34,11 @@ void AnalysisFrame::Build() {
   strip_ = new QToolBar(content);
   canvas_ = new AnalysisCanvas(
       model(), picture(), [this](const auto& action) { Run(action); }, content);
-  readouts_ = new ReadoutStrip(content);
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(strip_);
   column->addWidget(canvas_, 1);
-  column->addWidget(readouts_);
   setWidget(content);
   canvas_->setAccessibleName(KindName());
   actions_ = std::make_unique<WindowActions>(*canvas_, model(),
@@ -70,6 +70,9 @@ void AnalysisFrame::Perform(WindowCommand command) {
     case WindowCommand::kCopyPicture:
     case WindowCommand::kPrint:
       return host_.Output(*this, command);
+    case WindowCommand::kCopyReadouts:
+      QGuiApplication::clipboard()->setText(TextOfReadouts(model()));
+      return;
     case WindowCommand::kCloseWindow:
       close();
       return;
@@ -84,8 +87,9 @@ void AnalysisFrame::Perform(WindowCommand command) {
 
 void AnalysisFrame::Refresh() {
   if (!actions_) return;
+  // A switch may have added or removed a strip.
+  canvas_->LayOut();
   canvas_->Refresh(Note());
-  readouts_->Show(model().Readouts());
   actions_->Refresh();
   RefreshStrip();
   setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().title()));

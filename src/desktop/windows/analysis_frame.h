@@ -1,5 +1,5 @@
 // analysis_frame.h - what the windows of the analyses have in common: a strip of commands above
-// the picture, readouts below it, and a timer that computes again when the user rests.
+// the picture, and a timer that computes again when the user rests.
 #pragma once
 
 #include <QMdiSubWindow>
@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "desktop/windows/analysis_canvas.h"
-#include "desktop/windows/readout_strip.h"
 #include "desktop/windows/window_actions.h"
 #include "mainview/commands.h"
 
@@ -45,7 +44,6 @@ class AnalysisFrame : public QMdiSubWindow {
 
   CSonadexView& view() { return view_; }
   AnalysisCanvas& canvas() { return *canvas_; }
-  ReadoutStrip& readouts() { return *readouts_; }
   WindowActions& actions() { return *actions_; }
 
   // Gives canvas and strip their sizes at once, so that the model knows what to compute for.
@@ -79,7 +77,6 @@ class AnalysisFrame : public QMdiSubWindow {
   WindowPlacement* placement_;
   QToolBar* strip_ = nullptr;
   AnalysisCanvas* canvas_ = nullptr;
-  ReadoutStrip* readouts_ = nullptr;
   std::unique_ptr<WindowActions> actions_;
   QTimer rest_;
 };

@@ -1,25 +1,32 @@
-// fft_lpc_picture.h - temporary
+// fft_lpc_picture.h - the picture of the FFT/LPC window, as the window is now.
 #pragma once
+
+#include "desktop/paint/spectrum_painter.h"
 #include "desktop/windows/window_picture.h"
-#include "mainview/document_waveform.h"
-#include "windows/color_map.h"
-#include "windows/fft_lpc_view.h"
+
 namespace cantorix {
+
 class FftLpcPicture : public WindowPicture {
  public:
-  FftLpcPicture(CFFTLPCView& model) : model_(model) {}
-  void LayOut(QSize size) override {
-    size_ = size;
-    model_.plot = {48, 10, std::max(size.width() - 12, 48), std::max(size.height() - 30, 10)};
+  explicit FftLpcPicture(CFFTLPCView& model) : WindowPicture(model), model_(model) {}
+
+ protected:
+  WindowLayout LayoutIn(PixelSize client) override { return SpectrumLayout(client); }
+  void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override {
+    PaintSpectrumData(painter, Now(client), style);
   }
-  void Paint(QPainter& p, const PaintStyle&) override {
-    p.drawRect(model_.plot.left, model_.plot.top, model_.plot.right - model_.plot.left,
-               model_.plot.bottom - model_.plot.top);
+  void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) override {
+    PaintSpectrumOverlay(painter, Now(client), style);
   }
-  ColorMap colors = ColorMap::kGrey;
 
  private:
+  SpectrumPicture Now(PixelSize client) const {
+    SpectrumPicture picture{model_, client, {}};
+    if (model_.markerSet) picture.cursorHz = model_.cursorHz;
+    return picture;
+  }
+
   CFFTLPCView& model_;
-  QSize size_;
 };
+
 }  // namespace cantorix

@@ -19,7 +19,7 @@ class CPitchFrame : public AnalysisFrame {
   Command OptionsCommand() const override { return Command::kPitchOptions; }
 
   CPitchView model_;
-  PitchPicture picture_;
+  PitchWindowPicture picture_;
 };
 
 }  // namespace cantorix

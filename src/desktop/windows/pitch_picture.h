@@ -1,25 +1,31 @@
-// pitch_picture.h - temporary
+// pitch_picture.h - the picture of the pitch window, as the window is now.
 #pragma once
+
+#include "desktop/paint/pitch_painter.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/document_waveform.h"
-#include "windows/color_map.h"
 #include "windows/pitch_view.h"
+
 namespace cantorix {
-class PitchPicture : public WindowPicture {
+
+class PitchWindowPicture : public WindowPicture {
  public:
-  PitchPicture(CPitchView& model, CSonadexView&, DocumentWaveform&) : model_(model) {}
-  void LayOut(QSize size) override {
-    size_ = size;
-    model_.plot = {48, 10, std::max(size.width() - 12, 48), std::max(size.height() - 30, 10)};
-  }
-  void Paint(QPainter& p, const PaintStyle&) override {
-    p.drawRect(model_.plot.left, model_.plot.top, model_.plot.right - model_.plot.left,
-               model_.plot.bottom - model_.plot.top);
-  }
-  ColorMap colors = ColorMap::kGrey;
+  // All outlive the picture.
+  PitchWindowPicture(CPitchView& model, const CSonadexView& view, DocumentWaveform& waveform)
+      : WindowPicture(model), model_(model), view_(view), waveform_(waveform) {}
+
+ protected:
+  WindowLayout LayoutIn(PixelSize client) override;
+  void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override;
+  void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) override;
 
  private:
+  // Without the waveform, which only the data pass needs.
+  PitchPicture Now(PixelSize client) const;
+
   CPitchView& model_;
-  QSize size_;
+  const CSonadexView& view_;
+  DocumentWaveform& waveform_;
 };
+
 }  // namespace cantorix

@@ -41,7 +41,7 @@ void CSpectrogramFrame::FillStrip(QToolBar& strip) {
   colorsName->setBuddy(colors_);
   colors_->setToolTip(QStringLiteral("Colours from silence to the highest level"));
   connect(colors_, &QComboBox::currentIndexChanged, this, [this](int index) {
-    picture_.colors = kMaps[index].map;
+    picture_.SetColors(kMaps[index].map);
     canvas().update();
   });
   auto* const rangeName = new QLabel(QStringLiteral(" &Dynamic range "), &strip);

@@ -15,7 +15,7 @@ class CSpectrogramFrame : public AnalysisFrame {
   CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
 
   CSpectrogramView& model() override { return model_; }
-  SpectrogramPicture& picture() override { return picture_; }
+  SpectrogramWindowPicture& picture() override { return picture_; }
 
   QComboBox& colors() { return *colors_; }
   QSpinBox& dynamicRange() { return *range_; }
@@ -28,7 +28,7 @@ class CSpectrogramFrame : public AnalysisFrame {
   Command OptionsCommand() const override { return Command::kSpectrogramOptions; }
 
   CSpectrogramView model_;
-  SpectrogramPicture picture_;
+  SpectrogramWindowPicture picture_;
   QComboBox* colors_ = nullptr;
   QSpinBox* range_ = nullptr;
 };

@@ -1,25 +1,37 @@
-// spectrogram_picture.h - temporary
+// spectrogram_picture.h - the picture of the spectrogram window, as the window is now. The image of
+// its levels is kept, so that other colours, strips and grids cost no walk through them.
 #pragma once
+
+#include "desktop/paint/spectrogram_painter.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/document_waveform.h"
 #include "windows/color_map.h"
-#include "windows/spectrogram_view.h"
+
 namespace cantorix {
-class SpectrogramPicture : public WindowPicture {
+
+class SpectrogramWindowPicture : public WindowPicture {
  public:
-  SpectrogramPicture(CSpectrogramView& model, DocumentWaveform&) : model_(model) {}
-  void LayOut(QSize size) override {
-    size_ = size;
-    model_.plot = {48, 10, std::max(size.width() - 12, 48), std::max(size.height() - 30, 10)};
-  }
-  void Paint(QPainter& p, const PaintStyle&) override {
-    p.drawRect(model_.plot.left, model_.plot.top, model_.plot.right - model_.plot.left,
-               model_.plot.bottom - model_.plot.top);
-  }
-  ColorMap colors = ColorMap::kGrey;
+  // Both outlive the picture.
+  SpectrogramWindowPicture(CSpectrogramView& model, DocumentWaveform& waveform)
+      : WindowPicture(model), model_(model), waveform_(waveform) {}
+
+  ColorMap colors() const { return colors_; }
+  void SetColors(ColorMap colors);
+
+ protected:
+  WindowLayout LayoutIn(PixelSize client) override;
+  void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override;
+  void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) override;
 
  private:
+  const QImage& Levels();
+  SpectrogramPicture Now(PixelSize client, const QImage& levels);
+
   CSpectrogramView& model_;
-  QSize size_;
+  DocumentWaveform& waveform_;
+  ColorMap colors_ = ColorMap::kGrey;
+  QImage levels_;
+  std::int64_t levelsOf_ = -1;  // computation that they are of
 };
+
 }  // namespace cantorix
