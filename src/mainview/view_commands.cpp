@@ -113,12 +113,8 @@ void PlaceMarker(CSonadexView& view, double ms) {
 
 void DropSelection(CSonadexView& view) {
   for (CChannel& channel : view.document().channels) ClearSelection(channel);
-<<<<<<< HEAD
   view.selectionShown = false;
   view.markerSet = false;
-=======
-  view.selectionShown = view.markerSet = false;
->>>>>>> wt_b
   view.document().hasSelection = false;
   ReadSelection(view);
   view.Changed(DocumentChange::kCursor);

@@ -30,11 +30,7 @@ void SelectAll(CSonadexView& view);
 void SelectSpan(CSonadexView& view, double startMs, double endMs);
 // Places the cursor and a marker, as a click there does. Throws FileError.
 void PlaceMarker(CSonadexView& view, double ms);
-<<<<<<< HEAD
 // No selection in any channel, selection flags and `markerSet` false; the cursor stays.
-=======
-// Selection of every channel and of the flags to none, and the marker with it; the cursor stays.
->>>>>>> wt_b
 void DropSelection(CSonadexView& view);
 
 }  // namespace cantorix
