@@ -18,7 +18,7 @@ QString ReadoutLine(const PitchPicture& picture) {
   const CChannel& channel = picture.document.channel();
   const double ms = *picture.cursorMs;
   return QStringLiteral("Cursor %1    Pitch %2 Hz    Intensity %3 dB")
-      .arg(TimeText(ms, picture.document.settings.display.timeBase))
+      .arg(ShownTime(ms, picture.document.settings.display.timeBase))
       .arg(PitchAt(picture.pitch, channel, ms), 0, 'f', 1)
       .arg(IntensityAt(channel.intensity, channel, ms), 0, 'f', 1);
 }
@@ -28,7 +28,7 @@ QString SelectionLine(const PitchPicture& picture) {
   const std::int32_t base = picture.document.settings.display.timeBase;
   const AxisSelection& selection = *picture.selection;
   return QStringLiteral("Selection %1 to %2    Average pitch %3 Hz")
-      .arg(TimeText(selection.start, base), TimeText(selection.end, base))
+      .arg(ShownTime(selection.start, base), ShownTime(selection.end, base))
       .arg(AveragePitch(picture.pitch, picture.document.channel(), selection.start, selection.end),
            0, 'f', 1);
 }

@@ -73,7 +73,7 @@ QString CursorLine(const SpectrogramPicture& picture) {
   const CSonadexDoc& document = picture.view.document();
   const Spectrogram& spectrogram = LevelsOf(picture);
   QString line = QStringLiteral("Cursor %1    %2 Hz")
-                     .arg(TimeText(picture.cursor->ms, document.settings.display.timeBase))
+                     .arg(ShownTime(picture.cursor->ms, document.settings.display.timeBase))
                      .arg(picture.cursor->hz, 0, 'f', 1);
   if (const auto level = LevelAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms,
                                  picture.cursor->hz)) {
@@ -96,8 +96,8 @@ QString SelectionLine(const SpectrogramPicture& picture) {
   const std::int32_t base = picture.view.document().settings.display.timeBase;
   const AxisSelection& selection = *picture.selection;
   return QStringLiteral("Selection %1 to %2    Duration %3")
-      .arg(TimeText(selection.start, base), TimeText(selection.end, base),
-           TimeText(selection.end - selection.start, base));
+      .arg(ShownTime(selection.start, base), ShownTime(selection.end, base),
+           ShownTime(selection.end - selection.start, base));
 }
 
 }  // namespace

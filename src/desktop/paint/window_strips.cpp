@@ -115,7 +115,7 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
   }
 }
 
-QString TimeText(double ms, std::int32_t timeBase) {
+QString ShownTime(double ms, std::int32_t timeBase) {
   return timeBase != 0 ? QString::number(ms * 0.001, 'f', 3) + QStringLiteral(" s")
                        : QString::number(ms, 'f', 1) + QStringLiteral(" ms");
 }

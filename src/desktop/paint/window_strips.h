@@ -40,6 +40,6 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
                       const PaintStyle& style);
 
 // A time in the time base with its unit: "123.4 ms", "0.123 s".
-QString TimeText(double ms, std::int32_t timeBase);
+QString ShownTime(double ms, std::int32_t timeBase);
 
 }  // namespace cantorix
