@@ -86,7 +86,8 @@ ViewLayout LayOutView(CSonadexDoc& document, PixelSize client, std::int32_t vert
   const std::int32_t right = std::max(client.width - kRightMargin, left);
   const std::int32_t bottom = kTimeAxisHeight + kReadoutStripHeight;
   const std::int32_t tiers = TiersHeight(channel, display);
-  const std::int32_t available = std::max(client.height - bottom - tiers, 0);
+  // One pixel stays free: a layout as high as the client area would count as too high for it.
+  const std::int32_t available = std::max(client.height - bottom - tiers - 1, 0);
   const PaneShares shares = SharesOf(display);
 
   ViewLayout layout;

@@ -16,6 +16,9 @@ class CancellingProgress : public Progress {
   explicit CancellingProgress(int cancelAtStep = std::numeric_limits<int>::max())
       : cancelAtStep_(cancelAtStep) {}
 
+  // The next step cancels, and so does every later one.
+  void CancelFromNow() { cancelAtStep_ = 0; }
+
   void Begin(std::string_view text, double totalUnits) override {
     texts.emplace_back(text);
     totals.push_back(totalUnits);

@@ -1,0 +1,90 @@
+// analysis_commands_test.cpp - which stretch is analysed, and what becomes of tracks and readouts.
+#include "mainview/analysis_commands.h"
+
+#include <gmock/gmock.h>
+
+#include "analysis/test_signals.h"
+#include "mainview/view_commands.h"
+#include "view_fixture.h"
+
+namespace cantorix {
+namespace {
+
+using ::testing::IsEmpty;
+
+// Two seconds of a tone of 200 Hz.
+class AnalysisCommandsTest : public ViewTest {
+ protected:
+  ViewedRecording recording{world, testing::Sine(32'000, 16'000.0, 200.0, 8000.0), 16'000.0};
+  CSonadexDoc& document = recording.document;
+  CSonadexView& view = recording.view;
+};
+
+TEST_F(AnalysisCommandsTest, StretchesEndWithTheRecording) {
+  document.settings.zoomRangeMs = 1000.0;
+  PlaceMarker(view, 1500.0);
+  ZoomView(view, Zoom::kFromCursor);
+  SelectSpan(view, 250.0, 750.0);
+  const struct {
+    Stretch stretch;
+    double start, end;
+  } cases[] = {{Stretch::kAll, 0.0, 32'000.0},
+               {Stretch::kSelection, 4000.0, 12'000.0},
+               {Stretch::kWindow, 24'000.0, 32'000.0}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(StretchOf(view, c.stretch).start, c.start);
+    EXPECT_EQ(StretchOf(view, c.stretch).end, c.end);
+  }
+  document.channel().totalLength = 10'000.0;
+  EXPECT_EQ(StretchOf(view, Stretch::kSelection).end, 10'000.0);
+}
+
+TEST_F(AnalysisCommandsTest, PitchBringsIntensityAndReadouts) {
+  PlaceMarker(view, 1000.0);
+  AnalysePitch(view, Stretch::kAll);
+  EXPECT_NEAR(view.readouts.pitchHz, 200.0, 3.0);
+  EXPECT_NEAR(view.readouts.intensityDb, 75.0, 0.3);  // 20 log10(8000 / sqrt 2)
+  SelectSpan(view, 500.0, 1500.0);
+  EXPECT_NEAR(view.readouts.averagePitchHz, 200.0, 3.0);
+
+  AnalysePitch(view, Stretch::kSelection);
+  EXPECT_EQ(view.pitch.range.start, 8000.0);
+  EXPECT_EQ(document.channel().intensity.range.end, 24'000.0);
+  PlaceMarker(view, 1900.0);  // outside the tracks
+  EXPECT_EQ(view.readouts.pitchHz, 0.0);
+  AnalyseIntensity(view, Stretch::kAll);
+  EXPECT_NEAR(view.readouts.intensityDb, 75.0, 0.3);
+}
+
+TEST_F(AnalysisCommandsTest, CancelledRunLeavesNoTrack) {
+  PlaceMarker(view, 1000.0);
+  AnalysePitch(view, Stretch::kAll);
+  world.test.progress.CancelFromNow();
+  AnalysePitch(view, Stretch::kAll);
+  EXPECT_FALSE(view.pitch.PitchValid);
+  EXPECT_FALSE(document.channel().intensity.IntensityValid);
+  EXPECT_EQ(view.readouts.pitchHz, 0.0);
+  EXPECT_EQ(view.readouts.intensityDb, 0.0);
+  EXPECT_THAT(world.test.prompts.TakeTranscript(), IsEmpty());
+}
+
+TEST_F(AnalysisCommandsTest, EditsDropTheTracksUnlessTheyAreAutomatic) {
+  AnalysePitch(view, Stretch::kSelection);
+  AnalyseAfterEdit(view);
+  EXPECT_FALSE(view.pitch.PitchValid);
+  EXPECT_FALSE(document.channel().intensity.IntensityValid);
+  document.settings.display.automaticAnalysis = 1;
+  AnalyseAfterEdit(view);
+  EXPECT_TRUE(view.pitch.PitchValid);
+  EXPECT_EQ(view.pitch.range.end, 32'000.0);
+}
+
+TEST_F(AnalysisCommandsTest, AutomaticAnalysisRunsWhenAViewBegins) {
+  document.settings.display.automaticAnalysis = 1;
+  CSonadexView late(document, world.Services());
+  late.Begin({645, 500});
+  EXPECT_TRUE(late.pitch.PitchValid);
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,204 @@
+// label_commands_test.cpp - labels by mouse, by call and by list, and what every change of them
+// does to undo, modified flag and label list.
+#include "mainview/label_commands.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "label_fixture.h"
+#include "mainview/editing.h"
+#include "mainview/label_list.h"
+#include "mainview/mouse.h"
+#include "mainview/view_commands.h"
+#include "platform/abandon.h"
+
+namespace cantorix {
+namespace {
+
+LabelAnswer Answering(const std::string& text, double ms = 0.0) {
+  LabelAnswer answer;
+  answer.label.text = text;
+  answer.label.timeMs = ms;
+  return answer;
+}
+
+class LabelCommandsTest : public LabelTest {
+ protected:
+  DialogScript<LabelAnswer, LabelPreset>& dialog = world.dialogs.label;
+
+  void Press(std::int32_t x, std::int32_t y) { PressMouse(view, x, y); }
+  void DragTo(std::int32_t x, std::int32_t y) {
+    MoveMouse(view, x, y);
+    ReleaseMouse(view, x, y);
+  }
+  void Click(std::int32_t x, std::int32_t y) {
+    Press(x, y);
+    ReleaseMouse(view, x, y);
+  }
+};
+
+TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
+  const struct {
+    const char* name;
+    std::function<void()> change;
+    const char* words;
+  } cases[] = {
+      {"add", [this] { AddLabelToTier(view, kWords, Answering("new", 3000.0).label); },
+       "one@2000 two@6000 new@3000"},
+      {"edit: to the end of its tier",
+       [this] { EditLabel(view, kWords, 0, Answering("ONE", 2000.0).label); },
+       "two@6000 new@3000 ONE@2000"},
+      {"move: in its place", [this] { MoveLabel(view, kWords, 0, 9000.0, 0.25); },
+       "two@9000 new@3000 ONE@2000"},
+      {"delete", [this] { DeleteLabel(view, kWords, 1); }, "two@9000 ONE@2000"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    document.SetModified(false);
+    view.undoAvailable = false;
+    listener = {};
+    playback.stops = 0;
+    c.change();
+    EXPECT_EQ(Words(), c.words);
+    EXPECT_TRUE(view.undoAvailable);
+    EXPECT_TRUE(document.isModified());
+    EXPECT_EQ(listener.labelChanges, 1);
+    EXPECT_GE(listener.viewChanges, 1);
+    EXPECT_EQ(playback.stops, 1);
+  }
+  EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 0.25);
+  Undo(view);
+  EXPECT_EQ(Words(), "two@9000 new@3000 ONE@2000");
+}
+
+TEST_F(LabelCommandsTest, LabelsThatDoNotExistAreIgnored) {
+  for (const auto& [tierIndex, index] : {std::pair{-1, 0}, {10, 0}, {kWords, -1}, {kWords, 2}}) {
+    EditLabel(view, tierIndex, index, {});
+    MoveLabel(view, tierIndex, index, 0.0, 0.0);
+    DeleteLabel(view, tierIndex, index);
+    AskToEditLabel(view, tierIndex, index);
+  }
+  AddLabelToTier(view, 10, {});
+  EXPECT_FALSE(document.isModified());
+  EXPECT_FALSE(view.undoAvailable);
+}
+
+TEST_F(LabelCommandsTest, ChangeWithoutAnUndoFileIsAbandoned) {
+  const std::string before = Words();
+  ViewServices services = world.Services();
+  services.temporaryDirectory = world.temporary / "gone/";
+  CSonadexView refused(document, services);
+  refused.Begin(kWideClient);
+  EXPECT_THROW(AddLabelToTier(refused, kWords, {}), Abandoned);
+  EXPECT_THROW(EditLabel(refused, kWords, 0, {}), Abandoned);
+  EXPECT_THROW(MoveLabel(refused, kWords, 0, 0.0, 0.0), Abandoned);
+  EXPECT_THROW(DeleteLabel(refused, kWords, 0), Abandoned);
+  EXPECT_THROW(ImportLabelLines(refused, kWords, "1\ta", {}), Abandoned);
+  EXPECT_EQ(Words(), before);
+  EXPECT_FALSE(document.isModified());
+  world.test.prompts.TakeTranscript();
+}
+
+TEST_F(LabelCommandsTest, ClickInEntryModeAddsEditsOrDeletes) {
+  ToggleLabelEntry(view);
+  dialog.WillGive(Answering("new", 4000.0));
+  Click(40 + 400, 10);  // empty space of "words"
+  EXPECT_EQ(dialog.presets[0].label.timeMs, 4000.0);
+  EXPECT_EQ(dialog.presets[0].label.verticalPosition, 0.7);
+  EXPECT_FALSE(dialog.presets[0].exists);
+  EXPECT_EQ(Words(), "one@2000 two@6000 new@4000");
+
+  dialog.WillGive(Answering("ONE", 2000.0));
+  Click(40 + 205, 28);
+  EXPECT_EQ(dialog.presets[1].label.text, "one");
+  EXPECT_TRUE(dialog.presets[1].exists);
+  EXPECT_EQ(Words(), "two@6000 new@4000 ONE@2000");
+
+  dialog.WillGive(LabelAnswer{.label = {}, .remove = true});
+  Click(40 + 605, 28);
+  EXPECT_EQ(Words(), "new@4000 ONE@2000");
+
+  dialog.WillGive(Answering("pause"));
+  Click(40 + 205, 45);  // the tier below
+  EXPECT_EQ(LabelsOf(channel, kBreaks), "pause@0");
+}
+
+TEST_F(LabelCommandsTest, PressesThatAskNothing) {
+  const std::string before = Words();
+  Click(40 + 205, 28);  // entry mode is off
+  ToggleLabelEntry(view);
+  Click(40 + 400, 150);  // in the waveform
+  Click(20, 10);         // left of the tiers
+  Press(40 + 400, 150);
+  DragTo(40 + 403, 10);  // from the waveform into a tier
+  Press(40 + 400, 10);
+  DragTo(40 + 403, 150);  // and back
+  Press(40 + 400, 10);
+  DragTo(40 + 500, 10);  // a drag over empty tier space selects
+  EXPECT_TRUE(view.selectionShown);
+  dialog.WillCancel();
+  Click(40 + 205, 28);  // a cancelled dialog
+  dialog.WillCancel();
+  Click(40 + 400, 10);
+  EXPECT_EQ(Words(), before);
+  EXPECT_FALSE(document.isModified());
+  EXPECT_FALSE(view.undoAvailable);
+}
+
+TEST_F(LabelCommandsTest, DraggedLabelStaysWhereItIsDropped) {
+  ToggleLabelEntry(view);
+  Press(40 + 205, 28);
+  MoveMouse(view, 40 + 300, 10);
+  EXPECT_EQ(view.labelEntry.label.timeMs, 3000.0);
+  EXPECT_EQ(tier(kWords).labels[0].timeMs, 2000.0);  // moved at the release only
+  EXPECT_EQ(channel.selectionLength.ms, 0.0);
+  DragTo(40 + 700, 80);  // below the tier
+  EXPECT_FALSE(view.selectionShown);
+  EXPECT_FALSE(view.press.draggedLabel);
+  EXPECT_EQ(Words(), "one@7000 two@6000");
+  EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 1.0);
+
+  Press(40 + 605, 28);
+  DragTo(40 + 605, 10);  // up only
+  EXPECT_EQ(tier(kWords).labels[1].verticalPosition, 0.25);
+}
+
+TEST_F(LabelCommandsTest, FirstOfOverlappingLabelsIsPressed) {
+  AddLabel(document, kWords, 2010.0, "hidden");
+  HitTestLabels(view, 40 + 203, 28);
+  EXPECT_EQ(view.labelEntry.currentTier, kWords);
+  EXPECT_EQ(view.labelEntry.pressedLabel, 0);
+  HitTestLabels(view, 40 + 230, 28);
+  EXPECT_EQ(view.labelEntry.pressedLabel, 2);
+  tier(kWords).inUse = false;
+  view.LayOut(kWideClient);
+  HitTestLabels(view, 40 + 203, 28);
+  EXPECT_EQ(view.labelEntry.currentTier, -1);
+  EXPECT_EQ(view.labelEntry.pressedLabel, -1);
+}
+
+TEST_F(LabelCommandsTest, ListShowsTiersInUseAndActsOnTheSelectedRow) {
+  AddLabel(document, kBreaks, 1000.0, "b");
+  AddLabel(document, 0, 500.0, "of a tier that is not in use");
+  tier(0).inUse = false;
+  auto rows = LabelListRows(document);
+  ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(rows[1].tierName, "words");
+  EXPECT_EQ(rows[1].text, "two");
+  EXPECT_EQ(rows[2].tierName, "breaks");
+
+  document.settings.zoomRangeMs = 1000.0;
+  ZoomToLabel(view, rows[1]);
+  EXPECT_EQ(channel.visibleStart.ms, 5500.0);
+  dialog.WillGive(Answering("TWO", 6000.0));
+  EditListedLabel(view, rows[1]);
+  EditListedLabel(view, rows[1]);  // that label is gone
+  DeleteListedLabel(view, rows[1]);
+  EXPECT_EQ(Words(), "one@2000 TWO@6000");
+  DeleteListedLabel(view, rows[0]);
+  EXPECT_EQ(Words(), "TWO@6000");
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,139 @@
+// tier_commands_test.cpp - the "Tiers Option" dialog and the import of label files.
+#include <gmock/gmock.h>
+
+#include <span>
+
+#include "label_fixture.h"
+#include "mainview/label_commands.h"
+#include "settings/config_file.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class TierCommandsTest : public LabelTest {
+ protected:
+  ScriptedDialogs& dialogs = world.dialogs;
+
+  TierSetups Setups() {
+    TierSetups setups;
+    for (int i = 0; i < kTierCount; ++i) {
+      setups[static_cast<std::size_t>(i)] = {tier(i).name, tier(i).tierWord, tier(i).inUse};
+    }
+    return setups;
+  }
+  // The import dialog's answer and the file's content.
+  void WillImport(const std::string& tierName, const std::string& text,
+                  const LabelImportOptions& options = {}) {
+    const std::string path = world.test.folder / "labels.TXT";
+    WriteBytes(path, std::as_bytes(std::span(text)));
+    dialogs.labelImport.WillGive(LabelImportAnswer{tierName, options});
+    world.test.prompts.WillChooseFile(path);
+  }
+  void ImportQuietly() {
+    ImportLabels(view);
+    world.test.prompts.TakeTranscript();
+  }
+};
+
+TEST_F(TierCommandsTest, OkSetsTheTiersOfThisRecordingAndTheNamesOfNewOnes) {
+  const std::string path = ConfigPath(world.test.folder.path());
+  ASSERT_TRUE(WriteConfiguration(path, {{}, DefaultDocumentSettings()}));
+  TierSetups setups = Setups();
+  setups[0] = {std::string(70, 'n'), 25, true};
+  setups[kWords].inUse = false;
+  setups[9] = {"last", 0, true};
+  listener = {};
+  dialogs.tiers.WillGive(setups);
+  SetTiers(view);
+
+  EXPECT_EQ(dialogs.tiers.presets[0][kWords], (TierSetup{"words", 40, true}));
+  EXPECT_EQ(tier(0).name, std::string(70, 'n'));
+  EXPECT_EQ(tier(0).rect.bottom, 25);  // laid out again
+  EXPECT_EQ(tier(9).tierWord, 1);
+  EXPECT_TRUE(document.isModified());
+  EXPECT_EQ(Words(), "one@2000 two@6000");  // labels of a tier out of use are not lost
+  EXPECT_EQ(listener.labelChanges, 1);
+  Settings stored;
+  ASSERT_TRUE(DecodeRecord(ReadConfiguration(path), stored));
+  EXPECT_EQ(stored.document.tierNames[0], std::string(63, 'n'));
+  EXPECT_EQ(stored.document.tierNames[9], "last");
+}
+
+TEST_F(TierCommandsTest, CancelAndUnchangedTiersLeaveTheDocumentUnmodified) {
+  dialogs.tiers.WillCancel();
+  SetTiers(view);
+  dialogs.tiers.WillGive(Setups());
+  SetTiers(view);
+  EXPECT_FALSE(document.isModified());
+}
+
+// Importing is not counted as editing; the question on closing is left to the user's next edit.
+TEST_F(TierCommandsTest, ImportAppendsWithoutMarkingModifiedIsKept) {
+  WillImport("words", "3\tthree\r\n1\tone more\r\nnone\r\n",
+             {.unit = TimeStampUnit::kSeconds, .alignment = kAlignRight, .addLine = true});
+  listener = {};
+  ImportLabels(view);
+  EXPECT_THAT(world.test.prompts.TakeTranscript(),
+              ElementsAre("open: Open Label file to import into a tier"));
+  const FileRequest& request = world.test.prompts.fileRequests[0];
+  EXPECT_EQ(request.filter, "Label files (*.TXT)|*.TXT||");
+  EXPECT_EQ(request.proposedName, "LabelFile");
+  EXPECT_TRUE(request.fileMustExist);
+  EXPECT_THAT(dialogs.labelImport.presets[0].tierNames, ElementsAre("words", "breaks"));
+  EXPECT_EQ(Words(), "one@2000 two@6000 three@3000 one more@1000");
+  EXPECT_FALSE(document.isModified());
+  EXPECT_TRUE(view.undoAvailable);
+  EXPECT_EQ(listener.labelChanges, 1);
+
+  // The choices are the next import's defaults, whether or not a file follows.
+  dialogs.labelImport.WillGive(LabelImportAnswer{"breaks", {.alignment = kAlignCentre}});
+  world.test.prompts.WillCancel();
+  ImportQuietly();
+  EXPECT_EQ(dialogs.labelImport.presets[1].options.unit, TimeStampUnit::kSeconds);
+  EXPECT_TRUE(dialogs.labelImport.presets[1].options.addLine);
+  EXPECT_EQ(document.labelImport.alignment, kAlignCentre);
+}
+
+TEST_F(TierCommandsTest, NothingToImportLeavesLabelsAndUndoAlone) {
+  for (const char* text : {"", "no numbers\n"}) {
+    WillImport("words", text);
+    ImportQuietly();
+  }
+  dialogs.labelImport.WillGive(LabelImportAnswer{"words", {}});
+  world.test.prompts.WillChooseFile(world.test.folder / "missing.TXT");
+  ImportQuietly();
+  dialogs.labelImport.WillCancel();
+  ImportLabels(view);
+  EXPECT_EQ(Words(), "one@2000 two@6000");
+  EXPECT_FALSE(view.undoAvailable);
+}
+
+TEST_F(TierCommandsTest, LaterTierInUseWinsOnEqualNames) {
+  tier(kBreaks).name = "words";
+  tier(7).name = "words";  // not in use
+  WillImport("words", "1\ta");
+  ImportQuietly();
+  EXPECT_EQ(LabelsOf(channel, kBreaks), "a@1");
+}
+
+TEST_F(TierCommandsTest, ImportWithoutATierInUseAsksForTiersFirst) {
+  tier(kWords).inUse = tier(kBreaks).inUse = false;
+  dialogs.tiers.WillCancel();
+  ImportLabels(view);
+  dialogs.tiers.WillGive(Setups());  // still none
+  ImportLabels(view);
+  EXPECT_THAT(dialogs.labelImport.presets, IsEmpty());
+
+  TierSetups setups = Setups();
+  setups[3].inUse = true;
+  dialogs.tiers.WillGive(setups);
+  WillImport("misc", "1\ta");
+  ImportQuietly();
+  EXPECT_EQ(LabelsOf(channel, 3), "a@1");
+}
+
+}  // namespace
+}  // namespace cantorix
