@@ -50,6 +50,7 @@ class CSonadexDoc {
   void HoldInMemory(SampleBlock block);
   void HoldOnDisk(std::unique_ptr<SampleStore> store);
   bool samplesOnDisk() const { return store_ != nullptr; }
+  SampleStore* store() { return store_.get(); }  // null while the samples are in memory
 
   const std::string& title() const { return title_; }
   const std::string& pathName() const { return pathName_; }

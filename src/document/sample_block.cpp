@@ -36,4 +36,15 @@ SampleBlock& SampleBlock::operator=(SampleBlock&& other) noexcept {
   return *this;
 }
 
+void SampleBlock::Shrink(std::int64_t count) {
+  count_ = std::clamp<std::int64_t>(count, 0, count_);
+  if (count_ == 0) return data_.reset();
+  const auto bytes = static_cast<std::size_t>(count_) * sizeof(std::int16_t);
+  // A block that cannot be made smaller is good as it is.
+  if (void* const smaller = std::realloc(data_.get(), bytes)) {
+    static_cast<void>(data_.release());
+    data_.reset(static_cast<std::int16_t*>(smaller));
+  }
+}
+
 }  // namespace cantorix

@@ -18,6 +18,9 @@ class SampleBlock {
   SampleBlock(SampleBlock&& other) noexcept;
   SampleBlock& operator=(SampleBlock&& other) noexcept;
 
+  // Keeps the first `count` samples, in place; at most size().
+  void Shrink(std::int64_t count);
+
   bool empty() const { return count_ == 0; }
   std::int64_t size() const { return count_; }
   std::span<std::int16_t> samples() { return {data_.get(), static_cast<std::size_t>(count_)}; }

@@ -3,6 +3,7 @@
 
 #include <unistd.h>
 
+#include <stdexcept>
 #include <vector>
 
 #include "document/sample_bytes.h"
@@ -25,14 +26,25 @@ SampleStore::~SampleStore() {
   if (file_.isOpen()) ::unlink(file_.path().c_str());
 }
 
-void SampleStore::Append(std::span<const std::int16_t> samples) {
+void SampleStore::Put(std::int64_t start, std::span<const std::int16_t> samples) {
   std::vector<std::int16_t> scratch;
   try {
-    file_.Write(length_ * std::int64_t{sizeof(std::int16_t)}, LittleBytes(samples, scratch));
+    file_.Write(start * std::int64_t{sizeof(std::int16_t)}, LittleBytes(samples, scratch));
   } catch (const FileError& error) {
     throw FileError(CouldNotBeSaved(path(), error.what()));
   }
-  length_ += static_cast<std::int64_t>(samples.size());
+}
+
+void SampleStore::Append(std::span<const std::int16_t> samples) {
+  Put(length_, samples);
+  length_ += std::ssize(samples);
+}
+
+void SampleStore::Overwrite(std::int64_t start, std::span<const std::int16_t> samples) {
+  if (start < 0 || std::ssize(samples) > length_ - start) {
+    throw std::out_of_range("samples outside their store");
+  }
+  Put(start, samples);
 }
 
 std::span<const std::int16_t> SampleStore::View(std::int64_t start, std::int64_t count,

@@ -21,14 +21,18 @@ class SampleStore : public SampleSource {
   SampleStore& operator=(const SampleStore&) = delete;
 
   const std::string& path() const { return file_.path(); }
-  // Throws FileError naming the store when its bytes cannot be written.
+  // Both throw FileError naming the store when its bytes cannot be written.
   void Append(std::span<const std::int16_t> samples);
+  // Replaces the samples from `start` on, which must lie within [0, length()).
+  void Overwrite(std::int64_t start, std::span<const std::int16_t> samples);
 
   std::int64_t length() const override { return length_; }
   std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
                                      std::vector<std::int16_t>& scratch) const override;
 
  private:
+  void Put(std::int64_t start, std::span<const std::int16_t> samples);
+
   File file_;
   std::int64_t length_ = 0;
 };

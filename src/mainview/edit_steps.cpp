@@ -1,6 +1,7 @@
 // edit_steps.cpp
 #include "mainview/edit_steps.h"
 
+#include <algorithm>
 #include <string>
 
 #include "mainview/analysis_commands.h"
@@ -20,6 +21,17 @@ void RequireMemoryFor(CSonadexView& view, std::int64_t sampleCount) {
   if (!view.document().host().memory.CanAllocate(bytes)) {
     throw Abandoned(AbandonReason::kOutOfMemory);
   }
+}
+
+void RequireSomethingLeft(const CChannel& channel, const EditSpan& span) {
+  if (!(channel.totalLength - span.length.samples >= 1.0)) {
+    throw Abandoned(AbandonReason::kFailed);
+  }
+}
+
+std::span<CChannel> ChannelsInUse(CSonadexDoc& document) {
+  const auto count = std::clamp<std::int32_t>(document.channelCount, 0, kChannelSlots);
+  return std::span(document.channels).first(static_cast<std::size_t>(count));
 }
 
 void FinishSampleEdit(CSonadexView& view) {

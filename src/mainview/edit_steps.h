@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
+#include "mainview/edit_span.h"
 #include "mainview/sonadex_view.h"
 
 namespace cantorix {
@@ -14,6 +16,12 @@ namespace cantorix {
 
 // Leaves by Abandoned unless a block of `sampleCount` samples can be had.
 void RequireMemoryFor(CSonadexView& view, std::int64_t sampleCount);
+
+// Leaves by Abandoned when nothing would remain without `span`: a recording is not cut down to
+// nothing.
+void RequireSomethingLeft(const CChannel& channel, const EditSpan& span);
+
+std::span<CChannel> ChannelsInUse(CSonadexDoc& document);
 
 // The samples have changed: the document is modified, the tracks are computed again or dropped,
 // and this view, its label list and the other views are brought up to date.

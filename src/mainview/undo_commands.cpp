@@ -59,7 +59,6 @@ void SaveUndoFile(CSonadexView& view) {
 void Undo(CSonadexView& view) {
   view.StopPlayback();
   RestoreOrRefuse(view);
-  view.markerSet = false;
   view.undoAvailable = false;
   DropSelection(view);
   view.FollowStretch();

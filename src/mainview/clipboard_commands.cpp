@@ -1,0 +1,109 @@
+// clipboard_commands.cpp - Copy and Cut.
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "document/sample_bytes.h"
+#include "mainview/clipboard.h"
+#include "mainview/edit_span.h"
+#include "mainview/edit_steps.h"
+#include "mainview/editing.h"
+#include "mainview/sample_splice.h"
+#include "mainview/view_commands.h"
+#include "platform/abandon.h"
+#include "platform/numbers.h"
+#include "platform/progress.h"
+
+namespace cantorix {
+namespace {
+
+constexpr const char* kTooLongToCut =
+    "For very long files, cutting is not permitted.\n"
+    "You may select a piece and save it to a smaller file for further editing.";
+
+// From the disk store one second at a time, so that the user can cancel.
+SampleBlock ReadFromStore(CSonadexView& view, std::int64_t first, std::int64_t count) {
+  const SampleSource& source = view.document().Samples();
+  const std::int64_t step = OneSecondOfSamples(view.channel().sampleRateHz);
+  SampleBlock block(count);
+  std::vector<std::int16_t> scratch;
+  ProgressScope status(view.progress(), kFileStatusText, static_cast<double>(count));
+  for (std::int64_t done = 0; done < count; done += step) {
+    status.StepOrAbandon(static_cast<double>(done));
+    const auto samples = source.View(first + done, std::min(step, count - done), scratch);
+    std::copy(samples.begin(), samples.end(), block.samples().begin() + done);
+  }
+  return block;
+}
+
+SampleBlock CopySamples(CSonadexView& view, const CChannel& channel, const EditSpan& span) {
+  const std::int64_t first = span.firstSample();
+  const std::int64_t count = Truncate(span.length.samples);
+  RequireMemoryFor(view, count);
+  if (&channel == &view.channel() && view.document().samplesOnDisk()) {
+    return ReadFromStore(view, first, count);
+  }
+  return Spliced({}, 0, 0, channel.samples.samples().subspan(static_cast<std::size_t>(first)),
+                 count);
+}
+
+void CopyChannel(CSonadexView& view, const CChannel& channel, CChannel& slot) {
+  const EditSpan span = SelectedSpan(channel);
+  slot.CopyFields(channel);
+  slot.selectionStart = span.start;
+  slot.selectionEnd = span.end;
+  slot.selectionLength = span.length;
+  slot.totalLength = span.length.samples;
+  slot.totalDurationMs = span.length.ms;
+  slot.tiers = TiersInside(channel, span);
+  slot.samples = CopySamples(view, channel, span);
+}
+
+// The second half of Cut. Everything that can be refused is looked at before a sample moves.
+void DeleteSelection(CSonadexView& view) {
+  CSonadexDoc& document = view.document();
+  view.StopPlayback();
+  SaveUndoFile(view);
+  // Kept: refused only now, so that an undo file was written.
+  if (document.samplesOnDisk()) Refuse(view, kTooLongToCut);
+  const auto channels = ChannelsInUse(document);
+  for (const CChannel& channel : channels) {
+    RequireSomethingLeft(channel, SelectedSpan(channel));
+  }
+  for (CChannel& channel : channels) {
+    const EditSpan span = SelectedSpan(channel);
+    channel.totalLength -= span.length.samples;
+    channel.totalDurationMs -= span.length.ms;
+    RemoveSamples(channel.samples, span.firstSample(), span.endSample(), channel.sampleCount());
+    CloseLabels(channel, span);
+  }
+}
+
+}  // namespace
+
+void CopySelection(CSonadexView& view) {
+  view.StopPlayback();
+  Clipboard& clipboard = view.services().clipboard;
+  clipboard.Empty();
+  const auto channels = ChannelsInUse(view.document());
+  const std::size_t count = std::min(channels.size(), clipboard.slots.size());
+  try {
+    for (std::size_t i = 0; i < count; ++i) CopyChannel(view, channels[i], clipboard.slots[i]);
+  } catch (...) {
+    clipboard.Empty();
+    throw;
+  }
+  clipboard.channelCount = static_cast<std::int32_t>(count);
+  clipboard.clipboardFull = true;
+}
+
+void CutSelection(CSonadexView& view) {
+  CopySelection(view);
+  DeleteSelection(view);
+  FollowScrollBar(view);
+  DropSelection(view);
+  FinishSampleEdit(view);
+}
+
+}  // namespace cantorix

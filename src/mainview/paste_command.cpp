@@ -1,0 +1,138 @@
+// paste_command.cpp - the clipboard into a recording, or as the recording of an empty document.
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "mainview/clipboard.h"
+#include "mainview/edit_span.h"
+#include "mainview/edit_steps.h"
+#include "mainview/editing.h"
+#include "mainview/sample_splice.h"
+#include "mainview/view_commands.h"
+#include "platform/numbers.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+namespace {
+
+constexpr const char* kTooLongToPaste = "For very long files, pasting is not permitted.";
+constexpr const char* kOtherChannelCount =
+    "Pasting of files with different number of channels is not allowed.";
+constexpr const char* kOtherRate =
+    "Pasting files with different sample rates for channels is not allowed.";
+
+constexpr std::size_t kSlots = std::tuple_size_v<decltype(Clipboard::slots)>;
+
+[[noreturn]] void BeepAndRefuse(CSonadexView& view, const char* text) {
+  view.prompts().Beep();
+  Refuse(view, text);
+}
+
+void RequireItFits(CSonadexView& view) {
+  const Clipboard& clipboard = view.services().clipboard;
+  CSonadexDoc& document = view.document();
+  // Kept: refused only now, so that an undo file was written.
+  if (document.samplesOnDisk()) Refuse(view, kTooLongToPaste);
+  if (document.channelCount != clipboard.channelCount) BeepAndRefuse(view, kOtherChannelCount);
+  const auto channels = ChannelsInUse(document);
+  for (std::size_t i = 0; i < channels.size(); ++i) {
+    if (channels[i].sampleRateHz != clipboard.slots[i].sampleRateHz) {
+      BeepAndRefuse(view, kOtherRate);
+    }
+  }
+}
+
+// A channel as it will be after the paste. The samples are put together before anything changes.
+struct Pasted {
+  EditSpan replaced;
+  TimePoint total;
+  SampleBlock samples;
+};
+
+Pasted Prepare(CSonadexView& view, const CChannel& channel, const CChannel& slot) {
+  Pasted pasted;
+  pasted.replaced = view.selectionShown ? SelectedSpan(channel) : CursorSpan(channel);
+  if (view.selectionShown) RequireSomethingLeft(channel, pasted.replaced);
+  pasted.total = {
+      channel.totalLength - pasted.replaced.length.samples + slot.totalLength,
+      channel.totalDurationMs - pasted.replaced.length.ms + slot.totalDurationMs,
+  };
+  const std::int64_t count = Truncate(pasted.total.samples);
+  RequireMemoryFor(view, count);
+  pasted.samples = Spliced(channel.samples.samples(), pasted.replaced.firstSample(),
+                           pasted.replaced.endSample(), slot.samples.samples(), count);
+  return pasted;
+}
+
+void Insert(CChannel& channel, const CChannel& slot, Pasted pasted) {
+  const double atMs = pasted.replaced.start.ms;
+  channel.samples = std::move(pasted.samples);
+  channel.totalLength = pasted.total.samples;
+  channel.totalDurationMs = pasted.total.ms;
+  CloseLabels(channel, pasted.replaced);
+  SpreadLabels(channel, atMs, slot.totalDurationMs);
+  for (int tier = 0; tier < kTierCount; ++tier) {
+    const auto index = static_cast<std::size_t>(tier);
+    if (!channel.tiers[index].inUse) continue;
+    for (Label label : slot.tiers[index].labels) {
+      label.timeMs += atMs;
+      channel.AddLabel(tier, std::move(label));
+    }
+  }
+}
+
+void PasteIntoRecording(CSonadexView& view) {
+  SaveUndoFile(view);
+  RequireItFits(view);
+  const Clipboard& clipboard = view.services().clipboard;
+  const auto channels = ChannelsInUse(view.document());
+  std::array<Pasted, kSlots> pasted;
+  for (std::size_t i = 0; i < channels.size(); ++i) {
+    pasted[i] = Prepare(view, channels[i], clipboard.slots[i]);
+  }
+  for (std::size_t i = 0; i < channels.size(); ++i) {
+    Insert(channels[i], clipboard.slots[i], std::move(pasted[i]));
+  }
+  DropSelection(view);
+  FollowScrollBar(view);
+  FinishSampleEdit(view);
+}
+
+void Place(CSonadexDoc& document, std::size_t index, CChannel& copy, const CChannel& slot) {
+  CChannel& channel = document.channels[index];
+  channel.CopyFields(copy);
+  channel.tiers = slot.tiers;
+  channel.ShowWholeFile();
+  if (index == 0) return document.HoldInMemory(std::move(copy.samples));
+  channel.samples = std::move(copy.samples);
+}
+
+void PasteAsRecording(CSonadexView& view) {
+  const Clipboard& clipboard = view.services().clipboard;
+  CSonadexDoc& document = view.document();
+  const auto count = static_cast<std::size_t>(clipboard.channelCount);
+  std::array<CChannel, kSlots> copies;
+  for (std::size_t i = 0; i < count; ++i) {
+    AssignOrReport(copies[i], clipboard.slots[i], document.host().memory, view.prompts());
+  }
+  for (std::size_t i = 0; i < count; ++i) Place(document, i, copies[i], clipboard.slots[i]);
+  document.channelCount = clipboard.channelCount;
+  document.settings.referenceRateHz = clipboard.slots[0].sampleRateHz;
+  document.loaded = true;
+  view.undoAvailable = false;
+  DropSelection(view);
+  view.FollowStretch();
+  view.LayOut();
+  FinishSampleEdit(view);
+}
+
+}  // namespace
+
+void Paste(CSonadexView& view) {
+  if (!view.services().clipboard.clipboardFull) return;
+  view.StopPlayback();
+  if (view.document().loaded) return PasteIntoRecording(view);
+  PasteAsRecording(view);
+}
+
+}  // namespace cantorix

@@ -1,0 +1,44 @@
+// sample_rewrite.cpp
+#include "mainview/sample_rewrite.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "document/sample_bytes.h"
+#include "mainview/edit_steps.h"
+#include "platform/progress.h"
+
+namespace cantorix {
+namespace {
+
+// Sets `touched` before the store is written to for the first time.
+void RewriteStore(CSonadexView& view, const BlockChange& change, bool& touched) {
+  SampleStore& store = *view.document().store();
+  const std::int64_t count = store.length();
+  const std::int64_t step = OneSecondOfSamples(view.channel().sampleRateHz);
+  std::vector<std::int16_t> block;
+  ProgressScope status(view.progress(), kFileStatusText, static_cast<double>(count));
+  for (std::int64_t done = 0; done < count; done += step) {
+    if (done > 0) status.StepOrAbandon(static_cast<double>(done));
+    block.resize(static_cast<std::size_t>(std::min(step, count - done)));
+    store.Read(done, block);
+    change(done, block);
+    touched = true;
+    store.Overwrite(done, block);
+  }
+}
+
+}  // namespace
+
+void RewriteSamples(CSonadexView& view, const BlockChange& change) {
+  if (!view.document().samplesOnDisk()) return change(0, view.channel().samples.samples());
+  bool touched = false;
+  try {
+    RewriteStore(view, change, touched);
+  } catch (...) {
+    if (touched) FinishBrokenEdit(view);
+    throw;
+  }
+}
+
+}  // namespace cantorix

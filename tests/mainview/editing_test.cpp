@@ -1,0 +1,407 @@
+// editing_test.cpp - copy, cut and paste: samples, lengths, labels, and every refusal.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "mainview/editing.h"
+#include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
+#include "platform/abandon.h"
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// At 1000 Hz a sample is a millisecond.
+void SelectSamples(ViewedRecording& talk, double start, double end) {
+  CChannel& channel = talk.channel();
+  const double factor = channel.msPerSample();
+  channel.selectionStart = {start, start * factor};
+  channel.selectionEnd = {end, end * factor};
+  channel.selectionLength = {end - start, end * factor - start * factor};
+  talk.view.selectionShown = talk.document.hasSelection = true;
+}
+
+void PutCursor(ViewedRecording& talk, double samples) {
+  talk.channel().cursor = {samples, samples * talk.channel().msPerSample()};
+  talk.view.selectionShown = talk.document.hasSelection = false;
+  talk.view.markerSet = true;
+}
+
+void AddSamples(Samples& target, const Samples& source, std::size_t first, std::size_t end) {
+  target.insert(target.end(), source.begin() + static_cast<std::ptrdiff_t>(first),
+                source.begin() + static_cast<std::ptrdiff_t>(end));
+}
+
+// `all` with [first, end) replaced by `inserted`.
+Samples Replaced(const Samples& all, std::size_t first, std::size_t end, const Samples& inserted) {
+  Samples result;
+  AddSamples(result, all, 0, first);
+  AddSamples(result, inserted, 0, inserted.size());
+  AddSamples(result, all, end, all.size());
+  return result;
+}
+
+Samples Piece(const Samples& all, std::size_t first, std::size_t end) {
+  Samples piece;
+  AddSamples(piece, all, first, end);
+  return piece;
+}
+
+// Everything of a document that a refused edit must leave alone.
+struct State {
+  explicit State(const ViewedRecording& talk)
+      : samples(talk.samples()),
+        length(talk.document.channel().totalLength),
+        durationMs(talk.document.channel().totalDurationMs),
+        labels(LabelsOf(talk.document.channel(), 0)),
+        modified(talk.document.isModified()),
+        selected(talk.view.selectionShown) {}
+  bool operator==(const State&) const = default;
+
+  Samples samples;
+  double length, durationMs;
+  std::string labels;
+  bool modified, selected;
+};
+
+class EditingTest : public ViewTest {
+ protected:
+  const CChannel& slot() const { return world.clipboard.slots[0]; }
+  Samples Copied() const {
+    const auto samples = slot().samples.samples();
+    return {samples.begin(), samples.end()};
+  }
+  // Puts a recording's whole onto the clipboard; it is closed then.
+  void CopyWholeOf(const Samples& samples, double rateHz = 1000.0, double labelMs = -1.0) {
+    ViewedRecording source(world, samples, rateHz);
+    if (labelMs >= 0.0) AddLabel(source.document, 0, labelMs, "pasted");
+    SelectAll(source.view);
+    CopySelection(source.view);
+  }
+};
+
+TEST_F(EditingTest, CopyTakesSamplesFieldsAndLabelsOfTheSelection) {
+  for (const Place place : {Place::kMemory, Place::kDisk}) {
+    ViewedRecording talk(world, Ramp(2500), 1000.0, place);
+    talk.channel().channelComment = "Pa";
+    for (const double ms : {99.0, 100.0, 150.0, 200.0, 201.0}) AddLabel(talk.document, 0, ms, "a");
+    AddLabel(talk.document, 3, 150.0, "hidden");
+    talk.channel().tiers[3].inUse = false;
+    talk.channel().tiers[3].tierWord = 44;
+    SelectSamples(talk, 100.0, 200.0);
+    const State before(talk);
+    CopySelection(talk.view);
+    EXPECT_EQ(State(talk), before);
+    EXPECT_FALSE(talk.view.undoAvailable);
+
+    EXPECT_TRUE(world.clipboard.clipboardFull);
+    EXPECT_EQ(world.clipboard.channelCount, 1);
+    EXPECT_EQ(Copied(), Ramp(100, 100));
+    EXPECT_EQ(slot().totalLength, 100.0);
+    EXPECT_EQ(slot().totalDurationMs, 100.0);
+    EXPECT_EQ(slot().selectionStart.samples, 100.0);
+    EXPECT_EQ(slot().sampleRateHz, 1000.0);
+    EXPECT_EQ(slot().channelComment, "Pa");
+    EXPECT_EQ(LabelsOf(slot(), 0), "a@0 a@50 a@100");
+    EXPECT_EQ(LabelsOf(slot(), 3), "");
+    EXPECT_EQ(slot().tiers[3].tierWord, 44);
+    EXPECT_FALSE(slot().tiers[3].inUse);
+  }
+  EXPECT_EQ(world.playback.stops, 2);
+}
+
+TEST_F(EditingTest, CopyThatFailsLeavesAnEmptyClipboard) {
+  CopyWholeOf(Ramp(10));
+  ViewedRecording talk(world, Ramp(2500), 1000.0, Place::kDisk);
+  SelectAll(talk.view);
+  world.test.progress = CancellingProgress(2);
+  EXPECT_THROW(CopySelection(talk.view), Abandoned);
+  EXPECT_FALSE(world.clipboard.clipboardFull);
+  EXPECT_TRUE(slot().samples.empty());
+
+  world.test.progress = CancellingProgress();
+  CopySelection(talk.view);
+  world.test.memory.limitBytes = 4999;
+  EXPECT_THROW(CopySelection(talk.view), Abandoned);
+  EXPECT_FALSE(world.clipboard.clipboardFull);
+}
+
+TEST_F(EditingTest, CutTakesTheSelectionOutAndClosesTheGap) {
+  const struct {
+    const char* name;
+    double start, end;
+    Samples expected;
+    double length;
+    const char* labels;
+  } rows[] = {
+      {"middle", 3, 7, {0, 1, 2, 7, 8, 9}, 6.0, "a@2 d@4 e@6"},
+      {"start", 0, 4, {4, 5, 6, 7, 8, 9}, 6.0, "c@3 d@4 e@6"},
+      {"end", 6, 10, {0, 1, 2, 3, 4, 5}, 6.0, "a@2 b@3"},
+      {"nothing", 3, 3, Ramp(10), 10.0, "a@2 b@3 c@7 d@8 e@10"},
+      // Lengths keep their fractions; the samples are those of the whole positions.
+      {"fractions", 2.25, 4.5, {0, 1, 4, 5, 6, 7, 8}, 7.75, "a@2 c@4.75 d@5.75 e@7.75"},
+      {"fraction within a sample",
+       2.25,
+       2.75,
+       {0, 1, 2, 3, 4, 5, 6, 7, 8},
+       9.5,
+       "a@2 b@2.5 c@6.5 d@7.5 e@9.5"},
+      {"beyond the end", 8, 12, {0, 1, 2, 3, 4, 5, 6, 7}, 8.0, "a@2 b@3 c@7"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    ViewedRecording talk(world, Ramp(10));
+    const std::pair<double, const char*> labels[] = {
+        {2.0, "a"}, {3.0, "b"}, {7.0, "c"}, {8.0, "d"}, {10.0, "e"}};
+    for (const auto& [ms, text] : labels) AddLabel(talk.document, 0, ms, text);
+    AddLabel(talk.document, 1, 5.0, "hidden");
+    talk.channel().tiers[1].inUse = false;
+    SelectSamples(talk, row.start, row.end);
+    talk.channel().cursor = {5.0, 5.0};
+    CutSelection(talk.view);
+    EXPECT_EQ(talk.samples(), row.expected);
+    EXPECT_EQ(talk.channel().totalLength, row.length);
+    EXPECT_EQ(talk.channel().totalDurationMs, row.length);
+    EXPECT_EQ(LabelsOf(talk.channel(), 0), row.labels);
+    EXPECT_EQ(LabelsOf(talk.channel(), 1), "hidden@5");
+    EXPECT_EQ(talk.channel().cursor.samples, 5.0);
+    EXPECT_FALSE(talk.view.selectionShown || talk.document.hasSelection);
+    EXPECT_TRUE(talk.document.isModified());
+    EXPECT_TRUE(talk.view.undoAvailable);
+    Undo(talk.view);
+    EXPECT_EQ(talk.samples(), Ramp(10));
+    EXPECT_EQ(LabelsOf(talk.channel(), 0), "a@2 b@3 c@7 d@8 e@10");
+  }
+}
+
+TEST_F(EditingTest, CutShowsTheStretchOfTheScrollBarAgain) {
+  ViewedRecording talk(world, Ramp(3000));
+  talk.channel().visibleStart.samples = 600.0;
+  talk.channel().visibleEnd.samples = 900.0;
+  talk.view.FollowStretch();
+  SelectSamples(talk, 0.0, 1500.0);
+  CutSelection(talk.view);
+  EXPECT_DOUBLE_EQ(talk.channel().visibleStart.samples, 300.0);
+  EXPECT_DOUBLE_EQ(talk.channel().visibleEnd.samples, 450.0);
+  EXPECT_DOUBLE_EQ(talk.channel().visibleEnd.ms, 450.0);
+  EXPECT_TRUE(talk.view.zoomed);
+}
+
+TEST_F(EditingTest, PasteInsertsAtTheCursorOrReplacesTheSelection) {
+  const struct {
+    const char* name;
+    double start, end;  // one cursor when start > end
+    std::size_t first, last;
+    const char* labels;
+  } rows[] = {
+      {"at the beginning", 0, -1, 0, 0, "a@6 b@9 pasted@1"},
+      {"at a label, which stays", 2, -1, 2, 2, "a@2 b@9 pasted@3"},
+      {"at the end", 10, -1, 10, 10, "a@2 b@5 pasted@11"},
+      {"beyond the end", 12, -1, 10, 10, "a@2 b@5 pasted@11"},
+      {"for a selection", 1, 3, 1, 3, "b@7 pasted@2"},
+      {"for a selection without length", 5, 5, 5, 5, "a@2 b@5 pasted@6"},
+  };
+  CopyWholeOf(Ramp(4, 100), 1000.0, 1.0);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    ViewedRecording talk(world, Ramp(10));
+    AddLabel(talk.document, 0, 2.0, "a");
+    AddLabel(talk.document, 0, 5.0, "b");
+    PutCursor(talk, row.start);
+    if (row.end >= 0) SelectSamples(talk, row.start, row.end);
+    Paste(talk.view);
+    EXPECT_EQ(talk.samples(), Replaced(Ramp(10), row.first, row.last, Ramp(4, 100)));
+    EXPECT_EQ(talk.channel().totalLength, static_cast<double>(talk.samples().size()));
+    EXPECT_EQ(talk.channel().totalDurationMs, talk.channel().totalLength);
+    EXPECT_EQ(LabelsOf(talk.channel(), 0), row.labels);
+    EXPECT_FALSE(talk.view.selectionShown || talk.view.markerSet);
+    EXPECT_TRUE(talk.view.undoAvailable && talk.document.isModified());
+    Undo(talk.view);
+    EXPECT_EQ(talk.samples(), Ramp(10));
+    EXPECT_EQ(LabelsOf(talk.channel(), 0), "a@2 b@5");
+  }
+}
+
+TEST_F(EditingTest, PasteIntoAnEmptyDocumentMakesARecording) {
+  CopyWholeOf(Ramp(40), 8000.0, 2.5);
+  world.clipboard.slots[0].displayHigh = 1234.5;
+  ViewedRecording empty(world);
+  Paste(empty.view);
+  EXPECT_TRUE(empty.document.loaded && empty.document.isModified());
+  EXPECT_FALSE(empty.view.undoAvailable);
+  EXPECT_EQ(empty.samples(), Ramp(40));
+  EXPECT_EQ(empty.channel().sampleRateHz, 8000.0);
+  EXPECT_EQ(empty.channel().displayHigh, 1234.5);
+  EXPECT_EQ(empty.document.settings.referenceRateHz, 8000.0);
+  EXPECT_EQ(empty.channel().visibleEnd.samples, 40.0);
+  EXPECT_EQ(empty.channel().previousEnd, 40.0);
+  EXPECT_EQ(empty.channel().selectionLength.samples, 0.0);
+  EXPECT_EQ(LabelsOf(empty.channel(), 0), "pasted@2.5");
+  EXPECT_THAT(world.temporary.Names(), IsEmpty());
+  // The clipboard keeps samples of its own.
+  empty.channel().samples.samples()[0] = 77;
+  EXPECT_EQ(Copied(), Ramp(40));
+}
+
+TEST_F(EditingTest, PasteIntoAnEmptyDocumentNeedsMemory) {
+  CopyWholeOf(Ramp(40));
+  ViewedRecording empty(world);
+  world.test.memory.limitBytes = 79;
+  EXPECT_THROW(Paste(empty.view), Abandoned);
+  EXPECT_THAT(world.test.prompts.TakeTranscript(),
+              ElementsAre("message: Error in '=' operator in CChannel class."));
+  EXPECT_FALSE(empty.document.loaded || empty.document.isModified());
+  EXPECT_EQ(empty.channel().totalLength, 0.0);
+}
+
+struct Refusal {
+  const char* name;
+  void (*prepare)(ViewWorld& around, ViewedRecording& talk);
+  void (*edit)(CSonadexView& view);
+  std::vector<std::string> prompts;
+};
+
+// Each refusal comes after the undo file was written, and leaves everything else as it was.
+TEST_F(EditingTest, RefusedEditsChangeNothingButTheUndoFileIsKept) {
+  const auto onDisk = [](ViewWorld&, ViewedRecording& talk) {
+    Hold(talk.document, Ramp(10), 1000.0, Place::kDisk);
+    SelectSamples(talk, 2.0, 4.0);
+  };
+  const auto everything = [](ViewWorld&, ViewedRecording& talk) { SelectSamples(talk, 0.0, 10.0); };
+  const Refusal rows[] = {
+      {"cut of a long file",
+       onDisk,
+       CutSelection,
+       {"message: For very long files, cutting is not permitted.\n"
+        "You may select a piece and save it to a smaller file for further editing."}},
+      {"paste into a long file",
+       onDisk,
+       Paste,
+       {"message: For very long files, pasting is not permitted."}},
+      {"clear of a long file", onDisk, ClearToReference, {"message: long file error"}},
+      {"cut of everything", everything, CutSelection, {}},
+      {"paste over everything", everything, Paste, {}},
+      {"other channel count",
+       [](ViewWorld& around, ViewedRecording&) { around.clipboard.channelCount = 2; },
+       Paste,
+       {"beep", "message: Pasting of files with different number of channels is not allowed."}},
+      {"nearly the same rate",
+       [](ViewWorld& around, ViewedRecording&) { around.clipboard.slots[0].sampleRateHz += 1e-4; },
+       Paste,
+       {"beep", "message: Pasting files with different sample rates for channels is not allowed."}},
+      {"paste without memory",
+       [](ViewWorld& around, ViewedRecording&) { around.test.memory.limitBytes = 27; },
+       Paste,
+       {}},
+  };
+  for (const Refusal& row : rows) {
+    SCOPED_TRACE(row.name);
+    CopyWholeOf(Ramp(4, 100));
+    ViewedRecording talk(world, Ramp(10));
+    AddLabel(talk.document, 0, 3.0, "a");
+    PutCursor(talk, 1.0);
+    row.prepare(world, talk);
+    const State before(talk);
+    EXPECT_THROW(row.edit(talk.view), Abandoned);
+    EXPECT_EQ(world.test.prompts.TakeTranscript(), row.prompts);
+    EXPECT_EQ(State(talk), before);
+    EXPECT_TRUE(talk.view.undoAvailable);
+    world.test.memory.limitBytes = UINT64_MAX;
+    Undo(talk.view);
+    EXPECT_EQ(talk.samples(), Ramp(10));
+  }
+}
+
+TEST_F(EditingTest, TwoChannelsAreCopiedCutAndPastedTogether) {
+  ViewedRecording talk(world, Ramp(10));
+  talk.document.channelCount = 2;
+  CChannel& second = talk.document.channels[1];
+  AssignOrReport(second, talk.channel(), world.test.memory, world.test.prompts);
+  for (auto& sample : second.samples.samples()) sample = static_cast<std::int16_t>(-sample);
+  SelectSamples(talk, 2.0, 5.0);
+  second.selectionStart = talk.channel().selectionStart;
+  second.selectionEnd = talk.channel().selectionEnd;
+  CutSelection(talk.view);
+  EXPECT_THAT(second.samples.samples(), ElementsAre(0, -1, -5, -6, -7, -8, -9));
+  EXPECT_EQ(second.totalLength, 7.0);
+  EXPECT_THAT(world.clipboard.slots[1].samples.samples(), ElementsAre(-2, -3, -4));
+
+  ViewedRecording empty(world);
+  Paste(empty.view);
+  EXPECT_EQ(empty.document.channelCount, 2);
+  EXPECT_THAT(empty.document.channels[1].samples.samples(), ElementsAre(-2, -3, -4));
+  Paste(empty.view);
+  EXPECT_THAT(empty.document.channels[1].samples.samples(), ElementsAre(-2, -3, -4, -2, -3, -4));
+}
+
+TEST_F(EditingTest, PitchIsComputedAgainWhenItIsAutomaticAndElseDropped) {
+  for (const int automatic : {0, 1}) {
+    ViewedRecording talk(world, Ramp(4000), 8000.0);
+    talk.document.settings.display.automaticAnalysis = automatic;
+    talk.view.pitch.PitchValid = talk.channel().intensity.IntensityValid = true;
+    const int labelChanges = world.listener.labelChanges;
+    SelectSamples(talk, 100.0, 2100.0);
+    CutSelection(talk.view);
+    EXPECT_EQ(talk.view.pitch.PitchValid, automatic == 1);
+    EXPECT_EQ(talk.channel().intensity.IntensityValid, automatic == 1);
+    if (automatic == 1) {
+      EXPECT_EQ(talk.view.pitch.range.end, 2000.0);
+    }
+    EXPECT_GT(world.listener.labelChanges, labelChanges);
+  }
+}
+
+// Any row of edits gives what a plain list of numbers gives.
+TEST_F(EditingTest, ManyEditsGiveWhatAListOfSamplesGives) {
+  std::mt19937 random(11);
+  const auto below = [&random](std::size_t end) {
+    return std::uniform_int_distribution<std::size_t>(0, end)(random);
+  };
+  Samples model = Ramp(500);
+  Samples undone = model;
+  Samples copied;
+  ViewedRecording talk(world, model);
+  for (int step = 0; step < 400; ++step) {
+    SCOPED_TRACE(step);
+    const auto [first, end] = std::minmax({below(model.size()), below(model.size())});
+    SelectSamples(talk, static_cast<double>(first), static_cast<double>(end));
+    const bool wholeFile = first == 0 && end == model.size();
+    switch (below(4)) {
+      case 0:
+        if (wholeFile || model.size() < 50) break;
+        CutSelection(talk.view);
+        undone = std::exchange(model, Replaced(model, first, end, {}));
+        copied = Piece(undone, first, end);
+        break;
+      case 1:
+        CopySelection(talk.view);
+        copied = Piece(model, first, end);
+        break;
+      case 2:
+        if (wholeFile || !world.clipboard.clipboardFull || model.size() > 5000) break;
+        Paste(talk.view);
+        undone = std::exchange(model, Replaced(model, first, end, copied));
+        break;
+      case 3:
+        if (!world.clipboard.clipboardFull || model.size() > 5000) break;
+        PutCursor(talk, static_cast<double>(first));
+        Paste(talk.view);
+        undone = std::exchange(model, Replaced(model, first, first, copied));
+        break;
+      default:
+        if (!talk.view.undoAvailable) break;
+        Undo(talk.view);
+        model = undone;
+    }
+    ASSERT_EQ(talk.samples(), model);
+    ASSERT_EQ(talk.channel().totalLength, static_cast<double>(model.size()));
+  }
+}
+
+}  // namespace
+}  // namespace cantorix
