@@ -112,7 +112,7 @@ void CChildFrame::RememberPlacement() {
 
 void CChildFrame::LetGo() {
   if (!view_) return;
-  host_.ViewGoes(*view_);
+  host_.Closing(*view_);
   area_->LetGo();
   document_->Detach(*this);
   view_.reset();

@@ -20,8 +20,6 @@ class FrameHost {
   virtual void StateChanged() = 0;
   virtual void LabelsChanged(CSonadexView& view) = 0;
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
-  // The view is about to go, and whatever belongs to it must go first.
-  virtual void ViewGoes(CSonadexView& view) = 0;
   // Null while no log is open.
   virtual LogSink* openLog() = 0;
   // Carries out what the user began in a view: nothing while another operation runs; an operation
@@ -30,6 +28,8 @@ class FrameHost {
   // Whether the window may be closed; asks about unsaved changes when it is the last one of its
   // document.
   virtual bool MayClose(CChildFrame& frame) = 0;
+  // The view of a window is about to go, and whatever belongs to it must go first.
+  virtual void Closing(CSonadexView& view) = 0;
   // A window of the document is closed and its view gone.
   virtual void Closed(CSonadexDoc& document) = 0;
 };

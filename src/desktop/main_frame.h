@@ -77,10 +77,10 @@ class CMainFrame : public QMainWindow, private FrameHost {
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
-  void ViewGoes(CSonadexView& view) override;
   LogSink* openLog() override;
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool MayClose(CChildFrame& frame) override;
+  void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
 
   // Asks about unsaved changes; also tells whether the document may go.

@@ -124,10 +124,6 @@ void CMainFrame::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
   if (analysisWindows_ != nullptr) analysisWindows_->CursorMoved(view, phase, ms);
 }
 
-void CMainFrame::ViewGoes(CSonadexView& view) {
-  if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
-}
-
 LogSink* CMainFrame::openLog() { return services_.application.log ? &logRows_ : nullptr; }
 
 void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
@@ -150,6 +146,10 @@ bool CMainFrame::MayClose(CChildFrame& frame) {
   if (agreedToClose_ == &document) return true;
   if (FramesOf(document).size() > 1) return !services_.progress.running();
   return AgreesToClose(document);
+}
+
+void CMainFrame::Closing(CSonadexView& view) {
+  if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
 }
 
 void CMainFrame::Closed(CSonadexDoc& document) {
