@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "mainview/analysis_commands.h"
 #include "platform/abandon.h"
 #include "windows/fft_lpc_view.h"
 #include "windows/main_view_fixture.h"

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "mainview/analysis_commands.h"
 #include "mainview/mouse.h"
 #include "platform/numbers.h"
 #include "windows/fft_lpc_view.h"
