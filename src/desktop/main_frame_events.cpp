@@ -37,6 +37,7 @@ void CMainFrame::Refresh() {
   displayOptions_->Follow(view);
   labelList_->Follow(view);
   log_->Refresh();
+  if (analysisWindows_ != nullptr) analysisWindows_->RefreshCommands();
 }
 
 void CMainFrame::ShowLog() {

@@ -3,12 +3,15 @@
 
 #include <algorithm>
 
+#include "platform/progress.h"
+
 namespace cantorix {
 namespace {
 
 constexpr std::uint32_t kToLog = kPictureThere | kPictureCurrent | kWindowLogOpen;
 constexpr std::uint32_t kInSpectra = kInFftLpc | kInSpectrogram;
 constexpr std::uint32_t kWithStrips = kInSpectrogram | kInPitch;
+constexpr const char* kEnteringText = "Entering into the log...(Press mouse to cancel)";
 constexpr auto kNoLog = std::nullopt;
 constexpr auto kNoSwitch = std::nullopt;
 
@@ -54,17 +57,19 @@ constexpr WindowCommandRow kRows[] = {
     {WindowCommand::kCopyPicture, kInAll, "&Copy Picture", "Ctrl+Shift+C",
      "Copy the picture to the clipboard", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kCopyReadouts, kInAll, "Copy &Readouts", "Ctrl+Shift+R",
-     "Copy the values at the marker and the settings as text", kPictureThere, kNoLog, kNoSwitch},
+     "Copy the values at the marker and the settings as text", kPictureThere, kNoLog, kNoSwitch, false},
     {WindowCommand::kPrint, kInAll, "&Print...", "",
      "Print the picture", kPictureThere, kNoLog, kNoSwitch},
     {WindowCommand::kCloseWindow, kInAll, "Close &Window", "Ctrl+Shift+W",
-     "Close this window; the recording stays open", 0, kNoLog, kNoSwitch},
+     "Close this window; the recording stays open", 0, kNoLog, kNoSwitch, false},
 };
 // clang-format on
 
 std::uint32_t BitOf(WindowKind kind) { return 1U << static_cast<std::uint32_t>(kind); }
 
-void Enter(const std::vector<LogEntry>& rows, LogSink& sink) {
+// A long run of rows can be stopped.
+void Enter(const std::vector<LogEntry>& rows, LogSink& sink, Progress& progress) {
+  const ProgressScope scope(progress, kEnteringText, static_cast<double>(rows.size()));
   for (const LogEntry& row : rows) {
     if (sink.Append(row)) return;
   }
@@ -100,7 +105,7 @@ bool RunWindowCommand(AnalysisWindow& window, WindowCommand command) {
   const WindowCommandRow* const row = RowOf(window.kind(), command);
   if (row == nullptr || !IsEnabled(*row, ConditionsOf(window))) return false;
   if (row->log) {
-    Enter(window.LogRows(*row->log), *window.openLog());
+    Enter(window.LogRows(*row->log), *window.openLog(), window.host().progress);
     return true;
   }
   if (row->checkedWith) {

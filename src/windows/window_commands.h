@@ -58,6 +58,7 @@ struct WindowCommandRow {
   std::uint32_t conditions;
   std::optional<WindowLog> log;             // the rows that it enters
   std::optional<WindowSwitch> checkedWith;  // the switch that it turns
+  bool onStrip = true;                      // false: in the context menu only
 };
 
 // In the order of the tool strip.

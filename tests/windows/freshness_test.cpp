@@ -50,7 +50,7 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
   EXPECT_TRUE(spectrum.samplesChanged() && spectrogram.samplesChanged());
   EXPECT_EQ(spectrum.spectrum().fftDb, before);
   EXPECT_FALSE(pitch.computed()) << "the track went with the samples";
-  EXPECT_THAT(log.rows, IsEmpty());
+  EXPECT_THAT(log.entries, IsEmpty());
 }
 
 TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
@@ -172,16 +172,16 @@ TEST_F(Windows, RowsGoToTheLogUntilItHasEnough) {
   pitch.StepCursor(50, 0);
   inMemory.settings.display.timeBase = 1;
   ASSERT_TRUE(RunWindowCommand(pitch, WindowCommand::kEnterMarker));
-  ASSERT_EQ(log.rows.size(), 1U);
-  EXPECT_EQ(log.rows[0].source, "talk.wav");
-  EXPECT_EQ(log.rows[0].heading, "Pitch Marker Entry: time, pitch, intensity");
+  ASSERT_EQ(log.entries.size(), 1U);
+  EXPECT_EQ(log.entries[0].source, "talk.wav");
+  EXPECT_EQ(log.entries[0].heading, "Pitch Marker Entry: time, pitch, intensity");
   const auto readouts = pitch.Readouts();
-  EXPECT_THAT(log.rows[0].columns, ElementsAre("0.5", readouts[1].value, readouts[2].value));
+  EXPECT_THAT(log.entries[0].columns, ElementsAre("0.5", readouts[1].value, readouts[2].value));
   EXPECT_EQ(readouts[0].label + readouts[0].value, "Time(sec)=0.5");
 
-  log.mostRows = 3;
+  log.capacity = 3;
   ASSERT_TRUE(RunWindowCommand(spectrogram, WindowCommand::kEnterFormantsAll));
-  EXPECT_EQ(log.rows.size(), 3U);
+  EXPECT_EQ(log.entries.size(), 3U);
 }
 
 TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {

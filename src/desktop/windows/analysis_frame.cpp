@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/qt_text.h"
+#include "desktop/tool_icon.h"
 
 namespace cantorix {
 namespace {
@@ -43,8 +44,8 @@ void AnalysisFrame::Build() {
   canvas_->setAccessibleName(KindName());
   actions_ = std::make_unique<WindowActions>(*canvas_, model(),
                                              [this](WindowCommand command) { Perform(command); });
-  actions_->Fill(*strip_);
-  FillStrip(*strip_);
+  actions_->Fill(*strip_, [this](QToolBar& strip) { FillStrip(strip); });
+  setWindowIcon(DrawnIcon(IconName()));
   setFocusProxy(canvas_);
   Refresh();
 }

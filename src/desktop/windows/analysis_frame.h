@@ -60,6 +60,7 @@ class AnalysisFrame : public QMdiSubWindow {
   virtual void FillStrip(QToolBar&) {}
   virtual void RefreshStrip() {}
   virtual QString KindName() const = 0;
+  virtual QString IconName() const = 0;
   virtual Command OptionsCommand() const = 0;
   WindowServices Services();
   void Run(const std::function<void()>& action);

@@ -23,11 +23,10 @@ WindowKind KindOf(AnalysisKind kind) {
 QRect DefaultPlace(const QRect& area, WindowKind kind) {
   if (kind == WindowKind::kFftLpc) {
     const int width = area.width() * 11 / 20;
-    const int height = area.height() * 13 / 20;
-    return {area.right() - width, area.top(), width, height};
+    return {area.right() - width + 1, area.top(), width, area.height() / 2};
   }
   const int height = area.height() / 2;
-  return {area.left(), area.bottom() - height, area.width(), height};
+  return {area.left(), area.bottom() - height + 1, area.width(), height};
 }
 
 }  // namespace
@@ -124,6 +123,12 @@ void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double
   if (frame == nullptr) return;
   if (auto* const spectrogram = dynamic_cast<CSpectrogramView*>(&frame->model())) {
     spectrogram->FollowMainView(phase, ms);
+  }
+}
+
+void AnalysisWindowSet::RefreshCommands() {
+  for (const auto& frame : frames_) {
+    if (frame) frame->actions().Refresh();
   }
 }
 

@@ -16,6 +16,7 @@ class CFFTLPCFrame : public AnalysisFrame {
 
  private:
   QString KindName() const override { return QStringLiteral("FFT/LPC"); }
+  QString IconName() const override { return QStringLiteral("fft_lpc"); }
   Command OptionsCommand() const override { return Command::kFftLpcOptions; }
 
   CFFTLPCView model_;

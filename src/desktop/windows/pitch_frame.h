@@ -16,6 +16,7 @@ class CPitchFrame : public AnalysisFrame {
 
  private:
   QString KindName() const override { return QStringLiteral("Pitch"); }
+  QString IconName() const override { return QStringLiteral("pitch"); }
   Command OptionsCommand() const override { return Command::kPitchOptions; }
 
   CPitchView model_;

@@ -25,6 +25,7 @@ class CSpectrogramFrame : public AnalysisFrame {
   void RefreshStrip() override;
   void SetDynamicRange(int db);
   QString KindName() const override { return QStringLiteral("Spectrogram"); }
+  QString IconName() const override { return QStringLiteral("spectrogram"); }
   Command OptionsCommand() const override { return Command::kSpectrogramOptions; }
 
   CSpectrogramView model_;

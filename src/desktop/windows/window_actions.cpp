@@ -10,11 +10,13 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+constexpr int kOutputGroup = 3;
+
 // Entering rows, computing, switches, output.
 int GroupOf(const WindowCommandRow& row) {
   if (row.log) return 0;
   if (row.checkedWith) return 2;
-  return row.id == WindowCommand::kUpdate || row.id == WindowCommand::kOptions ? 1 : 3;
+  return row.id == WindowCommand::kUpdate || row.id == WindowCommand::kOptions ? 1 : kOutputGroup;
 }
 
 QString ToolTip(const WindowCommandRow& row) {
@@ -53,11 +55,14 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
   }
 }
 
-void WindowActions::Fill(QToolBar& strip) const {
+void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const {
   strip.setToolButtonStyle(Qt::ToolButtonTextOnly);
   const WindowCommandRow* before = nullptr;
   for (const Entry& entry : entries_) {
-    if (before != nullptr && GroupOf(*before) != GroupOf(*entry.row)) strip.addSeparator();
+    if (!entry.row->onStrip) continue;
+    const bool begins = before == nullptr || GroupOf(*before) != GroupOf(*entry.row);
+    if (begins && GroupOf(*entry.row) == kOutputGroup) addOwn(strip);
+    if (begins && before != nullptr) strip.addSeparator();
     strip.addAction(entry.action);
     before = entry.row;
   }

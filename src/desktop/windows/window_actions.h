@@ -17,8 +17,8 @@ class WindowActions {
   // The actions belong to `owner`, whose context menu and accelerators they become.
   WindowActions(QWidget& owner, AnalysisWindow& model, std::function<void(WindowCommand)> perform);
 
-  // Buttons with texts, grouped by kind of command.
-  void Fill(QToolBar& strip) const;
+  // Buttons with texts, grouped by kind of command; before those of output, what `addOwn` adds.
+  void Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const;
   // Brings everything in step with the model.
   void Refresh();
 
