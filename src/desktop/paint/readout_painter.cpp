@@ -24,8 +24,7 @@ std::array<ReadoutBoxes, kReadoutCount> PlaceIn(const QRectF& strip,
   const double height = std::min<double>(
       std::max<double>(kReadoutHeight, TextSize(font, QStringLiteral("0")).height() + 2.0),
       strip.height() - 2.0);
-  const double top =
-      strip.bottom() - (kReadoutsAboveBottom + kReadoutHeight + height) / 2.0 + kReadoutHeight;
+  const double top = strip.bottom() - kReadoutsAboveBottom + (kReadoutHeight - height) / 2.0;
   double shift = 0.0;  // of everything to the right of a place that had to grow
   for (std::size_t i = 0; i < kReadoutCount; ++i) {
     const ReadoutPlace& place = kReadoutPlaces[i];

@@ -139,7 +139,7 @@ void DrawPitch(QPainter& painter, const StripPlace& place, const AxisSpan& hertz
                const PitchResult& pitch, double msPerSample, const PaintStyle& style) {
   const std::int64_t count = pitch.count();
   if (count <= 0) return;
-  painter.setPen(QPen(style.pitch, style.hairline));
+  painter.setPen(QPen(style.pitch, style.curve));
   painter.setBrush(style.pitch);
   const auto values = std::span(pitch.PitchTrack).first(static_cast<std::size_t>(count));
   const double stepMs = pitch.range.length() * msPerSample / static_cast<double>(count);

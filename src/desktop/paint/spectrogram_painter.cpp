@@ -132,20 +132,23 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   const AxisScale time = SpectrogramTimes(picture);
   const AxisSpan hertz = FrequencySpan(picture, pane);
   const std::int32_t timeBase = document.settings.display.timeBase;
+  const SpectrogramSettings& settings = document.settings.spectrogram;
+  const double grid = settings.addFrequencyGrid != 0 ? settings.frequencyGridHz : 0.0;
   DrawPane(painter, pane, style.pane);
   if (!picture.image.isNull()) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
     painter.drawImage(pane, picture.image);
   }
   DrawGrids(painter, pane, time, hertz, document, style);
-  if (document.settings.spectrogram.displayFormants != 0) {
+  if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
   }
+  DrawPlotCaption(painter, layout, QStringLiteral("Frequency (Hz)"), style);
   DrawFrame(painter, pane, style);
-  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style), kPlotLeft,
-                style);
+  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, TicksOfTime(time, timeBase, style),
-                 timeBase != 0 ? QStringLiteral("Hz / s") : QStringLiteral("Hz / ms"), style);
+                 TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, document, picture.waveform, style);
 }
 
