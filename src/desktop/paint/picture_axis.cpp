@@ -58,7 +58,10 @@ std::vector<AxisTick> ValueTicks(const QRectF& pane, double low, double high,
                                  const PaintStyle& style, double gridStep) {
   const double height = TextSize(TickFont(style), QStringLiteral("0")).height();
   const AxisSpan span = ValueSpan(pane, low, high);
-  return TicksEvery(span, StepBesideGrid(span, 2.2 * height, gridStep));
+  auto ticks = TicksEvery(span, StepBesideGrid(span, 2.2 * height, gridStep));
+  // A low pane has closer texts rather than a single one.
+  if (ticks.size() < 3) ticks = TicksEvery(span, StepBesideGrid(span, 1.2 * height, gridStep));
+  return ticks;
 }
 
 void DrawValueAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,

@@ -79,6 +79,7 @@ QString CursorLine(const SpectrogramPicture& picture) {
       ColumnAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms);
   if (column < 0 || static_cast<std::size_t>(column) >= spectrogram.formants.size()) return line;
   const FormantColumn& formants = spectrogram.formants[static_cast<std::size_t>(column)];
+  if (formants[0] == kSilentHz) return line;
   for (std::size_t i = 0; i < kFormants; ++i) {
     line += QStringLiteral("    F%1 %2")
                 .arg(i + 1)
