@@ -59,6 +59,7 @@ void CChildFrame::closeEvent(QCloseEvent* event) {
   if (!view_) return QMdiSubWindow::closeEvent(event);
   if (!host_.MayClose(*this)) return event->ignore();
   CSonadexDoc& document = *document_;
+  host_.Closing(*view_);
   LetGo();
   QMdiSubWindow::closeEvent(event);
   host_.Closed(document);

@@ -9,6 +9,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include "desktop/command_keys.h"
 #include "mainview/option_commands.h"
 
 namespace cantorix {
@@ -27,6 +28,7 @@ CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
   column->addWidget(drawing);
   column->addWidget(time);
   column->addWidget(behaviour);
+  new CommandKeys(*this);
   Follow(nullptr);
 }
 

@@ -28,6 +28,8 @@ class FrameHost {
   // Whether the window may be closed; asks about unsaved changes when it is the last one of its
   // document.
   virtual bool MayClose(CChildFrame& frame) = 0;
+  // The view of a window that closes is about to go.
+  virtual void Closing(CSonadexView& view) = 0;
   // A window of the document is closed and its view gone.
   virtual void Closed(CSonadexDoc& document) = 0;
 };

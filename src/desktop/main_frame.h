@@ -80,6 +80,7 @@ class CMainFrame : public QMainWindow, private FrameHost {
   LogSink* openLog() override;
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool MayClose(CChildFrame& frame) override;
+  void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
 
   // Asks about unsaved changes; also tells whether the document may go.

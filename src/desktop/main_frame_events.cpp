@@ -148,6 +148,10 @@ bool CMainFrame::MayClose(CChildFrame& frame) {
   return AgreesToClose(document);
 }
 
+void CMainFrame::Closing(CSonadexView& view) {
+  if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
+}
+
 void CMainFrame::Closed(CSonadexDoc& document) {
   if (FramesOf(document).empty()) {
     documents_.Close(document);
