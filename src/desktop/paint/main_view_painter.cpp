@@ -9,6 +9,7 @@
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/readout_painter.h"
 #include "desktop/paint/signal_strips.h"
+#include "desktop/paint/window_strips.h"
 #include "mainview/readout_texts.h"
 #include "mainview/time_axis.h"
 
@@ -44,12 +45,6 @@ QRectF PaneOf(const PixelRect& rect) {
   return ToRectF(rect).adjusted(0.0, 2.0, 0.0, -2.0);
 }
 
-AxisSpan PitchSpan(const PitchSettings& settings, const QRectF& pane) {
-  const double low = std::min(settings.displayLowHz, settings.displayHighHz);
-  const double high = std::max(settings.displayLowHz, settings.displayHighHz);
-  return ValueSpan(pane, low, high > low ? high : low + 1.0);
-}
-
 Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   CSonadexView& view = picture.view;
   const ViewLayout& layout = view.layout;
@@ -67,7 +62,7 @@ Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   const QRectF& levelPane = scene.levelsOverAudio ? scene.audio : scene.intensity;
   scene.amplitude = AmplitudeSpan(view.channel(), picture.waveform, scene.audio);
   scene.levels = IntensitySpan(view.channel().intensity, levelPane);
-  scene.hertz = PitchSpan(settings.pitch, scene.pitch);
+  scene.hertz = DisplayedPitch(settings.pitch, scene.pitch);
   if (view.document().loaded) {
     scene.timeTicks = TicksOfTime(scene.time, settings.display.timeBase, style);
   }
@@ -177,12 +172,10 @@ void PaintBackground(QPainter& painter, const Scene& scene) {
   DrawValuePane(painter, scene, scene.pitch, scene.hertz, true);
   DrawZeroLine(painter, scene);
   painter.restore();
-  const bool seconds = scene.display.timeBase != 0;
   DrawBottomAxis(painter,
                  QRectF(QPointF(0.0, scene.timeStrip.top()),
                         QPointF(scene.client.right(), scene.timeStrip.bottom())),
-                 scene.time, scene.timeTicks, seconds ? QStringLiteral("s") : QStringLiteral("ms"),
-                 style);
+                 scene.time, scene.timeTicks, TimeUnit(scene.display.timeBase), style);
 }
 
 void PaintData(QPainter& painter, const Scene& scene, const WaveformPyramid& waveform) {
