@@ -70,10 +70,14 @@ bool IsSound(Command command) {
 
 }  // namespace
 
+bool FrameCommands::HasWindows(AnalysisKind kind) const {
+  return frame_.analysisWindows() != nullptr && frame_.analysisWindows()->Offers(kind);
+}
+
 bool FrameCommands::Offers(Command command) const {
-  if (const auto analysis = AnalysisOf(command)) {
-    return frame_.analysisWindows() != nullptr && frame_.analysisWindows()->Offers(analysis->kind);
-  }
+  // A pitch track can be seen in the main view, too.
+  const auto analysis = AnalysisOf(command);
+  if (analysis && analysis->kind != AnalysisKind::kPitch) return HasWindows(analysis->kind);
   if (IsOutput(command)) return frame_.output() != nullptr && frame_.output()->Offers(command);
   return !IsSound(command);
 }
@@ -93,7 +97,8 @@ void FrameCommands::Perform(Command command) {
 }
 
 void FrameCommands::PerformOnView(Command command, CSonadexView& view) {
-  if (const auto analysis = AnalysisOf(command)) {
+  const auto analysis = AnalysisOf(command);
+  if (analysis && HasWindows(analysis->kind)) {
     Guarded(view, [&] { frame_.analysisWindows()->Open(view, *analysis); });
   } else if (RowOf(command).menu == Menu::kLog) {
     // A long run of rows can be stopped.

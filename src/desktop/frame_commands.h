@@ -23,6 +23,7 @@ class FrameCommands {
   void Perform(Command command);
 
  private:
+  bool HasWindows(AnalysisKind kind) const;
   void PerformOnView(Command command, CSonadexView& view);
   // Each returns whether the command was one of its kind.
   bool PerformFile(Command command);

@@ -26,7 +26,7 @@ namespace {
 constexpr int kMostPixels = 20000;  // of a side
 constexpr const char* kUsage =
     "usage: cantorix --picture main|pitch|spectrum|spectrogram OUT.png|svg|pdf|bmp\n"
-    "                [--size WxH] [--scale N] [--dark] [--select FROM:TO] FILE\n";
+    "                [--size WxH] [--scale N] [--dark] [--select FROM:TO] [--at MS] FILE\n";
 
 struct Request {
   std::string kind, out, file;
@@ -34,6 +34,7 @@ struct Request {
   double scale = 1.0;
   PaletteKind palette = PaletteKind::kLight;
   std::optional<AxisSelection> selection;  // ms
+  std::optional<double> atMs;              // of the cursor, and of the spectrum's frame
 };
 
 // A number that is the whole of `text`.
@@ -73,6 +74,11 @@ bool TakeSelection(Request& request, std::string_view text) {
   return true;
 }
 
+bool TakeTime(Request& request, std::string_view text) {
+  request.atMs = Parsed<double>(text);
+  return request.atMs && std::isfinite(*request.atMs);
+}
+
 bool TakeScale(Request& request, std::string_view text) {
   const auto scale = Parsed<double>(text);
   if (!scale || !(*scale >= 0.1 && *scale <= 8.0)) return false;
@@ -84,6 +90,7 @@ bool TakeScale(Request& request, std::string_view text) {
 bool TakeOption(Request& request, std::string_view option, std::string_view value) {
   if (option == "--size") return TakeSize(request, value);
   if (option == "--scale") return TakeScale(request, value);
+  if (option == "--at") return TakeTime(request, value);
   if (option == "--select") return TakeSelection(request, value);
   return false;
 }
@@ -148,7 +155,7 @@ void DrawPitchWindow(Recording& recording) {
                              .parts = {.audio = true, .intensity = true, .labels = true},
                              .startMs = 0.0,
                              .endMs = channel.totalDurationMs,
-                             .cursorMs = {},
+                             .cursorMs = recording.request.atMs,
                              .selection = recording.request.selection};
   recording.Export([&](QPainter& painter) { PaintPitch(painter, picture, recording.style); });
 }
@@ -157,6 +164,7 @@ void DrawSpectrumWindow(Recording& recording) {
   const PixelRect plot = SpectrumLayout(recording.request.size).plot;
   const CChannel& channel = recording.view.channel();
   SpectrumPlace place{.position = channel.totalLength / 2.0, .selection = {}};
+  if (recording.request.atMs) place.position = channel.cursor.samples;
   if (recording.request.selection) {
     place.selection = {channel.selectionStart.samples, channel.selectionEnd.samples};
   }
@@ -181,11 +189,13 @@ void DrawSpectrogramWindow(Recording& recording) {
   }
   const QImage image = SpectrogramImage(
       view.spectrogram(), document.settings.spectrogram.dynamicRangeDb, ColorMap::kGrey);
+  std::optional<SpectrogramCursor> cursor;
+  if (recording.request.atMs) cursor = {*recording.request.atMs, 0.0};
   const SpectrogramPicture picture{view,
                                    image,
                                    &recording.waveform.Pyramid(),
                                    recording.request.size,
-                                   {},
+                                   cursor,
                                    recording.request.selection};
   recording.Export([&](QPainter& painter) { PaintSpectrogram(painter, picture, recording.style); });
 }
@@ -212,11 +222,12 @@ int Draw(const Request& request, const Kind& kind) {
     if (failure.shown) return 1;
     return Report(CouldNotBeOpened(request.file, failure.reason));
   }
-  recording.view.Begin(request.size);
-  if (request.selection) {
-    SelectSpan(recording.view, request.selection->start, request.selection->end);
-  }
   try {
+    recording.view.Begin(request.size);
+    if (request.atMs) PlaceMarker(recording.view, *request.atMs);
+    if (request.selection) {
+      SelectSpan(recording.view, request.selection->start, request.selection->end);
+    }
     kind.draw(recording);
   } catch (const FileError& error) {
     return Report(CouldNotBeSaved(request.out, error.what()));

@@ -1,6 +1,6 @@
 // picture_command.h - pictures of a recording from the command line, without a display:
 // cantorix --picture main|pitch|spectrum|spectrogram OUT.png|svg|pdf|bmp [--size WxH] [--scale N]
-//          [--dark] [--select FROM:TO] FILE
+//          [--dark] [--select FROM:TO] [--at MS] FILE
 #pragma once
 
 #include <span>

@@ -1,6 +1,7 @@
 // axis_ticks.cpp
 #include "mainview/axis_ticks.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -31,6 +32,16 @@ double NiceStep(const AxisSpan& span, double leastPixels) {
     if (factor * decade >= least * (1.0 - kSlack)) return factor * decade;
   }
   return 10.0 * decade;
+}
+
+double StepBesideGrid(const AxisSpan& span, double leastPixels, double gridStep) {
+  const double nice = NiceStep(span, leastPixels);
+  if (!(gridStep > 0.0) || !(nice > 0.0)) return nice;
+  const double parts = gridStep / nice;
+  if (parts >= 1.0 && std::abs(parts - std::round(parts)) <= kSlack * parts) return nice;
+  // Counted in steps of the grid.
+  const AxisSpan steps{0.0, (span.high - span.low) / gridStep, span.pixels};
+  return gridStep * std::max(NiceStep(steps, leastPixels), 1.0);
 }
 
 std::vector<AxisTick> TicksEvery(const AxisSpan& span, double step) {

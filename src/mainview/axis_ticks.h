@@ -32,6 +32,11 @@ std::vector<AxisTick> TicksEvery(const AxisSpan& span, double step);
 // Ticks at the nice step for texts `leastPixels` apart.
 std::vector<AxisTick> NiceTicks(const AxisSpan& span, double leastPixels);
 
+// The step for texts `leastPixels` apart beside a grid every `gridStep`, so that lines and texts
+// agree: the nice step when it divides the grid's, else 1, 2, 5, 10, ... times the grid's. The nice
+// step without a grid (0 and less).
+double StepBesideGrid(const AxisSpan& span, double leastPixels, double gridStep);
+
 // Ticks of a time axis in ms with texts in the time base: 0 milliseconds, 1 seconds.
 std::vector<AxisTick> TimeTicks(const AxisSpan& span, double leastPixels, std::int32_t timeBase);
 

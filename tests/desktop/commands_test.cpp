@@ -1,4 +1,5 @@
 // commands_test.cpp - menus, accelerators and enabling as the user meets them.
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QSpinBox>
 
@@ -136,7 +137,9 @@ class RecordingWindows : public AnalysisWindows {
   bool Offers(AnalysisKind kind) const override { return kind == AnalysisKind::kSpectrogram; }
   void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
   void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
+  void RefreshCommands() override {}
   void CloseWindowsOf(CSonadexView&) override { ++closed; }
+  CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }
 
   std::vector<AnalysisRequest> opened;
   std::vector<MousePhase> moves;

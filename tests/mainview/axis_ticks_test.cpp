@@ -54,6 +54,20 @@ TEST(AxisTicks, AreNeverCloserThanAskedAndNeverFarApart) {
   }
 }
 
+TEST(AxisTicks, AreInStepWithAGrid) {
+  struct Row {
+    double high, pixels, leastPixels, gridStep, step;
+  };
+  for (const Row& row :
+       {Row{450.0, 400.0, 30.0, 20.0, 40.0}, Row{5000.0, 500.0, 20.0, 1000.0, 200.0},
+        Row{5000.0, 500.0, 40.0, 300.0, 600.0}, Row{5000.0, 500.0, 40.0, 0.0, 500.0},
+        Row{80.0, 400.0, 25.0, 20.0, 5.0}}) {
+    EXPECT_DOUBLE_EQ(StepBesideGrid({0.0, row.high, row.pixels}, row.leastPixels, row.gridStep),
+                     row.step)
+        << row.gridStep;
+  }
+}
+
 TEST(AxisTicks, SayTimesInTheirBase) {
   const AxisSpan span{0.0, 1000.0, 200.0};
   EXPECT_THAT(Texts(TimeTicks(span, 90.0, 0)), ElementsAre("0", "500", "1000"));

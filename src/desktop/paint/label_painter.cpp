@@ -11,6 +11,7 @@
 namespace cantorix {
 namespace {
 
+constexpr double kLineGap = 2.0;         // pixels
 constexpr double kLongestText = 4000.0;  // pixels; a label further outside cannot reach in
 
 QColor ColorOf(const Label& label) {
@@ -50,9 +51,13 @@ void DrawTextOf(QPainter& painter, const Label& label, const TierPlace& place, c
   const QFontMetrics metrics(font);
   const PixelRect box =
       LabelBox(label, {metrics.horizontalAdvance(text), metrics.height()}, place.strip, place.time);
+  // Off its own line.
+  const double shift = label.flag == 0 || label.alignment == kAlignCentre ? 0.0
+                       : label.alignment == kAlignRight                   ? -kLineGap
+                                                                          : kLineGap;
   painter.setFont(font);
   painter.setPen(style.hasColor ? Legible(ColorOf(label), style.tier) : style.text);
-  painter.drawText(ToRectF(box),
+  painter.drawText(ToRectF(box).translated(shift, 0.0),
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
 }
 

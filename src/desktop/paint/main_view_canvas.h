@@ -3,10 +3,9 @@
 // overlay alone. One per widget; ends before its view does.
 #pragma once
 
-#include <QImage>
 #include <QPainter>
-#include <optional>
 
+#include "desktop/paint/cached_picture.h"
 #include "desktop/paint/main_view_painter.h"
 #include "mainview/document_waveform.h"
 
@@ -24,26 +23,24 @@ class MainViewCanvas : public DocumentObserver {
   // the view's redrawNeeded. When the samples cannot be read, the reason stands in the picture.
   void Paint(QPainter& painter, const PaintStyle& style);
   // For a changed style.
-  void Invalidate() { stale_ = true; }
+  void Invalidate() { image_.Invalidate(); }
 
   void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
 
  private:
-  // What the image depends on beside the document's content.
+  // What the image depends on beside the document's content and its own size.
   struct Key {
-    std::int32_t width = 0, height = 0, offset = 0;
-    double start = 0.0, end = 0.0, pixelRatio = 0.0;
+    std::int32_t offset = 0;
+    double start = 0.0, end = 0.0;
     QRgb background = 0;
     bool operator==(const Key&) const = default;
   };
-  Key KeyOf(double pixelRatio, const PaintStyle& style) const;
-  void Render(const MainViewPicture& picture, const Key& key, const PaintStyle& style);
+  Key KeyOf(const PaintStyle& style) const;
 
   CSonadexView& view_;
   DocumentWaveform& waveform_;
-  QImage image_;
+  CachedPicture image_;
   Key key_;
-  bool stale_ = true;
 };
 
 }  // namespace cantorix

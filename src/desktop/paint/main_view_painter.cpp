@@ -9,6 +9,7 @@
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/readout_painter.h"
 #include "desktop/paint/signal_strips.h"
+#include "desktop/paint/window_strips.h"
 #include "mainview/readout_texts.h"
 #include "mainview/time_axis.h"
 
@@ -171,12 +172,10 @@ void PaintBackground(QPainter& painter, const Scene& scene) {
   DrawValuePane(painter, scene, scene.pitch, scene.hertz, true);
   DrawZeroLine(painter, scene);
   painter.restore();
-  const bool seconds = scene.display.timeBase != 0;
   DrawBottomAxis(painter,
                  QRectF(QPointF(0.0, scene.timeStrip.top()),
                         QPointF(scene.client.right(), scene.timeStrip.bottom())),
-                 scene.time, scene.timeTicks, seconds ? QStringLiteral("s") : QStringLiteral("ms"),
-                 style);
+                 scene.time, scene.timeTicks, TimeUnit(scene.display.timeBase), style);
 }
 
 void PaintData(QPainter& painter, const Scene& scene, const WaveformPyramid& waveform) {

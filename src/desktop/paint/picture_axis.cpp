@@ -55,9 +55,13 @@ AxisSpan ValueSpan(const QRectF& pane, double low, double high) {
 }
 
 std::vector<AxisTick> ValueTicks(const QRectF& pane, double low, double high,
-                                 const PaintStyle& style) {
+                                 const PaintStyle& style, double gridStep) {
   const double height = TextSize(TickFont(style), QStringLiteral("0")).height();
-  return NiceTicks(ValueSpan(pane, low, high), 1.8 * height);
+  const AxisSpan span = ValueSpan(pane, low, high);
+  auto ticks = TicksEvery(span, StepBesideGrid(span, 2.2 * height, gridStep));
+  // A low pane has closer texts rather than a single one.
+  if (ticks.size() < 3) ticks = TicksEvery(span, StepBesideGrid(span, 1.2 * height, gridStep));
+  return ticks;
 }
 
 void DrawValueAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
@@ -138,7 +142,7 @@ void DrawBottomAxis(QPainter& painter, const QRectF& strip, const AxisScale& sca
     painter.setPen(QPen(style.axis, style.hairline));
     painter.drawLine(QLineF(x, strip.top(), x, strip.top() + kTick));
     const double width = TextSize(font, Text(tick)).width() + 1.0;
-    const double left = std::clamp(x - width / 2.0, scale.left - 8.0, strip.right() - width);
+    const double left = std::clamp(x - width / 2.0, scale.left - 8.0, strip.right() - width - 2.0);
     if (left < free) continue;
     painter.setPen(style.text);
     painter.setFont(font);

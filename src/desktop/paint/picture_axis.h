@@ -15,9 +15,10 @@ namespace cantorix {
 // Pixel of a value on a vertical axis over `pane`, low at the bottom.
 double YOf(const QRectF& pane, const AxisSpan& span, double value);
 
-// A vertical axis of `low` to `high` over `pane`, with its ticks as far apart as their texts need.
+// A vertical axis of `low` to `high` over `pane`, with its ticks as far apart as their texts need
+// and in step with a grid every `gridStep` (0: none).
 std::vector<AxisTick> ValueTicks(const QRectF& pane, double low, double high,
-                                 const PaintStyle& style);
+                                 const PaintStyle& style, double gridStep = 0.0);
 AxisSpan ValueSpan(const QRectF& pane, double low, double high);
 
 // Ticks and texts of a vertical axis in the `margin` pixels on the left of the pane.

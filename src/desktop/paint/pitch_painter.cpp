@@ -63,19 +63,17 @@ void PaintPitchData(QPainter& painter, const PitchPicture& picture, const PaintS
   const AxisScale time = PitchTimes(picture);
   const AxisSpan hertz = DisplayedPitch(settings.pitch, pane);
   const auto timeTicks = TicksOfTime(time, timeBase, style);
+  const double grid = settings.pitch.addFrequencyGrid != 0 ? settings.pitch.frequencyGridHz : 0.0;
   DrawPane(painter, pane, style.pane);
-  if (settings.pitch.addFrequencyGrid != 0) {
-    DrawValueGrid(painter, pane, hertz, GridEvery(hertz, settings.pitch.frequencyGridHz),
-                  style.grid);
-  }
+  DrawValueGrid(painter, pane, hertz, GridEvery(hertz, grid), style.grid);
   DrawVerticalGrid(painter, pane, time, timeTicks, style.grid);
   DrawPitch(painter, {pane, time}, hertz, picture.pitch, picture.document.channel().msPerSample(),
             style);
+  DrawPlotCaption(painter, layout, QStringLiteral("Pitch (Hz)"), style);
   DrawFrame(painter, pane, style);
-  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style), kPlotLeft,
-                style);
-  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks,
-                 timeBase != 0 ? QStringLiteral("Hz / s") : QStringLiteral("Hz / ms"), style);
+  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
+                kPlotLeft, style);
+  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks, TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, picture.document, picture.waveform, style);
 }
 

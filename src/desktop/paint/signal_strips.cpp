@@ -14,6 +14,8 @@ namespace cantorix {
 namespace {
 
 constexpr double kNoFloor = -std::numeric_limits<double>::infinity();
+constexpr double kRangeOverSilenceDb = 80.0;
+constexpr qsizetype kRunPoints = 64;
 constexpr double kDotPixels = 3.0;  // entries at least this far apart have dots
 
 // An evenly spaced track over a pane: entry i at firstMs + i * stepMs, of use above `floor`.
@@ -71,6 +73,12 @@ void DrawPoints(QPainter& painter, const StripPlace& place, const AxisSpan& span
       finish();
       continue;
     }
+    // Short paths are stroked faster than a long one.
+    if (run.size() == kRunPoints) {
+      const QPointF joint = run.back();
+      finish();
+      run << joint;
+    }
     run << QPointF(points.X(static_cast<double>(i)), YOf(place.pane, span, value));
   }
   finish();
@@ -99,16 +107,11 @@ double ColumnsPerPixel(const QPainter& painter) {
 }
 
 AxisSpan IntensitySpan(const IntensityResult& intensity, const QRectF& pane) {
-  double low = std::numeric_limits<double>::infinity();
-  double high = -low;
-  if (intensity.IntensityValid) {
-    for (const double level : intensity.IntensityTrack.levels()) {
-      if (!InUse(level, kNoFloor)) continue;
-      low = std::min(low, level);
-      high = std::max(high, level);
-    }
-  }
-  if (!(low <= high)) return ValueSpan(pane, 0.0, 1.0);
+  const double high = intensity.IntensityMax;
+  if (!intensity.IntensityValid || !std::isfinite(high)) return ValueSpan(pane, 0.0, 1.0);
+  // Silent frames have a level of minus infinity.
+  const double least = intensity.IntensityMin;
+  const double low = std::isfinite(least) && least <= high ? least : high - kRangeOverSilenceDb;
   const double margin = std::max((high - low) * 0.05, 1.0);
   return ValueSpan(pane, low - margin, high + margin);
 }
@@ -139,7 +142,7 @@ void DrawPitch(QPainter& painter, const StripPlace& place, const AxisSpan& hertz
                const PitchResult& pitch, double msPerSample, const PaintStyle& style) {
   const std::int64_t count = pitch.count();
   if (count <= 0) return;
-  painter.setPen(QPen(style.pitch, style.hairline));
+  painter.setPen(QPen(style.pitch, style.curve));
   painter.setBrush(style.pitch);
   const auto values = std::span(pitch.PitchTrack).first(static_cast<std::size_t>(count));
   const double stepMs = pitch.range.length() * msPerSample / static_cast<double>(count);

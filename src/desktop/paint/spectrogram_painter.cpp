@@ -83,6 +83,7 @@ QString CursorLine(const SpectrogramPicture& picture) {
       ColumnAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms);
   if (column < 0 || static_cast<std::size_t>(column) >= spectrogram.formants.size()) return line;
   const FormantColumn& formants = spectrogram.formants[static_cast<std::size_t>(column)];
+  if (formants[0] == kSilentHz) return line;
   for (std::size_t i = 0; i < kFormants; ++i) {
     line += QStringLiteral("    F%1 %2")
                 .arg(i + 1)
@@ -136,20 +137,23 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   const AxisScale time = SpectrogramTimes(picture);
   const AxisSpan hertz = FrequencySpan(picture, pane);
   const std::int32_t timeBase = document.settings.display.timeBase;
+  const SpectrogramSettings& settings = document.settings.spectrogram;
+  const double grid = settings.addFrequencyGrid != 0 ? settings.frequencyGridHz : 0.0;
   DrawPane(painter, pane, style.pane);
   if (!picture.image.isNull()) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
     painter.drawImage(pane, picture.image);
   }
   DrawGrids(painter, pane, time, hertz, document, style);
-  if (document.settings.spectrogram.displayFormants != 0) {
+  if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
   }
+  DrawPlotCaption(painter, layout, QStringLiteral("Frequency (Hz)"), style);
   DrawFrame(painter, pane, style);
-  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style), kPlotLeft,
-                style);
+  DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, TicksOfTime(time, timeBase, style),
-                 timeBase != 0 ? QStringLiteral("Hz / s") : QStringLiteral("Hz / ms"), style);
+                 TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, document, picture.waveform, style);
 }
 

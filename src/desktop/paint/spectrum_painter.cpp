@@ -148,11 +148,14 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   DrawPane(painter, pane, style.pane);
   DrawGrids(painter, pane, axis, levels, picture.view.document().settings.fftLpc, style);
   if (picture.view.computed()) DrawCurves(painter, pane, axis, levels, picture, style);
+  DrawPlotCaption(painter, layout, QStringLiteral("Level (dB)"), style);
   DrawFrame(painter, pane, style);
-  DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style), kPlotLeft,
-                style);
+  const FftLpcSettings& settings = picture.view.settings();
+  const double grid = settings.addPowerGrid != 0 ? settings.powerGridDb : 0.0;
+  DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style, grid),
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), axis, TicksOfTime(axis, 0, style),
-                 QStringLiteral("dB / Hz"), style);
+                 QStringLiteral("Hz"), style);
 }
 
 void PaintSpectrumOverlay(QPainter& painter, const SpectrumPicture& picture,

@@ -53,6 +53,7 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     const AxisSpan span = AmplitudeSpan(channel, *waveform, pane);
     DrawStripAxis(painter, pane, span, style);
     DrawWaveform(painter, {pane, time}, span, document, *waveform, style);
+    DrawCaption(painter, pane, QStringLiteral("Audio"), captionFont, style.muted, style.pane);
     DrawFrame(painter, pane, style);
   }
   if (layout.intensity.bottom > layout.intensity.top) {
@@ -113,6 +114,16 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
     DrawFitted(painter, box, Qt::AlignLeft | Qt::AlignVCenter, line, style.font);
     top += kReadoutLineHeight;
   }
+}
+
+void DrawPlotCaption(QPainter& painter, const WindowLayout& layout, const QString& text,
+                     const PaintStyle& style) {
+  DrawCaption(painter, ToRectF(layout.plot), text, Resized(style.font, style.font.pixelSize() - 1),
+              style.muted, style.pane);
+}
+
+QString TimeUnit(std::int32_t timeBase) {
+  return timeBase != 0 ? QStringLiteral("s") : QStringLiteral("ms");
 }
 
 QString ShownTime(double ms, std::int32_t timeBase) {

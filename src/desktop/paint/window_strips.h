@@ -39,6 +39,12 @@ void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const Ax
 void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStringList& lines,
                       const PaintStyle& style);
 
+// What the plot's vertical axis shows, in its corner.
+void DrawPlotCaption(QPainter& painter, const WindowLayout& layout, const QString& text,
+                     const PaintStyle& style);
+
+// "ms" or "s".
+QString TimeUnit(std::int32_t timeBase);
 // A time in the time base with its unit: "123.4 ms", "0.123 s".
 QString ShownTime(double ms, std::int32_t timeBase);
 
