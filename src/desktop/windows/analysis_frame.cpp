@@ -28,7 +28,7 @@ AnalysisFrame::AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host,
   connect(&rest_, &QTimer::timeout, this, [this] { Rest(); });
 }
 
-AnalysisFrame::~AnalysisFrame() = default;
+AnalysisFrame::~AnalysisFrame() { host_.Gone(*this); }
 
 void AnalysisFrame::Build() {
   auto* const content = new QWidget(this);

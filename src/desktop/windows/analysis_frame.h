@@ -27,6 +27,8 @@ class AnalysisFrameHost {
   virtual void Run(CSonadexView& view, const std::function<void()>& action) = 0;
   // Whether an operation runs.
   virtual bool busy() const = 0;
+  // The window ends: it is not to be used any more.
+  virtual void Gone(const AnalysisFrame& frame) = 0;
   // Saves, copies or prints the picture.
   virtual void Output(AnalysisFrame& frame, WindowCommand command) = 0;
   // For the strip of audio beside a picture.

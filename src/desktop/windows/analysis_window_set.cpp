@@ -32,12 +32,11 @@ QRect DefaultPlace(const QRect& area, WindowKind kind) {
 }  // namespace
 
 AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind) const {
-  for (const auto& frame : frames_) {
-    if (frame && &frame->view() == &view && frame->model().kind() == kind && !frame->isHidden()) {
-      return frame;
-    }
-  }
-  return nullptr;
+  const auto found = std::find_if(frames_.begin(), frames_.end(), [&](AnalysisFrame* frame) {
+    // A hidden one was closed and is about to go.
+    return &frame->view() == &view && frame->model().kind() == kind && !frame->isHidden();
+  });
+  return found == frames_.end() ? nullptr : *found;
 }
 
 void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request) {
@@ -45,18 +44,17 @@ void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request)
   const WindowKind kind = KindOf(request.kind);
   if (kind == WindowKind::kPitch) return OpenPitch(view, request.stretch.value_or(Stretch::kAll));
   const bool isNew = Find(view, kind) == nullptr;
-  QPointer<AnalysisFrame> frame = &Show(view, kind);
+  AnalysisFrame& frame = Show(view, kind);
   const auto closeWhenEmpty = [&] {
-    if (isNew && frame && !frame->model().computed()) delete frame;
+    if (isNew && !frame.model().computed()) delete &frame;
   };
   try {
-    Analyse(*frame, request);
+    Analyse(frame, request);
   } catch (...) {
     closeWhenEmpty();
     throw;
   }
   closeWhenEmpty();
-  if (frame) frame->Refresh();
 }
 
 void AnalysisWindowSet::Analyse(AnalysisFrame& frame, const AnalysisRequest& request) {
@@ -81,9 +79,8 @@ void AnalysisWindowSet::OpenPitch(CSonadexView& view, Stretch stretch) {
 AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
   AnalysisFrame* frame = Find(view, kind);
   if (frame == nullptr) {
-    std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
     frame = Make(view, kind);
-    frames_.emplace_back(frame);
+    frames_.push_back(frame);
     around_.area->addSubWindow(frame);
     Place(*frame, kind);
   }
@@ -127,22 +124,18 @@ void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double
 }
 
 void AnalysisWindowSet::RefreshCommands() {
-  for (const auto& frame : frames_) {
-    if (frame) frame->actions().Refresh();
-  }
+  for (AnalysisFrame* const frame : frames_) frame->actions().Refresh();
 }
 
 void AnalysisWindowSet::CloseWindowsOf(CSonadexView& view) {
-  for (const auto& frame : frames_) {
-    if (frame && &frame->view() == &view) delete frame;
+  const auto frames = frames_;
+  for (AnalysisFrame* const frame : frames) {
+    if (&frame->view() == &view) delete frame;
   }
-  std::erase_if(frames_, [](const auto& gone) { return gone.isNull(); });
 }
 
 CSonadexView* AnalysisWindowSet::ViewOf(const QMdiSubWindow& window) const {
-  const auto found = std::find_if(frames_.begin(), frames_.end(), [&](const auto& frame) {
-    return frame && frame.data() == &window;
-  });
+  const auto found = std::find(frames_.begin(), frames_.end(), &window);
   return found == frames_.end() ? nullptr : &(*found)->view();
 }
 

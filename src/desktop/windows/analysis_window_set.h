@@ -2,7 +2,6 @@
 // They lie in the area of the documents' windows.
 #pragma once
 
-#include <QPointer>
 #include <functional>
 #include <vector>
 
@@ -43,6 +42,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  private:
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
+  void Gone(const AnalysisFrame& frame) override { std::erase(frames_, &frame); }
   void Output(AnalysisFrame& frame, WindowCommand command) override;
   DocumentWaveform& WaveformOf(CSonadexDoc& document) override {
     return around_.waveformOf(document);
@@ -56,7 +56,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
 
   const DesktopServices& services_;
   Surroundings around_;
-  std::vector<QPointer<AnalysisFrame>> frames_;
+  std::vector<AnalysisFrame*> frames_;
   WindowPlacement pitchPlacement_;  // for as long as the program runs
 };
 
