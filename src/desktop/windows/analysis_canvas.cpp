@@ -77,7 +77,9 @@ void AnalysisCanvas::Refresh(const QString& note) {
 }
 
 void AnalysisCanvas::PlaceNote() {
-  const int width = std::min(note_->sizeHint().width(), this->width() - 24);
+  // In one line where there is room.
+  const int line = note_->fontMetrics().horizontalAdvance(note_->text()) + 24;
+  const int width = std::min(line, this->width() - 24);
   note_->setFixedWidth(std::max(width, 1));
   note_->adjustSize();
   note_->move((this->width() - note_->width()) / 2, 12);

@@ -82,6 +82,8 @@ AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
     frame = Make(view, kind);
     frames_.push_back(frame);
     around_.area->addSubWindow(frame);
+    // A working view that fills the area would hide it at the next click.
+    frame->setWindowFlag(Qt::WindowStaysOnTopHint);
     Place(*frame, kind);
   }
   if (frame->isMinimized()) frame->showNormal();

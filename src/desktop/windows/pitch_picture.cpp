@@ -18,8 +18,11 @@ PitchPicture PitchWindowPicture::Now(PixelSize client) const {
                        .selection = {}};
   if (!model_.computed()) return picture;
   if (model_.markerSet) picture.cursorMs = model_.cursorMs;
-  if (view_.selectionShown) {
-    const CChannel& channel = view_.channel();
+  const CChannel& channel = view_.channel();
+  // The selection that the track was made of would only colour everything.
+  const bool coversAll =
+      channel.selectionStart.ms <= time.low && channel.selectionEnd.ms >= time.high;
+  if (view_.selectionShown && !coversAll) {
     picture.selection = AxisSelection{channel.selectionStart.ms, channel.selectionEnd.ms};
   }
   return picture;
