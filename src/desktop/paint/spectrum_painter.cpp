@@ -35,28 +35,41 @@ void DrawCurve(QPainter& painter, const QRectF& pane, const AxisScale& axis, con
   }
 }
 
-// A line at the formant, and its bandwidth as a bar at the top, with its name.
+// A formant's line, its bandwidth as a bar at the top, its name in a box beside the line.
+void DrawFormant(QPainter& painter, const QRectF& pane, const AxisScale& axis,
+                 const Formant& formant, const QRectF& name, const QString& text) {
+  const QColor color = painter.pen().color();
+  const double x = axis.X(formant.frequencyHz);
+  const double half = axis.X(formant.bandwidthHz / 2.0) - axis.X(0.0);
+  painter.setPen(QPen(color, 1.0, Qt::DashLine));
+  painter.drawLine(QLineF(x, pane.top(), x, pane.bottom()));
+  painter.setPen(QPen(color, 3.0, Qt::SolidLine, Qt::FlatCap));
+  painter.drawLine(QLineF(std::max(x - half, pane.left()), pane.top() + 2.0,
+                          std::min(x + half, pane.right()), pane.top() + 2.0));
+  painter.setPen(color);
+  painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+// Names stand below the caption in the corner, a line lower where they would touch the one before.
 void DrawFormants(QPainter& painter, const QRectF& pane, const AxisScale& axis,
                   const FormantValues& formants, const PaintStyle& style) {
   const QFont font = Resized(style.font, style.font.pixelSize() - 1);
+  painter.setFont(font);
+  double free = pane.left();
+  int line = 1;
   for (std::size_t i = 0; i < kFormants; ++i) {
-    const double hz = formants.frequencyHz[i];
-    if (!(hz > 0.0) || hz > axis.high) continue;
-    const QColor color = style.hasColor ? Legible(style.formants[i], style.pane) : style.text;
-    const double x = axis.X(hz);
-    painter.setPen(QPen(color, style.hairline, Qt::DashLine));
-    painter.drawLine(QLineF(x, pane.top(), x, pane.bottom()));
-    const double half = axis.X(formants.bandwidthHz[i] / 2.0) - axis.X(0.0);
-    painter.setPen(QPen(color, 3.0, Qt::SolidLine, Qt::FlatCap));
-    painter.drawLine(QLineF(std::max(x - half, pane.left()), pane.top() + 2.0,
-                            std::min(x + half, pane.right()), pane.top() + 2.0));
-    const QString name = QStringLiteral("F%1").arg(i + 1);
-    const QSizeF size = TextSize(font, name);
-    const QRectF box(std::min(x + 3.0, pane.right() - size.width() - 1.0), pane.top() + 5.0,
-                     size.width() + 1.0, size.height());
-    painter.setPen(color);
-    painter.setFont(font);
-    painter.drawText(box, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, name);
+    const Formant formant{formants.frequencyHz[i], formants.bandwidthHz[i]};
+    if (!(formant.frequencyHz > 0.0) || formant.frequencyHz > axis.high) continue;
+    const QString text = QStringLiteral("F%1").arg(i + 1);
+    const QSizeF size = TextSize(font, text);
+    const double left =
+        std::min(axis.X(formant.frequencyHz) + 3.0, pane.right() - size.width() - 1.0);
+    line = left < free ? line + 1 : 1;
+    const QRectF name(left, pane.top() + 5.0 + line * size.height(), size.width() + 1.0,
+                      size.height());
+    painter.setPen(style.hasColor ? Legible(style.formants[i], style.pane) : style.text);
+    DrawFormant(painter, pane, axis, formant, name, text);
+    free = name.right();
   }
 }
 
