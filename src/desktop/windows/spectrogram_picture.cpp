@@ -15,8 +15,7 @@ WindowLayout SpectrogramWindowPicture::LayoutIn(PixelSize client) {
   return SpectrogramLayout(client, model_.document());
 }
 
-// A wanted dynamic range below that of the levels shows at once; the levels follow when the user
-// rests.
+// In the range that the levels were computed with; a wanted one follows when the user rests.
 const QImage& SpectrogramWindowPicture::Levels() {
   if (levels_.isNull() || levelsOf_ != model_.computation()) {
     levels_ = SpectrogramImage(model_.spectrogram(), model_.dynamicRangeDb(), colors_);

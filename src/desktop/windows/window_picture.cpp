@@ -31,6 +31,8 @@ void WindowPicture::Render(const Key& key, const PaintStyle& style) {
                static_cast<int>(std::ceil(pixels.height())), QImage::Format_RGB32);
   image.setDevicePixelRatio(key.pixelRatio);
   if (image.isNull()) return;
+  // Its last pixels may be only partly inside the canvas.
+  image.fill(style.background);
   QPainter painter(&image);
   PaintData(painter, ClientOf(key.size), style);
   painter.end();
