@@ -2,7 +2,7 @@
 # Builds Cantorix and opens the sample recording, or FILE, in it: ./run.sh [FILE...]
 # Installs what is missing (Debian packages) and builds the release programs first. Without a
 # display it measures the recordings instead, prints pitch and intensity, and keeps the whole tables
-# in out/.
+# and pictures in out/.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -16,6 +16,7 @@ done
   [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
   cmake --build --preset release --target cantorix cantorix-batch | tail -n 1
 )
+desktop=$here/build/release/src/desktop/cantorix
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   [ $# -gt 0 ] || set -- "$here/samples/vowels.qrv"
   mapfile -t files < <(realpath -- "$@")
@@ -23,7 +24,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   home=${XDG_DATA_HOME:-$HOME/.local/share}/cantorix
   mkdir -p "$home"
   cd "$home"
-  exec "$here/build/release/src/desktop/cantorix" "${files[@]}"
+  exec "$desktop" "${files[@]}"
 fi
 
 batch=$here/build/release/src/batch/cantorix-batch
@@ -32,7 +33,7 @@ mkdir -p "$out"
 
 # measure FILE: prints every tenth row, keeps the whole tables.
 measure() {
-  local file=$1 name verb
+  local file=$1 name verb picture
   name=$(basename "${file%.*}")
   echo
   "$batch" info "$file"
@@ -41,8 +42,12 @@ measure() {
     echo
     awk 'NR % 10 == 1' "$out/$name.$verb.tsv"
   done
+  for picture in main pitch spectrum spectrogram; do
+    "$desktop" --picture "$picture" "$out/$name.$picture.png" "$file"
+  done
   echo
   echo "Whole tables: $out/$name.pitch.tsv, $out/$name.intensity.tsv"
+  echo "Pictures: $out/$name.{main,pitch,spectrum,spectrogram}.png"
 }
 
 measure "$here/samples/vowels.qrv"

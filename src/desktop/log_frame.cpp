@@ -5,8 +5,8 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -36,12 +36,23 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   column->addLayout(line);
   connect(copy, &QPushButton::clicked, this, [this] { CopyRows(); });
   connect(remove, &QPushButton::clicked, this, [this] { DeleteRows(); });
-  auto* const copyKey = new QShortcut(QKeySequence::Copy, table_);
-  auto* const deleteKey = new QShortcut(QKeySequence::Delete, table_);
-  copyKey->setContext(Qt::WidgetShortcut);
-  deleteKey->setContext(Qt::WidgetShortcut);
-  connect(copyKey, &QShortcut::activated, this, [this] { CopyRows(); });
-  connect(deleteKey, &QShortcut::activated, this, [this] { DeleteRows(); });
+  table_->installEventFilter(this);
+}
+
+bool CFormLog::eventFilter(QObject* watched, QEvent* event) {
+  const bool typed = event->type() == QEvent::KeyPress;
+  if (watched != table_ || (!typed && event->type() != QEvent::ShortcutOverride)) {
+    return QWidget::eventFilter(watched, event);
+  }
+  auto* const key = static_cast<QKeyEvent*>(event);
+  const bool copies = key->matches(QKeySequence::Copy);
+  const bool deletes = key->matches(QKeySequence::Delete);
+  if (!copies && !deletes && !key->matches(QKeySequence::SelectAll)) return false;
+  if (typed && copies) CopyRows();
+  if (typed && deletes) DeleteRows();
+  event->accept();
+  // The table itself selects all.
+  return !typed || copies || deletes;
 }
 
 void CFormLog::Refresh() {

@@ -11,7 +11,7 @@
 
 namespace cantorix {
 
-// The table of the log; Ctrl+C copies the selected rows, Delete removes them.
+// The table of the log; Ctrl+C copies the selected rows, Ctrl+A selects all, Delete removes them.
 class CFormLog : public QWidget {
  public:
   CFormLog(Application& application, QWidget* parent);
@@ -22,6 +22,9 @@ class CFormLog : public QWidget {
   void CopyRows() const;
   void DeleteRows();
   QTableView& table() { return *table_; }
+
+  // Keeps the keys of the table from the commands of the main frame that have the same ones.
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   std::vector<std::size_t> SelectedRows() const;

@@ -162,7 +162,7 @@ void CMainFrame::Closed(CSonadexDoc& document) {
   Refresh();
 }
 
-// A window that never was moved fills the space; the next ones lie over it in steps.
+// A window fills the space until the user has once given one a place.
 void CMainFrame::Place(CChildFrame& frame) {
   const WindowPlacement& stored = services_.application.host.application.mainView;
   if (stored.width > 0 && stored.height > 0) {

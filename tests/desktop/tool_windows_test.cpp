@@ -124,6 +124,24 @@ TEST_F(ToolWindows, TheLogShowsRowsAsTheyComeAndLosesThoseDeleted) {
   EXPECT_EQ(Text(table, 0, 3), third);
 }
 
+TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kLogNew);
+  SelectSpan(view, 100.0, 350.5);
+  Perform(Command::kEnterDuration);
+  Perform(Command::kEnterDuration);
+  QApplication::setActiveWindow(&frame.log());
+  QTableView& table = frame.log().form().table();
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 2);
+  EXPECT_FALSE(clipboard.clipboardFull);
+  EXPECT_DOUBLE_EQ(view.channel().selectionEnd.ms, 350.5);
+  QTest::keyClick(&table, Qt::Key_Delete);
+  EXPECT_EQ(table.model()->rowCount(), 0);
+}
+
 TEST_F(ToolWindows, AModifiedLogAsksBeforeItCloses) {
   CSonadexView& view = OpenSample();
   Perform(Command::kLogNew);

@@ -41,7 +41,7 @@ LabelDialog::LabelDialog(Prompts& prompts, const Label& preset, bool exists, QWi
   if (exists) {
     AddButtons(QStringLiteral("Delete"), [this] {
       removed_ = true;
-      QDialog::accept();
+      done(QDialog::Accepted);  // whatever the fields hold
     });
   } else {
     AddButtons();

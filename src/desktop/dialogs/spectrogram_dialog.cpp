@@ -23,7 +23,8 @@ constexpr WholeLimits kOrder{1, 2147483647};
 
 int EntryOf(std::int32_t points) {
   if (points < kFewestPoints) return 0;
-  const int entry = std::bit_width(static_cast<unsigned>(points) / kFewestPoints) - 1;
+  const auto lines = static_cast<unsigned>(points) / kFewestPoints;
+  const int entry = static_cast<int>(std::bit_width(lines)) - 1;
   return std::min(entry, kSpectrogramSizes - 1);
 }
 
