@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 #include <string>
 
 #include "document/document.h"
+#include "peak_memory.h"
 #include "platform/bytes.h"
 #include "platform/file.h"
 #include "support/test_host.h"
@@ -64,16 +64,6 @@ class HourOfSound {
   std::string path_;
   std::int64_t bytes_;
 };
-
-void ForgetPeak() { std::ofstream("/proc/self/clear_refs") << "5"; }
-
-double PeakBytes() {
-  std::ifstream status("/proc/self/status");
-  for (std::string word; status >> word;) {
-    if (word == "VmHWM:" && status >> word) return std::strtod(word.c_str(), nullptr) * 1024.0;
-  }
-  return 0.0;
-}
 
 void ReadPlainFile(benchmark::State& state) {
   HourOfSound sound({1, 16});

@@ -22,15 +22,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kTooLong = 1000;  // bytes of a line
 constexpr const char* kOpenError = "Error in opening the file.";
 
-// Kept: a TAB within a cell is written as it is. Programs that read these files know no quotes.
-void AppendLine(std::string& text, const LogTable::Row& cells, std::size_t columns) {
-  for (std::size_t column = 0; column < columns; ++column) {
-    if (column < cells.size()) text += cells[column];
-    text += kTab;
-  }
-  text += kLineEnd;
-}
-
 // The texts before each TAB of a line.
 LogTable::Row FieldsOf(std::string_view line) {
   LogTable::Row fields;
@@ -65,11 +56,20 @@ std::optional<std::string> ReadWhole(const std::string& path, Prompts& prompts) 
 
 }  // namespace
 
+// Kept: a TAB within a cell is written as it is. Programs that read these files know no quotes.
+void AppendLogLine(std::string& text, const LogTable::Row& cells, std::size_t columns) {
+  for (std::size_t column = 0; column < columns; ++column) {
+    if (column < cells.size()) text += cells[column];
+    text += kTab;
+  }
+  text += kLineEnd;
+}
+
 std::string LogText(const LogTable& log) {
   const std::size_t columns = log.captions().size();
   std::string text;
-  AppendLine(text, log.captions(), columns);
-  for (const LogTable::Row& row : log.rows()) AppendLine(text, row, columns);
+  AppendLogLine(text, log.captions(), columns);
+  for (const LogTable::Row& row : log.rows()) AppendLogLine(text, row, columns);
   return text;
 }
 

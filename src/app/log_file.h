@@ -12,6 +12,9 @@ namespace cantorix {
 
 class Prompts;
 
+// Appends the line of a row to `text`, with the cells of `columns` columns.
+void AppendLogLine(std::string& text, const LogTable::Row& cells, std::size_t columns);
+
 // The whole file. A cell without a value is written as an empty text.
 std::string LogText(const LogTable& log);
 

@@ -23,9 +23,14 @@ const std::string* LogTable::Cell(std::size_t row, std::size_t column) const {
   return column < cells.size() ? &cells[column] : nullptr;
 }
 
-bool LogTable::Append(const LogEntry& entry) {
+LogTable::Row LogTable::RowOf(const LogEntry& entry) {
   Row row{entry.source, entry.heading};
   row.insert(row.end(), entry.columns.begin(), entry.columns.end());
+  return row;
+}
+
+bool LogTable::Append(const LogEntry& entry) {
+  Row row = RowOf(entry);
   while (captions_.size() < row.size()) captions_.push_back(CaptionOf(captions_.size()));
   rows_.push_back(std::move(row));
   modified_ = true;

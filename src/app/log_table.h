@@ -25,6 +25,9 @@ class LogTable : public LogSink {
   // Null for a cell without a value. Throws std::out_of_range for a row that does not exist.
   const std::string* Cell(std::size_t row, std::size_t column) const;
 
+  // Source, heading and values.
+  static Row RowOf(const LogEntry& entry);
+
   // Adds a row of source, heading and values, with as many columns "Entry 1", "Entry 2", ... as it
   // needs, and marks the log modified. Always wants more.
   bool Append(const LogEntry& entry) override;

@@ -28,6 +28,8 @@ class BatchPrompts : public Prompts {
 
   // Whether a question had no answer among the options, which was said then.
   bool declined() const { return declined_; }
+  // How many lines were said about the file so far.
+  int linesSaid() const { return linesSaid_; }
   // One line about the file.
   void Say(const std::string& text);
 
@@ -39,6 +41,7 @@ class BatchPrompts : public Prompts {
   std::string file_;
   const Request& request_;
   bool declined_ = false;
+  int linesSaid_ = 0;
 };
 
 }  // namespace cantorix::batch

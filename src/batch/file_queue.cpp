@@ -57,7 +57,7 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
     : run_(run),
       measure_(std::move(measure)),
       outputs_(std::move(outputs)),
-      namesFile_(outputs_.size() > 1 && outputs_.front().empty()),
+      namesFile_(measure_.namesFiles && outputs_.size() > 1 && outputs_.front().empty()),
       table_(standardOutput_, namesFile_ && !measure_.header.empty() ? "file\t" + measure_.header
                                                                      : measure_.header) {}
 

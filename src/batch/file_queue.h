@@ -20,6 +20,7 @@ struct Measure {
   std::string header;  // the table's header line with its line feed; empty: none
   std::string suffix;  // of the files in an output folder: ".pitch.tsv"
   std::function<bool(Session& session, bool namesFile, TextSink& sink)> write;
+  bool namesFiles = true;  // rows that several files share begin with the file's name
 };
 
 // Where each file's result goes: the request's output, or one file each in the folder it names.

@@ -9,6 +9,7 @@
 #include "batch/console.h"
 #include "batch/file_queue.h"
 #include "batch/interrupt.h"
+#include "batch/measures.h"
 #include "batch/program_directory.h"
 #include "batch/run_settings.h"
 #include "batch/verbs.h"
@@ -19,28 +20,13 @@ namespace {
 
 enum ExitCode { kAllDone = 0, kSomeFailed = 1, kWrongUsage = 2 };
 
-Measure MeasureFor(const Request& request) {
-  switch (request.verb) {
-    case Verb::kPitch:
-      return {"time_ms\tpitch_hz\n", ".pitch.tsv", WritePitch};
-    case Verb::kIntensity:
-      return {"time_ms\tintensity_db\n", ".intensity.tsv", WriteIntensity};
-    case Verb::kSpectrum:
-      return {"", ".spectrum.tsv", WriteSpectrum};
-    case Verb::kSpectrogram:
-      return {"", ".spectrogram.tsv", WriteSpectrogram};
-    case Verb::kFormants:
-      return {"time_ms\tF1\tF2\tF3\tF4\tF5\n", ".formants.tsv", WriteFormants};
-    default:
-      return {"", request.json ? ".info.json" : ".info.txt", WriteInfo};
-  }
-}
-
 // The verbs that need no recording.
-void WorkOnConfig(const Request& request, const Settings& settings) {
+void WorkOnListing(const Request& request, const Settings& settings) {
   std::unique_ptr<TextSink> sink = std::make_unique<StandardOutputSink>();
   if (!request.output.empty()) sink = std::make_unique<FileSink>(request.output);
-  if (request.verb == Verb::kConfigShow) {
+  if (request.verb == Verb::kCommands) {
+    ShowCommands(request.markdown, *sink);
+  } else if (request.verb == Verb::kConfigShow) {
     ShowConfig(settings, request.json, *sink);
   } else {
     WriteConfig(settings, *sink);
@@ -48,15 +34,10 @@ void WorkOnConfig(const Request& request, const Settings& settings) {
   sink->Finish();
 }
 
-bool IsConfigVerb(Verb verb) { return verb == Verb::kConfigShow || verb == Verb::kConfigDefault; }
-
 bool WorkOnFiles(const Run& run) {
-  if (run.request.verb == Verb::kConvert) {
-    const auto convert = [](Session& session, bool, TextSink&) { return Convert(session); };
-    return FileQueue(run, {"", "", convert}, {""}).Work();
-  }
   Measure measure = MeasureFor(run.request);
-  auto outputs = OutputPaths(run.request, measure.suffix);
+  auto outputs = WritesRecording(run.request.verb) ? std::vector<std::string>(1)
+                                                   : OutputPaths(run.request, measure.suffix);
   return FileQueue(run, std::move(measure), std::move(outputs)).Work();
 }
 
@@ -64,8 +45,8 @@ int Work(const Request& request, Console& console) {
   const auto& interrupted = WatchInterrupt();
   const ProgramDirectory programDirectory(request.programDirectory);
   const Settings settings = RunSettings(request, programDirectory.path());
-  if (IsConfigVerb(request.verb)) {
-    WorkOnConfig(request, settings);
+  if (IsListing(request.verb)) {
+    WorkOnListing(request, settings);
     return kAllDone;
   }
   const Run run{request, settings, programDirectory.path(), console, interrupted};

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "document/label_import_options.h"
 #include "platform/generic_parameters.h"
 
 namespace cantorix::batch {
@@ -17,15 +18,48 @@ enum class Verb {
   kSpectrum,
   kSpectrogram,
   kFormants,
+  kLabels,
   kConvert,
+  kImportLabels,
+  kEdit,
   kConfigShow,
-  kConfigDefault
+  kConfigDefault,
+  kCommands,
 };
 
 // One `--set GROUP.FIELD=VALUE`.
 struct Assignment {
   std::string field;  // "group.field"
   std::string text;
+};
+
+// Labels from a text file.
+struct LabelImport {
+  std::string textFile;
+  std::string tier;
+  LabelImportOptions options;
+};
+
+// One step of `edit`.
+struct EditStep {
+  enum Kind {
+    kSelect,  // first and second: ends of the span, ms
+    kCursor,  // first: ms
+    kCut,
+    kCopy,
+    kPaste,
+    kClear,
+    kGain,  // first: %, second: reference in sample units
+    kSmooth,
+    kUndo,
+    kLabel,  // first: ms; tier and label
+  };
+  std::string text;  // as it was given
+  Kind kind;
+  double first = 0.0;
+  double second = 0.0;
+  std::string tier{};
+  std::string label{};
 };
 
 struct Request {
@@ -44,6 +78,8 @@ struct Request {
   int jobs = 1;                        // files at a time
   bool exact = false;                  // 17 significant digits instead of one decimal
   bool json = false;
+  bool log = false;       // rows of the measurement log instead of a table
+  bool markdown = false;  // commands: a page to read
 
   bool perSample = false;              // intensity: one row per sample
   std::optional<double> atMs;          // spectrum: where the frame starts; without it the range
@@ -52,6 +88,8 @@ struct Request {
   int rows = 200;                      // of the picture that decides what is silent, too
   bool formantColumns = false;         // spectrogram: F1 to F5 behind the levels
   std::optional<double> columnStepMs;  // formants: between columns, instead of their number
+  LabelImport labelImport;             // import-labels
+  std::vector<EditStep> steps;         // edit
 };
 
 }  // namespace cantorix::batch

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "batch/formant_cells.h"
+#include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "platform/numbers.h"
@@ -25,18 +26,22 @@ Division DivisionOf(const Session& session, double rateHz) {
   return {{range.start, range.start + static_cast<double>(columns) * step}, columns};
 }
 
-}  // namespace
-
-bool WriteFormants(Session& session, bool namesFile, TextSink& sink) {
+bool Compute(Session& session, CSpectrogramView& view) {
   CSonadexDoc& document = session.document();
   document.settings.spectrogram.trackFormants = 1;
   const Division division = DivisionOf(session, document.channel().sampleRateHz);
   const SpectrogramSize size{division.columns, session.request().rows, false};
+  if (view.ComputeSpectrogram(division.range, size)) return true;
+  session.SayNoResult("no formants: the recording has no sampling rate to go by");
+  return false;
+}
+
+}  // namespace
+
+bool WriteFormants(Session& session, bool namesFile, TextSink& sink) {
+  CSonadexDoc& document = session.document();
   CSpectrogramView view(document);
-  if (!view.ComputeSpectrogram(division.range, size)) {
-    session.SayNoResult("no formants: the recording has no sampling rate to go by");
-    return false;
-  }
+  if (!Compute(session, view)) return false;
   const Spectrogram& spectrogram = view.spectrogram();
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   for (std::int64_t column = 0; column < spectrogram.columns; ++column) {
@@ -44,6 +49,16 @@ bool WriteFormants(Session& session, bool namesFile, TextSink& sink) {
     WriteFormantCells(spectrogram.formants[static_cast<std::size_t>(column)], rows);
     rows.EndRow();
   }
+  rows.Flush();
+  return true;
+}
+
+bool LogFormants(Session& session, TextSink& sink) {
+  CSpectrogramView view(session.document());
+  if (!Compute(session, view)) return false;
+  LogRows rows(sink, kFormantValues);
+  AppendAll(SpectrogramFormantsAllEntries(LogContextOf(session.document()), view.spectrogram()),
+            rows);
   rows.Flush();
   return true;
 }

@@ -1,7 +1,10 @@
 // verb_pitch.cpp - the pitch track as a table, one row per entry.
 #include "analysis/pitch.h"
+#include "batch/batch_view.h"
+#include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "mainview/log_commands.h"
 
 namespace cantorix::batch {
 
@@ -12,10 +15,8 @@ bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
       ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
                    document.settings.pitch, session.progress(), channel.totalLength);
   if (!result.PitchValid) {
-    session.SayNoResult(
-        result.badParameters
-            ? std::string(kBadParametersText)
-            : "no pitch track: the stretch is too short or the settings do not fit it");
+    session.SayNoResult(result.badParameters ? std::string(kBadParametersText)
+                                             : std::string(kNoPitchTrack));
     return false;
   }
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
@@ -23,6 +24,16 @@ bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
     rows.Append(
         {result.TimeMs(i, channel.msPerSample()), result.PitchTrack[static_cast<std::size_t>(i)]});
   }
+  rows.Flush();
+  return true;
+}
+
+bool LogTracks(Session& session, TextSink& sink) {
+  BatchView batch(session);
+  const bool ranged = batch.SelectRange();
+  if (!batch.AnalysePitch(ranged ? Stretch::kSelection : Stretch::kAll)) return false;
+  LogRows rows(sink, kTrackValues);
+  EnterIntoLog(batch.view(), LogCommand::kPitchAll, rows);
   rows.Flush();
   return true;
 }

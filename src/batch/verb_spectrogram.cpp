@@ -1,5 +1,6 @@
 // verb_spectrogram.cpp - the level matrix as a table, one row per column of the picture.
 #include "batch/formant_cells.h"
+#include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "windows/spectrogram_view.h"
@@ -28,20 +29,46 @@ void WriteMatrix(const Spectrogram& spectrogram, double msPerSample, TableRows& 
   }
 }
 
+// The sample in the middle of a column, which is in no other one however it is rounded.
+double MiddleOf(const Spectrogram& spectrogram, std::int64_t column) {
+  return (spectrogram.StartOf(column) + spectrogram.StartOf(column + 1)) * 0.5;
+}
+
+bool Compute(Session& session, CSpectrogramView& view) {
+  const Request& request = session.request();
+  session.document().settings.spectrogram.trackFormants = request.formantColumns ? 1 : 0;
+  if (view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) return true;
+  session.SayNoResult("no spectrogram: the recording has no sampling rate to go by");
+  return false;
+}
+
 }  // namespace
 
 bool WriteSpectrogram(Session& session, bool namesFile, TextSink& sink) {
-  CSonadexDoc& document = session.document();
-  const Request& request = session.request();
-  document.settings.spectrogram.trackFormants = request.formantColumns ? 1 : 0;
-  CSpectrogramView view(document);
-  if (!view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) {
-    session.SayNoResult("no spectrogram: the recording has no sampling rate to go by");
-    return false;
-  }
-  TableRows rows(sink, request.exact, namesFile ? session.file() : "");
+  CSpectrogramView view(session.document());
+  if (!Compute(session, view)) return false;
+  TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   WriteHeader(view.spectrogram(), rows);
-  WriteMatrix(view.spectrogram(), document.channel().msPerSample(), rows);
+  WriteMatrix(view.spectrogram(), session.document().channel().msPerSample(), rows);
+  rows.Flush();
+  return true;
+}
+
+std::size_t SpectrogramValues(const Request& request) {
+  return request.formantColumns ? kFormantValues : 2;
+}
+
+bool LogSpectrogram(Session& session, TextSink& sink) {
+  CSpectrogramView view(session.document());
+  if (!Compute(session, view)) return false;
+  const Spectrogram& spectrogram = view.spectrogram();
+  const SpectrogramLogContext context = LogContextOf(session.document());
+  LogRows rows(sink, SpectrogramValues(session.request()));
+  for (std::int64_t column = 0; column < spectrogram.columns; ++column) {
+    const double ms = MiddleOf(spectrogram, column) * context.msPerSample;
+    AppendAll(SpectrogramEntireFrameEntries(context, spectrogram, ms), rows);
+  }
+  AppendAll(SpectrogramFormantsAllEntries(context, spectrogram), rows);
   rows.Flush();
   return true;
 }

@@ -1,6 +1,8 @@
 // verb_spectrum.cpp - two tables: the spectra over frequency, then the formants.
+#include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "windows/fft_lpc_log.h"
 #include "windows/fft_lpc_view.h"
 
 namespace cantorix::batch {
@@ -37,6 +39,20 @@ bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink) {
   if (!view.AnalyseSpectrum(place, session.request().displayPoints)) return false;
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   WriteTables(view.spectrum(), rows);
+  rows.Flush();
+  return true;
+}
+
+bool LogSpectrum(Session& session, TextSink& sink) {
+  CSonadexDoc& document = session.document();
+  CFFTLPCView view(document);
+  const SpectrumPlace place = PlaceOf(session, document.channel());
+  if (!view.AnalyseSpectrum(place, session.request().displayPoints)) return false;
+  LogRows rows(sink, kSpectrumValues);
+  rows.Append(FftLpcFormantsEntry(document.title(), view.spectrum()));
+  AppendAll(
+      FftLpcEntireFrameEntries(document.title(), view.spectrum(), document.settings.logStepHz),
+      rows);
   rows.Flush();
   return true;
 }

@@ -13,17 +13,38 @@ bool WriteInfo(Session& session, bool namesFile, TextSink& sink);
 bool WritePitch(Session& session, bool namesFile, TextSink& sink);
 bool WriteIntensity(Session& session, bool namesFile, TextSink& sink);
 bool WriteFormants(Session& session, bool namesFile, TextSink& sink);
+bool WriteLabels(Session& session, bool namesFile, TextSink& sink);
 
 // The verbs whose columns depend on the file: with header lines of their own.
 bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink);
 bool WriteSpectrogram(Session& session, bool namesFile, TextSink& sink);
 
+// The same measurements as the rows that the desktop's log would hold, and how many values the
+// widest of them has. Spectra: the formants, then the entire frame. A spectrogram: the entire frame
+// of every column, then the formants if they were asked for.
+inline constexpr std::size_t kTrackValues = 3;
+inline constexpr std::size_t kLabelValues = 5;
+inline constexpr std::size_t kSpectrumValues = 10;
+inline constexpr std::size_t kFormantValues = 6;
+std::size_t SpectrogramValues(const Request& request);
+bool LogTracks(Session& session, TextSink& sink);
+bool LogLabels(Session& session, TextSink& sink);
+bool LogSpectrum(Session& session, TextSink& sink);
+bool LogSpectrogram(Session& session, TextSink& sink);
+bool LogFormants(Session& session, TextSink& sink);
+
 // Saves the recording, or the chosen range of it, as the native or the WAV file that the request's
 // output names.
 bool Convert(Session& session);
+// Does the steps of the request, adds the labels of its text file, and saves the result.
+bool Edit(Session& session);
+bool ImportLabels(Session& session);
 
 // The settings record: as a table of its fields, and as its 1152 bytes.
 void ShowConfig(const Settings& settings, bool json, TextSink& sink);
 void WriteConfig(const Settings& settings, TextSink& sink);
+
+// The commands of the desktop, as a table or as the page docs/commands.md.
+void ShowCommands(bool markdown, TextSink& sink);
 
 }  // namespace cantorix::batch

@@ -4,14 +4,23 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QTimer>
 
 #include "desktop/desktop_services.h"
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
+#include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
+#include "platform/abandon.h"
+#include "platform/prompts.h"
 
 namespace cantorix {
+namespace {
+
+constexpr int kTryAgainMs = 50;  // while another operation runs
+
+}  // namespace
 
 CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
                          const DesktopServices& services, FrameHost& host)
@@ -34,11 +43,24 @@ CChildFrame::~CChildFrame() { LetGo(); }
 
 void CChildFrame::Begin() {
   if (!view_) return;
-  host_.Run(*view_, [this] {
-    area_->picture().ViewBegun();
-    view_->Begin(area_->picture().ClientSize());
-  });
+  if (services_.progress.running()) {
+    QTimer::singleShot(kTryAgainMs, this, [this] { Begin(); });
+    return;
+  }
+  host_.Run(*view_, [this] { BeginView(); });
   area_->Refresh();
+}
+
+void CChildFrame::BeginView() {
+  area_->picture().ViewBegun();
+  try {
+    view_->Begin(area_->picture().ClientSize());
+  } catch (const Abandoned&) {
+    throw;
+  } catch (const std::exception&) {
+    view_->prompts().Beep();
+    view_->prompts().Message("Error in initilization of view.");
+  }
 }
 
 void CChildFrame::Fill(const QRect& space) {

@@ -28,7 +28,7 @@ class CChildFrame : public QMdiSubWindow,
   // Null once the window was closed.
   CSonadexView* view() { return view_.get(); }
   MainViewArea& area() { return *area_; }
-  // The view's first update, in the size that the window has now.
+  // The view's first update, in the size that the window has now; later while an operation runs.
   void Begin();
   // Covers `space` and goes on covering it whenever it changes, until the window is moved or sized
   // by the user.
@@ -49,6 +49,7 @@ class CChildFrame : public QMdiSubWindow,
   void StopPlayback() override {}  // nothing plays without sound
   void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
 
+  void BeginView();
   void ShowTitle();
   void RememberPlacement();
   void LetGo();

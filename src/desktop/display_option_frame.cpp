@@ -32,6 +32,16 @@ CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
   Follow(nullptr);
 }
 
+// The first time beside the upper right corner of the main frame, where it hides no menu.
+void CDisplayOptionFrame::showEvent(QShowEvent* event) {
+  if (!placed_ && parentWidget() != nullptr) {
+    const QRect owner = parentWidget()->geometry();
+    move(owner.right() - sizeHint().width() - 60, owner.top() + 120);
+    placed_ = true;
+  }
+  QWidget::showEvent(event);
+}
+
 void CDisplayOptionFrame::AddDrawing(QWidget* parent) {
   auto* const form = new QFormLayout(parent);
   AddSwitch(parent, QStringLiteral("&Audio"), &DisplaySettings::drawAudio,

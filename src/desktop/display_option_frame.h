@@ -32,6 +32,9 @@ class CDisplayOptionFrame : public QWidget {
   QSpinBox& pitchPercent() { return *pitchPercent_; }
   QButtonGroup& timeBase() { return *timeBase_; }
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void AddDrawing(QWidget* parent);
   void AddTime(QWidget* parent);
@@ -49,6 +52,7 @@ class CDisplayOptionFrame : public QWidget {
   QSpinBox* pitchPercent_;
   QButtonGroup* timeBase_;
   bool filling_ = false;
+  bool placed_ = false;
 };
 
 }  // namespace cantorix

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "desktop/qt_text.h"
+#include "desktop/table_rows.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -74,6 +75,7 @@ LabelListFrame::LabelListFrame(QWidget* owner, FrameHost& host, WindowPlacement&
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->horizontalHeader()->setStretchLastSection(true);
   table_->setAccessibleName(QStringLiteral("Labels"));
+  UseCompactRows(*table_);
   auto* const line = new QHBoxLayout;
   buttons_ = {AddButton(*line, QStringLiteral("&Zoom"), &LabelListFrame::Zoom),
               AddButton(*line, QStringLiteral("&Edit..."), &LabelListFrame::Edit),

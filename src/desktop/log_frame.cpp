@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -14,6 +13,7 @@
 
 #include "app/log_documents.h"
 #include "desktop/qt_text.h"
+#include "desktop/table_rows.h"
 
 namespace cantorix {
 
@@ -23,6 +23,7 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   table_->setAccessibleName(QStringLiteral("Measurement log"));
+  UseCompactRows(*table_);
   auto* const copy = new QPushButton(QStringLiteral("&Copy"), this);
   auto* const remove = new QPushButton(QStringLiteral("&Delete"), this);
   auto* const line = new QHBoxLayout;
@@ -46,7 +47,9 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
 void CFormLog::Refresh() {
   const int before = model_.rowCount();
   model_.Follow(application_.log ? &*application_.log : nullptr);
-  if (model_.rowCount() > before) table_->scrollToBottom();
+  if (model_.rowCount() == before) return;
+  if (before == 0) table_->resizeColumnsToContents();
+  table_->scrollToBottom();
 }
 
 void CFormLog::ShowAnew() {

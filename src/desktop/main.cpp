@@ -1,4 +1,5 @@
-// main.cpp - cantorix: cantorix [FILE...], or cantorix --picture ... for a picture without a display
+// main.cpp - cantorix: cantorix [FILE...], or cantorix --picture ... for a picture without a
+// display
 #include <QApplication>
 #include <QLocale>
 #include <clocale>

@@ -37,6 +37,7 @@ CMainFrame::CMainFrame(DesktopServices services)
   area_->viewport()->installEventFilter(this);
   connect(area_, &QMdiArea::subWindowActivated, this, [this] { Refresh(); });
   connect(&actions_.MenuOf(Menu::kWindow), &QMenu::aboutToShow, this, [this] { ListWindows(); });
+  connect(&actions_.toolBar(), &QToolBar::visibilityChanged, this, [this] { Refresh(); });
   actions_.ActionOf(Command::kToolBar).setCheckable(true);
   actions_.ActionOf(Command::kStatusBar).setCheckable(true);
   resize(1100, 760);
@@ -45,6 +46,7 @@ CMainFrame::CMainFrame(DesktopServices services)
 
 CMainFrame::~CMainFrame() {
   disconnect(area_, nullptr, this, nullptr);
+  disconnect(&actions_.toolBar(), nullptr, this, nullptr);
   displayOptions_->Follow(nullptr);
   labelList_->Follow(nullptr);
   // The views go before the documents that they look at.

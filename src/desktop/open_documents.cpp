@@ -1,7 +1,6 @@
 // open_documents.cpp
 #include "desktop/open_documents.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
@@ -12,41 +11,39 @@
 
 namespace cantorix {
 
-CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<CSonadexDoc>(application_.host)); }
+CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<Entry>(application_.host)); }
 
 CSonadexDoc* OpenDocuments::Open(const std::string& path) {
   if (CSonadexDoc* const open = Find(path)) return open;
-  auto document = std::make_unique<CSonadexDoc>(application_.host);
-  if (!document->OnOpenDocument(path)) {
-    Report(path, document->openFailure);
+  auto entry = std::make_unique<Entry>(application_.host);
+  if (!entry->document.OnOpenDocument(path)) {
+    Report(path, entry->document.openFailure);
     return nullptr;
   }
   application_.recentFiles.Add(path);
-  return &Keep(std::move(document));
+  return &Keep(std::move(entry));
 }
 
-CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<CSonadexDoc> document) {
-  auto waveform = std::make_unique<DocumentWaveform>(*document);
-  entries_.push_back({std::move(document), std::move(waveform)});
-  return *entries_.back().document;
-}
-
-DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
-  const auto entry = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& open) {
-    return open.document.get() == &document;
-  });
-  if (entry == entries_.end()) throw std::logic_error("a document that is not open");
-  return *entry->waveform;
+CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<Entry> entry) {
+  entries_.push_back(std::move(entry));
+  return entries_.back()->document;
 }
 
 void OpenDocuments::Close(CSonadexDoc& document) {
-  std::erase_if(entries_, [&](const Entry& open) { return open.document.get() == &document; });
+  std::erase_if(entries_, [&](const auto& open) { return &open->document == &document; });
 }
 
 std::vector<CSonadexDoc*> OpenDocuments::All() const {
   std::vector<CSonadexDoc*> all;
-  for (const Entry& entry : entries_) all.push_back(entry.document.get());
+  for (const auto& entry : entries_) all.push_back(&entry->document);
   return all;
+}
+
+DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
+  for (const auto& entry : entries_) {
+    if (&entry->document == &document) return entry->waveform;
+  }
+  throw std::logic_error("a document that is not open");
 }
 
 CSonadexDoc* OpenDocuments::Find(const std::string& path) const {

@@ -32,13 +32,15 @@ class OpenDocuments {
   void Report(const std::string& path, const OpenFailure& failure);
 
   struct Entry {
-    std::unique_ptr<CSonadexDoc> document;
-    std::unique_ptr<DocumentWaveform> waveform;  // goes before its document
+    explicit Entry(DocumentHost& host) : document(host), waveform(document) {}
+
+    CSonadexDoc document;
+    DocumentWaveform waveform;  // goes before its document
   };
-  CSonadexDoc& Keep(std::unique_ptr<CSonadexDoc> document);
+  CSonadexDoc& Keep(std::unique_ptr<Entry> entry);
 
   Application& application_;
-  std::vector<Entry> entries_;
+  std::vector<std::unique_ptr<Entry>> entries_;
 };
 
 }  // namespace cantorix

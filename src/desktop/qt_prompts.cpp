@@ -29,6 +29,16 @@ Answer AnswerOf(int button) {
   }
 }
 
+// A dialog names the filter with its patterns or, when those are hidden, without.
+int ChosenIndex(const FileRequest& request, const QString& selected) {
+  int index = 1;
+  for (const FileFilter& filter : ReadFilters(request.filter)) {
+    if (selected == filter.text || selected == QtFilter(filter)) return index;
+    ++index;
+  }
+  return request.filterIndex;
+}
+
 }  // namespace
 
 QWidget* QtPrompts::Parent() const {
@@ -84,9 +94,7 @@ std::optional<FileChoice> QtPrompts::Run(QFileDialog& dialog, const FileRequest&
 
   const QString path = dialog.selectedFiles().constFirst();
   lastFolder_ = QFileInfo(path).absolutePath();
-  const auto index = filters.indexOf(dialog.selectedNameFilter());
-  return FileChoice{ChosenPath(path),
-                    index < 0 ? request.filterIndex : static_cast<int>(index) + 1};
+  return FileChoice{ChosenPath(path), ChosenIndex(request, dialog.selectedNameFilter())};
 }
 
 std::optional<std::string> QtPrompts::ChooseFolder(const std::string& startFolder) {

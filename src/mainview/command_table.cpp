@@ -44,10 +44,9 @@ void PitchOf(CSonadexView& view) {
 
 void IntensityOfAll(CSonadexView& view) { AnalyseIntensity(view, Stretch::kAll); }
 
-// Enabled only while a log is open.
 template <LogCommand kCommand>
 void Enter(CSonadexView& view) {
-  EnterIntoLog(view, kCommand, *view.services().openLog());
+  EnterIntoOpenLog(view, kCommand);
 }
 
 constexpr std::array kTable{

@@ -90,6 +90,13 @@ void File::Close() {
   if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) ThrowErrno();
 }
 
+std::string ReadWholeFile(const std::string& path) {
+  const File file = File::OpenForReading(path);
+  std::string bytes(static_cast<std::size_t>(file.Size()), '\0');
+  file.ReadExactly(0, std::as_writable_bytes(std::span(bytes)));
+  return bytes;
+}
+
 void SwapFromLittle(std::span<std::int16_t> samples) {
   if constexpr (std::endian::native == std::endian::big) {
     for (auto& sample : samples) {

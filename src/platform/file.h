@@ -49,6 +49,9 @@ class File {
   std::string path_;
 };
 
+// All bytes of a file. Throws FileError.
+std::string ReadWholeFile(const std::string& path);
+
 // Reverses the bytes of each sample on a big-endian machine; does nothing elsewhere. Little-endian
 // files hold their samples as a little-endian memory does.
 void SwapFromLittle(std::span<std::int16_t> samples);

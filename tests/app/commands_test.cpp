@@ -32,6 +32,12 @@ TEST_F(CommandsTest, RecentFilesAreFoundFromAnyFolder) {
               ElementsAre((std::filesystem::current_path() / "speech.qrv").string()));
 }
 
+TEST_F(CommandsTest, RecentFilesBeginWithTheOneSavedLast) {
+  app.recentFiles.Add("/opened");
+  app.host.rememberFile("/saved");
+  EXPECT_THAT(app.recentFiles.paths(), ElementsAre("/saved", "/opened"));
+}
+
 TEST_F(CommandsTest, FileOpenOffersTheTypeChosenLast) {
   prompts.WillChooseFile("/speech.wav", 4);
   prompts.WillCancel();

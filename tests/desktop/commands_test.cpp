@@ -1,4 +1,5 @@
 // commands_test.cpp - menus, accelerators and enabling as the user meets them.
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QSpinBox>
 

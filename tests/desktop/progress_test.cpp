@@ -108,5 +108,17 @@ TEST_F(BusyFrame, NoSecondOperationBegins) {
   EXPECT_FALSE(frame.close());
 }
 
+TEST_F(BusyFrame, AWindowThatOpensMeanwhileBeginsAfterwards) {
+  CSonadexDoc& document = OpenSample().document();
+  frame.OpenNewWindow(document);
+  {
+    const ProgressScope scope(progress, "busy", 1.0);
+    QApplication::processEvents();
+    EXPECT_EQ(frame.activeView()->layout.client.width, 0);
+  }
+  QTest::qWait(120);
+  EXPECT_EQ(frame.activeView()->layout.client.width, Picture().width());
+}
+
 }  // namespace
 }  // namespace cantorix

@@ -68,7 +68,6 @@ TEST_F(PromptsTest, TheOpenDialogGivesPathAndFilter) {
   request.filterIndex = 4;
   request.fileMustExist = true;
   WhenOpen<QFileDialog>([&](QFileDialog& dialog) {
-    EXPECT_EQ(dialog.selectedNameFilter(), "Wave files (*.wav) (*.wav)");
     EXPECT_EQ(dialog.findChild<QComboBox*>("fileTypeCombo")->currentText(), "Wave files (*.wav)");
     dialog.setDirectory(ShownPath(folder.path()));
     dialog.selectNameFilter(dialog.nameFilters().constLast());

@@ -1,4 +1,5 @@
 // tool_windows_test.cpp - the floating windows: display options, label list, log, keyboard panes.
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QSpinBox>

@@ -71,7 +71,7 @@ TEST_F(SampleEditsTest, GainWrapsAroundIsKept) {
   }
 }
 
-TEST_F(SampleEditsTest, GainAsksForItsValuesKeepsThemAndWarns) {
+TEST_F(SampleEditsTest, GainWarnsAndNeitherAnswerSavesIsKept) {
   StoreConfiguration();
   const char* const kQuestion =
       "ask yes/no/cancel: This operation will change the current data permanently.\n"

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "mainview/clipboard.h"
+#include "mainview/editing.h"
 #include "mainview/sonadex_view.h"
 #include "support/test_host.h"
 #include "support/view_fakes.h"
@@ -118,6 +119,33 @@ struct ViewedRecording {
   CSonadexDoc document;
   CSonadexView view;
 };
+
+// Shows [start, end) as selected.
+inline void SelectSamples(ViewedRecording& talk, double start, double end) {
+  CChannel& channel = talk.channel();
+  const double factor = channel.msPerSample();
+  channel.selectionStart = {start, start * factor};
+  channel.selectionEnd = {end, end * factor};
+  channel.selectionLength = {end - start, end * factor - start * factor};
+  talk.view.selectionShown = talk.document.hasSelection = true;
+}
+
+// A marker there, and no selection.
+inline void PutCursor(ViewedRecording& talk, double samples) {
+  talk.channel().cursor = {samples, samples * talk.channel().msPerSample()};
+  talk.view.selectionShown = talk.document.hasSelection = false;
+  talk.view.markerSet = true;
+}
+
+// Puts a recording's whole onto the clipboard, with a label where `labelMs` is not negative; it is
+// closed then.
+inline void CopyWholeOf(ViewWorld& world, const Samples& samples, double rateHz = 1000.0,
+                        double labelMs = -1.0) {
+  ViewedRecording source(world, samples, rateHz);
+  if (labelMs >= 0.0) AddLabel(source.document, 0, labelMs, "pasted");
+  SelectSamples(source, 0.0, source.channel().totalLength);
+  CopySelection(source.view);
+}
 
 class ViewTest : public ::testing::Test {
  protected:

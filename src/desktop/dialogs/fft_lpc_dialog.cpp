@@ -4,6 +4,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QRadioButton>
 #include <algorithm>
 
@@ -49,13 +50,27 @@ void FftLpcDialog::AddDisplay() {
   QFormLayout* const form = AddGroup(QStringLiteral("Display"));
   rangeHz_ = AddWhole(form, QStringLiteral("Frequency range (Hz) = "), kFrequency);
   drawLpc_ = AddSwitch(form, QStringLiteral("Draw LPC"));
-  level_ = AddChoice(form, {}, {QStringLiteral("Absolute  (dB)  = "), QStringLiteral("Relative ")});
-  absoluteDb_ = AddWhole(form, QStringLiteral("Absolute level (dB)"), kLevel);
-  connect(level_->button(0), &QAbstractButton::toggled, absoluteDb_, &QWidget::setEnabled);
+  AddLevel(form);
   frequencyGrid_ =
       AddSwitchedWhole(form, QStringLiteral("Add Frequency grid with spacing (Hz) = "), kFrequency);
   powerGrid_ =
       AddSwitchedWhole(form, QStringLiteral("Add Power grid with spacing (dB)       = "), kLevel);
+}
+
+// The absolute level stands beside the button that makes it count.
+void FftLpcDialog::AddLevel(QFormLayout* form) {
+  const QString text = QStringLiteral("Absolute  (dB)  = ");
+  auto* const absolute = new QRadioButton(WithMnemonic(text), this);
+  auto* const relative = new QRadioButton(WithMnemonic(QStringLiteral("Relative ")), this);
+  absoluteDb_ = new WholeField(kLevel);
+  absoluteDb_->setAccessibleName(QStringLiteral("Absolute (dB)"));
+  Check(absoluteDb_);
+  form->addRow(absolute, absoluteDb_);
+  form->addRow(relative);
+  level_ = new QButtonGroup(this);
+  level_->addButton(absolute, 0);
+  level_->addButton(relative, 1);
+  connect(absolute, &QAbstractButton::toggled, absoluteDb_, &QWidget::setEnabled);
 }
 
 void FftLpcDialog::AddPrint() {

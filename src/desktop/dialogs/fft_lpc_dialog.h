@@ -17,6 +17,7 @@ class FftLpcDialog : public FormDialog {
   std::optional<std::string> Refusal() const override;
   void AddAnalysis(double rateHz);
   void AddDisplay();
+  void AddLevel(QFormLayout* form);
   void AddPrint();
   void Fill(const FftLpcSettings& settings);
 

@@ -170,9 +170,7 @@ PrintSizeGroup FormDialog::AddPrintSize(QFormLayout* form, PrintUnits units) {
 }
 
 void FormDialog::AddNote(QFormLayout* form, const QString& text) {
-  auto* const note = new QLabel(text, this);
-  note->setWordWrap(true);
-  form->addRow(note);
+  form->addRow(new QLabel(text, this));
 }
 
 void FormDialog::AddButtons(const QString& extra, std::function<void()> onExtra) {

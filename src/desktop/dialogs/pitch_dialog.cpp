@@ -14,6 +14,7 @@ namespace {
 constexpr WholeLimits kMilliseconds{1, 32767};
 constexpr WholeLimits kAnyNumber{-2147483647, 2147483647};  // judged by the dialog's rules
 constexpr WholeLimits kFrequency{1, 1000000};
+constexpr WholeLimits kTimeGrid{0, 10000000};
 constexpr WholeLimits kNotNegative{0, 1000000};
 
 }  // namespace
@@ -23,6 +24,7 @@ PitchDialog::PitchDialog(Prompts& prompts, const PitchSettings& preset, QWidget*
   AddMethod();
   BeginColumn();
   AddRanges();
+  AddWindow();
   AddButtons(QStringLiteral("Defaults "), [this] { Fill(PitchSettings{}); });
   Fill(preset);
 }
@@ -50,6 +52,17 @@ void PitchDialog::AddRanges() {
   QFormLayout* const grids = AddGroup(QStringLiteral("Grids"));
   frequencyGrid_ = AddSwitchedWhole(
       grids, QStringLiteral("Add Frequency grid with spacing (Hz) = "), kFrequency);
+  timeGrid_ =
+      AddSwitchedWhole(grids, QStringLiteral("Add Time grid with spacing (ms) = "), kTimeGrid);
+  AddNote(grids, QStringLiteral("0: the time grid follows the zoomed window."));
+}
+
+void PitchDialog::AddWindow() {
+  QFormLayout* const parts = AddGroup(QStringLiteral("Window"));
+  addAudio_ = AddSwitch(parts, QStringLiteral("Add audio"));
+  addIntensity_ = AddSwitch(parts, QStringLiteral("Add Intensity"));
+  addLabels_ = AddSwitch(parts, QStringLiteral("Add Labels"));
+  print_ = AddPrintSize(AddGroup(QStringLiteral("Print/BMP")), PrintUnits::kInches);
 }
 
 // Only the values of the chosen method count.
@@ -75,6 +88,12 @@ void PitchDialog::Fill(const PitchSettings& settings) {
   display_.high->SetValue(settings.displayHighHz);
   frequencyGrid_.on->setChecked(settings.addFrequencyGrid != 0);
   frequencyGrid_.value->SetValue(settings.frequencyGridHz);
+  timeGrid_.on->setChecked(settings.addTimeGrid != 0);
+  timeGrid_.value->SetValue(settings.timeGridMs);
+  addAudio_->setChecked(settings.addAudio != 0);
+  addIntensity_->setChecked(settings.addIntensity != 0);
+  addLabels_->setChecked(settings.addLabels != 0);
+  print_.Fill({settings.printWidth, settings.printHeight});
   ShowMethod();
 }
 
@@ -96,6 +115,13 @@ PitchSettings PitchDialog::Entered() const {
   entered.displayHighHz = display_.high->Value();
   entered.addFrequencyGrid = frequencyGrid_.on->isChecked() ? 1 : 0;
   if (frequencyGrid_.on->isChecked()) entered.frequencyGridHz = frequencyGrid_.value->Value();
+  entered.addTimeGrid = timeGrid_.on->isChecked() ? 1 : 0;
+  if (timeGrid_.on->isChecked()) entered.timeGridMs = timeGrid_.value->Value();
+  entered.addAudio = addAudio_->isChecked() ? 1 : 0;
+  entered.addIntensity = addIntensity_->isChecked() ? 1 : 0;
+  entered.addLabels = addLabels_->isChecked() ? 1 : 0;
+  entered.printWidth = print_.Entered().width;
+  entered.printHeight = print_.Entered().height;
   return entered;
 }
 

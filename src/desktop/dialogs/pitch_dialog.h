@@ -18,6 +18,7 @@ class PitchDialog : public FormDialog {
   std::optional<std::string> Refusal() const override;
   void AddMethod();
   void AddRanges();
+  void AddWindow();
   void ShowMethod();
   void Fill(const PitchSettings& settings);
 
@@ -32,6 +33,11 @@ class PitchDialog : public FormDialog {
   WholePair calculation_;
   WholePair display_;
   SwitchedWhole frequencyGrid_;
+  SwitchedWhole timeGrid_;
+  QCheckBox* addAudio_;
+  QCheckBox* addIntensity_;
+  QCheckBox* addLabels_;
+  PrintSizeGroup print_;
 };
 
 }  // namespace cantorix

@@ -1,0 +1,55 @@
+// batch_view.cpp
+#include "batch/batch_view.h"
+
+#include <filesystem>
+
+#include "mainview/view_commands.h"
+
+namespace cantorix::batch {
+namespace {
+
+constexpr PixelSize kClient{1000, 600};
+
+std::string TemporaryDirectory(Session& session) {
+  std::string path = session.document().host().programDirectory + "/tmp/";
+  std::filesystem::create_directories(path);
+  return path;
+}
+
+}  // namespace
+
+PixelSize FixedTextMeasurer::Measure(const FontDescription& font, std::string_view text) const {
+  const std::int32_t height = std::max(std::abs(font.height()), 1);
+  return {static_cast<std::int32_t>(text.size()) * ((height + 1) / 2), height};
+}
+
+BatchView::BatchView(Session& session)
+    : session_(session),
+      view_(session.document(), {clipboard_,
+                                 TemporaryDirectory(session),
+                                 measurer_,
+                                 listener_,
+                                 playback_,
+                                 dialogs_,
+                                 {}}) {
+  view_.LayOut(kClient);
+  view_.FollowStretch();
+}
+
+bool BatchView::SelectRange() {
+  const Request& request = session_.request();
+  if (!request.fromMs && !request.toMs) return false;
+  SelectSpan(view_, request.fromMs.value_or(0.0),
+             request.toMs.value_or(view_.channel().totalDurationMs));
+  return true;
+}
+
+bool BatchView::AnalysePitch(Stretch stretch) {
+  cantorix::AnalysePitch(view_, stretch);
+  if (view_.pitch.PitchValid) return true;
+  // Settings that do not fit were reported.
+  if (!view_.pitch.badParameters) session_.SayNoResult(std::string(kNoPitchTrack));
+  return false;
+}
+
+}  // namespace cantorix::batch

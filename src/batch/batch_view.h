@@ -1,0 +1,76 @@
+// batch_view.h - a working view that nobody looks at: the commands of the desktop on the recording
+// of a session, with no sound, no dialogs, and texts measured in a fixed pitch.
+#pragma once
+
+#include "batch/session.h"
+#include "mainview/analysis_commands.h"
+#include "mainview/clipboard.h"
+#include "mainview/sonadex_view.h"
+
+namespace cantorix::batch {
+
+// Why an analysis of pitch gave nothing.
+inline constexpr std::string_view kNoPitchTrack =
+    "no pitch track: the stretch is too short or the settings do not fit it";
+
+class FixedTextMeasurer : public TextMeasurer {
+ public:
+  PixelSize Measure(const FontDescription& font, std::string_view text) const override;
+};
+
+class NoListener : public ViewListener {
+ public:
+  void ViewChanged() override {}
+  void LabelsChanged() override {}
+  void CursorMoved(MousePhase, double) override {}
+};
+
+class NoPlayback : public PlaybackControl {
+ public:
+  void StopPlayback() override {}
+};
+
+// Cancels every dialog.
+class NoDialogs : public ViewDialogs {
+ public:
+  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
+  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
+  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
+                                                  const LabelImportOptions&) override {
+    return {};
+  }
+  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
+  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
+  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
+    return {};
+  }
+  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
+  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
+  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
+};
+
+class BatchView {
+ public:
+  // On an open session, which outlives it. Makes the folder of the undo file; throws
+  // std::filesystem::filesystem_error when it cannot.
+  explicit BatchView(Session& session);
+
+  CSonadexView& view() { return view_; }
+  Session& session() { return session_; }
+  // Selects the range of the options, if there is one.
+  bool SelectRange();
+  // Pitch and intensity of a stretch. False, after a line that says so, without a pitch track.
+  bool AnalysePitch(Stretch stretch);
+
+ private:
+  Session& session_;
+  Clipboard clipboard_;
+  FixedTextMeasurer measurer_;
+  NoListener listener_;
+  NoPlayback playback_;
+  NoDialogs dialogs_;
+  CSonadexView view_;
+};
+
+}  // namespace cantorix::batch

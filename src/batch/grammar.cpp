@@ -1,0 +1,141 @@
+// grammar.cpp - what the verbs have in common.
+#include "batch/grammar.h"
+
+#include "batch/option_texts.h"
+
+namespace cantorix::batch {
+namespace {
+
+constexpr const char* kFooter = R"(Examples:
+  cantorix-batch info talk.wav
+  cantorix-batch pitch talk.wav --method cepstral --low 75 --high 400
+  cantorix-batch intensity talk.wav --from 500 --to 1500 --exact
+  cantorix-batch pitch *.wav -o tracks -j 4
+  cantorix-batch spectrum talk.wav --at 812.5
+  cantorix-batch spectrogram talk.wav --columns 800 --rows 250 --points 256
+  cantorix-batch formants talk.wav --step 10
+  cantorix-batch labels talk.qrv --log
+  cantorix-batch convert talk.wav talk.qrv
+  cantorix-batch import-labels talk.wav words.txt --tier words --unit s -o talk.qrv
+  cantorix-batch edit talk.qrv -o short.qrv select:500:800 cut cursor:0 paste
+  cantorix-batch config show --set pitch.highHz=600
+
+Tables are tab-separated with a header line; times are in milliseconds.
+Exit status: 0 all done, 1 some file failed, 2 wrong usage.)";
+
+std::string WithKnownEnding(const std::string& path) {
+  const bool known = path.ends_with(".qrv") || path.ends_with(".wav");
+  return known ? "" : "the name must end in .qrv or .wav: " + path;
+}
+
+}  // namespace
+
+Grammar::Grammar() {
+  app_.description("Measures, converts and describes recordings of speech without a display.");
+  app_.footer(kFooter);
+  app_.set_version_flag("--version", std::string("cantorix-batch ") + CANTORIX_VERSION);
+  app_.require_subcommand(1);
+  DeclareDescriptions(*this);
+  DeclareTracks(*this);
+  DeclareSpectra(*this);
+  DeclareSaving(*this);
+  DeclareListings(*this);
+}
+
+Request Grammar::Take() {
+  // The options of a verb are named last, so they win over --set.
+  auto& assignments = request_.assignments;
+  assignments.insert(assignments.end(), verbAssignments_.begin(), verbAssignments_.end());
+  if (!input_.empty()) request_.files = {input_};
+  return request_;
+}
+
+CLI::App* Grammar::Declare(CLI::App& parent, const char* name, const char* description, Verb verb) {
+  CLI::App* app = parent.add_subcommand(name, description);
+  app->final_callback([this, verb] { request_.verb = verb; });
+  return app;
+}
+
+CLI::Option* Grammar::Sets(CLI::App* app, const char* option, const char* field,
+                           const char* description) {
+  const auto assign = [this, field](const std::string& text) {
+    verbAssignments_.push_back({field, text});
+  };
+  return app->add_option_function<std::string>(option, assign, description)->type_name("NUMBER");
+}
+
+void Grammar::SetsPoints(CLI::App* app, const char* field, const char* description) {
+  Sets(app, "--points", field, description)
+      ->check(CLI::IsMember({"32", "64", "128", "256", "512", "1024", "2048", "4096", "8192"}));
+}
+
+void Grammar::SetsFlag(CLI::App* app, const char* flag, const char* field,
+                       const char* description) {
+  const auto assign = [this, field](std::int64_t) { verbAssignments_.push_back({field, "1"}); };
+  app->add_flag_function(flag, assign, description);
+}
+
+void Grammar::AddSettings(CLI::App* app) {
+  app->add_option("--config", request_.configFile, "Settings record to use")->type_name("FILE");
+  const auto assign = [this](const std::vector<std::string>& texts) {
+    for (const auto& text : texts) request_.assignments.push_back(ParseAssignment(text));
+  };
+  app->add_option_function<std::vector<std::string>>(
+         "--set", assign, "Change a field of the settings (see 'config show')")
+      ->type_name("GROUP.FIELD=VALUE")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  app->add_option("--program-dir", request_.programDirectory,
+                  "Folder of the configuration and the temporary files "
+                  "(default: a private temporary one)")
+      ->type_name("DIR")
+      ->check(CLI::ExistingDirectory);
+}
+
+void Grammar::AddOpening(CLI::App* app) {
+  AddSettings(app);
+  app->add_option("--channel", request_.channel, "Channel to read of a file with several")
+      ->type_name("N")
+      ->check(CLI::Range(1, 65535));
+  const auto generic = [this](const std::string& text) { request_.generic = ParseGeneric(text); };
+  app->add_option_function<std::string>("--generic", generic, "How to read a file of no known kind")
+      ->type_name("HEADER,RATE,8|16,low|high,binary|ascii");
+  app->add_option("--memory-minutes", request_.memoryMinutes,
+                  "Recordings of this length and more stay on the disk")
+      ->type_name("N")
+      ->check(CLI::NonNegativeNumber);
+}
+
+void Grammar::AddFiles(CLI::App* app) {
+  app->add_option("FILE", request_.files, "Recordings")->required();
+  app->add_option("-o,--output", request_.output,
+                  "File to write, or folder when there are several files")
+      ->type_name("OUT");
+  app->add_option("-j,--jobs", request_.jobs, "Files at a time")
+      ->type_name("N")
+      ->check(CLI::Range(1, 256));
+  AddOpening(app);
+}
+
+void Grammar::AddInput(CLI::App* app, const char* name) {
+  app->add_option(name, input_, "Recording")->required();
+  AddOpening(app);
+}
+
+CLI::Option* Grammar::AddSavedFile(CLI::App* app, const char* option, const char* description) {
+  return app->add_option(option, request_.output, description)->required()->check(WithKnownEnding);
+}
+
+void Grammar::AddRange(CLI::App* app) {
+  app->add_option("--from", request_.fromMs, "Start of the stretch")->type_name("MS");
+  app->add_option("--to", request_.toMs, "End of the stretch")->type_name("MS");
+}
+
+void Grammar::AddStyle(CLI::App* app) {
+  auto* exact =
+      app->add_flag("--exact", request_.exact, "17 significant digits instead of one decimal");
+  app->add_flag("--log", request_.log, "The rows that the measurement log would hold, as its text")
+      ->excludes(exact);
+}
+
+}  // namespace cantorix::batch

@@ -1,0 +1,61 @@
+// grammar.h - the verbs and their options as declarations on a CLI11 application, and the request
+// that they fill. The functions at the end declare a group of verbs each; the class holds what they
+// have in common.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "batch/request.h"
+
+namespace cantorix::batch {
+
+class Grammar {
+ public:
+  Grammar();
+  Grammar(const Grammar&) = delete;
+  Grammar& operator=(const Grammar&) = delete;
+
+  CLI::App& app() { return app_; }
+  // What the options fill while they are parsed.
+  Request& request() { return request_; }
+  // The request when all is parsed.
+  Request Take();
+
+  CLI::App* Declare(CLI::App& parent, const char* name, const char* description, Verb verb);
+
+  // The option sets one field of the settings.
+  CLI::Option* Sets(CLI::App* app, const char* option, const char* field, const char* description);
+  // The option is an FFT size.
+  void SetsPoints(CLI::App* app, const char* field, const char* description);
+  // The flag sets a field to 1.
+  void SetsFlag(CLI::App* app, const char* flag, const char* field, const char* description);
+
+  // --config, --set, --program-dir
+  void AddSettings(CLI::App* app);
+  // Those, and how files are opened.
+  void AddOpening(CLI::App* app);
+  // Any number of recordings, and where their results go.
+  void AddFiles(CLI::App* app);
+  // One recording, and the native or WAV file to write.
+  void AddInput(CLI::App* app, const char* name);
+  CLI::Option* AddSavedFile(CLI::App* app, const char* option, const char* description);
+  void AddRange(CLI::App* app);
+  // --exact or --log: how the numbers of a table are written.
+  void AddStyle(CLI::App* app);
+
+ private:
+  CLI::App app_;
+  Request request_;
+  std::string input_;                        // of the verbs that take one recording
+  std::vector<Assignment> verbAssignments_;  // of the options that set a field
+};
+
+void DeclareDescriptions(Grammar& grammar);  // info, labels
+void DeclareTracks(Grammar& grammar);        // pitch, intensity
+void DeclareSpectra(Grammar& grammar);       // spectrum, spectrogram, formants
+void DeclareSaving(Grammar& grammar);        // convert, import-labels, edit
+void DeclareListings(Grammar& grammar);      // config, commands
+
+}  // namespace cantorix::batch

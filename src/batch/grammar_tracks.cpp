@@ -1,0 +1,72 @@
+// grammar_tracks.cpp - the verbs that describe a recording, and those that follow it over time.
+#include <map>
+
+#include "batch/grammar.h"
+
+namespace cantorix::batch {
+namespace {
+
+void DeclarePitch(Grammar& grammar) {
+  auto* app = grammar.Declare(grammar.app(), "pitch",
+                              "The pitch track: time and Hz, 0 where unvoiced", Verb::kPitch);
+  grammar.AddFiles(app);
+  grammar.AddRange(app);
+  grammar.AddStyle(app);
+  const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
+  grammar.Sets(app, "--method", "pitch.method", "cepstral or autocorrelation (default)")
+      ->type_name("NAME")
+      ->transform(CLI::CheckedTransformer(methods).description(""));
+  grammar.Sets(app, "--window", "pitch.windowMs", "Cepstral: window length, ms")
+      ->check(CLI::PositiveNumber);
+  grammar.Sets(app, "--step", "pitch.stepMs", "Cepstral: step size, ms")
+      ->check(CLI::PositiveNumber);
+  grammar.Sets(app, "--low", "pitch.lowHz", "Low end of the search, Hz")
+      ->check(CLI::PositiveNumber);
+  grammar.Sets(app, "--high", "pitch.highHz", "High end of the search, Hz")
+      ->check(CLI::PositiveNumber);
+  grammar.Sets(app, "--threshold", "pitch.thresholdPercent",
+               "Cepstral: frames below this part of the largest energy are unvoiced, %");
+  grammar.Sets(app, "--deviation", "pitch.deviationHz",
+               "Cepstral: largest step between frames, Hz");
+  grammar.Sets(app, "--level", "pitch.voicingLevel", "Autocorrelation: level of a voiced frame");
+  grammar.Sets(app, "--tolerance", "pitch.tolerancePercent",
+               "Autocorrelation: largest step between frames, %");
+}
+
+void DeclareIntensity(Grammar& grammar) {
+  auto* app = grammar.Declare(grammar.app(), "intensity", "The level contour: time and dB",
+                              Verb::kIntensity);
+  grammar.AddFiles(app);
+  grammar.AddRange(app);
+  grammar.AddStyle(app);
+  grammar.Sets(app, "--window", "intensity.windowMs", "Window length, ms")
+      ->check(CLI::PositiveNumber);
+  grammar.Sets(app, "--step", "intensity.stepMs", "Step size, ms")->check(CLI::PositiveNumber);
+  grammar.SetsFlag(app, "--relative", "intensity.relative", "dB above the quietest frame");
+  app->add_flag("--samples", grammar.request().perSample, "One row per sample instead of per frame")
+      ->excludes("--log");
+}
+
+}  // namespace
+
+void DeclareDescriptions(Grammar& grammar) {
+  auto* info = grammar.Declare(grammar.app(), "info",
+                               "Format, rate, length, storage, tiers and labels", Verb::kInfo);
+  grammar.AddFiles(info);
+  info->add_flag("--json", grammar.request().json, "Every carried field, one JSON object a line");
+
+  auto* labels = grammar.Declare(grammar.app(), "labels",
+                                 "The labels of the tiers in use: tier, text, time and the pitch "
+                                 "and intensity there",
+                                 Verb::kLabels);
+  grammar.AddFiles(labels);
+  grammar.AddRange(labels);
+  grammar.AddStyle(labels);
+}
+
+void DeclareTracks(Grammar& grammar) {
+  DeclarePitch(grammar);
+  DeclareIntensity(grammar);
+}
+
+}  // namespace cantorix::batch

@@ -1,0 +1,42 @@
+// log_rows.cpp
+#include "batch/log_rows.h"
+
+#include "app/log_file.h"
+
+namespace cantorix::batch {
+namespace {
+
+constexpr std::size_t kPieceBytes = 1U << 16U;
+constexpr std::size_t kSourceAndHeading = 2;
+
+}  // namespace
+
+std::string LogCaptions(std::size_t values) {
+  LogTable log;
+  log.Append({"", "", std::vector<std::string>(values)});
+  std::string line;
+  AppendLogLine(line, log.captions(), log.captions().size());
+  return line;
+}
+
+bool LogRows::Append(const LogEntry& entry) {
+  AppendLogLine(pending_, LogTable::RowOf(entry), kSourceAndHeading + values_);
+  if (pending_.size() >= kPieceBytes) Flush();
+  return false;
+}
+
+void LogRows::Flush() {
+  sink_.Write(pending_);
+  pending_.clear();
+}
+
+void AppendAll(std::span<const LogEntry> entries, LogRows& rows) {
+  for (const LogEntry& entry : entries) rows.Append(entry);
+}
+
+SpectrogramLogContext LogContextOf(const CSonadexDoc& document) {
+  const bool seconds = document.settings.display.timeBase != 0;
+  return {document.title(), document.channel().msPerSample(), seconds ? 0.001 : 1.0};
+}
+
+}  // namespace cantorix::batch

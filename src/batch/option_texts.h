@@ -1,0 +1,23 @@
+// option_texts.h - the texts of options that hold several values. Each function throws
+// CLI::ValidationError, which names the option, for a text that does not hold them.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "batch/request.h"
+
+namespace cantorix::batch {
+
+// The parts between the separators; at most `most` of them, the last one whole.
+std::vector<std::string> Split(std::string_view text, char separator, std::size_t most);
+
+// "GROUP.FIELD=VALUE"
+Assignment ParseAssignment(const std::string& text);
+// "HEADER,RATE,8|16,low|high,binary|ascii"
+GenericParameters ParseGeneric(const std::string& text);
+// "cut", "select:MS:MS", "gain:PERCENT:REFERENCE", "label:TIER:MS:TEXT" and so on
+EditStep ParseEditStep(const std::string& text);
+
+}  // namespace cantorix::batch

@@ -1,0 +1,126 @@
+// run_step.cpp
+#include "batch/run_step.h"
+
+#include "mainview/commands.h"
+#include "mainview/editing.h"
+#include "mainview/label_commands.h"
+#include "mainview/view_commands.h"
+#include "platform/numbers.h"
+
+namespace cantorix::batch {
+namespace {
+
+// A time taken from a table with one decimal may lie so far behind the end.
+constexpr double kRoundingMs = 0.1;
+
+void SayStep(Session& session, const EditStep& step, const std::string& reason) {
+  session.SayNoResult("step \"" + step.text + "\": " + reason);
+}
+
+bool InRecording(BatchView& batch, const EditStep& step, double ms) {
+  const double endMs = batch.view().channel().totalDurationMs;
+  if (ms >= 0.0 && ms <= endMs + kRoundingMs) return true;
+  SayStep(batch.session(), step, "the recording ends at " + FormatOneDecimal(endMs) + " ms");
+  return false;
+}
+
+// A step that ran and said nothing on the way is done; what says something has not done it.
+bool Done(BatchView& batch, const EditStep& step, const std::function<void()>& action) {
+  const BatchPrompts& prompts = batch.session().prompts();
+  const int linesBefore = prompts.linesSaid();
+  const bool ran = Guarded(batch.view(), action);
+  if (prompts.linesSaid() != linesBefore) return false;
+  if (!ran) SayStep(batch.session(), step, "could not be done");
+  return ran;
+}
+
+bool RunByCommand(BatchView& batch, const EditStep& step, Command command) {
+  CSonadexView& view = batch.view();
+  const CommandRow& row = RowOf(command);
+  const Facts missing = row.needs & ~FactsOf(&view);
+  if (missing != 0U) {
+    SayStep(batch.session(), step, "needs " + FactNames(missing));
+    return false;
+  }
+  return Done(batch, step, [&] { row.handler(view); });
+}
+
+bool AddLabel(BatchView& batch, const EditStep& step) {
+  CSonadexView& view = batch.view();
+  if (!InRecording(batch, step, step.first)) return false;
+  const int tier = TierFor(view, step.tier);
+  if (tier < 0) {
+    SayStep(batch.session(), step, "all tiers are in use");
+    return false;
+  }
+  Label label;
+  label.text = step.label;
+  label.timeMs = view.channel().PointAtTime(step.first).ms;
+  return Done(batch, step, [&] { AddLabelToTier(view, tier, label); });
+}
+
+bool Select(BatchView& batch, const EditStep& step) {
+  return InRecording(batch, step, step.first) && InRecording(batch, step, step.second) &&
+         Done(batch, step, [&] { SelectSpan(batch.view(), step.first, step.second); });
+}
+
+bool PlaceCursor(BatchView& batch, const EditStep& step) {
+  return InRecording(batch, step, step.first) &&
+         Done(batch, step, [&] { PlaceMarker(batch.view(), step.first); });
+}
+
+// The first tier that fits; -1 without any.
+template <typename Fits>
+int FirstTier(const Tiers& tiers, Fits fits) {
+  for (int i = 0; i < kTierCount; ++i) {
+    if (fits(tiers[static_cast<std::size_t>(i)])) return i;
+  }
+  return -1;
+}
+
+}  // namespace
+
+bool RunStep(BatchView& batch, const EditStep& step) {
+  switch (step.kind) {
+    case EditStep::kSelect:
+      return Select(batch, step);
+    case EditStep::kCursor:
+      return PlaceCursor(batch, step);
+    case EditStep::kCut:
+      return RunByCommand(batch, step, Command::kCut);
+    case EditStep::kCopy:
+      return RunByCommand(batch, step, Command::kCopy);
+    case EditStep::kPaste:
+      return RunByCommand(batch, step, Command::kPaste);
+    case EditStep::kClear:
+      return RunByCommand(batch, step, Command::kClearToReference);
+    case EditStep::kSmooth:
+      return RunByCommand(batch, step, Command::kSmooth);
+    case EditStep::kUndo:
+      return RunByCommand(batch, step, Command::kUndo);
+    case EditStep::kGain:
+      return Done(batch, step, [&] {
+        ApplyReferenceAndGain(batch.view(), {step.first, step.second});
+      });
+    case EditStep::kLabel:
+      return AddLabel(batch, step);
+  }
+  return false;
+}
+
+int TierFor(CSonadexView& view, const std::string& name) {
+  Tiers& tiers = view.channel().tiers;
+  for (int i = kTierCount - 1; i >= 0; --i) {
+    const Tier& tier = tiers[static_cast<std::size_t>(i)];
+    if (tier.inUse && tier.name == name) return i;
+  }
+  int slot = FirstTier(tiers, [&](const Tier& tier) { return tier.name == name; });
+  if (slot < 0) slot = FirstTier(tiers, [](const Tier& tier) { return !tier.inUse; });
+  if (slot < 0) return slot;
+  Tier& tier = tiers[static_cast<std::size_t>(slot)];
+  tier.name = name;
+  tier.inUse = true;
+  return slot;
+}
+
+}  // namespace cantorix::batch
