@@ -11,7 +11,7 @@
 
 namespace cantorix {
 
-inline constexpr std::int32_t kPlotLeft = 48;  // pixels, with the texts of the vertical axis
+inline constexpr std::int32_t kPlotLeft = 56;  // pixels, with texts and title of the vertical axis
 inline constexpr std::int32_t kPlotRight = 8;
 inline constexpr std::int32_t kReadoutLineHeight = 18;
 

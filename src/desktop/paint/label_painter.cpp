@@ -14,7 +14,9 @@ namespace {
 constexpr double kLineGap = 2.0;         // pixels
 constexpr double kLongestText = 4000.0;  // pixels; a label further outside cannot reach in
 
-QColor ColorOf(const Label& label) {
+// Black, the colour of a fresh label, is the palette's own ink.
+QColor ColorOf(const Label& label, const PaintStyle& style) {
+  if (label.colour == 0 || !style.hasColor) return style.text;
   return {static_cast<int>(label.colour & 0xffU), static_cast<int>(label.colour >> 8U & 0xffU),
           static_cast<int>(label.colour >> 16U & 0xffU)};
 }
@@ -56,7 +58,7 @@ void DrawTextOf(QPainter& painter, const Label& label, const TierPlace& place, c
                        : label.alignment == kAlignRight                   ? -kLineGap
                                                                           : kLineGap;
   painter.setFont(font);
-  painter.setPen(style.hasColor ? Legible(ColorOf(label), style.tier) : style.text);
+  painter.setPen(Legible(ColorOf(label, style), style.tier));
   painter.drawText(ToRectF(box).translated(shift, 0.0),
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
 }

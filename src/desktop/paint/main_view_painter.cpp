@@ -59,13 +59,18 @@ Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   scene.time = TimeAxisOf(view.channel());
   scene.hasLevels = settings.display.drawIntensity != 0 && view.channel().intensity.IntensityValid;
   scene.levelsOverAudio = scene.hasLevels && scene.intensity.isEmpty() && !scene.audio.isEmpty();
+  return scene;
+}
+
+// What background and data need beyond the places.
+Scene SceneWithAxes(const MainViewPicture& picture, const PaintStyle& style) {
+  Scene scene = SceneOf(picture, style);
+  const CSonadexDoc& document = picture.view.document();
   const QRectF& levelPane = scene.levelsOverAudio ? scene.audio : scene.intensity;
-  scene.amplitude = AmplitudeSpan(view.channel(), picture.waveform, scene.audio);
-  scene.levels = IntensitySpan(view.channel().intensity, levelPane);
-  scene.hertz = DisplayedPitch(settings.pitch, scene.pitch);
-  if (view.document().loaded) {
-    scene.timeTicks = TicksOfTime(scene.time, settings.display.timeBase, style);
-  }
+  scene.amplitude = AmplitudeSpan(document.channel(), picture.waveform, scene.audio);
+  scene.levels = IntensitySpan(document.channel().intensity, levelPane);
+  scene.hertz = DisplayedPitch(document.settings.pitch, scene.pitch);
+  if (document.loaded) scene.timeTicks = TicksOfTime(scene.time, scene.display.timeBase, style);
   return scene;
 }
 
@@ -86,6 +91,17 @@ void DrawTierStrips(QPainter& painter, const Scene& scene) {
   for (const Tier& tier : scene.view.channel().tiers) {
     if (tier.rect.bottom > tier.rect.top) DrawTierStrip(painter, tier, tier.rect, scene.style);
   }
+}
+
+// Behind the data, which nothing may hide.
+void DrawCaptions(QPainter& painter, const Scene& scene) {
+  const QFont font = Resized(scene.style.font, scene.style.font.pixelSize() - 1);
+  const auto caption = [&](const QRectF& pane, const QString& text, const QColor& color) {
+    if (!pane.isEmpty()) DrawCaption(painter, pane, text, font, color);
+  };
+  caption(scene.audio, QStringLiteral("Audio"), scene.style.muted);
+  caption(scene.intensity, QStringLiteral("Intensity (dB)"), scene.style.intensity);
+  caption(scene.pitch, QStringLiteral("Pitch (Hz)"), scene.style.pitch);
 }
 
 void DrawZeroLine(QPainter& painter, const Scene& scene) {
@@ -111,16 +127,6 @@ void DrawAllLabels(QPainter& painter, const Scene& scene) {
     if (tier.rect.bottom <= tier.rect.top) continue;
     DrawTierLabels(painter, tier, PlaceOf(scene, tier), -1, scene.style);
   }
-}
-
-void DrawCaptions(QPainter& painter, const Scene& scene) {
-  const QFont font = Resized(scene.style.font, scene.style.font.pixelSize() - 1);
-  const auto caption = [&](const QRectF& pane, const QString& text, const QColor& color) {
-    if (!pane.isEmpty()) DrawCaption(painter, pane, text, font, color, scene.style.pane);
-  };
-  caption(scene.audio, QStringLiteral("Audio"), scene.style.muted);
-  caption(scene.intensity, QStringLiteral("Intensity (dB)"), scene.style.intensity);
-  caption(scene.pitch, QStringLiteral("Pitch (Hz)"), scene.style.pitch);
 }
 
 void DrawSelection(QPainter& painter, const Scene& scene) {
@@ -171,6 +177,7 @@ void PaintBackground(QPainter& painter, const Scene& scene) {
   DrawValuePane(painter, scene, scene.intensity, scene.levels, scene.hasLevels);
   DrawValuePane(painter, scene, scene.pitch, scene.hertz, true);
   DrawZeroLine(painter, scene);
+  DrawCaptions(painter, scene);
   painter.restore();
   DrawBottomAxis(painter,
                  QRectF(QPointF(0.0, scene.timeStrip.top()),
@@ -201,7 +208,6 @@ void PaintData(QPainter& painter, const Scene& scene, const WaveformPyramid& wav
     DrawPitch(painter, {scene.pitch, scene.time}, scene.hertz, view.pitch, channel.msPerSample(),
               style);
   }
-  DrawCaptions(painter, scene);
   DrawAllLabels(painter, scene);
   painter.restore();
 }
@@ -225,7 +231,7 @@ void PaintOverlay(QPainter& painter, const Scene& scene) {
 }  // namespace
 
 void PaintMainView(QPainter& painter, const MainViewPicture& picture, const PaintStyle& style) {
-  const Scene scene = SceneOf(picture, style);
+  const Scene scene = SceneWithAxes(picture, style);
   PaintBackground(painter, scene);
   PaintData(painter, scene, picture.waveform);
   PaintOverlay(painter, scene);
@@ -233,11 +239,11 @@ void PaintMainView(QPainter& painter, const MainViewPicture& picture, const Pain
 
 void PaintMainViewBackground(QPainter& painter, const MainViewPicture& picture,
                              const PaintStyle& style) {
-  PaintBackground(painter, SceneOf(picture, style));
+  PaintBackground(painter, SceneWithAxes(picture, style));
 }
 
 void PaintMainViewData(QPainter& painter, const MainViewPicture& picture, const PaintStyle& style) {
-  PaintData(painter, SceneOf(picture, style), picture.waveform);
+  PaintData(painter, SceneWithAxes(picture, style), picture.waveform);
 }
 
 void PaintMainViewOverlay(QPainter& painter, const MainViewPicture& picture,

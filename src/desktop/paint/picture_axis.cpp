@@ -92,7 +92,7 @@ void DrawInnerAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
   const double height = TextSize(font, QStringLiteral("0")).height();
   const double width = WidestText(ticks, font);
   QColor plate = style.pane;
-  plate.setAlpha(200);
+  plate.setAlpha(170);
   PlaceTexts(pane, span, ticks, height, [&](double top, const AxisTick& tick) {
     const double y = YOf(pane, span, tick.value);
     const QRectF box(pane.right() - width - kTick - kTextGap - 1.0, top, width + 2.0, height);

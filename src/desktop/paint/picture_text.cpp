@@ -33,14 +33,11 @@ void DrawFitted(QPainter& painter, const QRectF& box, int flags, const QString& 
 }
 
 void DrawCaption(QPainter& painter, const QRectF& pane, const QString& text, const QFont& font,
-                 const QColor& color, const QColor& plate) {
+                 const QColor& color) {
   constexpr double kGap = 4.0;
   const QSizeF size = TextSize(font, text);
   if (size.width() + 4.0 * kGap > pane.width() || size.height() + kGap > pane.height()) return;
   const QRectF box(pane.left() + kGap, pane.top() + 2.0, size.width() + kGap, size.height());
-  QColor behind = plate;
-  behind.setAlpha(200);
-  painter.fillRect(box, behind);
   painter.setPen(color);
   painter.setFont(font);
   painter.drawText(box, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, text);

@@ -23,8 +23,8 @@ QFont Resized(QFont font, int pixels);
 void DrawFitted(QPainter& painter, const QRectF& box, int flags, const QString& text,
                 const QFont& font);
 
-// Draws a text on a plate of its own in a corner of the picture, where data may lie behind it.
+// Draws a text in the pane's corner, before the data.
 void DrawCaption(QPainter& painter, const QRectF& pane, const QString& text, const QFont& font,
-                 const QColor& color, const QColor& plate);
+                 const QColor& color);
 
 }  // namespace cantorix

@@ -69,10 +69,10 @@ void PaintPitchData(QPainter& painter, const PitchPicture& picture, const PaintS
   DrawVerticalGrid(painter, pane, time, timeTicks, style.grid);
   DrawPitch(painter, {pane, time}, hertz, picture.pitch, picture.document.channel().msPerSample(),
             style);
-  DrawPlotCaption(painter, layout, QStringLiteral("Pitch (Hz)"), style);
+  DrawAxisTitle(painter, layout.plot, QStringLiteral("Pitch (Hz)"), style);
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
-                kPlotLeft, style);
+                kPlotLeft - kTitleWidth, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks, TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, picture.document, picture.waveform, style);
 }

@@ -14,7 +14,6 @@ namespace cantorix {
 namespace {
 
 constexpr double kNoFloor = -std::numeric_limits<double>::infinity();
-constexpr double kRangeOverSilenceDb = 80.0;
 constexpr qsizetype kRunPoints = 64;
 constexpr double kDotPixels = 3.0;  // entries at least this far apart have dots
 
@@ -99,6 +98,14 @@ void DrawTrack(QPainter& painter, const StripPlace& place, const AxisSpan& span,
   painter.restore();
 }
 
+double LeastLevel(std::span<const double> levels, double high) {
+  double least = high;
+  for (const double level : levels) {
+    if (InUse(level, kNoFloor)) least = std::min(least, level);
+  }
+  return least;
+}
+
 }  // namespace
 
 double ColumnsPerPixel(const QPainter& painter) {
@@ -107,11 +114,11 @@ double ColumnsPerPixel(const QPainter& painter) {
 }
 
 AxisSpan IntensitySpan(const IntensityResult& intensity, const QRectF& pane) {
+  double low = intensity.IntensityMin;
   const double high = intensity.IntensityMax;
   if (!intensity.IntensityValid || !std::isfinite(high)) return ValueSpan(pane, 0.0, 1.0);
-  // Silent frames have a level of minus infinity.
-  const double least = intensity.IntensityMin;
-  const double low = std::isfinite(least) && least <= high ? least : high - kRangeOverSilenceDb;
+  // A silent frame has a level of minus infinity: the least of the others counts.
+  if (!std::isfinite(low)) low = LeastLevel(intensity.IntensityTrack.levels(), high);
   const double margin = std::max((high - low) * 0.05, 1.0);
   return ValueSpan(pane, low - margin, high + margin);
 }

@@ -26,8 +26,7 @@ double ColumnsPerPixel(const QPainter& painter);
 // Sample values less the reference level, as far up as down: enough for the whole recording.
 AxisSpan AmplitudeSpan(const CChannel& channel, const WaveformPyramid& waveform,
                        const QRectF& pane);
-// The levels of the track with a margin; the topmost 80 dB where some frames are silent, 0 ... 1
-// without a level.
+// The finite levels of the track with a margin; 0 ... 1 without any.
 AxisSpan IntensitySpan(const IntensityResult& intensity, const QRectF& pane);
 // The display range of the settings, in Hz, whichever of its ends is entered as the higher one.
 AxisSpan DisplayedPitch(const PitchSettings& settings, const QRectF& pane);

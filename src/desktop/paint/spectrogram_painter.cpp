@@ -148,10 +148,10 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
   }
-  DrawPlotCaption(painter, layout, QStringLiteral("Frequency (Hz)"), style);
+  DrawAxisTitle(painter, layout.plot, QStringLiteral("Frequency (Hz)"), style);
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
-                kPlotLeft, style);
+                kPlotLeft - kTitleWidth, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, TicksOfTime(time, timeBase, style),
                  TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, document, picture.waveform, style);

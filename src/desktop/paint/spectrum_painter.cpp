@@ -50,13 +50,13 @@ void DrawFormant(QPainter& painter, const QRectF& pane, const AxisScale& axis,
   painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
 }
 
-// Names stand below the caption in the corner, a line lower where they would touch the one before.
+// Names stand at the top, a line lower where they would touch the one before.
 void DrawFormants(QPainter& painter, const QRectF& pane, const AxisScale& axis,
                   const FormantValues& formants, const PaintStyle& style) {
   const QFont font = Resized(style.font, style.font.pixelSize() - 1);
   painter.setFont(font);
   double free = pane.left();
-  int line = 1;
+  int line = 0;
   for (std::size_t i = 0; i < kFormants; ++i) {
     const Formant formant{formants.frequencyHz[i], formants.bandwidthHz[i]};
     if (!(formant.frequencyHz > 0.0) || formant.frequencyHz > axis.high) continue;
@@ -64,7 +64,7 @@ void DrawFormants(QPainter& painter, const QRectF& pane, const AxisScale& axis,
     const QSizeF size = TextSize(font, text);
     const double left =
         std::min(axis.X(formant.frequencyHz) + 3.0, pane.right() - size.width() - 1.0);
-    line = left < free ? line + 1 : 1;
+    line = left < free ? line + 1 : 0;
     const QRectF name(left, pane.top() + 5.0 + line * size.height(), size.width() + 1.0,
                       size.height());
     painter.setPen(style.hasColor ? Legible(style.formants[i], style.pane) : style.text);
@@ -161,12 +161,12 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   DrawPane(painter, pane, style.pane);
   DrawGrids(painter, pane, axis, levels, picture.view.document().settings.fftLpc, style);
   if (picture.view.computed()) DrawCurves(painter, pane, axis, levels, picture, style);
-  DrawPlotCaption(painter, layout, QStringLiteral("Level (dB)"), style);
+  DrawAxisTitle(painter, layout.plot, QStringLiteral("Level (dB)"), style);
   DrawFrame(painter, pane, style);
   const FftLpcSettings& settings = picture.view.settings();
   const double grid = settings.addPowerGrid != 0 ? settings.powerGridDb : 0.0;
   DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style, grid),
-                kPlotLeft, style);
+                kPlotLeft - kTitleWidth, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), axis, TicksOfTime(axis, 0, style),
                  QStringLiteral("Hz"), style);
 }

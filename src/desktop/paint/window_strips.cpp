@@ -38,7 +38,7 @@ void DrawStripAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
                    const PaintStyle& style) {
   DrawPane(painter, pane, style.pane);
   const auto ticks = ValueTicks(pane, span.low, span.high, style);
-  DrawValueAxis(painter, pane, span, ticks, kPlotLeft, style);
+  DrawValueAxis(painter, pane, span, ticks, kPlotLeft - kTitleWidth, style);
 }
 
 }  // namespace
@@ -47,13 +47,12 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
                       const CSonadexDoc& document, const WaveformPyramid* waveform,
                       const PaintStyle& style) {
   const CChannel& channel = document.channel();
-  const QFont captionFont = Resized(style.font, style.font.pixelSize() - 1);
   if (layout.audio.bottom > layout.audio.top && waveform != nullptr) {
     const QRectF pane = ToRectF(layout.audio);
     const AxisSpan span = AmplitudeSpan(channel, *waveform, pane);
     DrawStripAxis(painter, pane, span, style);
     DrawWaveform(painter, {pane, time}, span, document, *waveform, style);
-    DrawCaption(painter, pane, QStringLiteral("Audio"), captionFont, style.muted, style.pane);
+    DrawAxisTitle(painter, layout.audio, QStringLiteral("Audio"), style);
     DrawFrame(painter, pane, style);
   }
   if (layout.intensity.bottom > layout.intensity.top) {
@@ -65,8 +64,7 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     } else {
       DrawPane(painter, pane, style.pane);
     }
-    DrawCaption(painter, pane, QStringLiteral("Intensity (dB)"), captionFont, style.intensity,
-                style.pane);
+    DrawAxisTitle(painter, layout.intensity, QStringLiteral("Intensity (dB)"), style);
     DrawFrame(painter, pane, style);
   }
   if (layout.labels.bottom > layout.labels.top) {
@@ -116,10 +114,19 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
   }
 }
 
-void DrawPlotCaption(QPainter& painter, const WindowLayout& layout, const QString& text,
-                     const PaintStyle& style) {
-  DrawCaption(painter, ToRectF(layout.plot), text, Resized(style.font, style.font.pixelSize() - 1),
-              style.muted, style.pane);
+void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+                   const PaintStyle& style) {
+  const QFont font = Resized(style.font, style.font.pixelSize() - 1);
+  const QSizeF size = TextSize(font, text);
+  if (size.width() > pane.bottom - pane.top) return;
+  painter.save();
+  painter.translate(1.0, (pane.top + pane.bottom + size.width()) / 2.0);
+  painter.rotate(-90.0);
+  painter.setPen(style.muted);
+  painter.setFont(font);
+  painter.drawText(QRectF(0.0, 0.0, size.width() + 1.0, kTitleWidth),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
+  painter.restore();
 }
 
 QString TimeUnit(std::int32_t timeBase) {

@@ -39,9 +39,10 @@ void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const Ax
 void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStringList& lines,
                       const PaintStyle& style);
 
-// What the plot's vertical axis shows, in its corner.
-void DrawPlotCaption(QPainter& painter, const WindowLayout& layout, const QString& text,
-                     const PaintStyle& style);
+// What a pane's vertical axis shows, upwards along the left edge; nothing in a pane too low for it.
+void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+                   const PaintStyle& style);
+inline constexpr double kTitleWidth = 13.0;  // pixels
 
 // "ms" or "s".
 QString TimeUnit(std::int32_t timeBase);

@@ -55,9 +55,9 @@ class TextRecorder : public QPaintDevice {
     void drawPath(const QPainterPath&) override {}
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
     void drawTextItem(const QPointF& at, const QTextItem& item) override {
-      texts_.push_back(
-          {item.text().toStdString(),
-           QRectF(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent())});
+      const QRectF box(at.x(), at.y() - item.ascent(), item.width(),
+                       item.ascent() + item.descent());
+      texts_.push_back({item.text().toStdString(), painter()->transform().mapRect(box)});
     }
     Type type() const override { return User; }
 
