@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds Cantorix and measures a recording: ./run.sh [FILE]
-# Installs what is missing (Debian packages), builds the release programs, measures the sample
-# recording and FILE, and prints pitch and intensity. The whole tables go to out/.
+# Builds Cantorix and opens the sample recording, or FILE, in it: ./run.sh [FILE...]
+# Installs what is missing (Debian packages) and builds the release programs first. Without a
+# display it measures the recordings instead, prints pitch and intensity, and keeps the whole tables
+# and pictures in out/.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")" && pwd)
@@ -9,19 +10,30 @@ for file in "$@"; do
   [ -r "$file" ] || { echo "run.sh: $file: no such file, or not readable" >&2; exit 1; }
 done
 
-"$here/tools/setup.sh" build
+"$here/tools/setup.sh" build desktop
 (
   cd "$here"
   [ -f build/release/build.ninja ] || cmake --preset release >/dev/null
-  cmake --build --preset release --target cantorix-batch | tail -n 1
+  cmake --build --preset release --target cantorix cantorix-batch | tail -n 1
 )
+desktop=$here/build/release/src/desktop/cantorix
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  [ $# -gt 0 ] || set -- "$here/samples/vowels.qrv"
+  mapfile -t files < <(realpath -- "$@")
+  # The folder of the first start keeps the configuration and the temporary files.
+  home=${XDG_DATA_HOME:-$HOME/.local/share}/cantorix
+  mkdir -p "$home"
+  cd "$home"
+  exec "$desktop" "${files[@]}"
+fi
+
 batch=$here/build/release/src/batch/cantorix-batch
 out=$here/out
 mkdir -p "$out"
 
 # measure FILE: prints every tenth row, keeps the whole tables.
 measure() {
-  local file=$1 name verb
+  local file=$1 name verb picture
   name=$(basename "${file%.*}")
   echo
   "$batch" info "$file"
@@ -30,8 +42,12 @@ measure() {
     echo
     awk 'NR % 10 == 1' "$out/$name.$verb.tsv"
   done
+  for picture in main pitch spectrum spectrogram; do
+    "$desktop" --picture "$picture" "$out/$name.$picture.png" "$file"
+  done
   echo
   echo "Whole tables: $out/$name.pitch.tsv, $out/$name.intensity.tsv"
+  echo "Pictures: $out/$name.{main,pitch,spectrum,spectrogram}.png"
 }
 
 measure "$here/samples/vowels.qrv"

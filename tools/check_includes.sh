@@ -34,7 +34,7 @@ list_sources | tr '\n' '\0' | xargs -0 -r awk '
     folder = ""
     if (split(FILENAME, path, "/") > 2 && path[1] == "src") folder = path[2]
     if (folder != "" && !(folder in may)) complain("unknown folder src/" folder)
-    mayUseQt = FILENAME ~ /^(src|tests)\/desktop\//
+    mayUseQt = FILENAME ~ /^(src|tests|bench)\/desktop\//
   }
 
   /^[ \t]*#[ \t]*include[ \t]*</ {

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|tests|checks|bench...
+# usage: tools/setup.sh build|desktop|tests|checks|bench...
 set -euo pipefail
 
 packages=()
 for purpose in "$@"; do
   case $purpose in
     build) packages+=(g++ cmake ninja-build libcli11-dev) ;;
+    desktop) packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core) ;;
     tests) packages+=(libgtest-dev libgmock-dev alsa-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;

@@ -2,6 +2,7 @@
 #include "app/log_table.h"
 
 #include <filesystem>
+#include <stdexcept>
 #include <utility>
 
 namespace cantorix {
@@ -34,6 +35,23 @@ bool LogTable::Append(const LogEntry& entry) {
   rows_.push_back(std::move(row));
   modified_ = true;
   return false;
+}
+
+void LogTable::RemoveRows(std::span<const std::size_t> rows) {
+  if (rows.empty()) return;
+  if (rows.back() >= rows_.size()) throw std::out_of_range("a row that the log does not have");
+  std::size_t kept = 0;
+  std::size_t next = 0;
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    if (next < rows.size() && rows[next] == row) {
+      ++next;
+    } else {
+      if (kept != row) rows_[kept] = std::move(rows_[row]);
+      ++kept;
+    }
+  }
+  rows_.resize(kept);
+  modified_ = true;
 }
 
 std::string LogTable::title() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,10 @@ class LogTable : public LogSink {
   // Adds a row of source, heading and values, with as many columns "Entry 1", "Entry 2", ... as it
   // needs, and marks the log modified. Always wants more.
   bool Append(const LogEntry& entry) override;
+
+  // Takes rows out, by their indices in ascending order, and marks the log modified. Throws
+  // std::out_of_range, with nothing removed, for a row that does not exist.
+  void RemoveRows(std::span<const std::size_t> rows);
 
   // The path last saved to or opened from; empty for a new log.
   const std::string& path() const { return path_; }

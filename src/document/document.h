@@ -22,8 +22,9 @@ inline constexpr int kChannelSlots = 20;
 
 // Why a recording could not be opened.
 struct OpenFailure {
-  std::string reason;  // one sentence with its full stop; empty: the open did not fail
-  bool shown = false;  // the user has already been told
+  std::string reason;      // one sentence with its full stop; empty: the open did not fail
+  bool shown = false;      // the user has already been told
+  bool cancelled = false;  // the user gave the open up
 };
 
 class CSonadexDoc {

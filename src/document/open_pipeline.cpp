@@ -42,6 +42,7 @@ const Reader* FindReader(const ReaderTable& table, CSonadexDoc& document, const 
   const Reader* reader = FirstThatReads(table.byContent, document, file);
   if (reader != nullptr) return reader;
   if (document.host().prompts.Ask(kGenericQuestion, Buttons::kOkCancel) != Answer::kOk) {
+    document.openFailure.cancelled = true;
     return nullptr;
   }
   document.genericRead = GenericParameters{};
@@ -65,18 +66,18 @@ void Adopt(CSonadexDoc& document, const std::string& path, const Reader& reader)
 OpenFailure FailureOf(const Abandoned& abandoned) {
   switch (abandoned.reason()) {
     case AbandonReason::kCancelled:
-      return {"The reading was cancelled.", false};
+      return {"The reading was cancelled.", false, true};
     case AbandonReason::kOutOfMemory:
-      return {"There is not enough memory.", false};
+      return {"There is not enough memory.", false, false};
     case AbandonReason::kFailed:
       break;
   }
-  return {"It was recognised but could not be read.", true};
+  return {"It was recognised but could not be read.", true, false};
 }
 
 OpenFailure Report(CSonadexDoc& document, const std::string& path, const std::exception& error) {
   document.host().prompts.Message(CouldNotBeOpened(path, error.what()));
-  return {error.what(), true};
+  return {error.what(), true, false};
 }
 
 }  // namespace
@@ -91,7 +92,7 @@ bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderT
       Adopt(document, path, *reader);
       return true;
     }
-    document.openFailure = {"Its format is not known.", false};
+    document.openFailure.reason = "Its format is not known.";
   } catch (const Abandoned& abandoned) {
     document.openFailure = FailureOf(abandoned);
   } catch (const std::bad_alloc&) {

@@ -26,24 +26,31 @@ SampleRange StretchOf(const CSonadexView& view, Stretch stretch) {
 }
 
 void AnalysePitch(CSonadexView& view, Stretch stretch) {
+  AnalysePitch(view, StretchOf(view, stretch));
+}
+
+void AnalysePitch(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   const CChannel& channel = view.channel();
   view.pitch = {};
   view.Redraw();
-  view.pitch = ComputePitch(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
+  view.pitch = ComputePitch(document.Samples(), range, channel.sampleRateHz,
                             document.settings.pitch, view.progress(), channel.totalLength);
   if (view.pitch.badParameters) view.prompts().Message(std::string(kBadParametersText));
-  AnalyseIntensity(view, stretch);
+  AnalyseIntensity(view, range);
 }
 
 void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
+  AnalyseIntensity(view, StretchOf(view, stretch));
+}
+
+void AnalyseIntensity(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   CChannel& channel = view.channel();
   channel.intensity = {};
   view.Redraw();
-  channel.intensity =
-      ComputeIntensity(document.Samples(), StretchOf(view, stretch), channel.sampleRateHz,
-                       document.settings.intensity, view.progress());
+  channel.intensity = ComputeIntensity(document.Samples(), range, channel.sampleRateHz,
+                                       document.settings.intensity, view.progress());
   view.Changed(DocumentChange::kTracks);
 }
 

@@ -18,13 +18,9 @@ std::int32_t MovedInside(std::int32_t start, std::int32_t size, std::int32_t fir
   return std::max(std::min(start, end - size), first);
 }
 
-std::int32_t PixelOf(CSonadexView& view, double ms) {
-  const double pixel = TimeToPixel(view.channel(), ms);
-  return TruncateToInt32(std::clamp(pixel, -kFarPixels, kFarPixels)) + kLeftMargin;
-}
-
-bool IsVisible(const CChannel& channel, double ms) {
-  return channel.visibleStart.ms <= ms && ms <= channel.visibleEnd.ms;
+std::int32_t PixelOf(const AxisScale& time, double ms) {
+  const double pixel = time.X(ms) - time.left;
+  return TruncateToInt32(std::clamp(pixel, -kFarPixels, kFarPixels)) + TruncateToInt32(time.left);
 }
 
 std::int32_t LeftOf(const Label& label, std::int32_t pixel, std::int32_t width) {
@@ -36,18 +32,23 @@ std::int32_t LeftOf(const Label& label, std::int32_t pixel, std::int32_t width) 
 
 PixelRect LabelRectangle(CSonadexView& view, const Tier& tier, const Label& label) {
   const PixelSize text = view.services().textMeasurer.Measure(label.font, label.text);
-  const std::int32_t width = std::max(text.width, kLeastWidth);
-  const std::int32_t height = tier.rect.bottom - tier.rect.top;
+  return LabelBox(label, text, tier.rect, TimeAxisOf(view.channel()));
+}
 
-  std::int32_t left = LeftOf(label, PixelOf(view, label.timeMs), width);
-  if (IsVisible(view.channel(), label.timeMs)) {
-    left = MovedInside(left, width, tier.rect.left, tier.rect.right);
+PixelRect LabelBox(const Label& label, PixelSize text, const PixelRect& strip,
+                   const AxisScale& time) {
+  const std::int32_t width = std::max(text.width, kLeastWidth);
+  const std::int32_t height = strip.bottom - strip.top;
+
+  std::int32_t left = LeftOf(label, PixelOf(time, label.timeMs), width);
+  if (time.low <= label.timeMs && label.timeMs <= time.high) {
+    left = MovedInside(left, width, strip.left, strip.right);
   }
   const double position = std::clamp(label.verticalPosition, 0.0, 1.0);
-  const std::int32_t middle = tier.rect.top + TruncateToInt32(position * height);
+  const std::int32_t middle = strip.top + TruncateToInt32(position * height);
   const std::int32_t top =
-      MovedInside(middle - text.height / 2, text.height, tier.rect.top, tier.rect.bottom);
-  return {left, top, left + width, std::min(top + text.height, tier.rect.bottom)};
+      MovedInside(middle - text.height / 2, text.height, strip.top, strip.bottom);
+  return {left, top, left + width, std::min(top + text.height, strip.bottom)};
 }
 
 bool Contains(const PixelRect& rect, std::int32_t x, std::int32_t y) {

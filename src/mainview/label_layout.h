@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "mainview/axis_scale.h"
 #include "mainview/sonadex_view.h"
 
 namespace cantorix {
@@ -14,6 +15,10 @@ namespace cantorix {
 // its time is visible: the text of a label outside the visible stretch stays outside. A label
 // without text keeps a box of a few pixels, so that it can be taken hold of.
 PixelRect LabelRectangle(CSonadexView& view, const Tier& tier, const Label& label);
+
+// The same in any strip over any time axis (ms), for a text that takes a box of `text`.
+PixelRect LabelBox(const Label& label, PixelSize text, const PixelRect& strip,
+                   const AxisScale& time);
 
 // Whether a point lies in a rectangle; right and bottom edge are outside.
 bool Contains(const PixelRect& rect, std::int32_t x, std::int32_t y);

@@ -61,6 +61,11 @@ double TimeToPixel(CChannel& channel, double ms) {
   return spanMs > 0.0 ? WidthOf(channel) / spanMs * (ms - startMs) : 0.0;
 }
 
+AxisScale TimeAxisOf(CChannel& channel) {
+  channel.UpdateVisibleMs();
+  return {channel.visibleStart.ms, channel.visibleEnd.ms, kLeftMargin, WidthOf(channel)};
+}
+
 void SetCursorAtPixel(CSonadexDoc& document, double pixel) {
   SetCursor(document, PixelToTime(document.channel(), pixel));
 }

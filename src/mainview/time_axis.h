@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "document/document.h"
+#include "mainview/axis_scale.h"
 
 namespace cantorix {
 
@@ -22,6 +23,8 @@ TimePoint PixelToTime(const CChannel& channel, double pixel);
 // The pixel column of a time, not clamped; 0 when the visible stretch is empty. Recomputes the
 // visible stretch's ms first.
 double TimeToPixel(CChannel& channel, double ms);
+// The same line with the margin added, for drawing: client pixels. Recomputes the ms, too.
+AxisScale TimeAxisOf(CChannel& channel);
 
 // Puts the cursor under a pixel column or at a time, takes the sample there (0 at the end) less the
 // reference level as its value, and collapses the selection onto it. Throws FileError, with nothing

@@ -6,11 +6,24 @@
 #include "platform/numbers.h"
 
 namespace cantorix {
+namespace {
+
+constexpr double kRoundingOfPlace = 1e-9;  // display points
+
+}  // namespace
+
+std::int64_t DisplayPointAt(std::size_t count, double hz, double maxHz) {
+  const auto points = static_cast<double>(count);
+  const double place = hz * points / maxHz;
+  if (!(place >= 0.0 && place < points)) return -1;
+  // j * maxHz / points * points / maxHz may come out a digit below j.
+  const std::int64_t point = Truncate(place + kRoundingOfPlace);
+  return std::min(point, static_cast<std::int64_t>(count) - 1);
+}
 
 double DisplayValueAt(std::span<const double> values, double hz, double maxHz) {
-  const double place = hz * static_cast<double>(values.size()) / maxHz;
-  if (!(place >= 0.0 && place < static_cast<double>(values.size()))) return 0.0;
-  return values[static_cast<std::size_t>(Truncate(place))];
+  const std::int64_t point = DisplayPointAt(values.size(), hz, maxHz);
+  return point < 0 ? 0.0 : values[static_cast<std::size_t>(point)];
 }
 
 LogEntry FftLpcMarkerEntry(const std::string& source, const Spectrum& spectrum, double hz) {

@@ -2,7 +2,9 @@
 // Every number has one decimal. The views hand the rows to the log.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,9 @@
 
 namespace cantorix {
 
+// The display point of `count` over 0 Hz to `maxHz` that holds `hz`, -1 outside them. The frequency
+// of a point is held by that point whatever its last digits.
+std::int64_t DisplayPointAt(std::size_t count, double hz, double maxHz);
 // The value at `hz` of an array over the display points of 0 Hz to `maxHz`; 0 outside them.
 double DisplayValueAt(std::span<const double> values, double hz, double maxHz);
 

@@ -1,9 +1,11 @@
 // fft_lpc_view.cpp
 #include "windows/fft_lpc_view.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 #include <new>
+#include <tuple>
 #include <utility>
 
 #include "analysis/spectrum_limits.h"
@@ -34,11 +36,14 @@ bool IsRate(double rateHz) { return rateHz > 0.0 && std::isfinite(rateHz); }
 }  // namespace
 
 bool CFFTLPCView::AnalyseSpectrum(const SpectrumPlace& place, int displayPoints) {
-  const FftLpcSettings& settings = document_.settings.fftLpc;
-  const double rateHz = document_.channel().sampleRateHz;
+  const FftLpcSettings& settings = document().settings.fftLpc;
+  const double rateHz = channel().sampleRateHz;
+  Tried(false);
   if (!SettingsFit(settings, rateHz) || !BufferFits()) return false;
   if (displayPoints <= 0 || !IsSpectrumSize(settings.points) || !IsRate(rateHz)) return false;
   KeepSettings(settings, rateHz);
+  place_ = place;
+  placed_ = true;
 
   computed_ = false;
   spectrum_ = {};
@@ -48,11 +53,36 @@ bool CFFTLPCView::AnalyseSpectrum(const SpectrumPlace& place, int displayPoints)
     throw Abandoned(AbandonReason::kOutOfMemory);
   }
   computed_ = true;
+  if (cursorHz >= spectrum_.maxHz) markerSet = false;
+  Tried(true);
+  PictureChanged();
   return true;
 }
 
+bool CFFTLPCView::Show(const SpectrumPlace& place) {
+  return AnalyseSpectrum(place, TruncateToInt32(static_cast<double>(wantedSize().columns)));
+}
+
+void CFFTLPCView::Update() {
+  const double end = std::max(channel().totalLength, 0.0);
+  SpectrumPlace place{.position = std::clamp(place_.position, 0.0, end), .selection = {}};
+  if (place_.selection) {
+    place.selection = {std::clamp(place_.selection->start, 0.0, end),
+                       std::clamp(place_.selection->end, 0.0, end)};
+  }
+  Show(place);
+}
+
+bool CFFTLPCView::SettingsMatch() const {
+  const auto computedWith = [](const FftLpcSettings& s) {
+    return std::tie(s.points, s.windowMs, s.stepMs, s.rangeHz, s.lpcOrder);
+  };
+  return !computed_ || (computedWith(settings_) == computedWith(document().settings.fftLpc) &&
+                        preEmphasis_ == document().settings.spectrogram.preEmphasis);
+}
+
 bool CFFTLPCView::SettingsFit(const FftLpcSettings& settings, double rateHz) const {
-  Prompts& prompts = document_.host().prompts;
+  Prompts& prompts = host().prompts;
   if (settings.rangeHz > HighestRangeHz(rateHz)) {
     prompts.Message(kRangeTooHigh);
     return false;
@@ -65,15 +95,16 @@ bool CFFTLPCView::SettingsFit(const FftLpcSettings& settings, double rateHz) con
 }
 
 bool CFFTLPCView::BufferFits() const {
-  const DocumentHost& host = document_.host();
-  if (host.memory.CanAllocate(kSampleBufferBytes)) return true;
-  host.prompts.Beep();
-  host.prompts.Message(kOutOfMemory);
+  const DocumentHost& around = host();
+  if (around.memory.CanAllocate(kSampleBufferBytes)) return true;
+  around.prompts.Beep();
+  around.prompts.Message(kOutOfMemory);
   return false;
 }
 
 void CFFTLPCView::KeepSettings(const FftLpcSettings& settings, double rateHz) {
   settings_ = settings;
+  preEmphasis_ = document().settings.spectrogram.preEmphasis;
   texts_ = {std::to_string(settings.points), std::to_string(settings.lpcOrder),
             std::to_string(Truncate(rateHz)), std::to_string(settings.windowMs),
             std::to_string(settings.stepMs)};
@@ -86,13 +117,13 @@ Spectrum CFFTLPCView::Analyse(const SpectrumPlace& place, int displayPoints) con
       .lpcOrder = settings_.lpcOrder,
       .maxHz = static_cast<double>(settings_.rangeHz),
       // The FFT/LPC window has none of its own.
-      .preEmphasis = document_.settings.spectrogram.preEmphasis,
-      .rateHz = document_.channel().sampleRateHz,
+      .preEmphasis = preEmphasis_,
+      .rateHz = channel().sampleRateHz,
       .displayPoints = displayPoints,
   };
-  SpectrumFrameAnalyser analyser(document_.Samples(), options, std::cerr);
+  SpectrumFrameAnalyser analyser(document().Samples(), options, std::cerr);
   if (!place.selection) return SpectrumOfFrame(analyser, place.position);
-  return AverageSpectrum(analyser, *place.selection, settings_.stepMs, document_.host().progress);
+  return AverageSpectrum(analyser, *place.selection, settings_.stepMs, host().progress);
 }
 
 }  // namespace cantorix

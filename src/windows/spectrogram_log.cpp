@@ -6,6 +6,9 @@
 namespace cantorix {
 namespace {
 
+// Columns: times of up to ten hours, taken apart to less than a sample.
+constexpr double kRoundingOfPlace = 1e-5;
+
 LogEntry FormantsRow(const SpectrogramLogContext& context, const char* heading, double ms,
                      const FormantColumn& formants) {
   LogEntry entry{context.source, heading, {FormatOneDecimal(ms * context.timeFactor)}};
@@ -23,8 +26,23 @@ std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double
   const double startMs = spectrogram.range.start * msPerSample;
   const double lengthMs = spectrogram.range.length() * msPerSample;
   const auto columns = static_cast<double>(spectrogram.columns);
-  const double place = (ms - startMs) * columns / lengthMs;
+  // A column's own time belongs to that column whatever its last digits.
+  const double place = (ms - startMs) * columns / lengthMs + kRoundingOfPlace;
   return place >= 0.0 && place < columns ? Truncate(place) : -1;
+}
+
+std::int64_t RowAt(const Spectrogram& spectrogram, double hz) {
+  const double place = hz * spectrogram.rows / spectrogram.maxHz + kRoundingOfPlace;
+  return place >= 0.0 && place < spectrogram.rows ? Truncate(place) : -1;
+}
+
+std::optional<double> LevelAt(const Spectrogram& spectrogram, double msPerSample, double ms,
+                              double hz) {
+  if (!spectrogram.computed() || !spectrogram.levels) return std::nullopt;
+  const std::int64_t column = ColumnAt(spectrogram, msPerSample, ms);
+  const std::int64_t row = RowAt(spectrogram, hz);
+  if (column < 0 || row < 0) return std::nullopt;
+  return spectrogram.Column(column)[static_cast<std::size_t>(row)];
 }
 
 LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz) {

@@ -2,6 +2,7 @@
 // Every number has one decimal. The views hand the rows to the log.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,13 @@ std::string FormantText(std::uint16_t hz);
 
 // The column whose stretch holds `ms`; -1 outside the picture.
 std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double ms);
+
+// The row whose band holds `hz`; -1 outside the picture.
+std::int64_t RowAt(const Spectrogram& spectrogram, double hz);
+
+// The level at a time and frequency, dB; nothing outside the picture or without levels.
+std::optional<double> LevelAt(const Spectrogram& spectrogram, double msPerSample, double ms,
+                              double hz);
 
 LogEntry SpectrogramMarkerEntry(const SpectrogramLogContext& context, double ms, double hz);
 

@@ -1,6 +1,9 @@
 // spectrogram_view.cpp
 #include "windows/spectrogram_view.h"
 
+#include <algorithm>
+#include <tuple>
+
 #include "platform/abandon.h"
 #include "platform/numbers.h"
 #include "platform/prompts.h"
@@ -24,23 +27,60 @@ std::uint64_t PictureBytes(const SpectrogramSize& size) {
 }  // namespace
 
 bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const SpectrogramSize& size) {
-  const CChannel& channel = document_.channel();
   const SpectrogramRequest request{.range = range,
-                                   .totalSamples = channel.totalLength,
-                                   .rateHz = channel.sampleRateHz,
+                                   .totalSamples = channel().totalLength,
+                                   .rateHz = channel().sampleRateHz,
                                    .columns = size.columns,
                                    .rows = size.rows,
                                    .keepLevels = size.keepLevels};
   spectrogram_ = {};
-  DocumentHost& host = document_.host();
-  if (!host.memory.CanAllocate(PictureBytes(size))) throw Abandoned(AbandonReason::kOutOfMemory);
-  spectrogram_ = cantorix::ComputeSpectrogram(document_.Samples(), request,
-                                              document_.settings.spectrogram, host.progress);
+  ++computation_;
+  range_ = range;
+  settings_ = document().settings.spectrogram;
+  msPerSample_ = channel().msPerSample();
+  wholeRecording_ = range.start <= 0.0 && range.end >= channel().totalLength;
+  Tried(false);
+  if (!host().memory.CanAllocate(PictureBytes(size))) throw Abandoned(AbandonReason::kOutOfMemory);
+  spectrogram_ =
+      cantorix::ComputeSpectrogram(document().Samples(), request, settings_, host().progress);
   if (spectrogram_.outcome == SpectrogramOutcome::kFormantFailure) {
-    host.prompts.Message(kFormantFailure);
+    host().prompts.Message(kFormantFailure);
     throw Abandoned(AbandonReason::kFailed);
   }
+  Tried(computed());
+  cursorHz = std::min(cursorHz, spectrogram_.maxHz);
+  PictureChanged();
   return computed();
+}
+
+bool CSpectrogramView::Show(const SampleRange& range) {
+  markerSet = false;
+  selectionShown = false;
+  return ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+}
+
+void CSpectrogramView::Update() {
+  const double end = std::max(channel().totalLength, 0.0);
+  const SampleRange range = wholeRecording_ ? SampleRange{0.0, end}
+                                            : SampleRange{std::clamp(range_.start, 0.0, end),
+                                                          std::clamp(range_.end, 0.0, end)};
+  if (!(range.length() > 0.0)) {
+    spectrogram_ = {};
+    return PictureChanged();
+  }
+  ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+}
+
+bool CSpectrogramView::SettingsMatch() const {
+  const auto computedWith = [](const SpectrogramSettings& s) {
+    return std::tie(s.points, s.rangeHz, s.dynamicRangeDb, s.preEmphasis, s.trackFormants,
+                    s.lpcOrder);
+  };
+  return !computed() || computedWith(settings_) == computedWith(document().settings.spectrogram);
+}
+
+void CSpectrogramView::FollowDocument(DocumentChange change) {
+  if (change == DocumentChange::kSamples) selectionShown = false;
 }
 
 }  // namespace cantorix

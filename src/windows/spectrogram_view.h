@@ -1,12 +1,17 @@
-// spectrogram_view.h - the spectrogram window of a document: its levels and formants held.
+// spectrogram_view.h - the spectrogram window of a document: its levels and formants held, its
+// axes, its cursor and selection.
 // Relies on the document's samples and settings and on the prompts of its host. Draws nothing.
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 #include "analysis/sample_range.h"
 #include "analysis/spectrogram.h"
-#include "document/document.h"
+#include "mainview/axis_scale.h"
+#include "windows/analysis_window.h"
+#include "windows/spectrogram_log.h"
 
 namespace cantorix {
 
@@ -17,9 +22,16 @@ struct SpectrogramSize {
   bool keepLevels = true;
 };
 
-class CSpectrogramView {
+// Times of a window's own selection, ordered.
+struct TimeSpan {
+  double startMs = 0.0;
+  double endMs = 0.0;
+};
+
+class CSpectrogramView : public AnalysisWindow {
  public:
-  explicit CSpectrogramView(CSonadexDoc& document) : document_(document) {}
+  explicit CSpectrogramView(CSonadexDoc& document, WindowServices services = {})
+      : AnalysisWindow(document, std::move(services)) {}
 
   // Computes the picture of `range` (samples) with the settings of the document; an earlier one is
   // dropped first. Returns false when there is nothing to compute: no columns or rows, or a
@@ -27,14 +39,63 @@ class CSpectrogramView {
   // and, after a message, when a column's formants cannot be found; by FileError when the samples
   // cannot be read. Nothing is computed then.
   bool ComputeSpectrogram(const SampleRange& range, const SpectrogramSize& size);
+  // The same for the wanted size; the whole recording stays the whole recording when it changes.
+  bool Show(const SampleRange& range);
 
-  bool computed() const { return spectrogram_.computed(); }
+  WindowKind kind() const override { return WindowKind::kSpectrogram; }
+  bool computed() const override { return spectrogram_.computed(); }
+  bool hasFormants() const override { return computed() && !spectrogram_.formants.empty(); }
+  bool canUpdate() const override { return range_.length() > 0.0; }
+  void Update() override;
+  // A press places the cursor, a drag of more than kClickPixels selects. While all windows track
+  // the mouse the main view is pressed at the same times.
+  void Press(std::int32_t x, std::int32_t y) override;
+  void Move(std::int32_t x, std::int32_t y) override;
+  void Release(std::int32_t x, std::int32_t y) override;
+  void StepCursor(std::int32_t right, std::int32_t up) override;
+  // The main view's press, move or release, at the cursor time of its press: while all windows
+  // track the mouse the cursor goes there, at its own frequency, and the window shows the main
+  // view's selection.
+  void FollowMainView(MousePhase phase, double ms);
+  std::vector<LogEntry> LogRows(WindowLog log) const override;
+  // Time, frequency and level at the cursor with the formants there, length of the selection.
+  std::vector<WindowReadout> Readouts() const override;
+  std::int32_t* SwitchOf(WindowSwitch which) override;
+
   const Spectrogram& spectrogram() const { return spectrogram_; }  // empty unless computed
-  const CSonadexDoc& document() const { return document_; }
+  // Number of the last computation.
+  std::int64_t computation() const { return computation_; }
+  // Of the picture; what it was when it was computed.
+  SpectrogramLogContext LogContext() const;
+  // What the levels of the picture count up to, in dB; another range may be wanted by now.
+  double dynamicRangeDb() const { return settings_.dynamicRangeDb; }
+
+  AxisScale TimeAxis() const;  // ms
+  // The level at the cursor's column and row; nothing outside the picture.
+  std::optional<double> LevelAtCursor() const;
+
+  double cursorMs = 0.0;
+  double cursorHz = 0.0;
+  double dragMs = 0.0;          // where the pointer is while it is held
+  bool selectionShown = false;  // dragged here, or followed from the main view
+  TimeSpan selection;
 
  private:
-  CSonadexDoc& document_;
+  void PlaceCursor(double ms, double hz);
+  void Drag(std::int32_t x);
+  double MsUnder(std::int32_t x) const;
+  double HzUnder(std::int32_t y) const;
+  double HzPerPixel() const;
+  bool SettingsMatch() const override;
+  void FollowDocument(DocumentChange change) override;
+  void KeepSwitches() override;
+
   Spectrogram spectrogram_;
+  SpectrogramSettings settings_;  // of the last computation
+  double msPerSample_ = 0.0;
+  SampleRange range_;  // that was asked for last
+  bool wholeRecording_ = false;
+  std::int64_t computation_ = 0;
 };
 
 }  // namespace cantorix

@@ -1,0 +1,39 @@
+// analysis_windows.h - where the frame asks for the windows of the analyses. What draws and holds
+// them stands behind this interface.
+#pragma once
+
+#include <optional>
+
+#include "mainview/analysis_commands.h"
+
+class QMdiSubWindow;
+
+namespace cantorix {
+
+enum class AnalysisKind { kFftLpc, kSpectrogram, kPitch };
+
+struct AnalysisRequest {
+  AnalysisKind kind;
+  std::optional<Stretch> stretch;  // none: the frame at the cursor
+};
+
+class AnalysisWindows {
+ public:
+  virtual ~AnalysisWindows() = default;
+
+  // Whether windows of a kind can be opened; their commands stay disabled otherwise.
+  virtual bool Offers(AnalysisKind kind) const = 0;
+  // Analyses and shows the result in the view's window of that kind, which is opened when there is
+  // none. Throws Abandoned when the user cancels.
+  virtual void Open(CSonadexView& view, const AnalysisRequest& request) = 0;
+  // The pointer was used in a main view, whose cursor stands at `ms`.
+  virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
+  // Something that commands depend on may have changed: a log was opened, say.
+  virtual void RefreshCommands() = 0;
+  // The view goes: its windows must, too.
+  virtual void CloseWindowsOf(CSonadexView& view) = 0;
+  // The view that an analysis window belongs to; null for any other window.
+  virtual CSonadexView* ViewOf(const QMdiSubWindow& window) const = 0;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,144 @@
+// child_frame.cpp
+#include "desktop/child_frame.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QTimer>
+
+#include "desktop/desktop_services.h"
+#include "desktop/main_view_area.h"
+#include "desktop/main_view_widget.h"
+#include "desktop/qt_progress.h"
+#include "desktop/qt_text.h"
+#include "desktop/tool_icon.h"
+#include "platform/abandon.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kTryAgainMs = 50;  // while another operation runs
+
+}  // namespace
+
+CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
+                         const DesktopServices& services, FrameHost& host)
+    : document_(&document), services_(services), host_(host) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  view_ = std::make_unique<CSonadexView>(
+      document, ViewServices{services.clipboard, services.application.temporaryDirectory,
+                             services.textMeasurer, *this, *this, services.dialogs,
+                             [&host] { return host.openLog(); }});
+  area_ = new MainViewArea(*view_, waveform, host, this);
+  setWidget(area_);
+  document.Attach(*this);
+  setWindowIcon(DrawnIcon(QStringLiteral("program")));
+  // Its entry "Close" would take Ctrl+W from the zoom command.
+  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
+  ShowTitle();
+}
+
+CChildFrame::~CChildFrame() { LetGo(); }
+
+void CChildFrame::Begin() {
+  if (!view_) return;
+  if (services_.progress.running()) {
+    QTimer::singleShot(kTryAgainMs, this, [this] { Begin(); });
+    return;
+  }
+  host_.Run(*view_, [this] { BeginView(); });
+  area_->Refresh();
+}
+
+void CChildFrame::BeginView() {
+  area_->picture().ViewBegun();
+  try {
+    view_->Begin(area_->picture().ClientSize());
+  } catch (const Abandoned&) {
+    throw;
+  } catch (const std::exception&) {
+    view_->prompts().Beep();
+    view_->prompts().Message("Error in initilization of view.");
+  }
+}
+
+void CChildFrame::Fill(const QRect& space) {
+  filled_ = QRect(space.topLeft(), space.size().expandedTo(minimumSizeHint()));
+  setGeometry(*filled_);
+}
+
+void CChildFrame::FollowSpace(const QRect& space) {
+  if (filled_ && !isMaximized() && !isMinimized()) Fill(space);
+}
+
+void CChildFrame::SetNumber(int number) {
+  number_ = number;
+  ShowTitle();
+}
+
+void CChildFrame::closeEvent(QCloseEvent* event) {
+  if (!view_) return QMdiSubWindow::closeEvent(event);
+  if (!host_.MayClose(*this)) return event->ignore();
+  CSonadexDoc& document = *document_;
+  LetGo();
+  QMdiSubWindow::closeEvent(event);
+  host_.Closed(document);
+}
+
+void CChildFrame::moveEvent(QMoveEvent* event) {
+  QMdiSubWindow::moveEvent(event);
+  RememberPlacement();
+}
+
+void CChildFrame::resizeEvent(QResizeEvent* event) {
+  QMdiSubWindow::resizeEvent(event);
+  RememberPlacement();
+}
+
+void CChildFrame::ViewChanged() {
+  if (area_ != nullptr) area_->Refresh();
+  host_.StateChanged();
+}
+
+void CChildFrame::LabelsChanged() {
+  if (view_) host_.LabelsChanged(*view_);
+}
+
+void CChildFrame::CursorMoved(MousePhase phase, double ms) {
+  if (view_) host_.CursorMoved(*view_, phase, ms);
+}
+
+void CChildFrame::DocumentChanged(DocumentChange change, const DocumentObserver*) {
+  if (change == DocumentChange::kTitle) ShowTitle();
+  host_.StateChanged();
+}
+
+void CChildFrame::ShowTitle() {
+  if (document_ == nullptr) return;
+  const QString number = number_ > 0 ? QStringLiteral(":%1").arg(number_) : QString();
+  // A doubled mark stands for itself; a single one shows the modified state.
+  const QString title = Shown(document_->title()).replace("[*]", "[*][*]");
+  setWindowTitle(title + number + "[*]");
+  setWindowModified(document_->isModified());
+}
+
+void CChildFrame::RememberPlacement() {
+  if (!isVisible() || isMaximized() || isMinimized()) return;
+  const QRect place = geometry();
+  if (filled_ && place == *filled_) return;
+  filled_.reset();
+  services_.application.host.application.mainView = {place.x(), place.y(), place.width(),
+                                                     place.height()};
+}
+
+void CChildFrame::LetGo() {
+  if (!view_) return;
+  host_.Closing(*view_);
+  area_->LetGo();
+  document_->Detach(*this);
+  view_.reset();
+  document_ = nullptr;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,66 @@
+// child_frame.h - the window of a document inside the main frame: it owns the working view and the
+// area that shows it, and follows the document's title.
+#pragma once
+
+#include <QMdiSubWindow>
+#include <memory>
+#include <optional>
+
+#include "desktop/frame_host.h"
+#include "document/document.h"
+#include "mainview/sonadex_view.h"
+
+namespace cantorix {
+
+class DocumentWaveform;
+class MainViewArea;
+struct DesktopServices;
+
+class CChildFrame : public QMdiSubWindow,
+                    private ViewListener,
+                    private PlaybackControl,
+                    private DocumentObserver {
+ public:
+  CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform, const DesktopServices& services,
+              FrameHost& host);
+  ~CChildFrame() override;
+
+  // Null once the window was closed.
+  CSonadexView* view() { return view_.get(); }
+  MainViewArea& area() { return *area_; }
+  // The view's first update, in the size that the window has now; later while an operation runs.
+  void Begin();
+  // Covers `space` and goes on covering it whenever it changes, until the window is moved or sized
+  // by the user.
+  void Fill(const QRect& space);
+  void FollowSpace(const QRect& space);
+  // The number shown behind the title while a document has several windows; 0 for none.
+  void SetNumber(int number);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ViewChanged() override;
+  void LabelsChanged() override;
+  void CursorMoved(MousePhase phase, double ms) override;
+  void StopPlayback() override {}  // nothing plays without sound
+  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+
+  void BeginView();
+  void ShowTitle();
+  void RememberPlacement();
+  void LetGo();
+
+  CSonadexDoc* document_;
+  const DesktopServices& services_;
+  FrameHost& host_;
+  std::unique_ptr<CSonadexView> view_;
+  MainViewArea* area_ = nullptr;
+  int number_ = 0;
+  std::optional<QRect> filled_;  // the place taken by Fill, while it holds
+};
+
+}  // namespace cantorix

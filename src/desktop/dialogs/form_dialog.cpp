@@ -1,0 +1,200 @@
+// form_dialog.cpp - rows are made so that a screen reader finds the label of every field.
+#include "desktop/dialogs/form_dialog.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "desktop/qt_text.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+namespace {
+
+// A label without its ampersand, its equals sign and the blanks around it.
+QString SpokenName(QString label) {
+  label.remove('&');
+  while (label.endsWith(' ') || label.endsWith('=')) label.chop(1);
+  return label.trimmed();
+}
+
+}  // namespace
+
+FormDialog::FormDialog(Prompts& prompts, const QString& title, QWidget* parent)
+    : QDialog(parent),
+      prompts_(prompts),
+      outer_(new QVBoxLayout(this)),
+      columns_(new QHBoxLayout),
+      usedLetters_(QStringLiteral("oc")) {  // of OK and Cancel
+  setWindowTitle(title);
+  outer_->setSizeConstraint(QLayout::SetFixedSize);
+  outer_->addLayout(columns_);
+  columns_->setSpacing(12);
+  BeginColumn();
+}
+
+void FormDialog::accept() {
+  for (CheckedField* const field : checked_) {
+    if (!field->isEnabled()) continue;
+    if (const auto refusal = field->Refusal()) {
+      prompts_.Message(*refusal);
+      field->setFocus();
+      field->selectAll();
+      return;
+    }
+  }
+  if (const auto refusal = Refusal()) {
+    prompts_.Message(*refusal);
+    return;
+  }
+  QDialog::accept();
+}
+
+void FormDialog::BeginColumn() {
+  if (column_ != nullptr) column_->addStretch();
+  column_ = new QVBoxLayout;
+  columns_->addLayout(column_);
+}
+
+QFormLayout* FormDialog::AddGroup(const QString& title) {
+  auto* const box = new QGroupBox(title, this);
+  auto* const form = new QFormLayout(box);
+  form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  column_->addWidget(box);
+  return form;
+}
+
+void FormDialog::AddField(QFormLayout* form, const QString& label, QWidget* field) {
+  field->setAccessibleName(SpokenName(label));
+  auto* const text = new QLabel(WithMnemonic(label), this);
+  text->setBuddy(field);
+  form->addRow(text, field);
+}
+
+WholeField* FormDialog::AddWhole(QFormLayout* form, const QString& label, WholeLimits limits) {
+  auto* const field = new WholeField(limits);
+  AddField(form, label, field);
+  Check(field);
+  return field;
+}
+
+DecimalField* FormDialog::AddDecimal(QFormLayout* form, const QString& label,
+                                     DecimalLimits limits) {
+  auto* const field = new DecimalField(limits);
+  AddField(form, label, field);
+  Check(field);
+  return field;
+}
+
+QCheckBox* FormDialog::AddSwitch(QFormLayout* form, const QString& text) {
+  auto* const box = new QCheckBox(WithMnemonic(text), this);
+  box->setAccessibleName(SpokenName(text));
+  form->addRow(box);
+  return box;
+}
+
+FormDialog::SwitchedWhole FormDialog::AddSwitchedWhole(QFormLayout* form, const QString& text,
+                                                       WholeLimits limits) {
+  auto* const box = new QCheckBox(WithMnemonic(text), this);
+  box->setAccessibleName(SpokenName(text));
+  auto* const field = new WholeField(limits);
+  field->setAccessibleName(SpokenName(text));
+  field->setEnabled(false);
+  connect(box, &QCheckBox::toggled, field, &QWidget::setEnabled);
+  form->addRow(box, field);
+  Check(field);
+  return {box, field};
+}
+
+FormDialog::WholePair FormDialog::AddRange(QFormLayout* form, const QString& label,
+                                           WholeLimits limits) {
+  auto* const low = new WholeField(limits);
+  auto* const high = new WholeField(limits);
+  auto* const row = new QWidget(this);
+  auto* const line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->addWidget(low);
+  line->addWidget(new QLabel(QStringLiteral("to"), row));
+  line->addWidget(high);
+  AddField(form, label, row);
+  static_cast<QLabel*>(form->labelForField(row))->setBuddy(low);
+  low->setAccessibleName(SpokenName(label) + QStringLiteral(", low"));
+  high->setAccessibleName(SpokenName(label) + QStringLiteral(", high"));
+  Check(low);
+  Check(high);
+  return {low, high};
+}
+
+QButtonGroup* FormDialog::AddChoice(QFormLayout* form, const QString& label,
+                                    const QStringList& texts) {
+  auto* const row = new QWidget(this);
+  auto* const line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  auto* const group = new QButtonGroup(row);
+  for (const QString& text : texts) {
+    auto* const button = new QRadioButton(WithMnemonic(text), row);
+    button->setAccessibleName(SpokenName(text));
+    group->addButton(button, static_cast<int>(group->buttons().size()));
+    line->addWidget(button);
+  }
+  line->addStretch();
+  row->setAccessibleName(SpokenName(label));
+  if (label.isEmpty()) {
+    form->addRow(row);
+  } else {
+    form->addRow(label, row);
+  }
+  return group;
+}
+
+PrintSizeGroup FormDialog::AddPrintSize(QFormLayout* form, PrintUnits units) {
+  constexpr DecimalLimits kPaper{0.5, 200.0};
+  PrintSizeGroup group;
+  group.width = AddDecimal(form, QStringLiteral("Width  = "), kPaper);
+  group.height = AddDecimal(form, QStringLiteral("Height ="), kPaper);
+  if (units == PrintUnits::kInches) {
+    AddNote(form, QStringLiteral("The size is in inches."));
+  } else {
+    group.unit = AddChoice(form, {}, {QStringLiteral("inches"), QStringLiteral("cm")});
+  }
+  return group;
+}
+
+void FormDialog::AddNote(QFormLayout* form, const QString& text) {
+  form->addRow(new QLabel(text, this));
+}
+
+void FormDialog::AddButtons(const QString& extra, std::function<void()> onExtra) {
+  column_->addStretch();
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  if (!extra.isEmpty()) {
+    QPushButton* const button =
+        buttons->addButton(WithMnemonic(extra), QDialogButtonBox::ResetRole);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, std::move(onExtra));
+  }
+  outer_->addWidget(buttons);
+}
+
+QString FormDialog::WithMnemonic(const QString& text) {
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    const QChar letter = text[i].toLower();
+    if (!letter.isLetter() || usedLetters_.contains(letter)) continue;
+    usedLetters_ += letter;
+    return QString(text).insert(i, '&');
+  }
+  return text;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,66 @@
+// tiers_dialog.cpp
+#include "desktop/dialogs/tiers_dialog.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "desktop/qt_text.h"
+#include "platform/bytes.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kNameWidth = 220;  // logical pixels
+constexpr std::size_t kNameBytes = 63;
+constexpr WholeLimits kHeights{1, 1000};
+
+}  // namespace
+
+TiersDialog::TiersDialog(Prompts& prompts, const TierSetups& preset, QWidget* parent)
+    : FormDialog(prompts, QStringLiteral("Tiers Option"), parent) {
+  QFormLayout* const form = AddGroup({});
+  AddNote(form, QStringLiteral("Tiers are arranged from the top of the display to the bottom."));
+  auto* const grid = new QGridLayout;
+  grid->addWidget(new QLabel(QStringLiteral("In use"), this), 0, 0);
+  grid->addWidget(new QLabel(QStringLiteral("Name"), this), 0, 1);
+  grid->addWidget(new QLabel(QStringLiteral("Height (pixels)"), this), 0, 2);
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    lines_[i] = AddLine(*grid, static_cast<int>(i), preset[i]);
+  }
+  form->addRow(grid);
+  AddButtons();
+}
+
+TiersDialog::Line TiersDialog::AddLine(QGridLayout& grid, int tier, const TierSetup& preset) {
+  const QString number = QString::number(tier + 1);
+  const Line line{new QCheckBox(number, this), new QLineEdit(Shown(preset.name), this),
+                  new WholeField(kHeights)};
+  // The digits are the mnemonics: Alt+0 is the tenth tier.
+  line.inUse->setText(tier < 9 ? '&' + number : QStringLiteral("1&0"));
+  line.inUse->setAccessibleName(QStringLiteral("Tier %1 in use").arg(number));
+  line.inUse->setChecked(preset.inUse);
+  line.name->setMinimumWidth(kNameWidth);
+  line.name->setMaxLength(static_cast<int>(kNameBytes));
+  line.name->setAccessibleName(QStringLiteral("Name of tier %1").arg(number));
+  line.height->SetValue(preset.height);
+  line.height->setAccessibleName(QStringLiteral("Height of tier %1 in pixels").arg(number));
+  Check(line.height);
+  grid.addWidget(line.inUse, tier + 1, 0);
+  grid.addWidget(line.name, tier + 1, 1);
+  grid.addWidget(line.height, tier + 1, 2);
+  return line;
+}
+
+TierSetups TiersDialog::Entered() const {
+  TierSetups entered;
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    entered[i] = {std::string(CutText(Typed(lines_[i].name->text()), kNameBytes)),
+                  lines_[i].height->Value(), lines_[i].inUse->isChecked()};
+  }
+  return entered;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,30 @@
+// tiers_dialog.h - "Tiers Option": which of the ten tiers are in use, their names and heights.
+#pragma once
+
+#include <array>
+
+#include "desktop/dialogs/form_dialog.h"
+#include "mainview/view_dialogs.h"
+
+class QGridLayout;
+
+namespace cantorix {
+
+class TiersDialog : public FormDialog {
+ public:
+  TiersDialog(Prompts& prompts, const TierSetups& preset, QWidget* parent);
+
+  TierSetups Entered() const;
+
+ private:
+  struct Line {
+    QCheckBox* inUse;
+    QLineEdit* name;
+    WholeField* height;
+  };
+  Line AddLine(QGridLayout& grid, int tier, const TierSetup& preset);
+
+  std::array<Line, kTierCount> lines_;
+};
+
+}  // namespace cantorix

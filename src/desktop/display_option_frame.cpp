@@ -1,0 +1,127 @@
+// display_option_frame.cpp
+#include "desktop/display_option_frame.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+#include "desktop/command_keys.h"
+#include "mainview/option_commands.h"
+
+namespace cantorix {
+
+CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
+    : QWidget(owner, Qt::Tool), host_(host) {
+  setWindowTitle(QStringLiteral("Display"));
+  auto* const column = new QVBoxLayout(this);
+  column->setSizeConstraint(QLayout::SetFixedSize);
+  auto* const drawing = new QGroupBox(QStringLiteral("Draw"), this);
+  auto* const time = new QGroupBox(QStringLiteral("Time"), this);
+  auto* const behaviour = new QGroupBox(QStringLiteral("All windows"), this);
+  AddDrawing(drawing);
+  AddTime(time);
+  AddBehaviour(behaviour);
+  column->addWidget(drawing);
+  column->addWidget(time);
+  column->addWidget(behaviour);
+  new CommandKeys(*this);
+  Follow(nullptr);
+}
+
+// The first time beside the upper right corner of the main frame, where it hides no menu.
+void CDisplayOptionFrame::showEvent(QShowEvent* event) {
+  if (!placed_ && parentWidget() != nullptr) {
+    const QRect owner = parentWidget()->geometry();
+    move(owner.right() - sizeHint().width() - 60, owner.top() + 120);
+    placed_ = true;
+  }
+  QWidget::showEvent(event);
+}
+
+void CDisplayOptionFrame::AddDrawing(QWidget* parent) {
+  auto* const form = new QFormLayout(parent);
+  AddSwitch(parent, QStringLiteral("&Audio"), &DisplaySettings::drawAudio,
+            SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("&Intensity"), &DisplaySettings::drawIntensity,
+            SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("Intensity in its &own pane"),
+            &DisplaySettings::intensityInOwnPane, SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("&Pitch"), &DisplaySettings::drawPitch,
+            SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("&Tiers"), &DisplaySettings::drawTiers,
+            SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("&Grids"), &DisplaySettings::drawGrids,
+            SettingsDialog::kDisplay);
+  audioPercent_ =
+      AddPercent(form, QStringLiteral("Audio pa&ne (%)"), &DisplaySettings::audioPanePercent);
+  pitchPercent_ =
+      AddPercent(form, QStringLiteral("Pitch pan&e (%)"), &DisplaySettings::pitchPanePercent);
+}
+
+void CDisplayOptionFrame::AddTime(QWidget* parent) {
+  auto* const row = new QHBoxLayout(parent);
+  timeBase_ = new QButtonGroup(this);
+  for (const auto& text : {QStringLiteral("&milliseconds"), QStringLiteral("&seconds")}) {
+    auto* const button = new QRadioButton(text, parent);
+    timeBase_->addButton(button, static_cast<int>(timeBase_->buttons().size()));
+    row->addWidget(button);
+  }
+  connect(timeBase_, &QButtonGroup::idToggled, this, [this](int id, bool checked) {
+    if (checked) Set(&DisplaySettings::timeBase, id, SettingsDialog::kDisplay);
+  });
+}
+
+void CDisplayOptionFrame::AddBehaviour(QWidget* parent) {
+  new QFormLayout(parent);
+  AddSwitch(parent, QStringLiteral("Trac&k mouse for all windows"), &DisplaySettings::trackMouse,
+            SettingsDialog::kDisplay);
+  AddSwitch(parent,
+            QStringLiteral("Always perform Pitch and Intensity\nfor all &files automatically."),
+            &DisplaySettings::automaticAnalysis, SettingsDialog::kRecordPlay);
+}
+
+void CDisplayOptionFrame::AddSwitch(QWidget* group, const QString& text,
+                                    std::int32_t DisplaySettings::*field, SettingsDialog dialog) {
+  auto* const box = new QCheckBox(text, group);
+  static_cast<QFormLayout*>(group->layout())->addRow(box);
+  switches_.push_back({box, field, dialog});
+  connect(box, &QCheckBox::toggled, this,
+          [this, field, dialog](bool on) { Set(field, on ? 1 : 0, dialog); });
+}
+
+QSpinBox* CDisplayOptionFrame::AddPercent(QFormLayout* form, const QString& text,
+                                          std::int32_t DisplaySettings::*field) {
+  auto* const box = new QSpinBox(this);
+  box->setRange(1, 100);
+  box->setKeyboardTracking(false);
+  form->addRow(text, box);
+  connect(box, &QSpinBox::valueChanged, this,
+          [this, field](int value) { Set(field, value, SettingsDialog::kDisplay); });
+  return box;
+}
+
+void CDisplayOptionFrame::Set(std::int32_t DisplaySettings::*field, std::int32_t value,
+                              SettingsDialog dialog) {
+  if (filling_ || view_ == nullptr) return;
+  view_->document().settings.display.*field = value;
+  host_.Run(*view_, [&] { KeepOptions(*view_, dialog); });
+}
+
+void CDisplayOptionFrame::Follow(CSonadexView* view) {
+  view_ = view;
+  setEnabled(view != nullptr);
+  if (view == nullptr) return;
+  const DisplaySettings& display = view->document().settings.display;
+  filling_ = true;
+  for (const Switch& entry : switches_) entry.box->setChecked(display.*entry.field != 0);
+  timeBase_->button(display.timeBase != 0 ? 1 : 0)->setChecked(true);
+  audioPercent_->setValue(display.audioPanePercent);
+  pitchPercent_->setValue(display.pitchPanePercent);
+  filling_ = false;
+}
+
+}  // namespace cantorix

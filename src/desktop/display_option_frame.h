@@ -1,0 +1,58 @@
+// display_option_frame.h - the floating window that chooses what the main view draws. A change
+// works at once on the document in front and goes into the configuration file.
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "desktop/frame_host.h"
+#include "settings/field_table.h"
+
+class QButtonGroup;
+class QCheckBox;
+class QFormLayout;
+class QSpinBox;
+
+namespace cantorix {
+
+class CDisplayOptionFrame : public QWidget {
+ public:
+  CDisplayOptionFrame(QWidget* owner, FrameHost& host);
+
+  // Shows the settings of a view's document; null: there is none, and nothing can be changed.
+  void Follow(CSonadexView* view);
+
+  struct Switch {
+    QCheckBox* box;
+    std::int32_t DisplaySettings::*field;
+    SettingsDialog group;  // of the configuration file
+  };
+  const std::vector<Switch>& switches() const { return switches_; }
+  QSpinBox& audioPercent() { return *audioPercent_; }
+  QSpinBox& pitchPercent() { return *pitchPercent_; }
+  QButtonGroup& timeBase() { return *timeBase_; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void AddDrawing(QWidget* parent);
+  void AddTime(QWidget* parent);
+  void AddBehaviour(QWidget* parent);
+  void AddSwitch(QWidget* group, const QString& text, std::int32_t DisplaySettings::*field,
+                 SettingsDialog dialog);
+  QSpinBox* AddPercent(QFormLayout* form, const QString& text,
+                       std::int32_t DisplaySettings::*field);
+  void Set(std::int32_t DisplaySettings::*field, std::int32_t value, SettingsDialog dialog);
+
+  FrameHost& host_;
+  CSonadexView* view_ = nullptr;
+  std::vector<Switch> switches_;
+  QSpinBox* audioPercent_;
+  QSpinBox* pitchPercent_;
+  QButtonGroup* timeBase_;
+  bool filling_ = false;
+  bool placed_ = false;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,37 @@
+// frame_host.h - what a document's window asks of the main frame, and tells it.
+#pragma once
+
+#include <functional>
+
+#include "mainview/view_ports.h"
+
+namespace cantorix {
+
+class CChildFrame;
+class CSonadexDoc;
+class CSonadexView;
+class LogSink;
+
+class FrameHost {
+ public:
+  virtual ~FrameHost() = default;
+
+  // Something that commands depend on may have changed.
+  virtual void StateChanged() = 0;
+  virtual void LabelsChanged(CSonadexView& view) = 0;
+  virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
+  // Null while no log is open.
+  virtual LogSink* openLog() = 0;
+  // Carries out what the user began in a view: nothing while another operation runs; an operation
+  // that is given up ends silently, a failure is shown.
+  virtual void Run(CSonadexView& view, const std::function<void()>& action) = 0;
+  // Whether the window may be closed; asks about unsaved changes when it is the last one of its
+  // document.
+  virtual bool MayClose(CChildFrame& frame) = 0;
+  // The view of a window is about to go, and whatever belongs to it must go first.
+  virtual void Closing(CSonadexView& view) = 0;
+  // A window of the document is closed and its view gone.
+  virtual void Closed(CSonadexDoc& document) = 0;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,58 @@
+// log_frame.h - the log window: a frame that shows while a log is open and asks before it goes, and
+// the form in it with the table.
+#pragma once
+
+#include <QTableView>
+#include <functional>
+
+#include "app/application.h"
+#include "desktop/log_model.h"
+#include "desktop/tool_frame.h"
+
+namespace cantorix {
+
+// The table of the log; Ctrl+C copies the selected rows, Ctrl+A selects all, Delete removes them.
+class CFormLog : public QWidget {
+ public:
+  CFormLog(Application& application, QWidget* parent);
+
+  void Refresh();
+  void ShowAnew();
+  // The selected rows as lines of cells separated by TABs, onto the desktop's clipboard.
+  void CopyRows() const;
+  void DeleteRows();
+  QTableView& table() { return *table_; }
+
+  // Keeps the keys of the table from the commands of the main frame that have the same ones.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  std::vector<std::size_t> SelectedRows() const;
+
+  Application& application_;
+  LogModel model_;
+  QTableView* table_;
+};
+
+class CFrameLog : public ToolFrame {
+ public:
+  // `changed` is told when the log was closed, saved or shortened in this window.
+  CFrameLog(QWidget* owner, Application& application, std::function<void()> changed);
+
+  // Shows the log as it is now, with rows added since; hides without one.
+  void Refresh();
+  // Another log was opened or begun: comes to the front with it.
+  void ShowNewLog();
+  CFormLog& form() { return *form_; }
+
+ protected:
+  QRect DefaultPlace() const override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  Application& application_;
+  std::function<void()> changed_;
+  CFormLog* form_;
+};
+
+}  // namespace cantorix

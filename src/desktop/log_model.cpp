@@ -1,0 +1,48 @@
+// log_model.cpp
+#include "desktop/log_model.h"
+
+#include "desktop/qt_text.h"
+
+namespace cantorix {
+
+void LogModel::Follow(const LogTable* log) {
+  const int rows = log == nullptr ? 0 : static_cast<int>(log->rows().size());
+  const int columns = log == nullptr ? 0 : static_cast<int>(log->captions().size());
+  if (log != nullptr && log == shown_ && columns == columns_ && rows >= rows_) {
+    if (rows == rows_) return;
+    beginInsertRows({}, rows_, rows - 1);
+    rows_ = rows;
+    endInsertRows();
+    return;
+  }
+  beginResetModel();
+  log_ = shown_ = log;
+  rows_ = rows;
+  columns_ = columns;
+  endResetModel();
+}
+
+int LogModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int LogModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : columns_;
+}
+
+QVariant LogModel::data(const QModelIndex& index, int role) const {
+  // Numbers stand right, as everywhere; the source and the kind of the entry are texts.
+  if (role == Qt::TextAlignmentRole && index.column() >= 2) {
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+  }
+  if (role != Qt::DisplayRole || log_ == nullptr) return {};
+  const std::string* const cell =
+      log_->Cell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
+  return cell == nullptr ? QVariant() : QVariant(Shown(*cell));
+}
+
+QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole || log_ == nullptr) return {};
+  if (orientation == Qt::Vertical) return section + 1;
+  return Shown(log_->captions()[static_cast<std::size_t>(section)]);
+}
+
+}  // namespace cantorix

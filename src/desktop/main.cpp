@@ -1,0 +1,38 @@
+// main.cpp - cantorix: cantorix [FILE...], or cantorix --picture ... for a picture without a
+// display
+#include <QApplication>
+#include <QLocale>
+#include <clocale>
+#include <string>
+#include <vector>
+
+#include "desktop/picture_command.h"
+#include "desktop/program.h"
+
+namespace {
+
+// No window is opened, so none of the user's screens is asked for.
+int DrawPicture(int argc, char** argv, const std::vector<std::string>& arguments) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QGuiApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  return cantorix::RunPictureCommand(arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> given(argv + 1, argv + argc);
+  if (cantorix::AsksForPicture(given)) return DrawPicture(argc, argv, given);
+  QApplication application(argc, argv);
+  // Numbers have a decimal point, whatever the user's locale.
+  QLocale::setDefault(QLocale::c());
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName(QStringLiteral("Cantorix"));
+  QApplication::setApplicationVersion(QStringLiteral(CANTORIX_VERSION));
+
+  cantorix::Program program;
+  // Qt has taken its own options out of the arguments.
+  if (!program.Start(std::vector<std::string>(argv + 1, argv + argc))) return 1;
+  return QApplication::exec();
+}

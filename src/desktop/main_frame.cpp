@@ -1,0 +1,132 @@
+// main_frame.cpp - the frame's windows and how they follow each other.
+#include "desktop/main_frame.h"
+
+#include <QMdiArea>
+#include <QStatusBar>
+
+#include "desktop/child_frame.h"
+#include "desktop/display_option_frame.h"
+#include "desktop/label_list_frame.h"
+#include "desktop/log_frame.h"
+#include "desktop/qt_progress.h"
+#include "desktop/tool_icon.h"
+#include "mainview/commands.h"
+
+namespace cantorix {
+
+CMainFrame::CMainFrame(DesktopServices services)
+    : services_(services),
+      documents_(services.application),
+      commands_(*this, services_),
+      area_(new QMdiArea(this)),
+      actions_(*this, {[this](Command command) { commands_.Perform(command); },
+                       [this](Command command) { return commands_.Offers(command); },
+                       [this](const std::string& path) { OpenFile(path); }}),
+      keyboardPanes_(*statusBar()),
+      displayOptions_(new CDisplayOptionFrame(this, *this)),
+      labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
+      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
+      logRows_(services_.application, services_.progress) {
+  setWindowTitle(QStringLiteral("Cantorix"));
+  setWindowIcon(DrawnIcon(QStringLiteral("program")));
+  setCentralWidget(area_);
+  setAcceptDrops(true);
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  area_->viewport()->installEventFilter(this);
+  connect(area_, &QMdiArea::subWindowActivated, this, [this] { Refresh(); });
+  connect(&actions_.MenuOf(Menu::kWindow), &QMenu::aboutToShow, this, [this] { ListWindows(); });
+  connect(&actions_.toolBar(), &QToolBar::visibilityChanged, this, [this] { Refresh(); });
+  actions_.ActionOf(Command::kToolBar).setCheckable(true);
+  actions_.ActionOf(Command::kStatusBar).setCheckable(true);
+  resize(1100, 760);
+  Refresh();
+}
+
+CMainFrame::~CMainFrame() {
+  disconnect(area_, nullptr, this, nullptr);
+  disconnect(&actions_.toolBar(), nullptr, this, nullptr);
+  displayOptions_->Follow(nullptr);
+  labelList_->Follow(nullptr);
+  // The views go before the documents that they look at.
+  for (CChildFrame* const frame : Frames()) delete frame;
+}
+
+void CMainFrame::NewDocument() { OpenNewWindow(documents_.New()); }
+
+bool CMainFrame::OpenFile(const std::string& path) {
+  if (services_.progress.running()) return false;
+  CSonadexDoc* const document = documents_.Open(path);
+  Refresh();
+  if (document == nullptr) return false;
+  const auto frames = FramesOf(*document);
+  if (frames.empty()) {
+    OpenNewWindow(*document);
+  } else {
+    area_->setActiveSubWindow(frames.front());
+  }
+  return true;
+}
+
+void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
+  auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
+  area_->addSubWindow(frame);
+  Place(*frame);
+  frame->show();
+  Number(document);
+  // The window has its size only after its layout ran.
+  QMetaObject::invokeMethod(
+      frame, [frame] { frame->Begin(); }, Qt::QueuedConnection);
+}
+
+bool CMainFrame::CloseDocument(CSonadexDoc& document) {
+  const auto frames = FramesOf(document);
+  if (frames.empty() || !AgreesToClose(document)) return false;
+  agreedToClose_ = &document;
+  for (CChildFrame* const frame : frames) frame->close();
+  agreedToClose_ = nullptr;
+  return true;
+}
+
+CChildFrame* CMainFrame::activeFrame() const {
+  const QMdiSubWindow* const current = area_->currentSubWindow();
+  const CSonadexView* const analysed = current != nullptr && analysisWindows_ != nullptr
+                                           ? analysisWindows_->ViewOf(*current)
+                                           : nullptr;
+  // An analysis window in front leaves the commands to its own main view, another kind of window
+  // to the one used last.
+  const auto windows = area_->subWindowList(QMdiArea::ActivationHistoryOrder);
+  for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+    auto* const frame = dynamic_cast<CChildFrame*>(*window);
+    if (frame == nullptr || frame->view() == nullptr) continue;
+    if (analysed == nullptr || frame->view() == analysed) return frame;
+  }
+  return nullptr;
+}
+
+CSonadexView* CMainFrame::activeView() const {
+  CChildFrame* const frame = activeFrame();
+  return frame == nullptr ? nullptr : frame->view();
+}
+
+std::vector<CChildFrame*> CMainFrame::Frames() const {
+  std::vector<CChildFrame*> frames;
+  for (QMdiSubWindow* const window : area_->subWindowList()) {
+    auto* const frame = dynamic_cast<CChildFrame*>(window);
+    if (frame != nullptr) frames.push_back(frame);
+  }
+  return frames;
+}
+
+std::vector<CChildFrame*> CMainFrame::FramesOf(const CSonadexDoc& document) const {
+  std::vector<CChildFrame*> frames;
+  for (CChildFrame* const frame : Frames()) {
+    if (frame->view() != nullptr && &frame->view()->document() == &document) {
+      frames.push_back(frame);
+    }
+  }
+  return frames;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,109 @@
+// main_frame.h - the main window: the documents' windows in its middle, menus, tool bar and status
+// bar around them, the floating windows over it.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "desktop/command_actions.h"
+#include "desktop/desktop_services.h"
+#include "desktop/frame_commands.h"
+#include "desktop/frame_host.h"
+#include "desktop/keyboard_panes.h"
+#include "desktop/log_row_sink.h"
+#include "desktop/open_documents.h"
+
+class QMdiArea;
+
+namespace cantorix {
+
+class CDisplayOptionFrame;
+class CFrameLog;
+class DocumentOutput;
+class LabelListFrame;
+
+// main_frame.cpp holds its windows, main_frame_events.cpp what happens to them.
+class CMainFrame : public QMainWindow, private FrameHost {
+ public:
+  explicit CMainFrame(DesktopServices services);
+  ~CMainFrame() override;
+
+  void NewDocument();
+  // Opens a recording in a window of its own, or shows the window it has. False when it could not
+  // be opened.
+  bool OpenFile(const std::string& path);
+  void OpenNewWindow(CSonadexDoc& document);
+  // Closes all windows of a document. False when the user keeps it open.
+  bool CloseDocument(CSonadexDoc& document);
+
+  // The document's window that is in front; null without one.
+  CChildFrame* activeFrame() const;
+  CSonadexView* activeView() const;
+  std::vector<CChildFrame*> Frames() const;
+  std::vector<CChildFrame*> FramesOf(const CSonadexDoc& document) const;
+  OpenDocuments& documents() { return documents_; }
+
+  // What opens analysis windows and what prints; null offers neither. They outlive the frame.
+  void SetAnalysisWindows(AnalysisWindows* windows) { analysisWindows_ = windows; }
+  void SetOutput(DocumentOutput* output) { output_ = output; }
+  AnalysisWindows* analysisWindows() const { return analysisWindows_; }
+  DocumentOutput* output() const { return output_; }
+
+  // Commands, floating windows and the list of recent files in step with the state.
+  void Refresh();
+  void ShowLog();
+  void ShowLabelList();
+  void ShowDisplayOptions();
+  void ToggleToolBar();
+  void ToggleStatusBar();
+  // kCascade, kTile or kArrangeIcons.
+  void ArrangeWindows(Command how);
+
+  CommandActions& actions() { return actions_; }
+  CDisplayOptionFrame& displayOptions() { return *displayOptions_; }
+  LabelListFrame& labelList() { return *labelList_; }
+  CFrameLog& log() { return *log_; }
+  QMdiArea& area() { return *area_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void StateChanged() override;
+  void LabelsChanged(CSonadexView& view) override;
+  void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  LogSink* openLog() override;
+  void Run(CSonadexView& view, const std::function<void()>& action) override;
+  bool MayClose(CChildFrame& frame) override;
+  void Closing(CSonadexView& view) override;
+  void Closed(CSonadexDoc& document) override;
+
+  // Asks about unsaved changes; also tells whether the document may go.
+  bool AgreesToClose(CSonadexDoc& document);
+  void Place(CChildFrame& frame);
+  void Number(const CSonadexDoc& document);
+  void ListWindows();
+
+  DesktopServices services_;
+  OpenDocuments documents_;
+  FrameCommands commands_;
+  QMdiArea* area_;
+  CommandActions actions_;
+  KeyboardPanes keyboardPanes_;
+  CDisplayOptionFrame* displayOptions_;
+  LabelListFrame* labelList_;
+  CFrameLog* log_;
+  LogRowSink logRows_;
+  AnalysisWindows* analysisWindows_ = nullptr;
+  DocumentOutput* output_ = nullptr;
+  const CSonadexDoc* agreedToClose_ = nullptr;  // the user was asked about it already
+  std::vector<QAction*> windowList_;
+  std::vector<std::string> shownRecent_;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,181 @@
+// main_frame_events.cpp - what reaches the main frame: from the documents' windows, from the user's
+// window manager, and the floating windows it shows in answer.
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QUrl>
+
+#include "app/log_documents.h"
+#include "desktop/child_frame.h"
+#include "desktop/display_option_frame.h"
+#include "desktop/label_list_frame.h"
+#include "desktop/log_frame.h"
+#include "desktop/main_frame.h"
+#include "desktop/qt_text.h"
+#include "document/save_commands.h"
+
+namespace cantorix {
+namespace {
+
+void BringForward(QWidget& window) {
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace
+
+void CMainFrame::Refresh() {
+  CSonadexView* const view = activeView();
+  actions_.Refresh(view);
+  actions_.ActionOf(Command::kToolBar).setChecked(!actions_.toolBar().isHidden());
+  actions_.ActionOf(Command::kStatusBar).setChecked(!statusBar()->isHidden());
+  const auto& recent = services_.application.recentFiles.paths();
+  if (recent != shownRecent_) actions_.ShowRecentFiles(shownRecent_ = recent);
+  displayOptions_->Follow(view);
+  labelList_->Follow(view);
+  log_->Refresh();
+  if (analysisWindows_ != nullptr) analysisWindows_->RefreshCommands();
+}
+
+void CMainFrame::ShowLog() {
+  log_->ShowNewLog();
+  Refresh();
+}
+
+void CMainFrame::ShowLabelList() { BringForward(*labelList_); }
+
+void CMainFrame::ShowDisplayOptions() { BringForward(*displayOptions_); }
+
+void CMainFrame::ToggleToolBar() { actions_.toolBar().setVisible(actions_.toolBar().isHidden()); }
+
+void CMainFrame::ToggleStatusBar() { statusBar()->setVisible(statusBar()->isHidden()); }
+
+void CMainFrame::ArrangeWindows(Command how) {
+  if (how == Command::kCascade) return area_->cascadeSubWindows();
+  if (how == Command::kTile) return area_->tileSubWindows();
+  int left = 0;
+  for (CChildFrame* const frame : Frames()) {
+    if (!frame->isMinimized()) continue;
+    frame->move(left, area_->viewport()->height() - frame->height());
+    left += frame->width();
+  }
+}
+
+// The windows at the end of the Window menu, that in front with a tick.
+void CMainFrame::ListWindows() {
+  for (QAction* const action : windowList_) action->deleteLater();
+  windowList_.clear();
+  QMenu& menu = actions_.MenuOf(Menu::kWindow);
+  windowList_.push_back(menu.addSeparator());
+  for (CChildFrame* const frame : Frames()) {
+    QString title = frame->windowTitle().remove(QStringLiteral("[*]"));
+    auto* const action = menu.addAction(
+        QStringLiteral("&%1 %2").arg(windowList_.size()).arg(title.replace('&', "&&")));
+    action->setCheckable(true);
+    action->setChecked(frame == activeFrame());
+    connect(action, &QAction::triggered, frame,
+            [this, frame] { area_->setActiveSubWindow(frame); });
+    windowList_.push_back(action);
+  }
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+  for (CSonadexDoc* const document : documents_.All()) {
+    if (!AgreesToClose(*document)) return event->ignore();
+  }
+  if (!CloseLog(services_.application)) return event->ignore();
+  for (CSonadexDoc* const document : documents_.All()) {
+    agreedToClose_ = document;
+    for (CChildFrame* const frame : FramesOf(*document)) frame->close();
+  }
+  agreedToClose_ = nullptr;
+  event->accept();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) return event->acceptProposedAction();
+  }
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) OpenFile(ChosenPath(url.toLocalFile()));
+  }
+}
+
+bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == area_->viewport() && event->type() == QEvent::Resize) {
+    for (CChildFrame* const frame : Frames()) frame->FollowSpace(area_->viewport()->rect());
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void CMainFrame::StateChanged() { Refresh(); }
+
+void CMainFrame::LabelsChanged(CSonadexView& view) {
+  if (&view == activeView()) labelList_->Refresh();
+}
+
+void CMainFrame::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
+  if (analysisWindows_ != nullptr) analysisWindows_->CursorMoved(view, phase, ms);
+}
+
+LogSink* CMainFrame::openLog() { return services_.application.log ? &logRows_ : nullptr; }
+
+void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
+  if (services_.progress.running()) return;
+  Guarded(view, action);
+  Refresh();
+}
+
+bool CMainFrame::AgreesToClose(CSonadexDoc& document) {
+  const auto frames = FramesOf(document);
+  if (services_.progress.running()) return false;
+  if (frames.empty()) return true;
+  bool agrees = false;
+  Guarded(*frames.front()->view(), [&] { agrees = CanCloseDocument(document); });
+  return agrees;
+}
+
+bool CMainFrame::MayClose(CChildFrame& frame) {
+  CSonadexDoc& document = frame.view()->document();
+  if (agreedToClose_ == &document) return true;
+  if (FramesOf(document).size() > 1) return !services_.progress.running();
+  return AgreesToClose(document);
+}
+
+void CMainFrame::Closing(CSonadexView& view) {
+  if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
+}
+
+void CMainFrame::Closed(CSonadexDoc& document) {
+  if (FramesOf(document).empty()) {
+    documents_.Close(document);
+  } else {
+    Number(document);
+  }
+  Refresh();
+}
+
+// A window fills the space until the user has once given one a place.
+void CMainFrame::Place(CChildFrame& frame) {
+  const WindowPlacement& stored = services_.application.host.application.mainView;
+  if (stored.width > 0 && stored.height > 0) {
+    frame.setGeometry(stored.x, stored.y, stored.width, stored.height);
+  } else {
+    frame.Fill(area_->viewport()->rect());
+  }
+}
+
+void CMainFrame::Number(const CSonadexDoc& document) {
+  const auto frames = FramesOf(document);
+  int number = 0;
+  for (CChildFrame* const frame : frames) frame->SetNumber(frames.size() > 1 ? ++number : 0);
+}
+
+}  // namespace cantorix

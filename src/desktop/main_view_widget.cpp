@@ -1,0 +1,158 @@
+// main_view_widget.cpp - input as calls of the view's functions.
+#include "desktop/main_view_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <cmath>
+#include <optional>
+
+#include "desktop/paint/main_view_canvas.h"
+#include "mainview/document_waveform.h"
+#include "mainview/mouse.h"
+#include "mainview/view_commands.h"
+#include "mainview/wheel_zoom.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kWheelStep = 120;  // eighths of a degree: one notch of an ordinary wheel
+
+struct KeyScroll {
+  bool vertical;
+  ScrollRequest request;
+};
+
+std::optional<KeyScroll> ScrollOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return KeyScroll{false, ScrollRequest::kLineBack};
+    case Qt::Key_Right:
+      return KeyScroll{false, ScrollRequest::kLineForward};
+    case Qt::Key_PageUp:
+      return KeyScroll{false, ScrollRequest::kPageBack};
+    case Qt::Key_PageDown:
+      return KeyScroll{false, ScrollRequest::kPageForward};
+    case Qt::Key_Up:
+      return KeyScroll{true, ScrollRequest::kLineBack};
+    case Qt::Key_Down:
+      return KeyScroll{true, ScrollRequest::kLineForward};
+    default:
+      return std::nullopt;
+  }
+}
+
+// A palette whose windows are darker than their texts is a dark one.
+PaintStyle StyleFor(const QPalette& palette) {
+  const bool dark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
+}
+
+// A pointer on the line between two pixels belongs to the one on its left and top.
+std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
+
+}  // namespace
+
+MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host,
+                               QWidget* parent)
+    : QWidget(parent),
+      view_(&view),
+      host_(host),
+      canvas_(std::make_unique<MainViewCanvas>(view, waveform)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(240, 160);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAccessibleName(QStringLiteral("Recording"));
+}
+
+MainViewWidget::~MainViewWidget() = default;
+
+void MainViewWidget::LetGo() {
+  canvas_.reset();
+  view_ = nullptr;
+}
+
+void MainViewWidget::Pass(const std::function<void(CSonadexView&)>& action) {
+  if (view_ == nullptr || !begun_) return;
+  host_.Run(*view_, [&] { action(*view_); });
+}
+
+void MainViewWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (!canvas_ || !begun_) return painter.fillRect(rect(), palette().window());
+  canvas_->Paint(painter, StyleFor(palette()));
+}
+
+void MainViewWidget::resizeEvent(QResizeEvent*) {
+  if (view_ != nullptr && begun_) view_->LayOut(ClientSize());
+}
+
+void MainViewWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPointF at = event->position();
+  Pass([&](CSonadexView& view) { PressMouse(view, Pixel(at.x()), Pixel(at.y())); });
+}
+
+void MainViewWidget::mouseMoveEvent(QMouseEvent* event) {
+  const QPointF at = event->position();
+  Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y())); });
+}
+
+void MainViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPointF at = event->position();
+  Pass([&](CSonadexView& view) { ReleaseMouse(view, Pixel(at.x()), Pixel(at.y())); });
+}
+
+// The second press of a double click is a press like any other.
+void MainViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void MainViewWidget::wheelEvent(QWheelEvent* event) {
+  wheelRest_ += event->angleDelta();
+  const QPoint steps(wheelRest_.x() / kWheelStep, wheelRest_.y() / kWheelStep);
+  wheelRest_ -= steps * kWheelStep;
+  event->accept();
+  TurnSteps(*event, steps.y());
+  // A wheel that turns sideways moves the picture the way it turns.
+  for (int i = 0; i < std::abs(steps.x()); ++i) {
+    Pass([&](CSonadexView& view) {
+      ScrollView(view, steps.x() > 0 ? ScrollRequest::kLineBack : ScrollRequest::kLineForward);
+    });
+  }
+}
+
+// Alone, the wheel scrolls through the recording; with Ctrl it zooms at the pointer, with Shift it
+// scrolls tiers and panes.
+void MainViewWidget::TurnSteps(QWheelEvent& event, int steps) {
+  if (steps == 0) return;
+  const int direction = steps > 0 ? 1 : -1;
+  Pass([&](CSonadexView& view) {
+    if (event.modifiers().testFlag(Qt::ControlModifier)) {
+      return ZoomViewAround(view, Pixel(event.position().x()), steps);
+    }
+    for (int i = 0; i != steps; i += direction) {
+      if (event.modifiers().testFlag(Qt::ShiftModifier)) {
+        ScrollViewVertically(
+            view, direction > 0 ? ScrollRequest::kLineBack : ScrollRequest::kLineForward);
+      } else {
+        TurnWheel(view, direction);
+      }
+    }
+  });
+}
+
+void MainViewWidget::keyPressEvent(QKeyEvent* event) {
+  const auto scroll = ScrollOf(event->key());
+  const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  if (!scroll || modifiers != Qt::NoModifier) return QWidget::keyPressEvent(event);
+  Pass([&](CSonadexView& view) {
+    if (scroll->vertical) {
+      ScrollViewVertically(view, scroll->request);
+    } else {
+      ScrollView(view, scroll->request);
+    }
+  });
+}
+
+}  // namespace cantorix

@@ -1,0 +1,49 @@
+// main_view_widget.h - the window area in which a working view is drawn. It passes mouse, wheel and
+// keys on to the view and paints it; everything worth knowing is kept by the view.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "desktop/frame_host.h"
+
+namespace cantorix {
+
+class DocumentWaveform;
+class MainViewCanvas;
+
+class MainViewWidget : public QWidget {
+ public:
+  MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host, QWidget* parent);
+
+  PixelSize ClientSize() const { return {width(), height()}; }
+  ~MainViewWidget() override;
+
+  // The view has been laid out for the first time.
+  void ViewBegun() { begun_ = true; }
+  // The view is about to go: nothing is passed on or drawn any more.
+  void LetGo();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  // Runs `action` on the view under the frame's guard; nothing before the view has begun.
+  void Pass(const std::function<void(CSonadexView&)>& action);
+  void TurnSteps(QWheelEvent& event, int steps);
+
+  CSonadexView* view_;
+  FrameHost& host_;
+  std::unique_ptr<MainViewCanvas> canvas_;  // gone when the view is
+  bool begun_ = false;
+  QPoint wheelRest_;  // turns of the wheel that do not make a whole step yet
+};
+
+}  // namespace cantorix

@@ -1,0 +1,67 @@
+// open_documents.cpp
+#include "desktop/open_documents.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <utility>
+
+#include "app/application.h"
+#include "platform/file_error.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+
+CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<Entry>(application_.host)); }
+
+CSonadexDoc* OpenDocuments::Open(const std::string& path) {
+  if (CSonadexDoc* const open = Find(path)) return open;
+  auto entry = std::make_unique<Entry>(application_.host);
+  if (!entry->document.OnOpenDocument(path)) {
+    Report(path, entry->document.openFailure);
+    return nullptr;
+  }
+  application_.recentFiles.Add(path);
+  return &Keep(std::move(entry));
+}
+
+CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<Entry> entry) {
+  entries_.push_back(std::move(entry));
+  return entries_.back()->document;
+}
+
+void OpenDocuments::Close(CSonadexDoc& document) {
+  std::erase_if(entries_, [&](const auto& open) { return &open->document == &document; });
+}
+
+std::vector<CSonadexDoc*> OpenDocuments::All() const {
+  std::vector<CSonadexDoc*> all;
+  for (const auto& entry : entries_) all.push_back(&entry->document);
+  return all;
+}
+
+DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
+  for (const auto& entry : entries_) {
+    if (&entry->document == &document) return entry->waveform;
+  }
+  throw std::logic_error("a document that is not open");
+}
+
+CSonadexDoc* OpenDocuments::Find(const std::string& path) const {
+  for (CSonadexDoc* const document : All()) {
+    std::error_code missing;
+    if (!document->pathName().empty() &&
+        std::filesystem::equivalent(document->pathName(), path, missing)) {
+      return document;
+    }
+  }
+  return nullptr;
+}
+
+void OpenDocuments::Report(const std::string& path, const OpenFailure& failure) {
+  std::error_code unreadable;
+  if (!std::filesystem::exists(path, unreadable)) application_.recentFiles.Remove(path);
+  if (failure.shown || failure.cancelled) return;
+  application_.prompts().Message(CouldNotBeOpened(path, failure.reason));
+}
+
+}  // namespace cantorix

@@ -1,0 +1,46 @@
+// open_documents.h - the documents that are open, in the order in which they came.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "document/document.h"
+#include "mainview/document_waveform.h"
+
+namespace cantorix {
+
+class Application;
+
+class OpenDocuments {
+ public:
+  explicit OpenDocuments(Application& application) : application_(application) {}
+
+  CSonadexDoc& New();
+  // The document of `path`; the one that has it open already, if any. Null when it could not be
+  // opened, which the user has been told unless they cancelled it.
+  CSonadexDoc* Open(const std::string& path);
+  // Ends a document. Its views must be gone.
+  void Close(CSonadexDoc& document);
+
+  std::vector<CSonadexDoc*> All() const;
+  // The picture of an open document's samples, shared by its windows.
+  DocumentWaveform& WaveformOf(const CSonadexDoc& document);
+
+ private:
+  CSonadexDoc* Find(const std::string& path) const;
+  void Report(const std::string& path, const OpenFailure& failure);
+
+  struct Entry {
+    explicit Entry(DocumentHost& host) : document(host), waveform(document) {}
+
+    CSonadexDoc document;
+    DocumentWaveform waveform;  // goes before its document
+  };
+  CSonadexDoc& Keep(std::unique_ptr<Entry> entry);
+
+  Application& application_;
+  std::vector<std::unique_ptr<Entry>> entries_;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,123 @@
+// label_painter.cpp
+#include "desktop/paint/label_painter.h"
+
+#include <QFontMetrics>
+#include <algorithm>
+
+#include "desktop/paint/picture_text.h"
+#include "desktop/qt_text.h"
+#include "mainview/label_layout.h"
+
+namespace cantorix {
+namespace {
+
+constexpr double kLineGap = 2.0;         // pixels
+constexpr double kLongestText = 4000.0;  // pixels; a label further outside cannot reach in
+
+// Black, the colour of a fresh label, is the palette's own ink.
+QColor ColorOf(const Label& label, const PaintStyle& style) {
+  if (label.colour == 0 || !style.hasColor) return style.text;
+  return {static_cast<int>(label.colour & 0xffU), static_cast<int>(label.colour >> 8U & 0xffU),
+          static_cast<int>(label.colour >> 16U & 0xffU)};
+}
+
+// The font of the description used last, as neighbouring labels mostly share one.
+class LabelFonts {
+ public:
+  const QFont& Of(const FontDescription& description) {
+    if (!known_ || !(description == description_)) {
+      description_ = description;
+      font_ = FontOf(description);
+      known_ = true;
+    }
+    return font_;
+  }
+
+ private:
+  FontDescription description_;
+  QFont font_;
+  bool known_ = false;
+};
+
+void DrawLine(QPainter& painter, double x, const TierPlace& place, const PaintStyle& style) {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(style.labelLine, style.hairline));
+  painter.drawLine(QLineF(x, place.strip.top, x, place.strip.bottom));
+  painter.setPen(QPen(style.labelLine, style.hairline, Qt::DotLine));
+  painter.drawLine(QLineF(x, place.strip.bottom, x, place.lineBottom));
+}
+
+void DrawTextOf(QPainter& painter, const Label& label, const TierPlace& place, const QFont& font,
+                const PaintStyle& style) {
+  const QString text = Shown(label.text);
+  const QFontMetrics metrics(font);
+  const PixelRect box =
+      LabelBox(label, {metrics.horizontalAdvance(text), metrics.height()}, place.strip, place.time);
+  // Off its own line.
+  const double shift = label.flag == 0 || label.alignment == kAlignCentre ? 0.0
+                       : label.alignment == kAlignRight                   ? -kLineGap
+                                                                          : kLineGap;
+  painter.setFont(font);
+  painter.setPen(Legible(ColorOf(label, style), style.tier));
+  painter.drawText(ToRectF(box).translated(shift, 0.0),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
+}
+
+}  // namespace
+
+QRectF ToRectF(const PixelRect& rect) {
+  return {QPointF(rect.left, rect.top), QPointF(rect.right, rect.bottom)};
+}
+
+std::int32_t HeightOfTiers(const Tiers& tiers) {
+  std::int32_t height = 0;
+  for (const Tier& tier : tiers) height += tier.inUse ? std::max(tier.tierWord, 1) : 0;
+  return height;
+}
+
+void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip,
+                   const PaintStyle& style) {
+  const QRectF rect = ToRectF(strip);
+  painter.fillRect(rect, style.tier);
+  painter.setPen(QPen(style.frame, style.hairline));
+  painter.drawLine(QLineF(rect.left(), rect.bottom() - 0.5, rect.right(), rect.bottom() - 0.5));
+  painter.setPen(style.text);
+  const QRectF margin(1.0, rect.top(), rect.left() - 5.0, rect.height());
+  DrawFitted(painter, margin, Qt::AlignRight | Qt::AlignVCenter, Shown(tier.name),
+             Resized(style.font, std::min(style.font.pixelSize(), strip.bottom - strip.top)));
+}
+
+void DrawTierLabels(QPainter& painter, const Tier& tier, const TierPlace& place, int without,
+                    const PaintStyle& style) {
+  LabelFonts fonts;
+  painter.save();
+  double drawnX = -2.0 * kLongestText;
+  double drawnPosition = 0.0;
+  for (std::size_t i = 0; i < tier.labels.size(); ++i) {
+    const Label& label = tier.labels[i];
+    const double x = place.time.X(label.timeMs);
+    if (static_cast<int>(i) == without || x < place.strip.left - kLongestText ||
+        x > place.strip.right + kLongestText) {
+      continue;
+    }
+    if (std::abs(x - drawnX) < 1.0 && label.verticalPosition == drawnPosition) continue;
+    painter.setClipRect(QRectF(place.strip.left, place.strip.top,
+                               place.strip.right - place.strip.left,
+                               std::max(place.lineBottom - place.strip.top, 0.0)));
+    if (label.flag != 0) DrawLine(painter, x, place, style);
+    DrawTextOf(painter, label, place, fonts.Of(label.font), style);
+    drawnX = x;
+    drawnPosition = label.verticalPosition;
+  }
+  painter.restore();
+}
+
+void DrawLabel(QPainter& painter, const Label& label, const TierPlace& place,
+               const PaintStyle& style) {
+  painter.save();
+  if (label.flag != 0) DrawLine(painter, place.time.X(label.timeMs), place, style);
+  DrawTextOf(painter, label, place, FontOf(label.font), style);
+  painter.restore();
+}
+
+}  // namespace cantorix

@@ -1,0 +1,254 @@
+// main_view_painter.cpp
+#include "desktop/paint/main_view_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "desktop/paint/label_painter.h"
+#include "desktop/paint/picture_axis.h"
+#include "desktop/paint/picture_text.h"
+#include "desktop/paint/readout_painter.h"
+#include "desktop/paint/signal_strips.h"
+#include "desktop/paint/window_strips.h"
+#include "mainview/readout_texts.h"
+#include "mainview/time_axis.h"
+
+namespace cantorix {
+namespace {
+
+// Everything a pass needs, worked out once: panes, axes and their ticks.
+struct Scene {
+  CSonadexView& view;
+  const PaintStyle& style;
+  const DisplaySettings& display;
+  QRectF client, audio, intensity, pitch, timeStrip, readouts;
+  AxisScale time;
+  AxisSpan amplitude, levels, hertz;
+  std::vector<AxisTick> timeTicks;
+  bool levelsOverAudio = false;
+  bool hasLevels = false;
+
+  // Tiers and panes end where the time axis begins, however far they are scrolled.
+  QRectF ScrolledArea() const {
+    return {client.topLeft(), QPointF(client.right(), timeStrip.top())};
+  }
+  // Where a label's line and the cursor end.
+  double DataBottom() const {
+    const double lowest = std::max({audio.bottom(), intensity.bottom(), pitch.bottom()});
+    return std::min(lowest, timeStrip.top());
+  }
+};
+
+// A pane, a pixel less at its ends, so that neighbours do not touch.
+QRectF PaneOf(const PixelRect& rect) {
+  if (rect.bottom <= rect.top) return {};
+  return ToRectF(rect).adjusted(0.0, 2.0, 0.0, -2.0);
+}
+
+Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
+  CSonadexView& view = picture.view;
+  const ViewLayout& layout = view.layout;
+  const DocumentSettings& settings = view.document().settings;
+  Scene scene{view, style, settings.display, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+  scene.client = QRectF(0.0, 0.0, layout.client.width, layout.client.height);
+  scene.audio = PaneOf(layout.audio);
+  scene.intensity = PaneOf(layout.intensity);
+  scene.pitch = PaneOf(layout.pitch);
+  scene.timeStrip = ToRectF(layout.timeAxis);
+  scene.readouts = ToRectF(layout.readouts);
+  scene.time = TimeAxisOf(view.channel());
+  scene.hasLevels = settings.display.drawIntensity != 0 && view.channel().intensity.IntensityValid;
+  scene.levelsOverAudio = scene.hasLevels && scene.intensity.isEmpty() && !scene.audio.isEmpty();
+  return scene;
+}
+
+// What background and data need beyond the places.
+Scene SceneWithAxes(const MainViewPicture& picture, const PaintStyle& style) {
+  Scene scene = SceneOf(picture, style);
+  const CSonadexDoc& document = picture.view.document();
+  const QRectF& levelPane = scene.levelsOverAudio ? scene.audio : scene.intensity;
+  scene.amplitude = AmplitudeSpan(document.channel(), picture.waveform, scene.audio);
+  scene.levels = IntensitySpan(document.channel().intensity, levelPane);
+  scene.hertz = DisplayedPitch(document.settings.pitch, scene.pitch);
+  if (document.loaded) scene.timeTicks = TicksOfTime(scene.time, scene.display.timeBase, style);
+  return scene;
+}
+
+void DrawValuePane(QPainter& painter, const Scene& scene, const QRectF& pane, const AxisSpan& span,
+                   bool withAxis) {
+  if (pane.isEmpty()) return;
+  DrawPane(painter, pane, scene.style.pane);
+  const auto ticks = ValueTicks(pane, span.low, span.high, scene.style);
+  if (scene.display.drawGrids != 0) {
+    if (withAxis) DrawValueGrid(painter, pane, span, ticks, scene.style.grid);
+    DrawVerticalGrid(painter, pane, scene.time, scene.timeTicks, scene.style.grid);
+  }
+  if (withAxis) DrawValueAxis(painter, pane, span, ticks, kLeftMargin, scene.style);
+  DrawFrame(painter, pane, scene.style);
+}
+
+void DrawTierStrips(QPainter& painter, const Scene& scene) {
+  for (const Tier& tier : scene.view.channel().tiers) {
+    if (tier.rect.bottom > tier.rect.top) DrawTierStrip(painter, tier, tier.rect, scene.style);
+  }
+}
+
+// Behind the data, which nothing may hide.
+void DrawCaptions(QPainter& painter, const Scene& scene) {
+  const QFont font = Resized(scene.style.font, scene.style.font.pixelSize() - 1);
+  const auto caption = [&](const QRectF& pane, const QString& text, const QColor& color) {
+    if (!pane.isEmpty()) DrawCaption(painter, pane, text, font, color);
+  };
+  caption(scene.audio, QStringLiteral("Audio"), scene.style.muted);
+  caption(scene.intensity, QStringLiteral("Intensity (dB)"), scene.style.intensity);
+  caption(scene.pitch, QStringLiteral("Pitch (Hz)"), scene.style.pitch);
+}
+
+void DrawZeroLine(QPainter& painter, const Scene& scene) {
+  if (scene.audio.isEmpty()) return;
+  painter.setPen(QPen(scene.style.zeroLine, scene.style.hairline));
+  const double y = YOf(scene.audio, scene.amplitude, 0.0);
+  painter.drawLine(QLineF(scene.audio.left(), y, scene.audio.right(), y));
+}
+
+TierPlace PlaceOf(const Scene& scene, const Tier& tier) {
+  return {tier.rect, scene.time, scene.DataBottom()};
+}
+
+int DraggedLabelOf(const CSonadexView& view, int tier) {
+  const bool dragged = view.press.held && view.press.draggedLabel && view.press.moved;
+  return dragged && view.labelEntry.currentTier == tier ? view.labelEntry.pressedLabel : -1;
+}
+
+void DrawAllLabels(QPainter& painter, const Scene& scene) {
+  const Tiers& tiers = scene.view.channel().tiers;
+  for (int i = 0; i < kTierCount; ++i) {
+    const Tier& tier = tiers[static_cast<std::size_t>(i)];
+    if (tier.rect.bottom <= tier.rect.top) continue;
+    DrawTierLabels(painter, tier, PlaceOf(scene, tier), -1, scene.style);
+  }
+}
+
+void DrawSelection(QPainter& painter, const Scene& scene) {
+  const CChannel& channel = scene.view.channel();
+  const double left = std::max(scene.time.X(channel.selectionStart.ms), scene.time.left);
+  const double right = std::min(
+      scene.time.X(std::min(channel.selectionEnd.ms, channel.totalDurationMs)), scene.time.right());
+  if (right < left) return;
+  const double top = scene.client.top();
+  const QRectF band(left, top, right - left, scene.DataBottom() - top);
+  painter.fillRect(band, scene.style.selection);
+  // Its edges are drawn strongly while the mouse pulls it out.
+  QColor edge = scene.style.selectionEdge;
+  if (!scene.view.press.held) edge.setAlpha(150);
+  painter.setPen(QPen(edge, scene.style.hairline));
+  painter.drawLine(QLineF(left, band.top(), left, band.bottom()));
+  painter.drawLine(QLineF(right, band.top(), right, band.bottom()));
+}
+
+void DrawCursor(QPainter& painter, const Scene& scene) {
+  const double x = scene.time.X(scene.view.channel().cursor.ms);
+  if (x < scene.time.left || x > scene.time.right()) return;
+  painter.setPen(QPen(scene.style.cursor, scene.style.hairline));
+  painter.drawLine(QLineF(x, scene.client.top(), x, scene.timeStrip.top() + 3.0));
+}
+
+// The label under the mouse, where it would be put down; its old place shows the tier.
+void DrawDraggedLabel(QPainter& painter, const Scene& scene) {
+  const CSonadexView& view = scene.view;
+  const int index = view.labelEntry.currentTier;
+  if (index < 0 || index >= kTierCount || DraggedLabelOf(view, index) < 0) return;
+  const Tier& tier = view.channel().tiers[static_cast<std::size_t>(index)];
+  painter.fillRect(ToRectF(tier.rect), scene.style.tier);
+  DrawTierLabels(painter, tier, PlaceOf(scene, tier), DraggedLabelOf(view, index), scene.style);
+  DrawLabel(painter, view.labelEntry.label, PlaceOf(scene, tier), scene.style);
+  const double x = scene.time.X(view.labelEntry.label.timeMs);
+  painter.setPen(QPen(scene.style.selectionEdge, scene.style.hairline, Qt::DashLine));
+  painter.drawLine(QLineF(x, tier.rect.bottom, x, scene.DataBottom()));
+}
+
+void PaintBackground(QPainter& painter, const Scene& scene) {
+  const PaintStyle& style = scene.style;
+  painter.fillRect(scene.client, style.background);
+  painter.save();
+  painter.setClipRect(scene.ScrolledArea(), Qt::IntersectClip);
+  DrawTierStrips(painter, scene);
+  DrawValuePane(painter, scene, scene.audio, scene.amplitude, scene.view.document().loaded);
+  DrawValuePane(painter, scene, scene.intensity, scene.levels, scene.hasLevels);
+  DrawValuePane(painter, scene, scene.pitch, scene.hertz, true);
+  DrawZeroLine(painter, scene);
+  DrawCaptions(painter, scene);
+  painter.restore();
+  DrawBottomAxis(painter,
+                 QRectF(QPointF(0.0, scene.timeStrip.top()),
+                        QPointF(scene.client.right(), scene.timeStrip.bottom())),
+                 scene.time, scene.timeTicks, TimeUnit(scene.display.timeBase), style);
+}
+
+void PaintData(QPainter& painter, const Scene& scene, const WaveformPyramid& waveform) {
+  const CSonadexView& view = scene.view;
+  const CChannel& channel = view.channel();
+  const PaintStyle& style = scene.style;
+  painter.save();
+  painter.setClipRect(scene.ScrolledArea(), Qt::IntersectClip);
+  if (!scene.audio.isEmpty()) {
+    DrawWaveform(painter, {scene.audio, scene.time}, scene.amplitude, view.document(), waveform,
+                 style);
+  }
+  if (scene.hasLevels) {
+    const QRectF& pane = scene.levelsOverAudio ? scene.audio : scene.intensity;
+    DrawIntensity(painter, {pane, scene.time}, scene.levels, channel, style);
+    if (scene.levelsOverAudio) {
+      DrawInnerAxis(painter, pane, scene.levels,
+                    ValueTicks(pane, scene.levels.low, scene.levels.high, style), style.intensity,
+                    style);
+    }
+  }
+  if (!scene.pitch.isEmpty()) {
+    DrawPitch(painter, {scene.pitch, scene.time}, scene.hertz, view.pitch, channel.msPerSample(),
+              style);
+  }
+  DrawAllLabels(painter, scene);
+  painter.restore();
+}
+
+void PaintOverlay(QPainter& painter, const Scene& scene) {
+  const CSonadexView& view = scene.view;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setClipRect(scene.client, Qt::IntersectClip);
+  if (view.document().loaded) {
+    DrawDraggedLabel(painter, scene);
+    if (view.selectionShown) DrawSelection(painter, scene);
+    if (view.markerSet) DrawCursor(painter, scene);
+  }
+  painter.restore();
+  DrawReadouts(painter, scene.readouts,
+               ReadoutTexts(view.readouts, view.channel().sampleRateHz, scene.display.timeBase),
+               scene.style);
+}
+
+}  // namespace
+
+void PaintMainView(QPainter& painter, const MainViewPicture& picture, const PaintStyle& style) {
+  const Scene scene = SceneWithAxes(picture, style);
+  PaintBackground(painter, scene);
+  PaintData(painter, scene, picture.waveform);
+  PaintOverlay(painter, scene);
+}
+
+void PaintMainViewBackground(QPainter& painter, const MainViewPicture& picture,
+                             const PaintStyle& style) {
+  PaintBackground(painter, SceneWithAxes(picture, style));
+}
+
+void PaintMainViewData(QPainter& painter, const MainViewPicture& picture, const PaintStyle& style) {
+  PaintData(painter, SceneWithAxes(picture, style), picture.waveform);
+}
+
+void PaintMainViewOverlay(QPainter& painter, const MainViewPicture& picture,
+                          const PaintStyle& style) {
+  PaintOverlay(painter, SceneOf(picture, style));
+}
+
+}  // namespace cantorix

@@ -1,0 +1,183 @@
+// picture_axis.cpp
+#include "desktop/paint/picture_axis.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "desktop/paint/picture_text.h"
+
+namespace cantorix {
+namespace {
+
+constexpr double kTick = 4.0;           // pixels
+constexpr double kTextGap = 3.0;        // between a tick and its text
+constexpr double kTextSpace = 16.0;     // between neighbouring texts of a horizontal axis
+constexpr double kLeastGridPixels = 4;  // a denser grid would hide the picture
+
+QString Text(const AxisTick& tick) { return QString::fromStdString(tick.text); }
+
+double WidestText(const std::vector<AxisTick>& ticks, const QFont& font) {
+  double width = 0.0;
+  for (const AxisTick& tick : ticks) width = std::max(width, TextSize(font, Text(tick)).width());
+  return width;
+}
+
+QFont TickFont(const PaintStyle& style) { return Resized(style.font, style.font.pixelSize() - 1); }
+
+// A text's top when its middle should be at `middle`, moved into the pane.
+double TopOfText(const QRectF& pane, double middle, double height) {
+  return std::max(std::min(middle - height / 2.0, pane.bottom() - height), pane.top());
+}
+
+// Calls draw(box, text) for the ticks' texts from the bottom upwards, without those that would
+// touch the one before.
+template <typename Draw>
+void PlaceTexts(const QRectF& pane, const AxisSpan& span, const std::vector<AxisTick>& ticks,
+                double height, const Draw& draw) {
+  double free = std::numeric_limits<double>::infinity();
+  for (const AxisTick& tick : ticks) {
+    const double top = TopOfText(pane, YOf(pane, span, tick.value), height);
+    if (top + height > free) continue;
+    draw(top, tick);
+    free = top;
+  }
+}
+
+}  // namespace
+
+double YOf(const QRectF& pane, const AxisSpan& span, double value) {
+  if (!(span.high > span.low)) return pane.bottom();
+  return pane.bottom() - (value - span.low) / (span.high - span.low) * pane.height();
+}
+
+AxisSpan ValueSpan(const QRectF& pane, double low, double high) {
+  return {low, high, pane.height()};
+}
+
+std::vector<AxisTick> ValueTicks(const QRectF& pane, double low, double high,
+                                 const PaintStyle& style, double gridStep) {
+  const double height = TextSize(TickFont(style), QStringLiteral("0")).height();
+  const AxisSpan span = ValueSpan(pane, low, high);
+  auto ticks = TicksEvery(span, StepBesideGrid(span, 2.2 * height, gridStep));
+  // A low pane has closer texts rather than a single one.
+  if (ticks.size() < 3) ticks = TicksEvery(span, StepBesideGrid(span, 1.2 * height, gridStep));
+  return ticks;
+}
+
+void DrawValueAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
+                   const std::vector<AxisTick>& ticks, double margin, const PaintStyle& style) {
+  const double room = margin - kTick - kTextGap - 1.0;
+  QFont font = TickFont(style);
+  while (font.pixelSize() > kLeastFontPixels && WidestText(ticks, font) > room) {
+    font.setPixelSize(font.pixelSize() - 1);
+  }
+  painter.setPen(QPen(style.axis, style.hairline));
+  for (const AxisTick& tick : ticks) {
+    const double y = YOf(pane, span, tick.value);
+    painter.drawLine(QLineF(pane.left() - kTick, y, pane.left(), y));
+  }
+  painter.setPen(style.text);
+  painter.setFont(font);
+  const double height = TextSize(font, QStringLiteral("0")).height();
+  PlaceTexts(pane, span, ticks, height, [&](double top, const AxisTick& tick) {
+    const QRectF box(pane.left() - margin + 1.0, top, room, height);
+    DrawFitted(painter, box, Qt::AlignRight | Qt::AlignVCenter, Text(tick), font);
+  });
+}
+
+void DrawInnerAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
+                   const std::vector<AxisTick>& ticks, const QColor& color,
+                   const PaintStyle& style) {
+  const QFont font = TickFont(style);
+  const double height = TextSize(font, QStringLiteral("0")).height();
+  const double width = WidestText(ticks, font);
+  QColor plate = style.pane;
+  plate.setAlpha(170);
+  PlaceTexts(pane, span, ticks, height, [&](double top, const AxisTick& tick) {
+    const double y = YOf(pane, span, tick.value);
+    const QRectF box(pane.right() - width - kTick - kTextGap - 1.0, top, width + 2.0, height);
+    painter.fillRect(box, plate);
+    painter.setPen(QPen(color, style.hairline));
+    painter.drawLine(QLineF(pane.right() - kTick, y, pane.right(), y));
+    painter.setFont(font);
+    painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, Text(tick));
+  });
+}
+
+void DrawValueGrid(QPainter& painter, const QRectF& pane, const AxisSpan& span,
+                   const std::vector<AxisTick>& ticks, const QColor& color) {
+  painter.setPen(QPen(color, 1.0));
+  for (const AxisTick& tick : ticks) {
+    const double y = YOf(pane, span, tick.value);
+    painter.drawLine(QLineF(pane.left(), y, pane.right(), y));
+  }
+}
+
+std::vector<AxisTick> TicksOfTime(const AxisScale& time, std::int32_t timeBase,
+                                  const PaintStyle& style) {
+  const QFont font = TickFont(style);
+  double least = 40.0;
+  std::vector<AxisTick> ticks;
+  // Wider texts need a longer step, which may need fewer decimals: it settles at once or twice.
+  for (int round = 0; round < 4; ++round) {
+    ticks = TimeTicks(time.Span(), least, timeBase);
+    const double needed = WidestText(ticks, font) + kTextSpace;
+    if (needed <= least) break;
+    least = needed;
+  }
+  return ticks;
+}
+
+void DrawBottomAxis(QPainter& painter, const QRectF& strip, const AxisScale& scale,
+                    const std::vector<AxisTick>& ticks, const QString& unit,
+                    const PaintStyle& style) {
+  const QFont font = TickFont(style);
+  const double top = strip.top() + kTick + 2.0;
+  const double height = TextSize(font, QStringLiteral("0")).height();
+  painter.setPen(QPen(style.axis, style.hairline));
+  painter.drawLine(QLineF(scale.left, strip.top(), scale.right(), strip.top()));
+  double free = -std::numeric_limits<double>::infinity();
+  for (const AxisTick& tick : ticks) {
+    const double x = scale.X(tick.value);
+    painter.setPen(QPen(style.axis, style.hairline));
+    painter.drawLine(QLineF(x, strip.top(), x, strip.top() + kTick));
+    const double width = TextSize(font, Text(tick)).width() + 1.0;
+    const double left = std::clamp(x - width / 2.0, scale.left - 8.0, strip.right() - width - 2.0);
+    if (left < free) continue;
+    painter.setPen(style.text);
+    painter.setFont(font);
+    painter.drawText(QRectF(left, top, width, height), Qt::AlignCenter | Qt::TextSingleLine,
+                     Text(tick));
+    free = left + width;
+  }
+  painter.setPen(style.muted);
+  const double unitWidth = scale.left - 10.0 - strip.left();
+  DrawFitted(painter, QRectF(strip.left() + 1.0, top, unitWidth, height),
+             Qt::AlignRight | Qt::AlignVCenter, unit, font);
+}
+
+void DrawVerticalGrid(QPainter& painter, const QRectF& pane, const AxisScale& scale,
+                      const std::vector<AxisTick>& ticks, const QColor& color) {
+  painter.setPen(QPen(color, 1.0));
+  for (const AxisTick& tick : ticks) {
+    const double x = scale.X(tick.value);
+    painter.drawLine(QLineF(x, pane.top(), x, pane.bottom()));
+  }
+}
+
+void DrawPane(QPainter& painter, const QRectF& pane, const QColor& color) {
+  painter.fillRect(pane, color);
+}
+
+void DrawFrame(QPainter& painter, const QRectF& pane, const PaintStyle& style) {
+  painter.setPen(QPen(style.frame, style.hairline));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(pane.adjusted(-0.5, -0.5, 0.5, 0.5));
+}
+
+std::vector<AxisTick> GridEvery(const AxisSpan& span, double step) {
+  if (!(step > 0.0) || span.pixels * step < kLeastGridPixels * (span.high - span.low)) return {};
+  return TicksEvery(span, step);
+}
+
+}  // namespace cantorix

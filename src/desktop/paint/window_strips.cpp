@@ -1,0 +1,141 @@
+// window_strips.cpp
+#include "desktop/paint/window_strips.h"
+
+#include <algorithm>
+
+#include "desktop/paint/label_painter.h"
+#include "desktop/paint/picture_axis.h"
+#include "desktop/paint/picture_text.h"
+#include "desktop/paint/signal_strips.h"
+
+namespace cantorix {
+namespace {
+
+double TopOfParts(const WindowLayout& layout) {
+  double top = layout.plot.top;
+  for (const PixelRect& part : {layout.labels, layout.audio, layout.intensity}) {
+    if (part.bottom > part.top) top = std::min<double>(top, part.top);
+  }
+  return top;
+}
+
+// Tiers one below the other, as far as there is room.
+void DrawLabelStrips(QPainter& painter, const WindowLayout& layout, const AxisScale& time,
+                     const Tiers& tiers, const PaintStyle& style) {
+  PixelRect strip = layout.labels;
+  for (const Tier& tier : tiers) {
+    if (!tier.inUse) continue;
+    strip.bottom = strip.top + std::max(tier.tierWord, 1);
+    if (strip.bottom > layout.labels.bottom) return;
+    DrawTierStrip(painter, tier, strip, style);
+    DrawTierLabels(painter, tier, {strip, time, static_cast<double>(layout.plot.bottom)}, -1,
+                   style);
+    strip.top = strip.bottom;
+  }
+}
+
+void DrawStripAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
+                   const PaintStyle& style) {
+  DrawPane(painter, pane, style.pane);
+  const auto ticks = ValueTicks(pane, span.low, span.high, style);
+  DrawValueAxis(painter, pane, span, ticks, kPlotLeft - kTitleWidth, style);
+}
+
+}  // namespace
+
+void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisScale& time,
+                      const CSonadexDoc& document, const WaveformPyramid* waveform,
+                      const PaintStyle& style) {
+  const CChannel& channel = document.channel();
+  if (layout.audio.bottom > layout.audio.top && waveform != nullptr) {
+    const QRectF pane = ToRectF(layout.audio);
+    const AxisSpan span = AmplitudeSpan(channel, *waveform, pane);
+    DrawStripAxis(painter, pane, span, style);
+    DrawWaveform(painter, {pane, time}, span, document, *waveform, style);
+    DrawAxisTitle(painter, layout.audio, QStringLiteral("Audio"), style);
+    DrawFrame(painter, pane, style);
+  }
+  if (layout.intensity.bottom > layout.intensity.top) {
+    const QRectF pane = ToRectF(layout.intensity);
+    const AxisSpan span = IntensitySpan(channel.intensity, pane);
+    if (channel.intensity.IntensityValid) {
+      DrawStripAxis(painter, pane, span, style);
+      DrawIntensity(painter, {pane, time}, span, channel, style);
+    } else {
+      DrawPane(painter, pane, style.pane);
+    }
+    DrawAxisTitle(painter, layout.intensity, QStringLiteral("Intensity (dB)"), style);
+    DrawFrame(painter, pane, style);
+  }
+  if (layout.labels.bottom > layout.labels.top) {
+    DrawLabelStrips(painter, layout, time, channel.tiers, style);
+  }
+}
+
+void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
+                      double value, const PaintStyle& style) {
+  const double x = axis.X(value);
+  if (!(x >= axis.left && x <= axis.right())) return;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(style.cursor, style.hairline));
+  painter.drawLine(QLineF(x, TopOfParts(layout), x, layout.plot.bottom));
+}
+
+void DrawCursorRow(QPainter& painter, const WindowLayout& layout, double y,
+                   const PaintStyle& style) {
+  if (!(y >= layout.plot.top && y <= layout.plot.bottom)) return;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(style.cursor, style.hairline));
+  painter.drawLine(QLineF(layout.plot.left, y, layout.plot.right, y));
+}
+
+void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
+                         const AxisSelection& selection, const PaintStyle& style) {
+  const double left = std::max(axis.X(selection.start), axis.left);
+  const double right = std::min(axis.X(selection.end), axis.right());
+  if (!(right >= left)) return;
+  const double top = TopOfParts(layout);
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.fillRect(QRectF(left, top, right - left, layout.plot.bottom - top), style.selection);
+  painter.setPen(QPen(style.selectionEdge, style.hairline));
+  painter.drawLine(QLineF(left, top, left, layout.plot.bottom));
+  painter.drawLine(QLineF(right, top, right, layout.plot.bottom));
+}
+
+void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStringList& lines,
+                      const PaintStyle& style) {
+  painter.fillRect(ToRectF(layout.readouts), style.background);
+  painter.setPen(style.text);
+  double top = layout.readouts.top;
+  for (const QString& line : lines) {
+    const QRectF box(8.0, top, layout.client.width - 16.0, kReadoutLineHeight);
+    DrawFitted(painter, box, Qt::AlignLeft | Qt::AlignVCenter, line, style.font);
+    top += kReadoutLineHeight;
+  }
+}
+
+void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+                   const PaintStyle& style) {
+  const QFont font = Resized(style.font, style.font.pixelSize() - 1);
+  const QSizeF size = TextSize(font, text);
+  if (size.width() > pane.bottom - pane.top) return;
+  painter.save();
+  painter.translate(1.0, (pane.top + pane.bottom + size.width()) / 2.0);
+  painter.rotate(-90.0);
+  painter.setPen(style.muted);
+  painter.setFont(font);
+  painter.drawText(QRectF(0.0, 0.0, size.width() + 1.0, kTitleWidth),
+                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
+  painter.restore();
+}
+
+QString TimeUnit(std::int32_t timeBase) {
+  return timeBase != 0 ? QStringLiteral("s") : QStringLiteral("ms");
+}
+
+QString ShownTime(double ms, std::int32_t timeBase) {
+  return timeBase != 0 ? QString::number(ms * 0.001, 'f', 3) + QStringLiteral(" s")
+                       : QString::number(ms, 'f', 1) + QStringLiteral(" ms");
+}
+
+}  // namespace cantorix

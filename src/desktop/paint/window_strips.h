@@ -1,0 +1,52 @@
+// window_strips.h - what the spectrogram and the pitch window show above their plots, and what all
+// analysis windows share: cursor, selection, lines of readouts.
+#pragma once
+
+#include <QPainter>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "desktop/paint/paint_style.h"
+#include "document/document.h"
+#include "mainview/waveform_pyramid.h"
+#include "windows/window_layout.h"
+
+namespace cantorix {
+
+// A selection on a horizontal axis, start <= end.
+struct AxisSelection {
+  double start = 0.0;
+  double end = 0.0;
+};
+
+// The strips that `layout` has room for, over the times of `time` (ms). `waveform` may be null when
+// there is no strip of audio. Throws FileError.
+void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisScale& time,
+                      const CSonadexDoc& document, const WaveformPyramid* waveform,
+                      const PaintStyle& style);
+
+// From the top of the strips to the bottom of the plot; nothing outside the axis.
+void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
+                      double value, const PaintStyle& style);
+// A horizontal line through the plot at pixel row `y`.
+void DrawCursorRow(QPainter& painter, const WindowLayout& layout, double y,
+                   const PaintStyle& style);
+void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
+                         const AxisSelection& selection, const PaintStyle& style);
+
+// One line of text each.
+void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStringList& lines,
+                      const PaintStyle& style);
+
+// What a pane's vertical axis shows, upwards along the left edge; nothing in a pane too low for it.
+void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+                   const PaintStyle& style);
+inline constexpr double kTitleWidth = 13.0;  // pixels
+
+// "ms" or "s".
+QString TimeUnit(std::int32_t timeBase);
+// A time in the time base with its unit: "123.4 ms", "0.123 s".
+QString ShownTime(double ms, std::int32_t timeBase);
+
+}  // namespace cantorix

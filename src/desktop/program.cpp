@@ -1,0 +1,52 @@
+// program.cpp - the steps of a run in their order.
+#include "desktop/program.h"
+
+#include <filesystem>
+
+#include "app/start_up.h"
+
+namespace cantorix {
+
+Program::Program()
+    : profile_(UserProfilePath()),
+      application_({profile_, prompts_, progress_, memory_}),
+      dialogs_(prompts_),
+      services_{application_, progress_, dialogs_, textMeasurer_, opener_, clipboard_},
+      analysisWindows_(services_) {}
+
+Program::~Program() {
+  prompts_.SetOwner(nullptr);
+  progress_.SetOwner(nullptr);
+}
+
+bool Program::Start(const std::vector<std::string>& files) {
+  std::error_code failure;
+  const std::string current = std::filesystem::current_path(failure).string();
+  if (StartUp(application_, current) != StartUpResult::kReady) return false;
+
+  mainFrame_ = std::make_unique<CMainFrame>(services_);
+  analysisWindows_.Enter({&mainFrame_->area(),
+                          [this](CSonadexDoc& document) -> DocumentWaveform& {
+                            return mainFrame_->documents().WaveformOf(document);
+                          },
+                          [this] { mainFrame_->Refresh(); }});
+  mainFrame_->SetAnalysisWindows(&analysisWindows_);
+  prompts_.SetOwner(mainFrame_.get());
+  progress_.SetOwner(mainFrame_.get());
+  if (!OpenAll(files)) return false;
+  mainFrame_->showMaximized();
+  return true;
+}
+
+bool Program::OpenAll(const std::vector<std::string>& files) {
+  if (files.empty()) {
+    mainFrame_->NewDocument();
+    return true;
+  }
+  for (const std::string& file : files) {
+    if (!mainFrame_->OpenFile(file)) return false;
+  }
+  return true;
+}
+
+}  // namespace cantorix

@@ -1,0 +1,50 @@
+// program.h - the desktop program: its services, the start-up, the main frame, the end.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/application.h"
+#include "desktop/main_frame.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_progress.h"
+#include "desktop/qt_prompts.h"
+#include "desktop/qt_shell_opener.h"
+#include "desktop/qt_text.h"
+#include "desktop/windows/analysis_window_set.h"
+#include "mainview/clipboard.h"
+#include "platform/host_services.h"
+#include "platform/ini_profile_store.h"
+
+namespace cantorix {
+
+class Program {
+ public:
+  Program();
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  // Starts up, opens `files`, or a new document without any, and shows the main frame. False when
+  // the start-up failed or a file could not be opened; the user has been told.
+  bool Start(const std::vector<std::string>& files);
+
+ private:
+  bool OpenAll(const std::vector<std::string>& files);
+
+  IniProfileStore profile_;
+  HostMemoryProbe memory_;
+  QtPrompts prompts_;
+  QtProgress progress_;
+  Application application_;
+  Clipboard clipboard_;
+  QtTextMeasurer textMeasurer_;
+  QtDialogs dialogs_;
+  QtShellOpener opener_;
+  DesktopServices services_;
+  AnalysisWindowSet analysisWindows_;
+  std::unique_ptr<CMainFrame> mainFrame_;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,113 @@
+// qt_progress.cpp - looks at the user every 30 ms, which is often enough for the eye and too seldom
+// to slow a run down.
+#include "desktop/qt_progress.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include "desktop/qt_text.h"
+
+namespace cantorix {
+namespace {
+
+constexpr qint64 kLookEveryMs = 30;
+
+bool IsInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::NonClientAreaMouseButtonPress:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::ContextMenu:
+    case QEvent::Close:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TabletPress:
+    case QEvent::TabletMove:
+    case QEvent::TabletRelease:
+    case QEvent::InputMethod:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+// Sees every event of the program before its receiver does.
+class QtProgress::InputFilter : public QObject {
+ public:
+  bool pressed = false;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (!IsInput(event->type())) return false;
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) {
+      pressed = true;
+    }
+    // A window that asks to be closed while it waits would otherwise be closed.
+    if (event->type() == QEvent::Close) event->ignore();
+    return true;
+  }
+};
+
+QtProgress::QtProgress() : filter_(std::make_unique<InputFilter>()) {}
+
+QtProgress::~QtProgress() = default;
+
+void QtProgress::SetOwner(QWidget* owner) {
+  window_.reset();
+  owner_ = owner;
+}
+
+void QtProgress::Begin(std::string_view text, double totalUnits) {
+  if (operations_.empty()) {
+    cancelled_ = false;
+    sinceLook_.start();
+  }
+  operations_.push_back({Shown(text), totalUnits});
+  if (window_ && window_->isVisible()) window_->ShowText(operations_.back().text, totalUnits);
+}
+
+bool QtProgress::Step(double doneUnits) {
+  if (!operations_.empty() && !cancelled_ && sinceLook_.elapsed() >= kLookEveryMs) Look(doneUnits);
+  return cancelled_;
+}
+
+void QtProgress::End() {
+  if (!operations_.empty()) operations_.pop_back();
+  if (!window_) return;
+  if (operations_.empty()) {
+    window_->hide();
+  } else if (window_->isVisible()) {
+    window_->ShowText(operations_.back().text, operations_.back().totalUnits);
+  }
+}
+
+void QtProgress::CloseWindow() {
+  if (window_) window_->hide();
+}
+
+void QtProgress::Look(double doneUnits) {
+  if (!window_) window_ = std::make_unique<CStatusWindow>(owner_);
+  const Operation& operation = operations_.back();
+  if (!window_->isVisible()) window_->ShowText(operation.text, operation.totalUnits);
+  window_->SetDone(doneUnits);
+  filter_->pressed = false;
+  QCoreApplication::instance()->installEventFilter(filter_.get());
+  QCoreApplication::processEvents();
+  QCoreApplication::instance()->removeEventFilter(filter_.get());
+  cancelled_ = filter_->pressed;
+  sinceLook_.restart();
+}
+
+}  // namespace cantorix

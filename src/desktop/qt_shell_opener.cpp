@@ -1,0 +1,15 @@
+// qt_shell_opener.cpp
+#include "desktop/qt_shell_opener.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+#include "desktop/qt_text.h"
+
+namespace cantorix {
+
+bool QtShellOpener::Open(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(ShownPath(path)));
+}
+
+}  // namespace cantorix

@@ -1,0 +1,91 @@
+// quiet_host.h - the program around a document when nobody sits in front of it: messages become
+// lines on standard error, questions are declined, dialogs are cancelled.
+#pragma once
+
+#include <QTemporaryDir>
+#include <iostream>
+
+#include "desktop/qt_text.h"
+#include "document/document_host.h"
+#include "mainview/clipboard.h"
+#include "mainview/sonadex_view.h"
+#include "platform/host_services.h"
+#include "platform/progress.h"
+#include "platform/prompts.h"
+
+namespace cantorix {
+
+class QuietPrompts : public Prompts {
+ public:
+  void Beep() override {}
+  void Message(const std::string& text) override { std::cerr << "cantorix: " << text << '\n'; }
+  Answer Ask(const std::string& text, Buttons) override {
+    Message(text);
+    return Answer::kCancel;
+  }
+  std::optional<FileChoice> ChooseFileToOpen(const FileRequest&) override { return {}; }
+  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
+  std::optional<std::string> ChooseFolder(const std::string&) override { return {}; }
+  // The first channel of several.
+  std::optional<int> ChooseChannel(const std::string&, int) override { return 0; }
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
+    return {};
+  }
+};
+
+class QuietDialogs : public ViewDialogs {
+ public:
+  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
+  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
+  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
+                                                  const LabelImportOptions&) override {
+    return {};
+  }
+  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
+  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
+  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
+    return {};
+  }
+  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
+  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
+  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
+};
+
+class QuietWindow : public ViewListener, public PlaybackControl {
+ public:
+  void ViewChanged() override {}
+  void LabelsChanged() override {}
+  void CursorMoved(MousePhase, double) override {}
+  void StopPlayback() override {}
+};
+
+// A host with a private program directory; it leaves nothing behind.
+struct QuietHost {
+  ViewServices Services() {
+    return {.clipboard = clipboard,
+            .temporaryDirectory = directory.path().toStdString() + "/",
+            .textMeasurer = textMeasurer,
+            .listener = window,
+            .playback = window,
+            .dialogs = dialogs,
+            .openLog = [] { return nullptr; }};
+  }
+
+  QTemporaryDir directory;
+  QuietPrompts prompts;
+  NoProgress progress;
+  HostMemoryProbe memory;
+  DocumentHost host{.prompts = prompts,
+                    .progress = progress,
+                    .memory = memory,
+                    .programDirectory = directory.path().toStdString(),
+                    .application = {},
+                    .documentsWriteConfiguration = false};
+  Clipboard clipboard;
+  QtTextMeasurer textMeasurer;
+  QuietDialogs dialogs;
+  QuietWindow window;
+};
+
+}  // namespace cantorix

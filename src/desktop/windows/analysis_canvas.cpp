@@ -1,0 +1,150 @@
+// analysis_canvas.cpp
+#include "desktop/windows/analysis_canvas.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <utility>
+
+#include "desktop/paint/paint_style.h"
+#include "desktop/windows/window_style.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kFastStep = 10;  // pixels, with Shift
+
+// A pointer on the line between two pixels belongs to the one on its right and bottom.
+std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
+
+// To the right and upward; null for another key.
+QPoint StepOf(int key) {
+  switch (key) {
+    case Qt::Key_Left:
+      return {-1, 0};
+    case Qt::Key_Right:
+      return {1, 0};
+    case Qt::Key_Up:
+      return {0, 1};
+    case Qt::Key_Down:
+      return {0, -1};
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+QString TextOfReadouts(const AnalysisWindow& model) {
+  QStringList pairs;
+  for (const WindowReadout& readout : model.Readouts()) {
+    pairs << QString::fromStdString(readout.label + ' ' + readout.value);
+  }
+  return pairs.join('\t');
+}
+
+AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard,
+                               QWidget* parent)
+    : QWidget(parent),
+      model_(model),
+      picture_(picture),
+      guard_(std::move(guard)),
+      note_(new QLabel(this)) {
+  setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(220, 120);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  note_->setAutoFillBackground(true);
+  note_->setBackgroundRole(QPalette::ToolTipBase);
+  note_->setForegroundRole(QPalette::ToolTipText);
+  note_->setFrameShape(QFrame::StyledPanel);
+  note_->setMargin(6);
+  note_->setWordWrap(true);
+  note_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  note_->hide();
+}
+
+void AnalysisCanvas::Refresh(const QString& note) {
+  setAccessibleDescription(TextOfReadouts(model_));
+  if (note != note_->text()) {
+    note_->setText(note);
+    PlaceNote();
+  }
+  note_->setVisible(!note.isEmpty());
+  update();
+}
+
+void AnalysisCanvas::PlaceNote() {
+  // In one line where there is room.
+  const int line = note_->fontMetrics().horizontalAdvance(note_->text()) + 24;
+  const int width = std::min(line, this->width() - 24);
+  note_->setFixedWidth(std::max(width, 1));
+  note_->adjustSize();
+  note_->move((this->width() - note_->width()) / 2, 12);
+}
+
+void AnalysisCanvas::LayOut() {
+  picture_.LayOut(size());
+  const PixelRect& plot = model_.plot;
+  if (model_.kind() != WindowKind::kPitch) {
+    model_.WantSize({std::max(plot.right - plot.left, 1), std::max(plot.bottom - plot.top, 1)});
+  }
+}
+
+void AnalysisCanvas::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const PaintStyle style = StyleFor(palette());
+  try {
+    picture_.PaintCanvas(painter, size(), style);
+  } catch (const std::exception& error) {
+    painter.fillRect(rect(), style.background);
+    painter.setPen(style.text);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, QString::fromUtf8(error.what()));
+  }
+}
+
+void AnalysisCanvas::resizeEvent(QResizeEvent*) {
+  LayOut();
+  PlaceNote();
+}
+
+void AnalysisCanvas::PassPointer(const QMouseEvent& event, MousePhase phase) {
+  const std::int32_t x = Pixel(event.position().x());
+  const std::int32_t y = Pixel(event.position().y());
+  guard_([&] {
+    switch (phase) {
+      case MousePhase::kPress:
+        return model_.Press(x, y);
+      case MousePhase::kMove:
+        return model_.Move(x, y);
+      case MousePhase::kRelease:
+        return model_.Release(x, y);
+    }
+  });
+}
+
+void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kPress);
+}
+
+void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) { PassPointer(*event, MousePhase::kMove); }
+
+void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kRelease);
+}
+
+// The second press of a double click is a press like any other.
+void AnalysisCanvas::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
+  const QPoint step = StepOf(event->key());
+  const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+  const bool fast = modifiers == Qt::ShiftModifier;
+  if (step.isNull() || (modifiers != Qt::NoModifier && !fast)) return QWidget::keyPressEvent(event);
+  const QPoint pixels = step * (fast ? kFastStep : 1);
+  guard_([&] { model_.StepCursor(pixels.x(), pixels.y()); });
+}
+
+}  // namespace cantorix

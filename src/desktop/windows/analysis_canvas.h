@@ -1,0 +1,49 @@
+// analysis_canvas.h - the area of an analysis window in which its picture is drawn. It passes mouse
+// and keys on to the window's model and keeps nothing that the model could be asked for.
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+#include <functional>
+
+#include "desktop/windows/window_picture.h"
+#include "windows/analysis_window.h"
+
+namespace cantorix {
+
+// "name value" of all readouts, separated by TABs.
+QString TextOfReadouts(const AnalysisWindow& model);
+
+class AnalysisCanvas : public QWidget {
+ public:
+  // Runs what the user began on the model, guarded.
+  using Guard = std::function<void(const std::function<void()>&)>;
+
+  AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard, QWidget* parent);
+
+  // The model has changed: draws it, with a note over it where it needs one, and tells those who
+  // cannot see it.
+  void Refresh(const QString& note);
+  // The place of the plot and the size that the model is to compute for.
+  void LayOut();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void PassPointer(const QMouseEvent& event, MousePhase phase);
+  void PlaceNote();
+
+  AnalysisWindow& model_;
+  WindowPicture& picture_;
+  Guard guard_;
+  QLabel* note_;
+};
+
+}  // namespace cantorix

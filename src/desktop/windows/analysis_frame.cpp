@@ -1,0 +1,136 @@
+// analysis_frame.cpp
+#include "desktop/windows/analysis_frame.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "desktop/qt_text.h"
+#include "desktop/tool_icon.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kRestMs = 250;
+
+}  // namespace
+
+AnalysisFrame::AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host,
+                             WindowPlacement* placement)
+    : view_(view), host_(host), placement_(placement) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  // Its entry "Close" would take Ctrl+W from the zoom command.
+  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRestMs);
+  connect(&rest_, &QTimer::timeout, this, [this] { Rest(); });
+}
+
+AnalysisFrame::~AnalysisFrame() { host_.Gone(*this); }
+
+void AnalysisFrame::Build() {
+  auto* const content = new QWidget(this);
+  strip_ = new QToolBar(content);
+  canvas_ = new AnalysisCanvas(
+      model(), picture(), [this](const auto& action) { Run(action); }, content);
+  auto* const column = new QVBoxLayout(content);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(strip_);
+  column->addWidget(canvas_, 1);
+  setWidget(content);
+  canvas_->setAccessibleName(KindName());
+  actions_ = std::make_unique<WindowActions>(*canvas_, model(),
+                                             [this](WindowCommand command) { Perform(command); });
+  actions_->Fill(*strip_, [this](QToolBar& strip) { FillStrip(strip); });
+  setWindowIcon(DrawnIcon(IconName()));
+  setFocusProxy(canvas_);
+  Refresh();
+}
+
+WindowServices AnalysisFrame::Services() {
+  return {&view_, [this] { Refresh(); },
+          [this]() -> LogSink* {
+            const auto& openLog = view_.services().openLog;
+            return openLog ? openLog() : nullptr;
+          }};
+}
+
+void AnalysisFrame::Run(const std::function<void()>& action) { host_.Run(view_, action); }
+
+void AnalysisFrame::Settle() {
+  widget()->layout()->activate();
+  canvas_->LayOut();
+}
+
+void AnalysisFrame::Perform(WindowCommand command) {
+  switch (command) {
+    case WindowCommand::kSavePicture:
+    case WindowCommand::kCopyPicture:
+    case WindowCommand::kPrint:
+      return host_.Output(*this, command);
+    case WindowCommand::kCopyReadouts:
+      QGuiApplication::clipboard()->setText(TextOfReadouts(model()));
+      return;
+    case WindowCommand::kCloseWindow:
+      close();
+      return;
+    case WindowCommand::kOptions:
+      Run([this] { RunCommand(view_, OptionsCommand()); });
+      break;
+    default:
+      Run([this, command] { RunWindowCommand(model(), command); });
+  }
+  Refresh();
+}
+
+void AnalysisFrame::Refresh() {
+  if (!actions_) return;
+  // A switch may have added or removed a strip.
+  canvas_->LayOut();
+  canvas_->Refresh(Note());
+  actions_->Refresh();
+  RefreshStrip();
+  setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().title()));
+  if (model().UpdateDue()) rest_.start();
+}
+
+QString AnalysisFrame::Note() {
+  if (model().samplesChanged()) {
+    return QStringLiteral(
+        "The recording has changed since this was computed. Press Update (F5) to compute again.");
+  }
+  if (model().computed()) return {};
+  if (model().kind() == WindowKind::kPitch) {
+    return QStringLiteral("There is no pitch track. Press Update (F5) or choose a pitch command.");
+  }
+  return QStringLiteral("Nothing is computed. Press Update (F5) to compute again.");
+}
+
+// Not while the mouse is held or something else runs: the user does not rest then.
+void AnalysisFrame::Rest() {
+  if (!model().UpdateDue()) return;
+  if (model().press.held || host_.busy()) return rest_.start();
+  Run([this] { model().Update(); });
+  Refresh();
+}
+
+void AnalysisFrame::moveEvent(QMoveEvent* event) {
+  QMdiSubWindow::moveEvent(event);
+  RememberPlacement();
+}
+
+void AnalysisFrame::resizeEvent(QResizeEvent* event) {
+  QMdiSubWindow::resizeEvent(event);
+  RememberPlacement();
+}
+
+void AnalysisFrame::RememberPlacement() {
+  if (placement_ == nullptr || !isVisible() || isMaximized() || isMinimized()) return;
+  const QRect place = geometry();
+  *placement_ = {place.x(), place.y(), place.width(), place.height()};
+}
+
+}  // namespace cantorix

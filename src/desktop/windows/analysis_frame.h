@@ -1,0 +1,87 @@
+// analysis_frame.h - what the windows of the analyses have in common: a strip of commands above
+// the picture, and a timer that computes again when the user rests.
+#pragma once
+
+#include <QMdiSubWindow>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+#include "desktop/windows/analysis_canvas.h"
+#include "desktop/windows/window_actions.h"
+#include "mainview/commands.h"
+
+class QToolBar;
+
+namespace cantorix {
+
+class AnalysisFrame;
+class DocumentWaveform;
+
+// What an analysis window asks of the program. It outlives the window.
+class AnalysisFrameHost {
+ public:
+  virtual ~AnalysisFrameHost() = default;
+  // Carries out what the user began: nothing while another operation runs; what is given up ends
+  // silently, a failure is shown.
+  virtual void Run(CSonadexView& view, const std::function<void()>& action) = 0;
+  // Whether an operation runs.
+  virtual bool busy() const = 0;
+  // The window ends: it is not to be used any more.
+  virtual void Gone(const AnalysisFrame& frame) = 0;
+  // Saves, copies or prints the picture.
+  virtual void Output(AnalysisFrame& frame, WindowCommand command) = 0;
+  // For the strip of audio beside a picture.
+  virtual DocumentWaveform& WaveformOf(CSonadexDoc& document) = 0;
+};
+
+class AnalysisFrame : public QMdiSubWindow {
+ public:
+  // `placement` is kept up to date while the window is moved and sized; null keeps none.
+  AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+  ~AnalysisFrame() override;
+
+  virtual AnalysisWindow& model() = 0;
+  virtual WindowPicture& picture() = 0;
+
+  CSonadexView& view() { return view_; }
+  AnalysisCanvas& canvas() { return *canvas_; }
+  WindowActions& actions() { return *actions_; }
+
+  // Gives canvas and strip their sizes at once, so that the model knows what to compute for.
+  void Settle();
+  // Carries out a command of the window.
+  void Perform(WindowCommand command);
+  // Everything shown in step with the model.
+  void Refresh();
+
+ protected:
+  // To be called once by the constructor of a window, whose model and picture exist by then.
+  void Build();
+  // Widgets that a window adds to its strip.
+  virtual void FillStrip(QToolBar&) {}
+  virtual void RefreshStrip() {}
+  virtual QString KindName() const = 0;
+  virtual QString IconName() const = 0;
+  virtual Command OptionsCommand() const = 0;
+  WindowServices Services();
+  void Run(const std::function<void()>& action);
+
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QString Note();
+  void Rest();
+  void RememberPlacement();
+
+  CSonadexView& view_;
+  AnalysisFrameHost& host_;
+  WindowPlacement* placement_;
+  QToolBar* strip_ = nullptr;
+  AnalysisCanvas* canvas_ = nullptr;
+  std::unique_ptr<WindowActions> actions_;
+  QTimer rest_;
+};
+
+}  // namespace cantorix

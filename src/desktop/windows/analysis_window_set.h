@@ -1,0 +1,63 @@
+// analysis_window_set.h - the open analysis windows: at most one of a kind for each working view.
+// They lie in the area of the documents' windows.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "desktop/analysis_windows.h"
+#include "desktop/desktop_services.h"
+#include "desktop/windows/analysis_frame.h"
+
+class QMdiArea;
+
+namespace cantorix {
+
+class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
+ public:
+  explicit AnalysisWindowSet(const DesktopServices& services) : services_(services) {}
+
+  // The area where the windows lie, the waveform that a document's windows share, and what is told
+  // when commands may have been enabled or disabled. A null area ends the use of all three.
+  struct Surroundings {
+    QMdiArea* area = nullptr;
+    std::function<DocumentWaveform&(CSonadexDoc&)> waveformOf;
+    std::function<void()> stateChanged;
+  };
+  void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
+
+  bool Offers(AnalysisKind) const override { return around_.area != nullptr; }
+  // A new window is closed again when nothing could be computed. A pitch track of the whole
+  // recording gets a window only while the working view does not draw it; one of a stretch always,
+  // because there it has the whole width.
+  void Open(CSonadexView& view, const AnalysisRequest& request) override;
+  void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  void RefreshCommands() override;
+  void CloseWindowsOf(CSonadexView& view) override;
+  CSonadexView* ViewOf(const QMdiSubWindow& window) const override;
+
+  // Null when the view has no such window.
+  AnalysisFrame* Find(const CSonadexView& view, WindowKind kind) const;
+
+ private:
+  void Run(CSonadexView& view, const std::function<void()>& action) override;
+  bool busy() const override;
+  void Gone(const AnalysisFrame& frame) override { std::erase(frames_, &frame); }
+  void Output(AnalysisFrame& frame, WindowCommand command) override;
+  DocumentWaveform& WaveformOf(CSonadexDoc& document) override {
+    return around_.waveformOf(document);
+  }
+
+  AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
+  AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
+  void Place(AnalysisFrame& frame, WindowKind kind) const;
+  void Analyse(AnalysisFrame& frame, const AnalysisRequest& request);
+  void OpenPitch(CSonadexView& view, Stretch stretch);
+
+  const DesktopServices& services_;
+  Surroundings around_;
+  std::vector<AnalysisFrame*> frames_;
+  WindowPlacement pitchPlacement_;  // for as long as the program runs
+};
+
+}  // namespace cantorix

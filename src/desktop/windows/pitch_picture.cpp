@@ -1,0 +1,44 @@
+// pitch_picture.cpp
+#include "desktop/windows/pitch_picture.h"
+
+namespace cantorix {
+
+PitchPicture PitchWindowPicture::Now(PixelSize client) const {
+  const AxisScale time = model_.TimeAxis();
+  PitchPicture picture{.document = view_.document(),
+                       .pitch = view_.pitch,
+                       .waveform = nullptr,
+                       .client = client,
+                       .parts = {.audio = model_.strips.audio != 0,
+                                 .intensity = model_.strips.intensity != 0,
+                                 .labels = model_.strips.labels != 0},
+                       .startMs = time.low,
+                       .endMs = time.high,
+                       .cursorMs = {},
+                       .selection = {}};
+  if (!model_.computed()) return picture;
+  if (model_.markerSet) picture.cursorMs = model_.cursorMs;
+  const CChannel& channel = view_.channel();
+  // The selection that the track was made of would only colour everything.
+  const bool coversAll =
+      channel.selectionStart.ms <= time.low && channel.selectionEnd.ms >= time.high;
+  if (view_.selectionShown && !coversAll) {
+    picture.selection = AxisSelection{channel.selectionStart.ms, channel.selectionEnd.ms};
+  }
+  return picture;
+}
+
+WindowLayout PitchWindowPicture::LayoutIn(PixelSize client) { return PitchLayout(Now(client)); }
+
+void PitchWindowPicture::PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) {
+  PitchPicture picture = Now(client);
+  if (picture.parts.audio) picture.waveform = &waveform_.Pyramid();
+  PaintPitchData(painter, picture, style);
+}
+
+void PitchWindowPicture::PaintOverlay(QPainter& painter, PixelSize client,
+                                      const PaintStyle& style) {
+  PaintPitchOverlay(painter, Now(client), style);
+}
+
+}  // namespace cantorix

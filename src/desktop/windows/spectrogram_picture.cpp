@@ -1,0 +1,51 @@
+// spectrogram_picture.cpp
+#include "desktop/windows/spectrogram_picture.h"
+
+#include "desktop/paint/spectrogram_image.h"
+
+namespace cantorix {
+
+void SpectrogramWindowPicture::SetColors(ColorMap colors) {
+  colors_ = colors;
+  levels_ = {};
+  Invalidate();
+}
+
+WindowLayout SpectrogramWindowPicture::LayoutIn(PixelSize client) {
+  return SpectrogramLayout(client, model_.document());
+}
+
+// In the range that the levels were computed with; a wanted one follows when the user rests.
+const QImage& SpectrogramWindowPicture::Levels() {
+  if (levels_.isNull() || levelsOf_ != model_.computation()) {
+    levels_ = SpectrogramImage(model_.spectrogram(), model_.dynamicRangeDb(), colors_);
+    levelsOf_ = model_.computation();
+  }
+  return levels_;
+}
+
+SpectrogramPicture SpectrogramWindowPicture::Now(PixelSize client, const QImage& levels) {
+  const bool audio = model_.document().settings.spectrogram.drawAudio != 0;
+  SpectrogramPicture picture{model_, levels, audio ? &waveform_.Pyramid() : nullptr,
+                             client, {},     {}};
+  if (!model_.computed()) return picture;
+  if (model_.markerSet || model_.selectionShown) {
+    picture.cursor = SpectrogramCursor{model_.cursorMs, model_.cursorHz};
+  }
+  if (model_.selectionShown) {
+    picture.selection = AxisSelection{model_.selection.startMs, model_.selection.endMs};
+  }
+  return picture;
+}
+
+void SpectrogramWindowPicture::PaintData(QPainter& painter, PixelSize client,
+                                         const PaintStyle& style) {
+  PaintSpectrogramData(painter, Now(client, Levels()), style);
+}
+
+void SpectrogramWindowPicture::PaintOverlay(QPainter& painter, PixelSize client,
+                                            const PaintStyle& style) {
+  PaintSpectrogramOverlay(painter, Now(client, Levels()), style);
+}
+
+}  // namespace cantorix

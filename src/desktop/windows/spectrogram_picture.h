@@ -1,0 +1,37 @@
+// spectrogram_picture.h - the picture of the spectrogram window, as the window is now. The image of
+// its levels is kept, so that other colours, strips and grids cost no walk through them.
+#pragma once
+
+#include "desktop/paint/spectrogram_painter.h"
+#include "desktop/windows/window_picture.h"
+#include "mainview/document_waveform.h"
+#include "windows/color_map.h"
+
+namespace cantorix {
+
+class SpectrogramWindowPicture : public WindowPicture {
+ public:
+  // Both outlive the picture.
+  SpectrogramWindowPicture(CSpectrogramView& model, DocumentWaveform& waveform)
+      : WindowPicture(model), model_(model), waveform_(waveform) {}
+
+  ColorMap colors() const { return colors_; }
+  void SetColors(ColorMap colors);
+
+ protected:
+  WindowLayout LayoutIn(PixelSize client) override;
+  void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override;
+  void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) override;
+
+ private:
+  const QImage& Levels();
+  SpectrogramPicture Now(PixelSize client, const QImage& levels);
+
+  CSpectrogramView& model_;
+  DocumentWaveform& waveform_;
+  ColorMap colors_ = ColorMap::kGrey;
+  QImage levels_;
+  std::int64_t levelsOf_ = -1;  // computation that they are of
+};
+
+}  // namespace cantorix

@@ -1,0 +1,88 @@
+// window_actions.cpp
+#include "desktop/windows/window_actions.h"
+
+#include <utility>
+
+namespace cantorix {
+namespace {
+
+QString Text(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+constexpr int kOutputGroup = 3;
+
+// Entering rows, computing, switches, output.
+int GroupOf(const WindowCommandRow& row) {
+  if (row.log) return 0;
+  if (row.checkedWith) return 2;
+  return row.id == WindowCommand::kUpdate || row.id == WindowCommand::kOptions ? 1 : kOutputGroup;
+}
+
+QString ToolTip(const WindowCommandRow& row) {
+  QString tip = Text(row.toolTip);
+  if (!row.accelerator.empty()) tip += " (" + Text(row.accelerator) + ')';
+  return tip;
+}
+
+QAction* Separator(QWidget& owner) {
+  auto* const separator = new QAction(&owner);
+  separator->setSeparator(true);
+  return separator;
+}
+
+}  // namespace
+
+WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
+                             std::function<void(WindowCommand)> perform)
+    : model_(model) {
+  owner.setContextMenuPolicy(Qt::ActionsContextMenu);
+  const WindowCommandRow* before = nullptr;
+  for (const WindowCommandRow& row : WindowCommands()) {
+    if (!Offers(model.kind(), row)) continue;
+    if (before != nullptr && GroupOf(*before) != GroupOf(row)) owner.addAction(Separator(owner));
+    auto* const action = new QAction(Text(row.text), &owner);
+    action->setToolTip(ToolTip(row));
+    action->setStatusTip(Text(row.toolTip));
+    action->setCheckable(row.checkedWith.has_value());
+    if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
+    // The same keys mean the same in each of the windows, so only those of the active one count.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(action, &QAction::triggered, &owner, [perform, id = row.id] { perform(id); });
+    owner.addAction(action);
+    entries_.push_back({&row, action});
+    before = &row;
+  }
+}
+
+void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const {
+  strip.setToolButtonStyle(Qt::ToolButtonTextOnly);
+  const WindowCommandRow* before = nullptr;
+  for (const Entry& entry : entries_) {
+    if (!entry.row->onStrip) continue;
+    const bool begins = before == nullptr || GroupOf(*before) != GroupOf(*entry.row);
+    if (begins && GroupOf(*entry.row) == kOutputGroup) addOwn(strip);
+    if (begins && before != nullptr) strip.addSeparator();
+    strip.addAction(entry.action);
+    before = entry.row;
+  }
+}
+
+void WindowActions::Refresh() {
+  const std::uint32_t conditions = ConditionsOf(model_);
+  for (const Entry& entry : entries_) {
+    entry.action->setEnabled(IsEnabled(*entry.row, conditions));
+    if (!entry.row->checkedWith) continue;
+    const std::int32_t* const value = model_.SwitchOf(*entry.row->checkedWith);
+    entry.action->setChecked(value != nullptr && *value != 0);
+  }
+}
+
+QAction* WindowActions::ActionOf(WindowCommand command) const {
+  for (const Entry& entry : entries_) {
+    if (entry.row->id == command) return entry.action;
+  }
+  return nullptr;
+}
+
+}  // namespace cantorix

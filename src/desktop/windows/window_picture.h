@@ -1,0 +1,54 @@
+// window_picture.h - the picture of an analysis window, on its canvas, on paper and in files.
+// What lies below the cursor is kept as an image and painted anew only when it has changed, so that
+// a cursor drag costs the overlay alone.
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QSize>
+
+#include "desktop/paint/paint_style.h"
+#include "windows/analysis_window.h"
+#include "windows/window_layout.h"
+
+namespace cantorix {
+
+class WindowPicture {
+ public:
+  explicit WindowPicture(AnalysisWindow& model) : model_(model) {}
+  virtual ~WindowPicture() = default;
+  WindowPicture(const WindowPicture&) = delete;
+  WindowPicture& operator=(const WindowPicture&) = delete;
+
+  // Gives the model the place of its plot in a canvas of `size` logical pixels.
+  void LayOut(QSize size);
+  // Draws the picture on a canvas of that size, in the resolution of the painter's device. Throws
+  // FileError when samples that it shows cannot be read.
+  void PaintCanvas(QPainter& painter, QSize size, const PaintStyle& style);
+  // Draws all of it at the painter's origin, for paper or a file. Throws FileError.
+  void PaintWhole(QPainter& painter, QSize size, const PaintStyle& style);
+  // For a change that the model does not know.
+  void Invalidate() { image_ = {}; }
+
+ protected:
+  virtual WindowLayout LayoutIn(PixelSize client) = 0;
+  virtual void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
+  virtual void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
+
+ private:
+  // What the image depends on.
+  struct Key {
+    std::int64_t revision = -1;
+    QSize size;
+    double pixelRatio = 0.0;
+    QRgb background = 0;
+    bool operator==(const Key&) const = default;
+  };
+  void Render(const Key& key, const PaintStyle& style);
+
+  AnalysisWindow& model_;
+  QImage image_;
+  Key key_;
+};
+
+}  // namespace cantorix

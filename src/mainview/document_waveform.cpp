@@ -1,0 +1,21 @@
+// document_waveform.cpp
+#include "mainview/document_waveform.h"
+
+namespace cantorix {
+
+DocumentWaveform::DocumentWaveform(CSonadexDoc& document) : document_(document) {
+  document_.Attach(*this);
+}
+
+DocumentWaveform::~DocumentWaveform() { document_.Detach(*this); }
+
+const WaveformPyramid& DocumentWaveform::Pyramid() {
+  if (!pyramid_) pyramid_.emplace(document_.Samples());
+  return *pyramid_;
+}
+
+void DocumentWaveform::DocumentChanged(DocumentChange change, const DocumentObserver*) {
+  if (change == DocumentChange::kSamples) pyramid_.reset();
+}
+
+}  // namespace cantorix

@@ -1,0 +1,89 @@
+// analysis_window.cpp
+#include "windows/analysis_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/numbers.h"
+
+namespace cantorix {
+
+AnalysisWindow::AnalysisWindow(CSonadexDoc& document, WindowServices services)
+    : document_(document), services_(std::move(services)) {
+  document_.Attach(*this);
+}
+
+AnalysisWindow::~AnalysisWindow() { document_.Detach(*this); }
+
+void AnalysisWindow::Toggle(WindowSwitch which) {
+  std::int32_t* const value = SwitchOf(which);
+  if (value == nullptr) return;
+  *value = *value == 0 ? 1 : 0;
+  KeepSwitches();
+  PictureChanged();
+}
+
+void AnalysisWindow::Changed() const {
+  if (services_.changed) services_.changed();
+}
+
+void AnalysisWindow::PictureChanged() {
+  ++revision_;
+  Changed();
+}
+
+void AnalysisWindow::WantSize(const PictureSize& size) {
+  if (size == wantedSize_) return;
+  wantedSize_ = size;
+  Changed();
+}
+
+bool AnalysisWindow::UpdateDue() const {
+  if (!computed() || samplesChanged()) return false;
+  return freshness_ == Freshness::kSettingsChanged || !(wantedSize_ == triedSize_);
+}
+
+bool AnalysisWindow::Tracks() const {
+  return services_.mainView != nullptr && !samplesChanged() &&
+         document_.settings.display.trackMouse != 0;
+}
+
+bool AnalysisWindow::InPlot(std::int32_t x, std::int32_t y) const {
+  return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
+}
+
+std::int32_t AnalysisWindow::ColumnNear(std::int32_t x) const {
+  return std::clamp(x, plot.left, std::max(plot.right - 1, plot.left));
+}
+
+void AnalysisWindow::Tried(bool fresh) {
+  // Results that a failed computation has kept are as old as before.
+  if (fresh || !samplesChanged() || !computed()) freshness_ = Freshness::kCurrent;
+  triedSize_ = wantedSize_;
+}
+
+void AnalysisWindow::DocumentChanged(DocumentChange change, const DocumentObserver*) {
+  if (change == DocumentChange::kSamples && computed()) {
+    freshness_ = Freshness::kSamplesChanged;
+    press.held = false;
+  }
+  if (change == DocumentChange::kSettings && !samplesChanged()) {
+    freshness_ = SettingsMatch() ? Freshness::kCurrent : Freshness::kSettingsChanged;
+  }
+  FollowDocument(change);
+  // Cursor and selection lie over the picture, the title is the frame's.
+  if (change == DocumentChange::kCursor || change == DocumentChange::kTitle) return Changed();
+  PictureChanged();
+}
+
+double TimeFactor(const CSonadexDoc& document) {
+  return document.settings.display.timeBase != 0 ? 0.001 : 1.0;
+}
+
+WindowReadout TimeReadout(const CSonadexDoc& document, std::string_view name, double ms) {
+  const bool seconds = document.settings.display.timeBase != 0;
+  return {std::string(name) + (seconds ? "(sec)=" : "(ms)="),
+          FormatOneDecimal(ms * TimeFactor(document))};
+}
+
+}  // namespace cantorix

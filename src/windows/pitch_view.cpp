@@ -1,0 +1,132 @@
+// pitch_view.cpp
+#include "windows/pitch_view.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "mainview/analysis_commands.h"
+#include "mainview/mouse.h"
+#include "mainview/track_lookup.h"
+#include "platform/numbers.h"
+
+namespace cantorix {
+namespace {
+
+WindowServices WithMainView(WindowServices services, CSonadexView& mainView) {
+  services.mainView = &mainView;
+  return services;
+}
+
+}  // namespace
+
+CPitchView::CPitchView(CSonadexView& mainView, WindowServices services)
+    : AnalysisWindow(mainView.document(), WithMainView(std::move(services), mainView)),
+      view_(mainView) {
+  TakeTrack();
+}
+
+bool CPitchView::computed() const { return view_.pitch.count() > 0; }
+
+void CPitchView::Update() {
+  const double end = std::max(channel().totalLength, 0.0);
+  const SampleRange range = wholeRecording_ ? SampleRange{0.0, end}
+                                            : SampleRange{std::clamp(range_.start, 0.0, end),
+                                                          std::clamp(range_.end, 0.0, end)};
+  Tried(false);
+  if (range.length() > 0.0) AnalysePitch(view_, range);
+  // The main view told everybody but itself; a cancelled run has left no track.
+  TakeTrack();
+  PictureChanged();
+}
+
+void CPitchView::TakeTrack() {
+  // A track always fits the recording: an edit drops it or makes a new one.
+  Tried(true);
+  settings_ = document().settings.pitch;
+  if (!computed()) return;
+  range_ = view_.pitch.range;
+  wholeRecording_ = range_.start <= 0.0 && range_.end >= channel().totalLength;
+  const AxisScale time = TimeAxis();
+  if (cursorMs < time.low || cursorMs > time.high) markerSet = false;
+}
+
+void CPitchView::FollowDocument(DocumentChange change) {
+  if (change == DocumentChange::kTracks || change == DocumentChange::kSamples) TakeTrack();
+}
+
+bool CPitchView::SettingsMatch() const {
+  const auto computedWith = [](const PitchSettings& s) {
+    return std::tie(s.method, s.windowMs, s.stepMs, s.highHz, s.lowHz, s.thresholdPercent,
+                    s.deviationHz, s.voicingLevel, s.tolerancePercent);
+  };
+  return !computed() || computedWith(settings_) == computedWith(document().settings.pitch);
+}
+
+AxisScale CPitchView::TimeAxis() const {
+  const double factor = channel().msPerSample();
+  return {.low = view_.pitch.range.start * factor,
+          .high = view_.pitch.range.end * factor,
+          .left = static_cast<double>(plot.left),
+          .width = static_cast<double>(plot.right - plot.left)};
+}
+
+double CPitchView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
+
+void CPitchView::PlaceCursor(double ms) {
+  cursorMs = ms;
+  markerSet = true;
+  Changed();
+}
+
+void CPitchView::Press(std::int32_t x, std::int32_t y) {
+  if (!computed() || !InPlot(x, y)) return;
+  press = {.held = true, .x = x};
+  PlaceCursor(MsUnder(x));
+}
+
+void CPitchView::Move(std::int32_t x, std::int32_t) {
+  if (!press.held || !computed()) return;
+  PlaceCursor(MsUnder(x));
+  if (Tracks()) MoveAtTime(view_, cursorMs);
+}
+
+void CPitchView::Release(std::int32_t x, std::int32_t) {
+  if (press.held && computed()) PlaceCursor(MsUnder(x));
+  press.held = false;
+}
+
+void CPitchView::StepCursor(std::int32_t right, std::int32_t) {
+  if (!computed() || press.held) return;
+  const AxisScale time = TimeAxis();
+  const double lastMs = std::max(MsUnder(plot.right), time.low);
+  const double ms = markerSet ? time.ValueAt(time.X(cursorMs) + right) : time.low;
+  PlaceCursor(std::clamp(ms, time.low, lastMs));
+}
+
+std::vector<LogEntry> CPitchView::LogRows(WindowLog log) const {
+  if (log != WindowLog::kMarker || !computed() || !markerSet) return {};
+  return {{document().title(),
+           "Pitch Marker Entry: time, pitch, intensity",
+           {FormatOneDecimal(cursorMs * TimeFactor(document())),
+            FormatOneDecimal(PitchAt(view_.pitch, channel(), cursorMs)),
+            FormatOneDecimal(IntensityAt(channel().intensity, channel(), cursorMs))}}};
+}
+
+std::vector<WindowReadout> CPitchView::Readouts() const {
+  std::vector<WindowReadout> readouts{
+      TimeReadout(document(), "Time", cursorMs),
+      {"Pitch(Hz)=", FormatOneDecimal(PitchAt(view_.pitch, channel(), cursorMs))},
+      {"Int.(dB)=", FormatOneDecimal(IntensityAt(channel().intensity, channel(), cursorMs))}};
+  if (computed() && markerSet) return readouts;
+  for (WindowReadout& readout : readouts) readout.value = "-";
+  return readouts;
+}
+
+std::int32_t* CPitchView::SwitchOf(WindowSwitch which) {
+  if (which == WindowSwitch::kDrawAudio) return &strips.audio;
+  if (which == WindowSwitch::kDrawIntensity) return &strips.intensity;
+  if (which == WindowSwitch::kDrawLabels) return &strips.labels;
+  return nullptr;
+}
+
+}  // namespace cantorix

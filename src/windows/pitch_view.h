@@ -1,0 +1,64 @@
+// pitch_view.h - the pitch window of a document: the main view's pitch track over axes of its own,
+// with a cursor. The track stays the main view's and is asked for each time; strips of waveform,
+// intensity and labels may stand beside it. The size of the picture does not matter to it, so it is
+// not told of one. Draws nothing.
+#pragma once
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "mainview/axis_scale.h"
+#include "windows/analysis_window.h"
+
+namespace cantorix {
+
+// What stands beside the track, each 0 or 1; for as long as the window is open.
+struct PitchStrips {
+  std::int32_t audio = 0;
+  std::int32_t intensity = 1;
+  std::int32_t labels = 1;
+};
+
+class CPitchView : public AnalysisWindow {
+ public:
+  CPitchView(CSonadexView& mainView, WindowServices services = {});
+
+  WindowKind kind() const override { return WindowKind::kPitch; }
+  bool computed() const override;
+  bool hasFormants() const override { return false; }
+  // Once there was a track, its stretch can be analysed again.
+  bool canUpdate() const override { return range_.length() > 0.0; }
+  void Update() override;
+  // The cursor is under the pointer while the button is held, and the moves go to the main view
+  // while all windows track the mouse.
+  void Press(std::int32_t x, std::int32_t y) override;
+  void Move(std::int32_t x, std::int32_t y) override;
+  void Release(std::int32_t x, std::int32_t y) override;
+  void StepCursor(std::int32_t right, std::int32_t up) override;
+  // The marker's time, pitch and intensity.
+  std::vector<LogEntry> LogRows(WindowLog log) const override;
+  std::vector<WindowReadout> Readouts() const override;
+  std::int32_t* SwitchOf(WindowSwitch which) override;
+
+  // The stretch that the track covers in ms, nothing without a track.
+  AxisScale TimeAxis() const;
+
+  double cursorMs = 0.0;
+  PitchStrips strips;
+
+ private:
+  void PlaceCursor(double ms);
+  double MsUnder(std::int32_t x) const;
+  bool SettingsMatch() const override;
+  void TakeTrack();
+  void FollowDocument(DocumentChange change) override;
+  void KeepSwitches() override {}
+
+  CSonadexView& view_;
+  SampleRange range_;       // of the last track
+  PitchSettings settings_;  // of the last track
+  bool wholeRecording_ = false;
+};
+
+}  // namespace cantorix

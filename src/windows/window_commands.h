@@ -1,0 +1,82 @@
+// window_commands.h - the one table of the commands of the analysis windows. Their tool strips,
+// context menus, enabling and tooltips are made from it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "windows/analysis_window.h"
+
+namespace cantorix {
+
+enum class WindowCommand {
+  kEnterMarker,
+  kEnterFormants,
+  kEnterFormantsAll,
+  kEnterEntireFrame,
+  kUpdate,
+  kOptions,
+  kDrawLpc,
+  kRelativeLevel,
+  kDrawFormants,
+  kDrawAudio,
+  kDrawIntensity,
+  kDrawLabels,
+  kSavePicture,
+  kCopyPicture,
+  kCopyReadouts,
+  kPrint,
+  kCloseWindow,
+};
+
+// Conditions, as bits: all of a row's must hold.
+enum WindowCondition : std::uint32_t {
+  kPictureThere = 1U << 0U,
+  kPictureCurrent = 1U << 1U,  // the samples are still those of the picture
+  kMarkerThere = 1U << 2U,
+  kFormantsThere = 1U << 3U,
+  kWindowLogOpen = 1U << 4U,
+  kUpdatePossible = 1U << 5U,
+};
+
+// Windows that have the command, as bits.
+enum WindowKinds : std::uint32_t {
+  kInFftLpc = 1U << 0U,
+  kInSpectrogram = 1U << 1U,
+  kInPitch = 1U << 2U,
+  kInAll = kInFftLpc | kInSpectrogram | kInPitch,
+};
+
+struct WindowCommandRow {
+  WindowCommand id;
+  std::uint32_t windows;
+  std::string_view text;         // with its mnemonic
+  std::string_view accelerator;  // empty: none
+  std::string_view toolTip;
+  std::uint32_t conditions;
+  std::optional<WindowLog> log;             // the rows that it enters
+  std::optional<WindowSwitch> checkedWith;  // the switch that it turns
+  bool onStrip = true;                      // false: in the context menu only
+};
+
+// In the order of the tool strip.
+std::span<const WindowCommandRow> WindowCommands();
+// The row of a command in a kind of window; null when it has no such command.
+const WindowCommandRow* RowOf(WindowKind kind, WindowCommand command);
+// Whether a kind of window has the command.
+bool Offers(WindowKind kind, const WindowCommandRow& row);
+
+// The conditions that hold for a window now.
+std::uint32_t ConditionsOf(const AnalysisWindow& window);
+inline bool IsEnabled(const WindowCommandRow& row, std::uint32_t conditions) {
+  return (row.conditions & ~conditions) == 0;
+}
+
+// Carries out a command that needs no widget: enters rows until the log wants no more, turns a
+// switch or computes again. Returns false for the others, which the widget carries out, and for one
+// that is not enabled. Throws as the computation of the window does.
+bool RunWindowCommand(AnalysisWindow& window, WindowCommand command);
+
+}  // namespace cantorix

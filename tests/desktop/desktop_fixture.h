@@ -1,0 +1,63 @@
+// desktop_fixture.h - a main frame with scripted prompts and dialogs, in a program folder of its
+// own, and helpers that use it as a user would.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QTest>
+#include <string>
+
+#include "app/application.h"
+#include "desktop/child_frame.h"
+#include "desktop/main_frame.h"
+#include "desktop/main_view_area.h"
+#include "desktop/main_view_widget.h"
+#include "desktop/qt_progress.h"
+#include "desktop/qt_text.h"
+#include "support/fake_services.h"
+#include "support/scripted_prompts.h"
+#include "support/temporary_folder.h"
+#include "support/view_fakes.h"
+
+namespace cantorix {
+
+inline std::string SamplePath() { return std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv"; }
+
+class DesktopTest : public testing::Test {
+ protected:
+  DesktopTest() {
+    app.host.programDirectory = folder.path();
+    app.host.documentsWriteConfiguration = false;
+    app.temporaryDirectory = folder.path() + "/";
+    frame.resize(1000, 700);
+    frame.show();
+    QApplication::setActiveWindow(&frame);
+  }
+  ~DesktopTest() override { progress.SetOwner(nullptr); }
+
+  // The sample recording in a window that has been laid out.
+  CSonadexView& OpenSample() { return Open(SamplePath()); }
+  CSonadexView& Open(const std::string& path) {
+    EXPECT_TRUE(frame.OpenFile(path));
+    QApplication::processEvents();
+    return *frame.activeView();
+  }
+  MainViewWidget& Picture() { return frame.activeFrame()->area().picture(); }
+  void Perform(Command command) { frame.actions().ActionOf(command).trigger(); }
+  bool Enabled(Command command) { return frame.actions().ActionOf(command).isEnabled(); }
+
+  TemporaryFolder folder;
+  FakeProfileStore profile;
+  ScriptedPrompts prompts;
+  QtProgress progress;
+  FakeMemoryProbe memory;
+  Application app{{profile, prompts, progress, memory}};
+  Clipboard clipboard;
+  QtTextMeasurer textMeasurer;
+  ScriptedDialogs dialogs;
+  FakeOpener opener;
+  CMainFrame frame{{app, progress, dialogs, textMeasurer, opener, clipboard}};
+};
+
+}  // namespace cantorix

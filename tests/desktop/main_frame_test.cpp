@@ -1,0 +1,156 @@
+// main_frame_test.cpp - documents and their windows: opened, numbered, closed.
+#include <QDropEvent>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QUrl>
+#include <filesystem>
+
+#include "desktop/desktop_fixture.h"
+#include "mainview/view_commands.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+
+class Frame : public DesktopTest {
+ protected:
+  std::string CopySample(const std::string& name) {
+    std::filesystem::copy_file(SamplePath(), folder / name);
+    return folder / name;
+  }
+  std::vector<std::string> Titles() {
+    std::vector<std::string> titles;
+    for (CChildFrame* const child : frame.Frames()) titles.push_back(Typed(child->windowTitle()));
+    return titles;
+  }
+};
+
+TEST_F(Frame, OpensEachFileOnceAndSaysWhatFails) {
+  OpenSample();
+  EXPECT_TRUE(frame.OpenFile(SamplePath()));
+  EXPECT_THAT(Titles(), ElementsAre("vowels.qrv[*]"));
+  EXPECT_FALSE(frame.OpenFile(folder / "none.wav"));
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("message: " + (folder / "none.wav") +
+                                                    " could not be opened. No such file or "
+                                                    "directory."));
+}
+
+TEST_F(Frame, GivingUpAFileOfNoKnownTypeShowsNothingMore) {
+  WriteBytes(folder / "notes.txt", std::vector<std::byte>(100, std::byte{'x'}));
+  prompts.WillAnswer(Answer::kCancel);
+  EXPECT_FALSE(frame.OpenFile(folder / "notes.txt"));
+  EXPECT_EQ(prompts.TakeTranscript().size(), 1U);
+  EXPECT_TRUE(frame.Frames().empty());
+}
+
+TEST_F(Frame, DroppedFilesOpen) {
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(ShownPath(CopySample("a b.qrv"))),
+                 QUrl::fromLocalFile(ShownPath(CopySample("c.qrv")))});
+  QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&frame, &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&frame, &drop);
+  QApplication::processEvents();
+  EXPECT_THAT(Titles(), ElementsAre("a b.qrv[*]", "c.qrv[*]"));
+}
+
+TEST_F(Frame, TheOpenDialogReopensOnTheTypeChosenLast) {
+  prompts.WillChooseFile(SamplePath(), 4);
+  Perform(Command::kOpen);
+  prompts.WillCancel();
+  Perform(Command::kOpen);
+  ASSERT_EQ(prompts.fileRequests.size(), 2U);
+  EXPECT_EQ(prompts.fileRequests[1].filterIndex, 4);
+  EXPECT_EQ(frame.Frames().size(), 1U);
+  prompts.TakeTranscript();
+}
+
+TEST_F(Frame, AFurtherWindowSharesStretchAndSelection) {
+  CSonadexView& first = OpenSample();
+  Perform(Command::kNewWindow);
+  QApplication::processEvents();
+  EXPECT_THAT(Titles(), ElementsAre("vowels.qrv:1[*]", "vowels.qrv:2[*]"));
+  CSonadexView& second = *frame.activeView();
+  ASSERT_NE(&first, &second);
+  Perform(Command::kZoomIn);
+  SelectSpan(second, 100.0, 300.0);
+  EXPECT_TRUE(first.zoomed);
+  EXPECT_TRUE(first.selectionShown);
+  // The first of two windows closes without a question, also of a modified document.
+  second.document().SetModified(true);
+  frame.activeFrame()->close();
+  EXPECT_THAT(Titles(), testing::Contains("vowels.qrv[*]"));
+  first.document().SetModified(false);
+}
+
+TEST_F(Frame, AModifiedDocumentAsksBeforeItCloses) {
+  CSonadexDoc& document = Open(CopySample("talk.qrv")).document();
+  document.SetModified(true);
+  EXPECT_TRUE(frame.activeFrame()->isWindowModified());
+  const std::string question = "ask yes/no/cancel: Save Changes to ' talk.qrv ' before closing ?";
+  prompts.WillAnswer(Answer::kCancel);
+  EXPECT_FALSE(frame.activeFrame()->close());
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(question));
+  EXPECT_EQ(frame.documents().All().size(), 1U);
+
+  prompts.WillAnswer(Answer::kNo);
+  Perform(Command::kClose);
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(question));
+  EXPECT_TRUE(frame.documents().All().empty());
+}
+
+TEST_F(Frame, LeavingAsksForEveryDocumentAndTheLogFirst) {
+  CSonadexDoc& first = Open(CopySample("one.qrv")).document();
+  CSonadexDoc& second = Open(CopySample("two.qrv")).document();
+  first.SetModified(true);
+  second.SetModified(true);
+  prompts.WillAnswer(Answer::kNo);
+  prompts.WillAnswer(Answer::kCancel);
+  EXPECT_FALSE(frame.close());
+  EXPECT_EQ(frame.documents().All().size(), 2U) << "nothing may be closed before all agree";
+  prompts.WillAnswer(Answer::kNo);
+  EXPECT_TRUE(frame.close());
+  EXPECT_TRUE(frame.documents().All().empty());
+  prompts.TakeTranscript();
+}
+
+TEST_F(Frame, AFailedSaveKeepsTheDocumentOpen) {
+  const std::string path = CopySample("talk.qrv");
+  Open(path).document().SetModified(true);
+  std::filesystem::remove(path);
+  std::filesystem::create_directory(path);
+  prompts.WillAnswer(Answer::kYes);
+  EXPECT_FALSE(frame.activeFrame()->close());
+  EXPECT_EQ(prompts.TakeTranscript().size(), 2U);
+  ASSERT_EQ(frame.documents().All().size(), 1U);
+  frame.documents().All()[0]->SetModified(false);
+}
+
+TEST_F(Frame, TheWindowKeepsItsPlaceForTheNextOne) {
+  OpenSample();
+  EXPECT_EQ(app.host.application.mainView.width, 0) << "a window that fills the space has none";
+  EXPECT_EQ(frame.activeFrame()->size(), frame.area().viewport()->size());
+  frame.activeFrame()->setGeometry(30, 20, 640, 420);
+  QApplication::processEvents();
+  EXPECT_EQ(app.host.application.mainView.x, 30);
+  EXPECT_EQ(app.host.application.mainView.height, 420);
+  Perform(Command::kNew);
+  QApplication::processEvents();
+  EXPECT_EQ(frame.activeFrame()->geometry(), QRect(30, 20, 640, 420));
+}
+
+TEST_F(Frame, AnEmptyDocumentShowsAndLoadsNothing) {
+  Perform(Command::kNew);
+  QApplication::processEvents();
+  ASSERT_NE(frame.activeView(), nullptr);
+  EXPECT_FALSE(frame.activeView()->document().loaded);
+  QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});
+  EXPECT_FALSE(frame.activeView()->markerSet);
+  EXPECT_FALSE(Picture().grab().isNull());
+}
+
+}  // namespace
+}  // namespace cantorix

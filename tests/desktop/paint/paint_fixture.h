@@ -1,0 +1,62 @@
+// paint_fixture.h - recordings, their views and results, and images to paint them on.
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <cmath>
+#include <numbers>
+
+#include "analysis/intensity.h"
+#include "analysis/pitch.h"
+#include "desktop/paint/paint_style.h"
+#include "desktop/qt_text.h"
+#include "mainview/document_waveform.h"
+#include "mainview/view_fixture.h"
+
+namespace cantorix {
+
+inline constexpr double kFixtureRateHz = 11025.0;
+
+// Silence up to `fromMs`, then a sine of `hz`.
+inline Samples ToneFrom(double fromMs, double hz, double lengthMs) {
+  Samples samples(static_cast<std::size_t>(lengthMs * kFixtureRateHz / 1000.0));
+  const auto first = static_cast<std::size_t>(fromMs * kFixtureRateHz / 1000.0);
+  for (std::size_t i = first; i < samples.size(); ++i) {
+    const double phase = 2.0 * std::numbers::pi * hz * static_cast<double>(i) / kFixtureRateHz;
+    samples[i] = static_cast<std::int16_t>(std::lround(12000.0 * std::sin(phase)));
+  }
+  return samples;
+}
+
+inline QImage Canvas(PixelSize client, double pixelRatio = 1.0) {
+  QImage image(static_cast<int>(client.width * pixelRatio),
+               static_cast<int>(client.height * pixelRatio), QImage::Format_RGB32);
+  image.setDevicePixelRatio(pixelRatio);
+  image.fill(Qt::magenta);
+  return image;
+}
+
+// A view with a recording, two tiers of labels, pitch and intensity, at a size.
+struct AnalysedRecording {
+  AnalysedRecording(const Samples& samples, PixelSize client)
+      : recording(world, samples, kFixtureRateHz), waveform(recording.document) {
+    AddLabel(recording.document, 0, 200.0, "H*");
+    AddLabel(recording.document, 1, 700.0, "\xc9\xaa\xcb\x90");  // IPA
+    recording.channel().tiers[1].labels[0].flag = 1;
+    CChannel& channel = recording.channel();
+    NoProgress progress;
+    const SampleRange all{0.0, channel.totalLength};
+    DocumentSettings& settings = recording.document.settings;
+    channel.intensity = ComputeIntensity(recording.document.Samples(), all, kFixtureRateHz,
+                                         settings.intensity, progress);
+    recording.view.pitch =
+        ComputePitch(recording.document.Samples(), all, kFixtureRateHz, settings.pitch, progress);
+    recording.view.LayOut(client);
+  }
+
+  ViewWorld world;
+  ViewedRecording recording;
+  DocumentWaveform waveform;
+};
+
+}  // namespace cantorix

@@ -1,0 +1,99 @@
+// picture_export_test.cpp
+#include "desktop/paint/picture_export.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QSvgRenderer>
+
+#include "desktop/paint/main_view_painter.h"
+#include "desktop/paint/paint_fixture.h"
+#include "desktop/paint/picture_layout.h"
+#include "platform/file_error.h"
+#include "support/temporary_folder.h"
+
+namespace cantorix {
+namespace {
+
+constexpr PixelSize kSize{640, 400};
+
+QByteArray BytesOf(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Mean difference of the grey levels of two images of one size.
+double Difference(const QImage& a, const QImage& b) {
+  double sum = 0.0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      sum += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y)));
+    }
+  }
+  return sum / (a.width() * a.height());
+}
+
+class PictureExport : public testing::Test {
+ protected:
+  void Export(const std::string& name, double ratio = 1.0) {
+    const PictureLayout layout(analysed.recording.view, kSize);
+    const MainViewPicture picture{analysed.recording.view, analysed.waveform.Pyramid()};
+    ExportPicture(Path(name), QSize(kSize.width, kSize.height), ratio, [&](QPainter& painter) {
+      PaintMainView(painter, picture, StyleOf(PaletteKind::kLight));
+    });
+  }
+  std::string Path(const std::string& name) const { return folder.path() + "/" + name; }
+
+  TemporaryFolder folder;
+  AnalysedRecording analysed{ToneFrom(100.0, 150.0, 1000.0), {900, 700}};
+};
+
+TEST_F(PictureExport, EveryFormatShowsTheSamePicture) {
+  for (const char* const name : {"a.png", "a.bmp", "a.svg", "a.pdf"}) Export(name);
+  const QImage png(QString::fromStdString(Path("a.png")));
+  ASSERT_EQ(png.size(), QSize(kSize.width, kSize.height));
+  EXPECT_EQ(QImage(QString::fromStdString(Path("a.bmp"))).convertToFormat(png.format()), png);
+
+  QSvgRenderer svg(BytesOf(Path("a.svg")));
+  ASSERT_TRUE(svg.isValid());
+  QImage drawn = Canvas(kSize);
+  QPainter painter(&drawn);
+  svg.render(&painter);
+  painter.end();
+  EXPECT_LT(Difference(drawn, png), 8.0);
+
+  const QByteArray pdf = BytesOf(Path("a.pdf"));
+  EXPECT_TRUE(pdf.startsWith("%PDF"));
+  EXPECT_TRUE(pdf.contains("/MediaBox [0 0 480")) << "640 pixels of 1/96 inch";
+}
+
+TEST_F(PictureExport, TheViewIsLaidOutAsBefore) {
+  const ViewLayout before = analysed.recording.view.layout;
+  const PixelRect tier = analysed.recording.channel().tiers[1].rect;
+  Export("a.png");
+  const ViewLayout& after = analysed.recording.view.layout;
+  EXPECT_EQ(after.client.width, before.client.width);
+  EXPECT_EQ(after.pitch.bottom, before.pitch.bottom);
+  EXPECT_EQ(analysed.recording.channel().tiers[1].rect.bottom, tier.bottom);
+  EXPECT_EQ(analysed.recording.channel().waveformRect.right, before.audio.right);
+}
+
+TEST_F(PictureExport, ResolutionOfBitmapsFollowsTheRatio) {
+  Export("a.PNG", 2.0);
+  EXPECT_EQ(QImage(QString::fromStdString(Path("a.PNG"))).size(), QSize(1280, 800));
+}
+
+TEST_F(PictureExport, AFailureLeavesTheEarlierFile) {
+  Export("a.png");
+  const QByteArray earlier = BytesOf(Path("a.png"));
+  const auto fail = [](QPainter&) { throw FileError("The disk store could not be read."); };
+  EXPECT_THROW(ExportPicture(Path("a.png"), QSize(10, 10), 1.0, fail), FileError);
+  EXPECT_EQ(BytesOf(Path("a.png")), earlier);
+  EXPECT_THROW(Export("a.gif"), FileError);
+  EXPECT_THROW(Export("missing/a.png"), FileError);
+  EXPECT_THROW(ExportPicture(Path("b.png"), QSize(0, 10), 1.0, [](QPainter&) {}), FileError);
+  EXPECT_FALSE(QFile::exists(QString::fromStdString(Path("b.png"))));
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,217 @@
+// picture_places_test.cpp - what is measured stands where the axes say it is.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "desktop/paint/label_painter.h"
+#include "desktop/paint/main_view_painter.h"
+#include "desktop/paint/paint_fixture.h"
+#include "desktop/paint/pitch_painter.h"
+#include "desktop/paint/spectrogram_image.h"
+#include "desktop/paint/spectrogram_painter.h"
+#include "desktop/paint/spectrum_painter.h"
+#include "mainview/time_axis.h"
+
+namespace cantorix {
+namespace {
+
+constexpr PixelSize kClient{900, 600};
+
+int Darkness(const QImage& image, int x, int y) { return 255 - qGray(image.pixel(x, y)); }
+
+// The x or y in [first, last) with the most of something.
+int Most(int first, int last, const std::function<double(int)>& value) {
+  int best = first;
+  for (int i = first; i < last; ++i) {
+    if (value(i) > value(best)) best = i;
+  }
+  return best;
+}
+
+bool IsColor(const QImage& image, int x, int y, const QColor& color) {
+  return (image.pixel(x, y) & RGB_MASK) == (color.rgb() & RGB_MASK);
+}
+
+class PictureOfTone : public testing::TestWithParam<double> {};
+
+TEST_P(PictureOfTone, IsALineAtItsRowOfTheSpectrogramFromItsOnset) {
+  const double hz = GetParam();
+  ViewWorld world;
+  ViewedRecording recording(world, ToneFrom(500.0, hz, 1000.0), kFixtureRateHz);
+  SpectrogramSettings& settings = recording.document.settings.spectrogram;
+  settings.points = 512;
+  settings.sizeIndex = 5;
+  settings.displayFormants = settings.trackFormants = 0;
+  settings.addFrequencyGrid = settings.addTimeGrid = 0;
+  const WindowLayout layout = SpectrogramLayout(kClient, recording.document);
+  const PixelRect& plot = layout.plot;
+  CSpectrogramView view(recording.document);
+  ASSERT_TRUE(view.ComputeSpectrogram({0.0, recording.channel().totalLength},
+                                      {plot.right - plot.left, plot.bottom - plot.top, true}));
+  const QImage levels =
+      SpectrogramImage(view.spectrogram(), settings.dynamicRangeDb, ColorMap::kGrey);
+  const SpectrogramPicture picture{view, levels, nullptr, kClient, {}, {}};
+  QImage image = Canvas(kClient);
+  QPainter painter(&image);
+  PaintSpectrogram(painter, picture, StyleOf(PaletteKind::kLight));
+  painter.end();
+
+  const int column = plot.left + (plot.right - plot.left) * 3 / 4;
+  double weight = 0.0, sum = 0.0;
+  for (int y = plot.top + 40; y < plot.bottom - 1; ++y) {
+    const double darkness = Darkness(image, column, y);
+    if (darkness < 200.0) continue;
+    weight += darkness;
+    sum += darkness * (y + 0.5);
+  }
+  ASSERT_GT(weight, 0.0);
+  const double topHz = view.spectrogram().maxHz;
+  const double rowHz = topHz / (plot.bottom - plot.top);
+  EXPECT_NEAR(layout.ValueAtRow(sum / weight, 0.0, topHz), hz, 2.0 * rowHz);
+
+  const int row = static_cast<int>(sum / weight);
+  const int onset = Most(plot.left + 1, plot.right - 1, [&](int x) {
+    return Darkness(image, x + 1, row) > 20 && Darkness(image, x - 1, row) <= 20 ? 1.0 : 0.0;
+  });
+  // A frame shows a tone as soon as it reaches it: up to its own length earlier.
+  const double frameMs = 512.0 / kFixtureRateHz * 1000.0;
+  const double onsetMs = SpectrogramTimes(picture).ValueAt(onset);
+  EXPECT_GE(onsetMs, 500.0 - frameMs - 3.0);
+  EXPECT_LE(onsetMs, 500.0 + 3.0);
+}
+
+TEST_P(PictureOfTone, HasItsPeakAtItsColumnOfTheSpectrum) {
+  const double hz = GetParam();
+  ViewWorld world;
+  ViewedRecording recording(world, ToneFrom(0.0, hz, 500.0), kFixtureRateHz);
+  FftLpcSettings& settings = recording.document.settings.fftLpc;
+  settings.points = 1024;
+  settings.windowMs = 80;
+  settings.drawLpc = 0;
+  const WindowLayout layout = SpectrumLayout(kClient);
+  CFFTLPCView view(recording.document);
+  ASSERT_TRUE(view.AnalyseSpectrum({.position = 1000.0, .selection = {}},
+                                   layout.plot.right - layout.plot.left));
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  const SpectrumPicture picture{view, kClient, {}};
+  QImage image = Canvas(kClient);
+  QPainter painter(&image);
+  PaintSpectrum(painter, picture, style);
+  painter.end();
+
+  // The topmost point of the curve; the caption in the corner is of another colour.
+  const auto height = [&](int x) {
+    for (int y = layout.plot.top + 1; y < layout.plot.bottom; ++y) {
+      const QColor pixel = image.pixelColor(x, y);
+      if (pixel.blue() - pixel.red() > 60) return static_cast<double>(layout.plot.bottom - y);
+    }
+    return 0.0;
+  };
+  const int peak = Most(layout.plot.left + 1, layout.plot.right - 1, height);
+  ASSERT_GT(height(peak), 0.0);
+  EXPECT_NEAR(SpectrumAxis(picture).ValueAt(peak), hz, kFixtureRateHz / 1024.0 + 6.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PictureOfTone, testing::Values(437.5, 1000.0, 2503.0, 4100.0));
+
+TEST(MainViewPicture, AnImpulseStandsAtItsTime) {
+  for (const double ratio : {1.0, 2.0}) {
+    Samples samples(11025, 0);
+    samples[6000] = 20000;
+    ViewWorld world;
+    ViewedRecording recording(world, samples, kFixtureRateHz);
+    DocumentWaveform waveform(recording.document);
+    recording.view.LayOut(kClient);
+    QImage image = Canvas(kClient, ratio);
+    const PaintStyle style = StyleOf(PaletteKind::kLight);
+    QPainter painter(&image);
+    PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
+    painter.end();
+    const PixelRect& pane = recording.view.layout.audio;
+    const int row = static_cast<int>((pane.top + (pane.bottom - pane.top) * 0.25) * ratio);
+    const double expected = TimeAxisOf(recording.channel()).X(6000.0 / kFixtureRateHz * 1000.0);
+    int found = -1;
+    for (int x = static_cast<int>(pane.left * ratio); x < pane.right * ratio; ++x) {
+      if (IsColor(image, x, row, style.waveform)) found = x;
+    }
+    EXPECT_NEAR(found / ratio, expected, 1.0) << ratio;
+  }
+}
+
+TEST(MainViewPicture, SamplesAreJoinedWhereThereIsLessThanOnePerPixel) {
+  ViewWorld world;
+  ViewedRecording recording(world, Ramp(1000, -500), kFixtureRateHz);
+  DocumentWaveform waveform(recording.document);
+  recording.view.LayOut(kClient);
+  recording.channel().visibleStart.samples = 400.0;
+  recording.channel().visibleEnd.samples = 600.0;
+  QImage image = Canvas(kClient);
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  QPainter painter(&image);
+  PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
+  painter.end();
+  // A ramp is a straight line through the pane's middle without steps or gaps.
+  const PixelRect& pane = recording.view.layout.audio;
+  const double middle = (pane.top + pane.bottom) / 2.0;
+  for (int x = pane.left + 2; x < pane.right - 2; ++x) {
+    const double sample = -500.0 + 400.0 + 200.0 * (x + 0.5 - pane.left) / (pane.right - pane.left);
+    const double half = (pane.bottom - pane.top - 4) / 2.0;
+    const double y = middle - sample / (1.05 * 500.0) * half;
+    const int darkest = Most(pane.top + 20, pane.bottom - 4, [&](int row) {
+      const QColor pixel = image.pixelColor(x, row);
+      return static_cast<double>(pixel.blue() - pixel.red());
+    });
+    EXPECT_NEAR(darkest + 0.5, y, 1.5) << x;
+  }
+}
+
+TEST(MainViewPicture, CursorAndSelectionStandAtTheirTimes) {
+  AnalysedRecording analysed(ToneFrom(0.0, 150.0, 1000.0), kClient);
+  CSonadexView& view = analysed.recording.view;
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  const AxisScale time = TimeAxisOf(view.channel());
+  const int row = view.layout.pitch.bottom - 10;
+  const auto paint = [&] {
+    QImage image = Canvas(kClient);
+    QPainter painter(&image);
+    PaintMainView(painter, {view, analysed.waveform.Pyramid()}, style);
+    painter.end();
+    return image;
+  };
+  const QImage plain = paint();
+  view.channel().cursor.ms = 640.0;
+  view.markerSet = true;
+  const QImage withCursor = paint();
+  EXPECT_TRUE(IsColor(withCursor, static_cast<int>(time.X(640.0)), row, style.cursor));
+
+  view.markerSet = false;
+  view.selectionShown = true;
+  view.channel().selectionStart.ms = 250.0;
+  view.channel().selectionEnd.ms = 500.0;
+  const QImage selected = paint();
+  for (int x = static_cast<int>(time.left) + 1; x < static_cast<int>(time.right()); ++x) {
+    const bool inside = x >= time.X(250.0) && x <= time.X(500.0);
+    const bool changed = selected.pixel(x, row) != plain.pixel(x, row);
+    if (std::abs(x - time.X(250.0)) > 1.5 && std::abs(x - time.X(500.0)) > 1.5) {
+      EXPECT_EQ(changed, inside) << x;
+    }
+  }
+}
+
+TEST(SpectrogramImage, IsMadeOfTheLevelsWithZeroHzAtTheBottom) {
+  Spectrogram spectrogram;
+  spectrogram.outcome = SpectrogramOutcome::kComputed;
+  spectrogram.columns = 2;
+  spectrogram.rows = 3;
+  spectrogram.levels = std::make_unique<double[]>(6);
+  for (int i = 0; i < 6; ++i) spectrogram.levels[static_cast<std::size_t>(i)] = i * 10.0;
+  const QImage image = SpectrogramImage(spectrogram, 50.0, ColorMap::kGrey);
+  const ColorTable table = MakeColorTable(ColorMap::kGrey);
+  ASSERT_EQ(image.size(), QSize(2, 3));
+  EXPECT_EQ(image.pixel(0, 2), table[0]);
+  EXPECT_EQ(image.pixel(0, 0), table[ColorIndex(20.0, 50.0)]);
+  EXPECT_EQ(image.pixel(1, 0), table[255]);
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,98 @@
+// program_test.cpp - runs of the whole program: what its arguments open and when it refuses to
+// start.
+#include "desktop/program.h"
+
+#include <gmock/gmock.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <filesystem>
+
+#include "desktop/child_frame.h"
+#include "support/temporary_folder.h"
+
+namespace cantorix {
+namespace {
+
+// The message boxes that stand up while the event loop of one of them runs, pressed away at once.
+class BoxWatcher {
+ public:
+  BoxWatcher() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] {
+      if (auto* const box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        texts.push_back(box->text().toStdString());
+        box->accept();
+      }
+    });
+    timer_.start(5);
+  }
+  std::vector<std::string> texts;
+
+ private:
+  QTimer timer_;
+};
+
+class ProgramTest : public testing::Test {
+ protected:
+  ProgramTest() {
+    ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
+    std::filesystem::current_path(folder.path());
+  }
+  ~ProgramTest() override { std::filesystem::current_path("/"); }
+
+  static CMainFrame* Frame() {
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+      if (auto* const frame = dynamic_cast<CMainFrame*>(widget)) return frame;
+    }
+    return nullptr;
+  }
+
+  TemporaryFolder folder;
+  BoxWatcher boxes;
+};
+
+TEST_F(ProgramTest, WithoutArgumentsAnEmptyDocumentOpensMaximised) {
+  Program program;
+  ASSERT_TRUE(program.Start({}));
+  CMainFrame* const frame = Frame();
+  ASSERT_NE(frame, nullptr);
+  EXPECT_TRUE(frame->isMaximized());
+  ASSERT_EQ(frame->documents().All().size(), 1U);
+  EXPECT_FALSE(frame->documents().All()[0]->loaded);
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "tmp"));
+}
+
+TEST_F(ProgramTest, AFileArgumentOpensInstead) {
+  {
+    Program program;
+    ASSERT_TRUE(program.Start({std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv"}));
+    ASSERT_EQ(Frame()->documents().All().size(), 1U);
+    EXPECT_EQ(Frame()->documents().All()[0]->title(), "vowels.qrv");
+  }
+  EXPECT_TRUE(std::filesystem::exists(folder / "CantorixConf.cfg"))
+      << "a document that closes writes the configuration";
+}
+
+TEST_F(ProgramTest, AFileThatCannotBeOpenedEndsTheStart) {
+  Program program;
+  EXPECT_FALSE(program.Start({folder / "none.wav"}));
+  ASSERT_EQ(boxes.texts.size(), 1U);
+  EXPECT_EQ(boxes.texts[0],
+            (folder / "none.wav") + " could not be opened. No such file or directory.");
+}
+
+TEST_F(ProgramTest, AProfileThatCannotBeWrittenEndsTheStart) {
+  WriteBytes(folder / "config", {});
+  Program program;
+  EXPECT_FALSE(program.Start({}));
+  EXPECT_THAT(boxes.texts,
+              testing::ElementsAre("Unable to update the system registry.\n"
+                                   "Please contact your system administrator and/or the vender."));
+  EXPECT_EQ(Frame(), nullptr);
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,124 @@
+// progress_test.cpp - a long operation on the interface thread and the user who loses patience.
+#include <QTimer>
+
+#include "desktop/desktop_fixture.h"
+
+namespace cantorix {
+namespace {
+
+class CountingWidget : public QWidget {
+ public:
+  int presses = 0, keys = 0, paints = 0, closes = 0;
+
+ protected:
+  void mousePressEvent(QMouseEvent*) override { ++presses; }
+  void keyPressEvent(QKeyEvent*) override { ++keys; }
+  void paintEvent(QPaintEvent*) override { ++paints; }
+  void closeEvent(QCloseEvent*) override { ++closes; }
+};
+
+// Steps through an operation of up to `ms` milliseconds; what posts `during` happens on its way.
+bool CancelledWithin(QtProgress& progress, int ms) {
+  QElapsedTimer clock;
+  clock.start();
+  while (clock.elapsed() < ms) {
+    if (progress.Step(static_cast<double>(clock.elapsed()))) return true;
+  }
+  return false;
+}
+
+class ProgressTest : public testing::Test {
+ protected:
+  ProgressTest() {
+    window.resize(200, 200);
+    window.show();
+    QApplication::processEvents();
+  }
+  void Later(std::function<void()> action) { QTimer::singleShot(40, &window, std::move(action)); }
+
+  CountingWidget window;
+  QtProgress progress;
+};
+
+TEST_F(ProgressTest, AMousePressAnywhereCancelsAndReachesNobody) {
+  const ProgressScope scope(progress, "Reading", 100.0);
+  Later([&] { QTest::mousePress(&window, Qt::LeftButton); });
+  EXPECT_TRUE(CancelledWithin(progress, 2000));
+  EXPECT_EQ(window.presses, 0);
+}
+
+TEST_F(ProgressTest, OtherInputIsSwallowedAndPaintingGoesOn) {
+  const ProgressScope scope(progress, "Reading", 100.0);
+  const int paints = window.paints;
+  Later([&] {
+    QTest::keyClick(&window, Qt::Key_A);
+    QTest::mouseMove(&window, {5, 5});
+    window.close();
+    window.update();
+  });
+  EXPECT_FALSE(CancelledWithin(progress, 200));
+  EXPECT_EQ(window.keys, 0);
+  EXPECT_EQ(window.closes, 0);
+  EXPECT_GT(window.paints, paints);
+  EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(ProgressTest, TheWindowShowsTextAndPartWhileItRuns) {
+  {
+    const ProgressScope scope(progress, "Processing Pitch...(Press mouse to cancel)", 400.0);
+    EXPECT_FALSE(CancelledWithin(progress, 100));
+    ASSERT_NE(progress.window(), nullptr);
+    EXPECT_TRUE(progress.window()->isVisible());
+    EXPECT_EQ(progress.window()->Text(), "Processing Pitch...(Press mouse to cancel)");
+    EXPECT_GT(progress.window()->Percent(), 5);
+    EXPECT_LT(progress.window()->Percent(), 30);
+  }
+  EXPECT_FALSE(progress.window()->isVisible());
+  EXPECT_FALSE(progress.running());
+}
+
+TEST_F(ProgressTest, OddTotalsGiveAnEmptyBar) {
+  for (const double total : {0.0, -1.0, std::nan(""), HUGE_VAL}) {
+    const ProgressScope scope(progress, "x", total);
+    EXPECT_FALSE(CancelledWithin(progress, 60));
+    EXPECT_EQ(progress.window()->Percent(), 0);
+  }
+}
+
+TEST_F(ProgressTest, TheNextOperationIsNotCancelledByTheLastPress) {
+  {
+    const ProgressScope scope(progress, "one", 1.0);
+    Later([&] { QTest::mousePress(&window, Qt::LeftButton); });
+    EXPECT_TRUE(CancelledWithin(progress, 2000));
+  }
+  const ProgressScope scope(progress, "two", 1.0);
+  EXPECT_FALSE(CancelledWithin(progress, 60));
+}
+
+class BusyFrame : public DesktopTest {};
+
+TEST_F(BusyFrame, NoSecondOperationBegins) {
+  CSonadexView& view = OpenSample();
+  const ProgressScope scope(progress, "busy", 1.0);
+  Perform(Command::kZoomIn);
+  EXPECT_FALSE(view.zoomed);
+  QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});
+  EXPECT_FALSE(view.markerSet);
+  EXPECT_FALSE(frame.OpenFile(SamplePath()));
+  EXPECT_FALSE(frame.close());
+}
+
+TEST_F(BusyFrame, AWindowThatOpensMeanwhileBeginsAfterwards) {
+  CSonadexDoc& document = OpenSample().document();
+  frame.OpenNewWindow(document);
+  {
+    const ProgressScope scope(progress, "busy", 1.0);
+    QApplication::processEvents();
+    EXPECT_EQ(frame.activeView()->layout.client.width, 0);
+  }
+  QTest::qWait(120);
+  EXPECT_EQ(frame.activeView()->layout.client.width, Picture().width());
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,184 @@
+// tool_windows_test.cpp - the floating windows: display options, label list, log, keyboard panes.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QSpinBox>
+#include <QTableView>
+#include <filesystem>
+#include <fstream>
+
+#include "desktop/desktop_fixture.h"
+#include "desktop/display_option_frame.h"
+#include "desktop/keyboard_panes.h"
+#include "desktop/label_list_frame.h"
+#include "desktop/log_frame.h"
+#include "mainview/view_commands.h"
+#include "settings/config_file.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+
+class ToolWindows : public DesktopTest {
+ protected:
+  Settings Stored() {
+    Settings settings;
+    EXPECT_TRUE(DecodeRecord(ReadConfiguration(ConfigPath(folder.path())), settings));
+    return settings;
+  }
+  std::string Text(const QTableView& table, int row, int column) {
+    return Typed(table.model()->index(row, column).data().toString());
+  }
+};
+
+TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
+  ASSERT_TRUE(WriteConfiguration(ConfigPath(folder.path()), Settings{}));
+  CSonadexView& view = OpenSample();
+  DisplaySettings& display = view.document().settings.display;
+  for (const auto& entry : frame.displayOptions().switches()) {
+    SCOPED_TRACE(Typed(entry.box->text()));
+    const DisplaySettings before = display;
+    entry.box->click();
+    EXPECT_EQ(display.*entry.field, 1 - before.*entry.field);
+    EXPECT_EQ(Stored().document.display.*entry.field, display.*entry.field);
+  }
+  frame.displayOptions().audioPercent().setValue(70);
+  frame.displayOptions().timeBase().button(1)->click();
+  EXPECT_EQ(display.audioPanePercent, 70);
+  EXPECT_EQ(display.timeBase, 1);
+  EXPECT_EQ(Stored().document.display.timeBase, 1);
+  EXPECT_EQ(Stored().document.display.pitchPanePercent, 50);
+}
+
+TEST_F(ToolWindows, DisplayOptionsFollowTheDocumentInFront) {
+  EXPECT_FALSE(frame.displayOptions().isEnabled());
+  OpenSample().document().settings.display.drawGrids = 0;
+  Perform(Command::kNew);
+  QApplication::processEvents();
+  const auto grids = [&] {
+    for (const auto& entry : frame.displayOptions().switches()) {
+      if (entry.field == &DisplaySettings::drawGrids) return entry.box->isChecked();
+    }
+    return false;
+  };
+  EXPECT_TRUE(grids());
+  frame.activeFrame()->close();
+  EXPECT_FALSE(grids());
+  EXPECT_EQ(frame.activeView()->document().settings.display.drawGrids, 0)
+      << "showing a document may not change it";
+}
+
+TEST_F(ToolWindows, TheLabelListShowsZoomsEditsAndDeletes) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kViewLabels);
+  LabelListFrame& list = frame.labelList();
+  const int labels = list.table().model()->rowCount();
+  ASSERT_GT(labels, 7);
+  const std::string first = Text(list.table(), 0, 2);
+  EXPECT_EQ(Text(list.table(), 0, 0), "tones");
+
+  list.table().selectRow(0);
+  list.Zoom();
+  EXPECT_TRUE(view.zoomed);
+  list.Delete();
+  EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
+  EXPECT_TRUE(view.document().isModified());
+  EXPECT_TRUE(view.undoAvailable);
+
+  Label edited;
+  edited.text = "edited";
+  dialogs.label.WillGive({edited, false});
+  list.table().selectRow(0);
+  list.Edit();
+  ASSERT_EQ(dialogs.label.presets.size(), 1U);
+  EXPECT_TRUE(dialogs.label.presets[0].exists);
+  EXPECT_NE(dialogs.label.presets[0].label.text, first);
+  EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
+  view.document().SetModified(false);
+}
+
+TEST_F(ToolWindows, TheLogShowsRowsAsTheyComeAndLosesThoseDeleted) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kLogNew);
+  EXPECT_TRUE(frame.log().isVisible());
+  SelectSpan(view, 100.0, 350.5);
+  Perform(Command::kEnterDuration);
+  Perform(Command::kEnterLabelsAll);
+  QTableView& table = frame.log().form().table();
+  ASSERT_GT(table.model()->rowCount(), 2);
+  EXPECT_EQ(Text(table, 0, 0), "vowels.qrv");
+  EXPECT_EQ(Text(table, 0, 4), "250.5");
+  EXPECT_TRUE(frame.log().isWindowModified());
+
+  const int rows = table.model()->rowCount();
+  const std::string third = Text(table, 2, 3);
+  table.selectRow(0);
+  frame.log().form().CopyRows();
+  EXPECT_EQ(QApplication::clipboard()->text(),
+            "vowels.qrv\tDuration Entry: start, end, duration\t100.0\t350.5\t250.5\t\t\n");
+  table.selectionModel()->select(table.model()->index(1, 0),
+                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  frame.log().form().DeleteRows();
+  EXPECT_EQ(table.model()->rowCount(), rows - 2);
+  EXPECT_EQ(Text(table, 0, 3), third);
+}
+
+TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kLogNew);
+  SelectSpan(view, 100.0, 350.5);
+  Perform(Command::kEnterDuration);
+  Perform(Command::kEnterDuration);
+  QApplication::setActiveWindow(&frame.log());
+  QTableView& table = frame.log().form().table();
+  table.setFocus();
+  QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 2);
+  EXPECT_FALSE(clipboard.clipboardFull);
+  EXPECT_DOUBLE_EQ(view.channel().selectionEnd.ms, 350.5);
+  QTest::keyClick(&table, Qt::Key_Delete);
+  EXPECT_EQ(table.model()->rowCount(), 0);
+}
+
+TEST_F(ToolWindows, AModifiedLogAsksBeforeItCloses) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kLogNew);
+  SelectSpan(view, 100.0, 200.0);
+  Perform(Command::kEnterDuration);
+  prompts.WillAnswer(Answer::kCancel);
+  EXPECT_FALSE(frame.log().close());
+  EXPECT_TRUE(app.log.has_value());
+  prompts.WillAnswer(Answer::kNo);
+  EXPECT_TRUE(frame.log().close());
+  EXPECT_FALSE(app.log.has_value());
+  EXPECT_FALSE(Enabled(Command::kEnterDuration));
+  EXPECT_EQ(prompts.TakeTranscript().size(), 2U);
+}
+
+TEST_F(ToolWindows, PlacesAreRemembered) {
+  OpenSample();
+  Perform(Command::kViewLabels);
+  frame.labelList().setGeometry(120, 130, 410, 320);
+  QApplication::processEvents();
+  const WindowPlacement& place = app.host.application.labelList;
+  EXPECT_EQ(QRect(place.x, place.y, place.width, place.height), QRect(120, 130, 410, 320));
+}
+
+TEST(KeyboardLamps, AnyKeyboardsLampCounts) {
+  const TemporaryFolder folder;
+  for (const auto& [name, brightness] :
+       {std::pair{"input3::capslock", "0"}, std::pair{"input9::capslock", "1"},
+        std::pair{"input3::numlock", "0"}}) {
+    std::filesystem::create_directory(folder / name);
+    std::ofstream(folder / name + "/brightness") << brightness << '\n';
+  }
+  EXPECT_TRUE(IsLampLit(folder.path(), "capslock"));
+  EXPECT_FALSE(IsLampLit(folder.path(), "numlock"));
+  EXPECT_FALSE(IsLampLit(folder.path(), "scrolllock"));
+  EXPECT_FALSE(IsLampLit(folder / "none", "capslock"));
+}
+
+}  // namespace
+}  // namespace cantorix

@@ -1,0 +1,87 @@
+// axis_ticks_test.cpp
+#include "mainview/axis_ticks.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<std::string> Texts(const std::vector<AxisTick>& ticks) {
+  std::vector<std::string> texts;
+  for (const AxisTick& tick : ticks) texts.push_back(tick.text);
+  return texts;
+}
+
+TEST(AxisTicks, StandAtRoundNumbersInsideTheSpan) {
+  struct Row {
+    const char* name;
+    AxisSpan span;
+    double leastPixels;
+    std::vector<std::string> texts;
+  };
+  const Row rows[] = {
+      {"ends included", {0.0, 1.0, 100.0}, 50.0, {"0.0", "0.5", "1.0"}},
+      {"around zero", {-1.0, 1.0, 100.0}, 50.0, {"-1", "0", "1"}},
+      {"exactly fitting step", {0.0, 0.3, 300.0}, 100.0, {"0.0", "0.1", "0.2", "0.3"}},
+      {"start inside",
+       {1234.5, 1240.2, 285.0},
+       50.0,
+       {"1235", "1236", "1237", "1238", "1239", "1240"}},
+      {"sub-unit steps far out",
+       {36000000.0, 36000000.05, 100.0},
+       40.0,
+       {"36000000.00", "36000000.02", "36000000.04"}},
+      {"steps of fifty", {0.0, 190.0, 200.0}, 45.0, {"0", "50", "100", "150"}},
+  };
+  for (const Row& row : rows) {
+    EXPECT_EQ(Texts(NiceTicks(row.span, row.leastPixels)), row.texts) << row.name;
+  }
+}
+
+TEST(AxisTicks, AreNeverCloserThanAskedAndNeverFarApart) {
+  for (double length = 0.0137; length < 1e8; length *= 1.7) {
+    const AxisSpan span{length * 0.31, length * 1.31, 640.0};
+    const double pixels = NiceStep(span, 60.0) / length * 640.0;
+    EXPECT_GE(pixels, 60.0 * (1.0 - 1e-6)) << length;
+    EXPECT_LE(pixels, 60.0 * 2.5 * (1.0 + 1e-6)) << length;
+  }
+}
+
+TEST(AxisTicks, AreInStepWithAGrid) {
+  struct Row {
+    double high, pixels, leastPixels, gridStep, step;
+  };
+  for (const Row& row :
+       {Row{450.0, 400.0, 30.0, 20.0, 40.0}, Row{5000.0, 500.0, 20.0, 1000.0, 200.0},
+        Row{5000.0, 500.0, 40.0, 300.0, 600.0}, Row{5000.0, 500.0, 40.0, 0.0, 500.0},
+        Row{80.0, 400.0, 25.0, 20.0, 5.0}}) {
+    EXPECT_DOUBLE_EQ(StepBesideGrid({0.0, row.high, row.pixels}, row.leastPixels, row.gridStep),
+                     row.step)
+        << row.gridStep;
+  }
+}
+
+TEST(AxisTicks, SayTimesInTheirBase) {
+  const AxisSpan span{0.0, 1000.0, 200.0};
+  EXPECT_THAT(Texts(TimeTicks(span, 90.0, 0)), ElementsAre("0", "500", "1000"));
+  EXPECT_THAT(Texts(TimeTicks(span, 90.0, 1)), ElementsAre("0.0", "0.5", "1.0"));
+}
+
+TEST(AxisTicks, AreNoneWhereNothingCanBeTold) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_THAT(NiceTicks({0.0, 0.0, 100.0}, 50.0), IsEmpty());
+  EXPECT_THAT(NiceTicks({0.0, 1.0, 0.0}, 50.0), IsEmpty());
+  EXPECT_THAT(NiceTicks({0.0, nan, 100.0}, 50.0), IsEmpty());
+  EXPECT_THAT(NiceTicks({0.0, HUGE_VAL, 100.0}, 50.0), IsEmpty());
+  EXPECT_THAT(TicksEvery({0.0, 1e9, 100.0}, 1.0), IsEmpty()) << "a grid too dense to be seen";
+}
+
+}  // namespace
+}  // namespace cantorix
