@@ -23,6 +23,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   # The folder of the first start keeps the configuration and the temporary files.
   home=${XDG_DATA_HOME:-$HOME/.local/share}/cantorix
   mkdir -p "$home"
+  ln -sfn "$here/docs/manual" "$home/Manual"
   cd "$home"
   exec "$desktop" "${files[@]}"
 fi

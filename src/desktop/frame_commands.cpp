@@ -1,6 +1,7 @@
 // frame_commands.cpp
 #include "desktop/frame_commands.h"
 
+#include <QCoreApplication>
 #include <filesystem>
 
 #include "app/configuration_commands.h"
@@ -10,12 +11,14 @@
 #include "desktop/about_box.h"
 #include "desktop/document_output.h"
 #include "desktop/main_frame.h"
-#include "desktop/qt_progress.h"
 
 namespace cantorix {
 namespace {
 
-constexpr const char* kEnteringText = "Entering into the log...(Press mouse to cancel)";
+// Where the package puts what goes with the program.
+std::string InstalledDirectory() {
+  return (QCoreApplication::applicationDirPath() + "/../share/cantorix").toStdString();
+}
 
 std::optional<AnalysisRequest> AnalysisOf(Command command) {
   switch (command) {
@@ -100,10 +103,6 @@ void FrameCommands::PerformOnView(Command command, CSonadexView& view) {
   const auto analysis = AnalysisOf(command);
   if (analysis && HasWindows(analysis->kind)) {
     Guarded(view, [&] { frame_.analysisWindows()->Open(view, *analysis); });
-  } else if (RowOf(command).menu == Menu::kLog) {
-    // A long run of rows can be stopped.
-    const ProgressScope scope(services_.progress, kEnteringText, 0.0);
-    RunCommand(view, command);
   } else {
     RunCommand(view, command);
   }
@@ -126,7 +125,7 @@ bool FrameCommands::PerformFile(Command command) {
     case Command::kHelpTopics: {
       std::error_code failure;
       OpenManual(std::filesystem::current_path(failure).string(), services_.opener,
-                 services_.application.prompts());
+                 services_.application.prompts(), InstalledDirectory());
       return true;
     }
     case Command::kAbout:

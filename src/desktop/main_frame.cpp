@@ -25,8 +25,7 @@ CMainFrame::CMainFrame(DesktopServices services)
       keyboardPanes_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),
       labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
-      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
-      logRows_(services_.application, services_.progress) {
+      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })) {
   setWindowTitle(QStringLiteral("Cantorix"));
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
   setCentralWidget(area_);

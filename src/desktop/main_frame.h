@@ -12,7 +12,6 @@
 #include "desktop/frame_commands.h"
 #include "desktop/frame_host.h"
 #include "desktop/keyboard_panes.h"
-#include "desktop/log_row_sink.h"
 #include "desktop/open_documents.h"
 
 class QMdiArea;
@@ -98,7 +97,6 @@ class CMainFrame : public QMainWindow, private FrameHost {
   CDisplayOptionFrame* displayOptions_;
   LabelListFrame* labelList_;
   CFrameLog* log_;
-  LogRowSink logRows_;
   AnalysisWindows* analysisWindows_ = nullptr;
   DocumentOutput* output_ = nullptr;
   const CSonadexDoc* agreedToClose_ = nullptr;  // the user was asked about it already

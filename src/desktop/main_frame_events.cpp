@@ -125,7 +125,10 @@ void CMainFrame::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
   if (analysisWindows_ != nullptr) analysisWindows_->CursorMoved(view, phase, ms);
 }
 
-LogSink* CMainFrame::openLog() { return services_.application.log ? &logRows_ : nullptr; }
+LogSink* CMainFrame::openLog() {
+  auto& log = services_.application.log;
+  return log ? &*log : nullptr;
+}
 
 void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
   if (services_.progress.running()) return;

@@ -69,9 +69,10 @@ std::uint32_t BitOf(WindowKind kind) { return 1U << static_cast<std::uint32_t>(k
 
 // A long run of rows can be stopped.
 void Enter(const std::vector<LogEntry>& rows, LogSink& sink, Progress& progress) {
-  const ProgressScope scope(progress, kEnteringText, static_cast<double>(rows.size()));
+  ProgressScope scope(progress, kEnteringText, static_cast<double>(rows.size()));
+  double entered = 0.0;
   for (const LogEntry& row : rows) {
-    if (sink.Append(row)) return;
+    if (sink.Append(row) || scope.Cancelled(++entered)) return;
   }
 }
 

@@ -25,6 +25,8 @@ MainViewCanvas::Key MainViewCanvas::KeyOf(const PaintStyle& style) const {
 }
 
 void MainViewCanvas::Paint(QPainter& painter, const PaintStyle& style) {
+  // Another view of the document may have put its own rectangles into the channel.
+  view_.PlaceLayout();
   const PixelSize client = view_.layout.client;
   const Key key = KeyOf(style);
   if (key != key_) image_.Invalidate();
