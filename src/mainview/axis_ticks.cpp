@@ -50,8 +50,9 @@ std::vector<AxisTick> TicksEvery(const AxisSpan& span, double step) {
   const double first = std::ceil(span.low / step - kSlack);
   const double last = std::floor(span.high / step + kSlack);
   if (!(last - first < static_cast<double>(kMostTicks))) return ticks;
-  for (double k = first; k <= last; k += 1.0) {
-    const double value = k * step;
+  const auto count = static_cast<std::int64_t>(last - first) + 1;
+  for (std::int64_t i = 0; i < count; ++i) {
+    const double value = (first + static_cast<double>(i)) * step;
     ticks.push_back({value, TickText(value, step)});
   }
   return ticks;

@@ -38,7 +38,7 @@ bool Shown(const LinearRgb& rgb) {
 std::uint32_t Encoded(double linear) {
   const double v = std::clamp(linear, 0.0, 1.0);
   const double coded = v <= 0.0031308 ? 12.92 * v : 1.055 * std::pow(v, 1.0 / 2.4) - 0.055;
-  return static_cast<std::uint32_t>(coded * 255.0 + 0.5);
+  return static_cast<std::uint32_t>(std::lround(coded * 255.0));
 }
 
 // The colour with as much of its chroma as a screen can show: hue and lightness stay.
