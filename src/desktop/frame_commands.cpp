@@ -11,6 +11,7 @@
 #include "desktop/about_box.h"
 #include "desktop/document_output.h"
 #include "desktop/main_frame.h"
+#include "desktop/qt_progress.h"
 
 namespace cantorix {
 namespace {

@@ -13,6 +13,7 @@
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
 #include "desktop/main_frame.h"
+#include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "document/save_commands.h"
 
