@@ -64,16 +64,18 @@ TEST_F(ProgressTest, OtherInputIsSwallowedAndPaintingGoesOn) {
 }
 
 TEST_F(ProgressTest, TheWindowShowsTextAndPartWhileItRuns) {
+  const CStatusWindow* shown = nullptr;
   {
     const ProgressScope scope(progress, "Processing Pitch...(Press mouse to cancel)", 400.0);
     EXPECT_FALSE(CancelledWithin(progress, 100));
-    ASSERT_NE(progress.window(), nullptr);
-    EXPECT_TRUE(progress.window()->isVisible());
-    EXPECT_EQ(progress.window()->Text(), "Processing Pitch...(Press mouse to cancel)");
-    EXPECT_GT(progress.window()->Percent(), 5);
-    EXPECT_LT(progress.window()->Percent(), 30);
+    shown = progress.window();
+    ASSERT_NE(shown, nullptr);
+    EXPECT_TRUE(shown->isVisible());
+    EXPECT_EQ(shown->Text(), "Processing Pitch...(Press mouse to cancel)");
+    EXPECT_GT(shown->Percent(), 5);
+    EXPECT_LT(shown->Percent(), 30);
   }
-  EXPECT_FALSE(progress.window()->isVisible());
+  EXPECT_FALSE(shown->isVisible());
   EXPECT_FALSE(progress.running());
 }
 
