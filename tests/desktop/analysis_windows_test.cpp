@@ -57,6 +57,8 @@ class AnalysisWindowsTest : public DesktopTest {
     return dynamic_cast<CSpectrogramView&>(Find(view, WindowKind::kSpectrogram).model());
   }
   void Press(AnalysisFrame& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    frame.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
     QTest::keyClick(&window.canvas(), key, modifiers);
   }
   void Drag(QWidget& canvas, QPoint from, QPoint to) {

@@ -32,7 +32,9 @@ class DesktopTest : public testing::Test {
     app.temporaryDirectory = folder.path() + "/";
     frame.resize(1000, 700);
     frame.show();
-    QApplication::setActiveWindow(&frame);
+    // Keys go to the active window, which it becomes only after a while on a busy machine.
+    frame.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
   }
   ~DesktopTest() override { progress.SetOwner(nullptr); }
 
