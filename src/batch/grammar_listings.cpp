@@ -22,7 +22,7 @@ void DeclareListings(Grammar& grammar) {
                                    "The commands of the desktop: menu, text, key, when enabled, "
                                    "what they do",
                                    Verb::kCommands);
-  commands->add_flag("--markdown", request.markdown, "As a page to read");
+  commands->add_flag("--html", request.html, "As a page of the manual");
   commands->add_option("-o,--output", request.output, "File to write")->type_name("OUT");
 }
 

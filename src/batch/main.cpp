@@ -25,7 +25,7 @@ void WorkOnListing(const Request& request, const Settings& settings) {
   std::unique_ptr<TextSink> sink = std::make_unique<StandardOutputSink>();
   if (!request.output.empty()) sink = std::make_unique<FileSink>(request.output);
   if (request.verb == Verb::kCommands) {
-    ShowCommands(request.markdown, *sink);
+    ShowCommands(request.html, *sink);
   } else if (request.verb == Verb::kConfigShow) {
     ShowConfig(settings, request.json, *sink);
   } else {

@@ -78,8 +78,8 @@ struct Request {
   int jobs = 1;                        // files at a time
   bool exact = false;                  // 17 significant digits instead of one decimal
   bool json = false;
-  bool log = false;       // rows of the measurement log instead of a table
-  bool markdown = false;  // commands: a page to read
+  bool log = false;   // rows of the measurement log instead of a table
+  bool html = false;  // commands: a page of the manual
 
   bool perSample = false;              // intensity: one row per sample
   std::optional<double> atMs;          // spectrum: where the frame starts; without it the range

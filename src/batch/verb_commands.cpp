@@ -1,5 +1,7 @@
-// verb_commands.cpp - the command table of the desktop as a table of text and as a page to read.
+// verb_commands.cpp - the command table of the desktop as a table of text and as a page of the
+// manual.
 #include <algorithm>
+#include <vector>
 
 #include "batch/verbs.h"
 #include "mainview/commands.h"
@@ -27,32 +29,76 @@ std::string AsRow(const CommandRow& row) {
   return line += '\n';
 }
 
-constexpr const char* kPageHead = R"(# Commands
-
-Written by `cantorix-batch commands --markdown -o docs/commands.md`. A command is enabled when all
-that stands under "needs" holds for the active view. While a recording runs into a document, the
-other commands of that document are off.
+constexpr const char* kPageHead = R"(<!DOCTYPE html>
+<html lang="en">
+<head>
+<meta charset="utf-8">
+<meta name="viewport" content="width=device-width">
+<title>Commands - Cantorix</title>
+<link rel="stylesheet" href="style.css">
+</head>
+<body>
+<nav><a href="HelpIndex.html">Contents</a>
+<a href="files.html">Files</a>
+<a href="mainview.html">Main view</a>
+<a href="labels.html">Labels</a>
+<a href="editing.html">Editing</a>
+<a href="analysis.html">Pitch and intensity</a>
+<a href="spectrum.html">FFT/LPC</a>
+<a href="spectrogram.html">Spectrogram</a>
+<a href="log.html">Log</a>
+<a href="options.html">Options</a>
+<a href="batch.html">Command line</a>
+<a href="commands.html">Commands</a></nav>
+<h1>Commands</h1>
+<p>A command is enabled when all that stands under "needs" holds for the active view. While a
+recording runs into a document, the other commands of that document are off.</p>
 )";
+constexpr const char* kPageEnd = "</body>\n</html>\n";
+
+std::string Html(std::string_view text) {
+  std::string html;
+  for (const char c : text) {
+    if (c == '&')
+      html += "&amp;";
+    else if (c == '<')
+      html += "&lt;";
+    else
+      html += c;
+  }
+  return html;
+}
+
+// A menu with its commands.
+std::string Section(Menu menu) {
+  std::string section = "<h2>" + Html(NameOf(menu)) +
+                        "</h2>\n<table>\n<tr><th>Entry</th><th>Key</th><th>Needs</th>"
+                        "<th>What it does</th></tr>\n";
+  for (const CommandRow& row : CommandTable()) {
+    if (row.menu != menu) continue;
+    const std::string key(row.accelerator);
+    section += "<tr><td>" + Html(Plain(row.text)) + "</td><td>" +
+               (key.empty() ? key : "<kbd>" + key + "</kbd>") + "</td><td>" + FactNames(row.needs) +
+               "</td><td>" + Html(row.status) + "</td></tr>\n";
+  }
+  return section + "</table>\n";
+}
 
 std::string AsPage() {
   std::string page = kPageHead;
-  Menu menu = Menu::kNone;
+  std::vector<Menu> written;
   for (const CommandRow& row : CommandTable()) {
-    if (row.menu != menu || page.size() == std::string_view(kPageHead).size()) {
-      menu = row.menu;
-      page += "\n## " + NameOf(menu) +
-              "\n\n| entry | key | needs | what it does |\n|---|---|---|---|\n";
-    }
-    page += "| " + Plain(row.text) + " | " + std::string(row.accelerator) + " | " +
-            FactNames(row.needs) + " | " + std::string(row.status) + " |\n";
+    if (std::find(written.begin(), written.end(), row.menu) != written.end()) continue;
+    written.push_back(row.menu);
+    page += Section(row.menu);
   }
-  return page;
+  return page + kPageEnd;
 }
 
 }  // namespace
 
-void ShowCommands(bool markdown, TextSink& sink) {
-  if (markdown) return sink.Write(AsPage());
+void ShowCommands(bool html, TextSink& sink) {
+  if (html) return sink.Write(AsPage());
   sink.Write("menu\ttext\tkey\tneeds\ttip\tstatus\n");
   for (const CommandRow& row : CommandTable()) sink.Write(AsRow(row));
 }

@@ -44,7 +44,7 @@ bool ImportLabels(Session& session);
 void ShowConfig(const Settings& settings, bool json, TextSink& sink);
 void WriteConfig(const Settings& settings, TextSink& sink);
 
-// The commands of the desktop, as a table or as the page docs/commands.md.
-void ShowCommands(bool markdown, TextSink& sink);
+// The commands of the desktop, as a table or as the page of the manual.
+void ShowCommands(bool html, TextSink& sink);
 
 }  // namespace cantorix::batch

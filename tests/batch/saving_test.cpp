@@ -157,9 +157,10 @@ TEST_F(ImportTest, SaysWhatItCannotUse) {
 }
 
 TEST(BatchCommands, PageIsTheOneThatIsShipped) {
-  const CommandResult result = RunBatch({"commands", "--markdown"});
-  EXPECT_EQ(result.out, FileText(std::string(CANTORIX_SAMPLES_DIR) + "/../docs/commands.md"))
-      << "run cantorix-batch commands --markdown -o docs/commands.md";
+  const CommandResult result = RunBatch({"commands", "--html"});
+  EXPECT_EQ(result.out,
+            FileText(std::string(CANTORIX_SAMPLES_DIR) + "/../docs/manual/commands.html"))
+      << "run cantorix-batch commands --html -o docs/manual/commands.html";
 }
 
 }  // namespace
