@@ -22,7 +22,7 @@ struct PitchStrips {
 
 class CPitchView : public AnalysisWindow {
  public:
-  CPitchView(CSonadexView& mainView, WindowServices services = {});
+  explicit CPitchView(CSonadexView& mainView, WindowServices services = {});
 
   WindowKind kind() const override { return WindowKind::kPitch; }
   bool computed() const override;

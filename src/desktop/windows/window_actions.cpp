@@ -1,7 +1,6 @@
 // window_actions.cpp
 #include "desktop/windows/window_actions.h"
 
-#include <utility>
 
 namespace cantorix {
 namespace {
@@ -34,7 +33,7 @@ QAction* Separator(QWidget& owner) {
 }  // namespace
 
 WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
-                             std::function<void(WindowCommand)> perform)
+                             const std::function<void(WindowCommand)>& perform)
     : model_(model) {
   owner.setContextMenuPolicy(Qt::ActionsContextMenu);
   const WindowCommandRow* before = nullptr;

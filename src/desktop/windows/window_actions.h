@@ -15,7 +15,8 @@ namespace cantorix {
 class WindowActions {
  public:
   // The actions belong to `owner`, whose context menu and accelerators they become.
-  WindowActions(QWidget& owner, AnalysisWindow& model, std::function<void(WindowCommand)> perform);
+  WindowActions(QWidget& owner, AnalysisWindow& model,
+                const std::function<void(WindowCommand)>& perform);
 
   // Buttons with texts, grouped by kind of command; before those of output, what `addOwn` adds.
   void Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const;

@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Takes the pictures of docs/pictures: tools/take_pictures.sh [OUT]
+# Drives the desktop program (release preset) on a virtual display as a user would. Needs the
+# packages xvfb, openbox, xdotool and imagemagick.
+set -euo pipefail
+
+here=$(cd "$(dirname "$0")/.." && pwd)
+program=$here/build/release/src/desktop/cantorix
+out=$(realpath -m "${1:-$here/docs/pictures}")
+work=$(mktemp -d)
+started=()
+finish() {
+  for id in "${started[@]}"; do kill "$id" 2>/dev/null || true; done
+  rm -rf "$work"
+}
+trap finish EXIT
+
+mkdir -p "$out" "$work/home" "$work/run"
+chmod 700 "$work/run"
+cp "$here/samples/vowels.qrv" "$work"
+cp /usr/share/sounds/alsa/Front_Center.wav "$work"
+exec 3>"$work/display"
+Xvfb -displayfd 3 -screen 0 1600x1000x24 2>/dev/null &
+started+=($!)
+until [ -s "$work/display" ]; do sleep 0.1; done
+export DISPLAY=:$(cat "$work/display") HOME=$work/home XDG_CONFIG_HOME=$work/home XDG_RUNTIME_DIR=$work/run
+openbox 2>/dev/null &
+started+=($!)
+sleep 1
+
+# begin FILE: starts the program on a recording, with its pitch.
+begin() {
+  (cd "$work" && exec "$program" "$1") &
+  running=$!
+  started+=("$running")
+  sleep 3
+  keys ctrl+l
+}
+end() { kill "$running"; wait "$running" 2>/dev/null || true; }
+keys() { for key in "$@"; do xdotool key "$key"; sleep 0.5; done; sleep 0.5; }
+drag() { xdotool mousemove "$1" "$3" mousedown 1; sleep 0.2; xdotool mousemove $((($1 + $2) / 2)) "$3"; sleep 0.2; xdotool mousemove "$2" "$3" mouseup 1; sleep 0.5; }
+click() { xdotool mousemove "$1" "$2" click 1; sleep 0.6; }
+shoot() { import -window root -colors 255 "PNG8:$out/$1.png"; }
+
+begin vowels.qrv
+click 700 300
+keys alt+l Return ctrl+m
+drag 600 760 300
+keys ctrl+d
+shoot main-view
+keys alt+l Down Down Down Down Down Return
+shoot log
+keys alt+t Down Return
+shoot tiers
+keys Escape alt+t Return
+click 900 128
+shoot label-entry
+keys Escape alt+o Down Down Down Down Return
+shoot pitch-options
+end
+
+begin Front_Center.wav
+click 300 300
+click 300 300
+keys ctrl+f
+shoot spectrum
+keys ctrl+g
+shoot spectrogram
+keys alt+a Up Return
+shoot pitch
+keys alt+w Down Down Return
+shoot tiled
+end
+
+export QT_SCALE_FACTOR=2
+begin vowels.qrv
+shoot scale-2
+end
+unset QT_SCALE_FACTOR
+
+"$program" --picture main "$out/dark-main-view.png" --dark --size 1200x700 "$work/vowels.qrv"
+"$program" --picture spectrogram "$out/dark-spectrogram.png" --dark --size 1200x500 "$work/vowels.qrv"
