@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
 # Takes the pictures of docs/pictures: tools/take_pictures.sh [OUT]
-# Drives the desktop program (release preset) on a virtual display as a user would. Needs the
-# packages xvfb, openbox, xdotool and imagemagick.
+# Drives the desktop program (release preset) on a virtual display as a user would. Installs
+# what it needs for that.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")/.." && pwd)
+"$here/tools/setup.sh" pictures
 program=$here/build/release/src/desktop/cantorix
 out=$(realpath -m "${1:-$here/docs/pictures}")
 work=$(mktemp -d)
