@@ -12,7 +12,10 @@ Program::Program()
       application_({profile_, prompts_, progress_, memory_}),
       dialogs_(prompts_),
       services_{application_, progress_, dialogs_, textMeasurer_, opener_, clipboard_},
-      analysisWindows_(services_) {}
+      analysisWindows_(services_),
+      output_(prompts_, [this](CSonadexDoc& document) -> DocumentWaveform& {
+        return mainFrame_->documents().WaveformOf(document);
+      }) {}
 
 Program::~Program() {
   prompts_.SetOwner(nullptr);
@@ -31,6 +34,7 @@ bool Program::Start(const std::vector<std::string>& files) {
                           },
                           [this] { mainFrame_->Refresh(); }});
   mainFrame_->SetAnalysisWindows(&analysisWindows_);
+  mainFrame_->SetOutput(&output_);
   prompts_.SetOwner(mainFrame_.get());
   progress_.SetOwner(mainFrame_.get());
   if (!OpenAll(files)) return false;

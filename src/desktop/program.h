@@ -7,6 +7,7 @@
 
 #include "app/application.h"
 #include "desktop/main_frame.h"
+#include "desktop/main_view_output.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_prompts.h"
@@ -44,6 +45,7 @@ class Program {
   QtShellOpener opener_;
   DesktopServices services_;
   AnalysisWindowSet analysisWindows_;
+  MainViewOutput output_;
   std::unique_ptr<CMainFrame> mainFrame_;
 };
 

@@ -71,6 +71,9 @@ TEST_F(ProgramTest, AFileArgumentOpensInstead) {
     ASSERT_TRUE(program.Start({std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv"}));
     ASSERT_EQ(Frame()->documents().All().size(), 1U);
     EXPECT_EQ(Frame()->documents().All()[0]->title(), "vowels.qrv");
+    for (const Command command : {Command::kSpectrogramAll, Command::kPrint}) {
+      EXPECT_TRUE(Frame()->actions().ActionOf(command).isEnabled()) << RowOf(command).text;
+    }
   }
   EXPECT_TRUE(std::filesystem::exists(folder / "CantorixConf.cfg"))
       << "a document that closes writes the configuration";

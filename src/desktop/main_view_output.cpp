@@ -1,0 +1,145 @@
+// main_view_output.cpp
+#include "desktop/main_view_output.h"
+
+#include <QPageSetupDialog>
+#include <QPixmap>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QWidget>
+#include <algorithm>
+#include <exception>
+
+#include "desktop/paint/main_view_painter.h"
+#include "desktop/paint/picture_layout.h"
+#include "desktop/picture_sheet.h"
+#include "desktop/qt_text.h"
+#include "mainview/document_waveform.h"
+
+namespace cantorix {
+namespace {
+
+constexpr double kPreviewShare = 0.8;  // of the main frame
+
+FileRequest SaveRequest(const CSonadexView& view, const char* title, const char* filter) {
+  FileRequest request{.title = title,
+                      .proposedName = view.document().title(),
+                      .defaultExtension = "bmp",
+                      .filter = filter,
+                      .overwritePrompt = true};
+  std::ranges::replace(request.proposedName, '.', '_');
+  return request;
+}
+
+PaintPicture PainterOf(const QPixmap& pixmap) {
+  return [&pixmap](QPainter& painter) { painter.drawPixmap(QPointF(0.0, 0.0), pixmap); };
+}
+
+}  // namespace
+
+MainViewOutput::MainViewOutput(Prompts& prompts, WaveformOf waveformOf)
+    : prompts_(prompts), waveformOf_(std::move(waveformOf)) {}
+
+bool MainViewOutput::Offers(Command command) const {
+  switch (command) {
+    case Command::kSaveAsBmp:
+    case Command::kSaveScreenAsBmp:
+    case Command::kPrint:
+    case Command::kPrintScreen:
+    case Command::kPrintPreview:
+    case Command::kPrintSetup:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void MainViewOutput::Perform(Command command, CSonadexView* view, QWidget& window) {
+  if (command == Command::kPrintSetup) return SetUp(window);
+  if (view == nullptr) return;
+  Guarded(*view, [&] { PerformOn(command, *view, window); });
+}
+
+void MainViewOutput::PerformOn(Command command, CSonadexView& view, QWidget& window) {
+  switch (command) {
+    case Command::kSaveAsBmp:
+      return SavePicture(view, window);
+    case Command::kSaveScreenAsBmp:
+      return SaveScreen(view, window);
+    case Command::kPrint:
+      return Print(view, window, [&] { PrintView(view); });
+    case Command::kPrintScreen: {
+      const QPixmap screen = window.grab();  // before a dialog stands in front of it
+      return Print(view, window,
+                   [&] { PrintPicture(printer(), InchesOf(window.size()), PainterOf(screen)); });
+    }
+    case Command::kPrintPreview:
+      return Preview(view, window);
+    default:
+      return;
+  }
+}
+
+void MainViewOutput::SavePicture(CSonadexView& view, const QWidget& window) {
+  const PixelSize size = view.layout.client;
+  SavePictureAs(prompts_,
+                SaveRequest(view, "Save As bmp",
+                            "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|"
+                            "SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf|"),
+                QSize(size.width, size.height), window.devicePixelRatioF(), [&](QPainter& painter) {
+                  // Another view of the document may have put its own rectangles into the channel.
+                  view.PlaceLayout();
+                  PaintMainView(painter, {view, waveformOf_(view.document()).Pyramid()},
+                                StyleOf(PaletteKind::kLight));
+                });
+}
+
+void MainViewOutput::SaveScreen(CSonadexView& view, QWidget& window) {
+  const QPixmap screen = window.grab();
+  SavePictureAs(prompts_,
+                SaveRequest(view, "Save Screen As bmp",
+                            "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|"),
+                window.size(), screen.devicePixelRatio(), PainterOf(screen));
+}
+
+QPrinter& MainViewOutput::printer() {
+  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+void MainViewOutput::Print(CSonadexView& view, QWidget& window, const std::function<void()>& page) {
+  printer().setDocName(Shown(view.document().title()));
+  QPrintDialog dialog(&printer(), &window);
+  if (dialog.exec() == QDialog::Accepted) page();
+}
+
+void MainViewOutput::PrintView(CSonadexView& view) {
+  const DisplaySettings& display = view.document().settings.display;
+  const QSizeF inches = SheetInches(display.printWidth, display.printHeight, display.printUnit);
+  const QSize pixels = SheetPixels(inches);
+  const PictureLayout layout(view, {pixels.width(), pixels.height()});
+  const MainViewPicture picture{view, waveformOf_(view.document()).Pyramid()};
+  PrintPicture(printer(), inches, [&](QPainter& painter) {
+    PaintMainView(painter, picture, StyleOf(PaletteKind::kLight));
+  });
+}
+
+void MainViewOutput::Preview(CSonadexView& view, QWidget& window) {
+  printer().setDocName(Shown(view.document().title()));
+  QPrintPreviewDialog dialog(&printer(), &window);
+  dialog.resize(window.size() * kPreviewShare);
+  std::exception_ptr failure;  // may not pass through the dialog, which ends at once
+  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter*) {
+    try {
+      PrintView(view);
+    } catch (const std::exception&) {
+      failure = std::current_exception();
+      QMetaObject::invokeMethod(&dialog, &QDialog::reject, Qt::QueuedConnection);
+    }
+  });
+  dialog.exec();
+  if (failure) std::rethrow_exception(failure);
+}
+
+void MainViewOutput::SetUp(QWidget& window) { QPageSetupDialog(&printer(), &window).exec(); }
+
+}  // namespace cantorix

@@ -1,0 +1,48 @@
+// main_view_output.h - the working view and the whole main frame as files and on paper.
+#pragma once
+
+#include <QPrinter>
+#include <functional>
+#include <memory>
+
+#include "desktop/document_output.h"
+
+namespace cantorix {
+
+class CSonadexDoc;
+class DocumentWaveform;
+class Prompts;
+
+// Files show the view as it is on the screen; paper takes it in the print size of the display
+// settings. Both are drawn in the light palette. The main frame leaves as it is on the screen. What
+// fails is shown, also when samples cannot be read.
+class MainViewOutput : public DocumentOutput {
+ public:
+  // The waveform that the windows of an open document share.
+  using WaveformOf = std::function<DocumentWaveform&(CSonadexDoc&)>;
+
+  MainViewOutput(Prompts& prompts, WaveformOf waveformOf);
+
+  bool Offers(Command command) const override;
+  void Perform(Command command, CSonadexView* view, QWidget& window) override;
+
+  // The printer with its paper as they were last set up, for all that is printed. Made when it is
+  // first asked for, because looking for printers takes its time.
+  QPrinter& printer();
+
+ private:
+  void PerformOn(Command command, CSonadexView& view, QWidget& window);
+  void SavePicture(CSonadexView& view, const QWidget& window);
+  void SaveScreen(CSonadexView& view, QWidget& window);
+  // Asks for the printer, then prints `page`.
+  void Print(CSonadexView& view, QWidget& window, const std::function<void()>& page);
+  void Preview(CSonadexView& view, QWidget& window);
+  void PrintView(CSonadexView& view);
+  void SetUp(QWidget& window);
+
+  Prompts& prompts_;
+  WaveformOf waveformOf_;
+  std::unique_ptr<QPrinter> printer_;
+};
+
+}  // namespace cantorix
