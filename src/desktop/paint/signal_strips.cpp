@@ -21,9 +21,22 @@ constexpr double kDotPixels = 3.0;  // entries at least this far apart have dots
 struct Track {
   std::span<const double> values;
   double firstMs, stepMs, floor;
+  bool outlined = false;  // densely drawn: a light band below an upper edge, so that what lies
+                          // under it stays in sight
 };
 
 bool InUse(double value, double floor) { return value > floor && std::isfinite(value); }
+
+// A light band with a line along its upper edge.
+void DrawOutlined(QPainter& painter, const std::vector<QLineF>& bars) {
+  constexpr double kBandOpacity = 0.18;
+  QPolygonF edge;
+  for (const QLineF& bar : bars) edge << bar.p1();
+  painter.setOpacity(kBandOpacity);
+  painter.drawLines(bars.data(), static_cast<int>(bars.size()));
+  painter.setOpacity(1.0);
+  painter.drawPolyline(edge);
+}
 
 // One vertical bar per column.
 void DrawColumns(QPainter& painter, const StripPlace& place, const AxisSpan& span,
@@ -47,6 +60,7 @@ void DrawColumns(QPainter& painter, const StripPlace& place, const AxisSpan& spa
   pen.setCapStyle(Qt::FlatCap);
   painter.setPen(pen);
   painter.setRenderHint(QPainter::Antialiasing, false);
+  if (track.outlined) return DrawOutlined(painter, bars);
   painter.drawLines(bars.data(), static_cast<int>(bars.size()));
 }
 
@@ -141,7 +155,7 @@ void DrawIntensity(QPainter& painter, const StripPlace& place, const AxisSpan& l
   painter.setBrush(Qt::NoBrush);
   DrawTrack(painter, place, levels,
             {track.levels(), intensity.range.start * msPerSample, track.stepSamples() * msPerSample,
-             kNoFloor},
+             kNoFloor, true},
             0.0);
 }
 
