@@ -22,11 +22,9 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-
 // The field whose label, or whose own text, is `label`.
 template <typename Field>
-Field* FieldOf(QDialog& dialog, QString label) {
+Field* FieldOf(QDialog& dialog, const QString& label) {
   for (Field* const field : dialog.findChildren<Field*>()) {
     if (field->accessibleName() == label) return field;
   }
