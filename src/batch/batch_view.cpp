@@ -25,13 +25,8 @@ PixelSize FixedTextMeasurer::Measure(const FontDescription& font, std::string_vi
 
 BatchView::BatchView(Session& session)
     : session_(session),
-      view_(session.document(), {clipboard_,
-                                 TemporaryDirectory(session),
-                                 measurer_,
-                                 listener_,
-                                 playback_,
-                                 dialogs_,
-                                 {}}) {
+      view_(session.document(),
+            {clipboard_, TemporaryDirectory(session), measurer_, window_, window_, dialogs_, {}}) {
   view_.LayOut(kClient);
   view_.FollowStretch();
 }

@@ -5,6 +5,7 @@
 #include "batch/session.h"
 #include "mainview/analysis_commands.h"
 #include "mainview/clipboard.h"
+#include "mainview/quiet_view.h"
 #include "mainview/sonadex_view.h"
 
 namespace cantorix::batch {
@@ -16,38 +17,6 @@ inline constexpr std::string_view kNoPitchTrack =
 class FixedTextMeasurer : public TextMeasurer {
  public:
   PixelSize Measure(const FontDescription& font, std::string_view text) const override;
-};
-
-class NoListener : public ViewListener {
- public:
-  void ViewChanged() override {}
-  void LabelsChanged() override {}
-  void CursorMoved(MousePhase, double) override {}
-};
-
-class NoPlayback : public PlaybackControl {
- public:
-  void StopPlayback() override {}
-};
-
-// Cancels every dialog.
-class NoDialogs : public ViewDialogs {
- public:
-  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
-  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
-  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
-                                                  const LabelImportOptions&) override {
-    return {};
-  }
-  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
-  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
-  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
-  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
-    return {};
-  }
-  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
-  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
-  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
 };
 
 class BatchView {
@@ -67,9 +36,8 @@ class BatchView {
   Session& session_;
   Clipboard clipboard_;
   FixedTextMeasurer measurer_;
-  NoListener listener_;
-  NoPlayback playback_;
-  NoDialogs dialogs_;
+  QuietWindow window_;
+  QuietDialogs dialogs_;
   CSonadexView view_;
 };
 

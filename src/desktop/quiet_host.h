@@ -8,6 +8,7 @@
 #include "desktop/qt_text.h"
 #include "document/document_host.h"
 #include "mainview/clipboard.h"
+#include "mainview/quiet_view.h"
 #include "mainview/sonadex_view.h"
 #include "platform/host_services.h"
 #include "platform/progress.h"
@@ -31,33 +32,6 @@ class QuietPrompts : public Prompts {
   std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
     return {};
   }
-};
-
-class QuietDialogs : public ViewDialogs {
- public:
-  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
-  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
-  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
-                                                  const LabelImportOptions&) override {
-    return {};
-  }
-  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
-  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
-  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
-  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
-    return {};
-  }
-  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
-  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
-  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
-};
-
-class QuietWindow : public ViewListener, public PlaybackControl {
- public:
-  void ViewChanged() override {}
-  void LabelsChanged() override {}
-  void CursorMoved(MousePhase, double) override {}
-  void StopPlayback() override {}
 };
 
 // A host with a private program directory; it leaves nothing behind.

@@ -18,8 +18,6 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-
 class ToolWindows : public DesktopTest {
  protected:
   Settings Stored() {

@@ -1,0 +1,37 @@
+// quiet_view.h - what a view is given when nobody sits in front of it: every dialog is cancelled,
+// nothing is drawn, nothing sounds.
+#pragma once
+
+#include "mainview/view_dialogs.h"
+#include "mainview/view_ports.h"
+
+namespace cantorix {
+
+class QuietDialogs : public ViewDialogs {
+ public:
+  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
+  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
+  std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
+                                                  const LabelImportOptions&) override {
+    return {};
+  }
+  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
+  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
+  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
+    return {};
+  }
+  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
+  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
+  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
+};
+
+class QuietWindow : public ViewListener, public PlaybackControl {
+ public:
+  void ViewChanged() override {}
+  void LabelsChanged() override {}
+  void CursorMoved(MousePhase, double) override {}
+  void StopPlayback() override {}
+};
+
+}  // namespace cantorix
