@@ -31,7 +31,7 @@ sleep 1
 
 # begin FILE: starts the program on a recording, with its pitch.
 begin() {
-  (cd "$work" && exec "$program" "$1") &
+  (cd "$work" && exec "$program" -style fusion "$1" 2>/dev/null) &
   running=$!
   started+=("$running")
   sleep 3
@@ -78,6 +78,30 @@ begin vowels.qrv
 shoot scale-2
 end
 unset QT_SCALE_FACTOR
+
+# The colours of a dark desktop.
+cat >"$work/home/kdeglobals" <<'COLORS'
+[Colors:Window]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+[Colors:Button]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+COLORS
+export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5 KDE_FULL_SESSION=true
+begin vowels.qrv
+keys alt+l Return
+drag 600 760 300
+keys ctrl+d ctrl+h
+shoot dark
+end
 
 "$program" --picture main "$out/dark-main-view.png" --dark --size 1200x700 "$work/vowels.qrv"
 "$program" --picture spectrogram "$out/dark-spectrogram.png" --dark --size 1200x500 "$work/vowels.qrv"
