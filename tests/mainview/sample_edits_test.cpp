@@ -11,7 +11,6 @@
 namespace cantorix {
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
 
 class SampleEditsTest : public ViewTest {
