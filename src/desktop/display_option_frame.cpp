@@ -3,6 +3,8 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QRadioButton>
@@ -14,6 +16,13 @@
 
 namespace cantorix {
 
+template <typename Value>
+void CDisplayOptionFrame::Set(Value DisplaySettings::*field, Value value, SettingsDialog dialog) {
+  if (filling_ || view_ == nullptr) return;
+  view_->document().settings.display.*field = value;
+  host_.Run(*view_, [&] { KeepOptions(*view_, dialog); });
+}
+
 CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
     : QWidget(owner, Qt::Tool), host_(host) {
   setWindowTitle(QStringLiteral("Display"));
@@ -22,12 +31,15 @@ CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
   auto* const drawing = new QGroupBox(QStringLiteral("Draw"), this);
   auto* const time = new QGroupBox(QStringLiteral("Time"), this);
   auto* const behaviour = new QGroupBox(QStringLiteral("All windows"), this);
+  auto* const size = new QGroupBox(QStringLiteral("Size of prints"), this);
   AddDrawing(drawing);
   AddTime(time);
   AddBehaviour(behaviour);
+  AddPrintSize(size);
   column->addWidget(drawing);
   column->addWidget(time);
   column->addWidget(behaviour);
+  column->addWidget(size);
   new CommandKeys(*this);
   Follow(nullptr);
 }
@@ -71,7 +83,7 @@ void CDisplayOptionFrame::AddTime(QWidget* parent) {
     row->addWidget(button);
   }
   connect(timeBase_, &QButtonGroup::idToggled, this, [this](int id, bool checked) {
-    if (checked) Set(&DisplaySettings::timeBase, id, SettingsDialog::kDisplay);
+    if (checked) Set(&DisplaySettings::timeBase, std::int32_t{id}, SettingsDialog::kDisplay);
   });
 }
 
@@ -84,13 +96,37 @@ void CDisplayOptionFrame::AddBehaviour(QWidget* parent) {
             &DisplaySettings::automaticAnalysis, SettingsDialog::kRecordPlay);
 }
 
+void CDisplayOptionFrame::AddPrintSize(QWidget* parent) {
+  auto* const form = new QFormLayout(parent);
+  printWidth_ = AddLength(form, QStringLiteral("&Width"), &DisplaySettings::printWidth);
+  printHeight_ = AddLength(form, QStringLiteral("&Height"), &DisplaySettings::printHeight);
+  printUnit_ = new QComboBox(parent);
+  printUnit_->addItems({QStringLiteral("inches"), QStringLiteral("cm")});
+  form->addRow(QStringLiteral("&Unit"), printUnit_);
+  connect(printUnit_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    Set(&DisplaySettings::printUnit, std::int32_t{index}, SettingsDialog::kDisplay);
+  });
+}
+
+QDoubleSpinBox* CDisplayOptionFrame::AddLength(QFormLayout* form, const QString& text,
+                                               double DisplaySettings::*field) {
+  auto* const box = new QDoubleSpinBox(this);
+  box->setRange(0.5, 100.0);
+  box->setDecimals(1);
+  box->setKeyboardTracking(false);
+  form->addRow(text, box);
+  connect(box, &QDoubleSpinBox::valueChanged, this,
+          [this, field](double value) { Set(field, value, SettingsDialog::kDisplay); });
+  return box;
+}
+
 void CDisplayOptionFrame::AddSwitch(QWidget* group, const QString& text,
                                     std::int32_t DisplaySettings::*field, SettingsDialog dialog) {
   auto* const box = new QCheckBox(text, group);
   static_cast<QFormLayout*>(group->layout())->addRow(box);
   switches_.push_back({box, field, dialog});
   connect(box, &QCheckBox::toggled, this,
-          [this, field, dialog](bool on) { Set(field, on ? 1 : 0, dialog); });
+          [this, field, dialog](bool on) { Set(field, std::int32_t{on ? 1 : 0}, dialog); });
 }
 
 QSpinBox* CDisplayOptionFrame::AddPercent(QFormLayout* form, const QString& text,
@@ -104,13 +140,6 @@ QSpinBox* CDisplayOptionFrame::AddPercent(QFormLayout* form, const QString& text
   return box;
 }
 
-void CDisplayOptionFrame::Set(std::int32_t DisplaySettings::*field, std::int32_t value,
-                              SettingsDialog dialog) {
-  if (filling_ || view_ == nullptr) return;
-  view_->document().settings.display.*field = value;
-  host_.Run(*view_, [&] { KeepOptions(*view_, dialog); });
-}
-
 void CDisplayOptionFrame::Follow(CSonadexView* view) {
   view_ = view;
   setEnabled(view != nullptr);
@@ -121,6 +150,9 @@ void CDisplayOptionFrame::Follow(CSonadexView* view) {
   timeBase_->button(display.timeBase != 0 ? 1 : 0)->setChecked(true);
   audioPercent_->setValue(display.audioPanePercent);
   pitchPercent_->setValue(display.pitchPanePercent);
+  printWidth_->setValue(display.printWidth);
+  printHeight_->setValue(display.printHeight);
+  printUnit_->setCurrentIndex(display.printUnit != 0 ? 1 : 0);
   filling_ = false;
 }
 

@@ -10,6 +10,8 @@
 
 class QButtonGroup;
 class QCheckBox;
+class QComboBox;
+class QDoubleSpinBox;
 class QFormLayout;
 class QSpinBox;
 
@@ -31,6 +33,9 @@ class CDisplayOptionFrame : public QWidget {
   QSpinBox& audioPercent() { return *audioPercent_; }
   QSpinBox& pitchPercent() { return *pitchPercent_; }
   QButtonGroup& timeBase() { return *timeBase_; }
+  QDoubleSpinBox& printWidth() { return *printWidth_; }
+  QDoubleSpinBox& printHeight() { return *printHeight_; }
+  QComboBox& printUnit() { return *printUnit_; }
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -39,11 +44,15 @@ class CDisplayOptionFrame : public QWidget {
   void AddDrawing(QWidget* parent);
   void AddTime(QWidget* parent);
   void AddBehaviour(QWidget* parent);
+  void AddPrintSize(QWidget* parent);
   void AddSwitch(QWidget* group, const QString& text, std::int32_t DisplaySettings::*field,
                  SettingsDialog dialog);
   QSpinBox* AddPercent(QFormLayout* form, const QString& text,
                        std::int32_t DisplaySettings::*field);
-  void Set(std::int32_t DisplaySettings::*field, std::int32_t value, SettingsDialog dialog);
+  QDoubleSpinBox* AddLength(QFormLayout* form, const QString& text, double DisplaySettings::*field);
+  // What the user changed goes into the document in front and, with its group, into the file.
+  template <typename Value>
+  void Set(Value DisplaySettings::*field, Value value, SettingsDialog dialog);
 
   FrameHost& host_;
   CSonadexView* view_ = nullptr;
@@ -51,6 +60,9 @@ class CDisplayOptionFrame : public QWidget {
   QSpinBox* audioPercent_;
   QSpinBox* pitchPercent_;
   QButtonGroup* timeBase_;
+  QDoubleSpinBox* printWidth_;
+  QDoubleSpinBox* printHeight_;
+  QComboBox* printUnit_;
   bool filling_ = false;
   bool placed_ = false;
 };

@@ -2,6 +2,8 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QSpinBox>
 #include <QTableView>
 #include <filesystem>
@@ -43,7 +45,12 @@ TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
   }
   frame.displayOptions().audioPercent().setValue(70);
   frame.displayOptions().timeBase().button(1)->click();
+  frame.displayOptions().printWidth().setValue(10.5);
+  frame.displayOptions().printUnit().setCurrentIndex(1);
   EXPECT_EQ(display.audioPanePercent, 70);
+  EXPECT_EQ(display.printWidth, 10.5);
+  EXPECT_EQ(Stored().document.display.printUnit, 1);
+  EXPECT_EQ(Stored().document.display.printHeight, 4.0);
   EXPECT_EQ(display.timeBase, 1);
   EXPECT_EQ(Stored().document.display.timeBase, 1);
   EXPECT_EQ(Stored().document.display.pitchPanePercent, 50);
