@@ -1,7 +1,6 @@
 // window_actions.cpp
 #include "desktop/windows/window_actions.h"
 
-
 namespace cantorix {
 namespace {
 
