@@ -15,6 +15,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> Texts(const std::vector<AxisTick>& ticks) {
   std::vector<std::string> texts;
+  texts.reserve(ticks.size());
   for (const AxisTick& tick : ticks) texts.push_back(tick.text);
   return texts;
 }
