@@ -7,13 +7,28 @@ class QWidget;
 
 namespace cantorix {
 
+// Whether a command prints or saves a picture of a view or of the frame. Without an output those
+// stay disabled.
+constexpr bool IsOutput(Command command) {
+  switch (command) {
+    case Command::kSaveAsBmp:
+    case Command::kSaveScreenAsBmp:
+    case Command::kPrint:
+    case Command::kPrintScreen:
+    case Command::kPrintPreview:
+    case Command::kPrintSetup:
+      return true;
+    default:
+      return false;
+  }
+}
+
 class DocumentOutput {
  public:
   virtual ~DocumentOutput() = default;
 
-  // Whether it carries out a command (printing, bitmaps); those it does not stay disabled.
-  virtual bool Offers(Command command) const = 0;
-  // `view` may be null for a command that needs no document; `window` is the main frame.
+  // Carries out a command of output. `view` may be null for a command that needs no document;
+  // `window` is the main frame.
   virtual void Perform(Command command, CSonadexView* view, QWidget& window) = 0;
 };
 

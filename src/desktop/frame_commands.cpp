@@ -44,20 +44,6 @@ std::optional<AnalysisRequest> AnalysisOf(Command command) {
   }
 }
 
-bool IsOutput(Command command) {
-  switch (command) {
-    case Command::kSaveAsBmp:
-    case Command::kSaveScreenAsBmp:
-    case Command::kPrint:
-    case Command::kPrintScreen:
-    case Command::kPrintPreview:
-    case Command::kPrintSetup:
-      return true;
-    default:
-      return false;
-  }
-}
-
 // Commands that need a sound card, which the table's facts keep disabled without one.
 bool IsSound(Command command) {
   switch (command) {
@@ -82,7 +68,7 @@ bool FrameCommands::Offers(Command command) const {
   // A pitch track can be seen in the main view, too.
   const auto analysis = AnalysisOf(command);
   if (analysis && analysis->kind != AnalysisKind::kPitch) return HasWindows(analysis->kind);
-  if (IsOutput(command)) return frame_.output() != nullptr && frame_.output()->Offers(command);
+  if (IsOutput(command)) return frame_.output() != nullptr;
   return !IsSound(command);
 }
 

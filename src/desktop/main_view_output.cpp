@@ -39,20 +39,6 @@ PaintPicture PainterOf(const QPixmap& pixmap) {
 MainViewOutput::MainViewOutput(Prompts& prompts, WaveformOf waveformOf)
     : prompts_(prompts), waveformOf_(std::move(waveformOf)) {}
 
-bool MainViewOutput::Offers(Command command) const {
-  switch (command) {
-    case Command::kSaveAsBmp:
-    case Command::kSaveScreenAsBmp:
-    case Command::kPrint:
-    case Command::kPrintScreen:
-    case Command::kPrintPreview:
-    case Command::kPrintSetup:
-      return true;
-    default:
-      return false;
-  }
-}
-
 void MainViewOutput::Perform(Command command, CSonadexView* view, QWidget& window) {
   if (command == Command::kPrintSetup) return SetUp(window);
   if (view == nullptr) return;

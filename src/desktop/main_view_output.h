@@ -23,7 +23,6 @@ class MainViewOutput : public DocumentOutput {
 
   MainViewOutput(Prompts& prompts, WaveformOf waveformOf);
 
-  bool Offers(Command command) const override;
   void Perform(Command command, CSonadexView* view, QWidget& window) override;
 
   // The printer with its paper as they were last set up, for all that is printed. Made when it is
