@@ -38,11 +38,8 @@ endfunction()
 function(cantorix_test name)
   cmake_parse_arguments(ARG "STORED_RECORDINGS" "" "SOURCES;LINKS" ${ARGN})
   add_executable(test_${name} ${ARG_SOURCES})
-  target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_compile_definitions(test_${name} PRIVATE
-    CANTORIX_SAMPLES_DIR="${CMAKE_SOURCE_DIR}/samples"
-    CANTORIX_FIXTURES_DIR="${CMAKE_SOURCE_DIR}/tests/fixtures")
-  target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_options GTest::gmock GTest::gtest_main)
+  target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_test_support cantorix_options
+                        GTest::gmock GTest::gtest_main)
   set(properties TIMEOUT 300)
   if(ARG_STORED_RECORDINGS)
     list(APPEND properties RESOURCE_LOCK stored_recordings)

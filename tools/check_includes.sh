@@ -22,8 +22,8 @@ list_sources | tr '\n' '\0' | xargs -0 -r awk '
     may["document"] = may["analysis"] " document"
     may["audio"] = may["analysis"] " audio"
     may["mainview"] = may["document"] " audio mainview"
-    may["windows"] = may["mainview"] " windows"
-    may["app"] = may["windows"] " app"
+    may["analysisview"] = may["mainview"] " analysisview"
+    may["app"] = may["analysisview"] " app"
     may["desktop"] = may["app"] " desktop"
     may["batch"] = may["app"] " batch"
   }

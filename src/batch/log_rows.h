@@ -5,10 +5,10 @@
 #include <span>
 #include <string>
 
+#include "analysisview/spectrogram_log.h"
 #include "batch/text_sink.h"
 #include "document/document.h"
 #include "mainview/log_entry.h"
-#include "windows/spectrogram_log.h"
 
 namespace cantorix::batch {
 

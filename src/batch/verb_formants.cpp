@@ -1,12 +1,12 @@
 // verb_formants.cpp - the formant tracks of a spectrogram whose picture nobody needs.
 #include <algorithm>
 
+#include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "platform/numbers.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix::batch {
 namespace {

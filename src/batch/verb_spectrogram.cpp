@@ -1,9 +1,9 @@
 // verb_spectrogram.cpp - the level matrix as a table, one row per column of the picture.
+#include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix::batch {
 namespace {

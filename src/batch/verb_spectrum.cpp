@@ -1,9 +1,9 @@
 // verb_spectrum.cpp - two tables: the spectra over frequency, then the formants.
+#include "analysisview/fft_lpc_log.h"
+#include "analysisview/fft_lpc_view.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
-#include "windows/fft_lpc_log.h"
-#include "windows/fft_lpc_view.h"
 
 namespace cantorix::batch {
 namespace {

@@ -4,10 +4,12 @@
 
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <numbers>
 #include <sstream>
 
 #include "batch/command.h"
+#include "support/temporary_folder.h"
 
 namespace cantorix::batch {
 namespace {

@@ -8,6 +8,7 @@
 
 #include "app/log_file.h"
 #include "batch/command.h"
+#include "support/samples.h"
 
 namespace cantorix::batch {
 namespace {
@@ -18,7 +19,7 @@ using testing::HasSubstr;
 using Row = std::vector<std::string>;
 using Words = std::vector<std::string>;
 
-const std::string kSample = std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv";
+const std::string kSample = SamplesDirectory() + "/vowels.qrv";
 
 Words operator+(Words left, const Words& right) {
   left.insert(left.end(), right.begin(), right.end());

@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "batch/command.h"
+#include "support/samples.h"
+#include "support/temporary_folder.h"
 
 namespace cantorix::batch {
 namespace {
@@ -15,7 +18,7 @@ using testing::StartsWith;
 
 using Words = std::vector<std::string>;
 
-const std::string kSample = std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv";
+const std::string kSample = SamplesDirectory() + "/vowels.qrv";
 
 class SavingTest : public testing::Test {
  protected:
@@ -158,8 +161,7 @@ TEST_F(ImportTest, SaysWhatItCannotUse) {
 
 TEST(BatchCommands, PageIsTheOneThatIsShipped) {
   const CommandResult result = RunBatch({"commands", "--html"});
-  EXPECT_EQ(result.out,
-            FileText(std::string(CANTORIX_SAMPLES_DIR) + "/../docs/manual/commands.html"))
+  EXPECT_EQ(result.out, FileText(SamplesDirectory() + "/../docs/manual/commands.html"))
       << "run cantorix-batch commands --html -o docs/manual/commands.html";
 }
 

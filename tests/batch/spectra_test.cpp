@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "batch/command.h"
+#include "support/samples.h"
 
 namespace cantorix::batch {
 namespace {
@@ -15,8 +16,8 @@ using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 
-const std::string kVowels = CANTORIX_SAMPLES_DIR "/vowels.qrv";
-const std::string kTruth = CANTORIX_SAMPLES_DIR "/vowels.formants.tsv";
+const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
+const std::string kTruth = SamplesDirectory() + "/vowels.formants.tsv";
 
 using Rows = std::vector<std::vector<std::string>>;
 

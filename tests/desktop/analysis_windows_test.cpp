@@ -6,13 +6,13 @@
 #include <cmath>
 #include <fstream>
 
+#include "analysisview/fft_lpc_view.h"
+#include "analysisview/pitch_view.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/windows/analysis_window_set.h"
 #include "desktop/windows/spectrogram_frame.h"
 #include "document/wav_fixture.h"
 #include "mainview/view_commands.h"
-#include "windows/fft_lpc_view.h"
-#include "windows/pitch_view.h"
 
 namespace cantorix {
 namespace {

@@ -16,13 +16,14 @@
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "support/fake_services.h"
+#include "support/samples.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 #include "support/view_fakes.h"
 
 namespace cantorix {
 
-inline std::string SamplePath() { return std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv"; }
+inline std::string SamplePath() { return SamplesDirectory() + "/vowels.qrv"; }
 
 class DesktopTest : public testing::Test {
  protected:

@@ -12,6 +12,7 @@
 #include <filesystem>
 
 #include "desktop/child_frame.h"
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -68,7 +69,7 @@ TEST_F(ProgramTest, WithoutArgumentsAnEmptyDocumentOpensMaximised) {
 TEST_F(ProgramTest, AFileArgumentOpensInstead) {
   {
     Program program;
-    ASSERT_TRUE(program.Start({std::string(CANTORIX_SAMPLES_DIR) + "/vowels.qrv"}));
+    ASSERT_TRUE(program.Start({SamplesDirectory() + "/vowels.qrv"}));
     ASSERT_EQ(Frame()->documents().All().size(), 1U);
     EXPECT_EQ(Frame()->documents().All()[0]->title(), "vowels.qrv");
     for (const Command command : {Command::kSpectrogramAll, Command::kPrint}) {

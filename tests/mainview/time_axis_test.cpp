@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "analysisview/window_fixture.h"
 #include "mainview/time_axis_fixture.h"
-#include "windows/window_fixture.h"
 
 namespace cantorix {
 namespace {

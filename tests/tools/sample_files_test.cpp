@@ -1,6 +1,7 @@
 // sample_files_test.cpp - the files in the samples folder are the ones the synthesiser makes now,
 // and the native one holds what it should, read here by its layout and nothing of the system's.
 #include "synth/sample_files.h"
+#include "support/samples.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -26,7 +27,7 @@ TEST(SampleFiles, AreMadeAgainByteForByte) {
   std::filesystem::create_directory(folder);
   WriteSampleFiles(folder.string());
   for (const char* name : {kRecordingFile, kPitchTruthFile, kFormantTruthFile}) {
-    const std::string committed = Content(std::filesystem::path(CANTORIX_SAMPLES_DIR) / name);
+    const std::string committed = Content(std::filesystem::path(SamplesDirectory()) / name);
     EXPECT_FALSE(committed.empty()) << name;
     EXPECT_TRUE(committed == Content(folder / name)) << name;
   }
@@ -35,7 +36,7 @@ TEST(SampleFiles, AreMadeAgainByteForByte) {
 
 TEST(SampleFiles, NativeFileHoldsTheLabelsAndTheSamplesOfTheRecording) {
   const SampleRecording recording = MakeSampleRecording();
-  const std::string content = Content(std::filesystem::path(CANTORIX_SAMPLES_DIR) / kRecordingFile);
+  const std::string content = Content(std::filesystem::path(SamplesDirectory()) / kRecordingFile);
   const auto bytes = std::as_bytes(std::span(content));
   ASSERT_EQ(LoadText(bytes, 0, 8), "QRV_PC");
   ASSERT_EQ(LoadLittle<double>(bytes, 512 + 16), static_cast<double>(recording.samples.size()));

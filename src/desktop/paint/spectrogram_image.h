@@ -5,7 +5,7 @@
 #include <QImage>
 
 #include "analysis/spectrogram.h"
-#include "windows/color_map.h"
+#include "analysisview/color_map.h"
 
 namespace cantorix {
 

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysisview/spectrogram_log.h"
 #include "desktop/paint/label_painter.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
-#include "windows/spectrogram_log.h"
 
 namespace cantorix {
 namespace {

@@ -6,9 +6,9 @@
 #include <QPainter>
 #include <optional>
 
+#include "analysisview/spectrogram_view.h"
 #include "desktop/paint/paint_style.h"
 #include "desktop/paint/window_strips.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix {
 

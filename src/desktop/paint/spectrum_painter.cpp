@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysisview/fft_lpc_log.h"
 #include "desktop/paint/label_painter.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/window_strips.h"
-#include "windows/fft_lpc_log.h"
 
 namespace cantorix {
 namespace {

@@ -5,9 +5,9 @@
 #include <QPainter>
 #include <optional>
 
+#include "analysisview/fft_lpc_view.h"
+#include "analysisview/window_layout.h"
 #include "desktop/paint/paint_style.h"
-#include "windows/fft_lpc_view.h"
-#include "windows/window_layout.h"
 
 namespace cantorix {
 

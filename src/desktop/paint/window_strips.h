@@ -7,10 +7,10 @@
 #include <QStringList>
 #include <optional>
 
+#include "analysisview/window_layout.h"
 #include "desktop/paint/paint_style.h"
 #include "document/document.h"
 #include "mainview/waveform_pyramid.h"
-#include "windows/window_layout.h"
 
 namespace cantorix {
 

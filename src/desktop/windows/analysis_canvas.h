@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "analysisview/analysis_window.h"
 #include "desktop/windows/window_picture.h"
-#include "windows/analysis_window.h"
 
 namespace cantorix {
 

@@ -1,9 +1,9 @@
 // fft_lpc_frame.h - the window of a spectrum.
 #pragma once
 
+#include "analysisview/fft_lpc_view.h"
 #include "desktop/windows/analysis_frame.h"
 #include "desktop/windows/fft_lpc_picture.h"
-#include "windows/fft_lpc_view.h"
 
 namespace cantorix {
 

@@ -1,9 +1,9 @@
 // pitch_frame.h - the window of a pitch track.
 #pragma once
 
+#include "analysisview/pitch_view.h"
 #include "desktop/windows/analysis_frame.h"
 #include "desktop/windows/pitch_picture.h"
-#include "windows/pitch_view.h"
 
 namespace cantorix {
 

@@ -1,10 +1,10 @@
 // pitch_picture.h - the picture of the pitch window, as the window is now.
 #pragma once
 
+#include "analysisview/pitch_view.h"
 #include "desktop/paint/pitch_painter.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/document_waveform.h"
-#include "windows/pitch_view.h"
 
 namespace cantorix {
 

@@ -1,9 +1,9 @@
 // spectrogram_frame.h - the window of a spectrogram, with its colours and dynamic range at hand.
 #pragma once
 
+#include "analysisview/spectrogram_view.h"
 #include "desktop/windows/analysis_frame.h"
 #include "desktop/windows/spectrogram_picture.h"
-#include "windows/spectrogram_view.h"
 
 class QComboBox;
 class QSpinBox;

@@ -2,10 +2,10 @@
 // its levels is kept, so that other colours, strips and grids cost no walk through them.
 #pragma once
 
+#include "analysisview/color_map.h"
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/document_waveform.h"
-#include "windows/color_map.h"
 
 namespace cantorix {
 

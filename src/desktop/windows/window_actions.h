@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-#include "windows/window_commands.h"
+#include "analysisview/window_commands.h"
 
 namespace cantorix {
 

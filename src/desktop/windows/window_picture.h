@@ -7,9 +7,9 @@
 #include <QPainter>
 #include <QSize>
 
+#include "analysisview/analysis_window.h"
+#include "analysisview/window_layout.h"
 #include "desktop/paint/paint_style.h"
-#include "windows/analysis_window.h"
-#include "windows/window_layout.h"
 
 namespace cantorix {
 

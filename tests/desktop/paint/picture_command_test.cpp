@@ -6,12 +6,13 @@
 #include <QImage>
 #include <vector>
 
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
 namespace {
 
-const std::string kVowels = CANTORIX_SAMPLES_DIR "/vowels.qrv";
+const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 
 class PictureCommand : public testing::Test {
  protected:

@@ -1,5 +1,5 @@
 // fft_lpc_log.cpp
-#include "windows/fft_lpc_log.h"
+#include "analysisview/fft_lpc_log.h"
 
 #include <algorithm>
 

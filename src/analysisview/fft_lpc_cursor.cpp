@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysisview/fft_lpc_log.h"
+#include "analysisview/fft_lpc_view.h"
 #include "mainview/option_commands.h"
 #include "platform/numbers.h"
-#include "windows/fft_lpc_log.h"
-#include "windows/fft_lpc_view.h"
 
 namespace cantorix {
 namespace {

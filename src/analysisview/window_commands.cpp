@@ -1,5 +1,5 @@
 // window_commands.cpp
-#include "windows/window_commands.h"
+#include "analysisview/window_commands.h"
 
 #include <algorithm>
 

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "analysisview/analysis_window.h"
 #include "mainview/axis_scale.h"
-#include "windows/analysis_window.h"
 
 namespace cantorix {
 

@@ -1,5 +1,5 @@
 // color_map_test.cpp
-#include "windows/color_map.h"
+#include "analysisview/color_map.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // window_layout.cpp
-#include "windows/window_layout.h"
+#include "analysisview/window_layout.h"
 
 #include <algorithm>
 

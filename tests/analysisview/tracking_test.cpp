@@ -3,13 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "analysisview/fft_lpc_view.h"
+#include "analysisview/main_view_fixture.h"
+#include "analysisview/pitch_view.h"
+#include "analysisview/spectrogram_view.h"
 #include "mainview/analysis_commands.h"
 #include "mainview/mouse.h"
 #include "platform/numbers.h"
-#include "windows/fft_lpc_view.h"
-#include "windows/main_view_fixture.h"
-#include "windows/pitch_view.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix {
 namespace {

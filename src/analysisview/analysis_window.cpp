@@ -1,5 +1,5 @@
 // analysis_window.cpp
-#include "windows/analysis_window.h"
+#include "analysisview/analysis_window.h"
 
 #include <algorithm>
 #include <utility>

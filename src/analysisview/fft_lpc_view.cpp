@@ -1,5 +1,5 @@
 // fft_lpc_view.cpp
-#include "windows/fft_lpc_view.h"
+#include "analysisview/fft_lpc_view.h"
 
 #include <algorithm>
 #include <cmath>

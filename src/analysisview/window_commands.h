@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-#include "windows/analysis_window.h"
+#include "analysisview/analysis_window.h"
 
 namespace cantorix {
 

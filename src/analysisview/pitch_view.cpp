@@ -1,5 +1,5 @@
 // pitch_view.cpp
-#include "windows/pitch_view.h"
+#include "analysisview/pitch_view.h"
 
 #include <algorithm>
 #include <tuple>

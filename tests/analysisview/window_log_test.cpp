@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "windows/fft_lpc_log.h"
-#include "windows/spectrogram_log.h"
+#include "analysisview/fft_lpc_log.h"
+#include "analysisview/spectrogram_log.h"
 
 namespace cantorix {
 

@@ -1,5 +1,5 @@
 // spectrogram_log.cpp
-#include "windows/spectrogram_log.h"
+#include "analysisview/spectrogram_log.h"
 
 #include "platform/numbers.h"
 

@@ -1,5 +1,5 @@
 // spectrogram_view.cpp
-#include "windows/spectrogram_view.h"
+#include "analysisview/spectrogram_view.h"
 
 #include <algorithm>
 #include <tuple>

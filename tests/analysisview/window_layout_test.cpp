@@ -1,5 +1,5 @@
 // window_layout_test.cpp
-#include "windows/window_layout.h"
+#include "analysisview/window_layout.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "analysisview/spectrogram_view.h"
 #include "mainview/mouse.h"
 #include "mainview/time_axis.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix {
 

@@ -9,9 +9,9 @@
 
 #include "analysis/sample_range.h"
 #include "analysis/spectrogram.h"
+#include "analysisview/analysis_window.h"
+#include "analysisview/spectrogram_log.h"
 #include "mainview/axis_scale.h"
-#include "windows/analysis_window.h"
-#include "windows/spectrogram_log.h"
 
 namespace cantorix {
 

@@ -4,10 +4,10 @@
 
 #include <functional>
 
+#include "analysisview/window_fixture.h"
 #include "mainview/clipboard.h"
 #include "mainview/sonadex_view.h"
 #include "support/view_fakes.h"
-#include "windows/window_fixture.h"
 
 namespace cantorix {
 

@@ -10,9 +10,9 @@
 
 #include "analysis/sample_range.h"
 #include "analysis/spectrum.h"
+#include "analysisview/analysis_window.h"
 #include "mainview/axis_scale.h"
 #include "settings/settings.h"
-#include "windows/analysis_window.h"
 
 namespace cantorix {
 

@@ -1,9 +1,9 @@
 // spectrogram_cursor.cpp - axes, readouts, log rows and switches of the spectrogram window.
 #include <algorithm>
 
+#include "analysisview/spectrogram_view.h"
 #include "mainview/option_commands.h"
 #include "platform/numbers.h"
-#include "windows/spectrogram_view.h"
 
 namespace cantorix {
 

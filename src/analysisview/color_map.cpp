@@ -1,5 +1,5 @@
 // color_map.cpp - maps as paths through CIELAB in cylindrical coordinates.
-#include "windows/color_map.h"
+#include "analysisview/color_map.h"
 
 #include <algorithm>
 #include <cmath>

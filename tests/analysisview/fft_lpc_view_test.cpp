@@ -1,10 +1,10 @@
 // fft_lpc_view_test.cpp - what the FFT/LPC window checks, says and holds.
-#include "windows/fft_lpc_view.h"
+#include "analysisview/fft_lpc_view.h"
 
 #include <gtest/gtest.h>
 
+#include "analysisview/window_fixture.h"
 #include "platform/abandon.h"
-#include "windows/window_fixture.h"
 
 namespace cantorix {
 namespace {

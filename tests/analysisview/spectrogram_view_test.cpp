@@ -1,10 +1,10 @@
 // spectrogram_view_test.cpp - what the spectrogram window holds and says.
-#include "windows/spectrogram_view.h"
+#include "analysisview/spectrogram_view.h"
 
 #include <gtest/gtest.h>
 
+#include "analysisview/window_fixture.h"
 #include "platform/abandon.h"
-#include "windows/window_fixture.h"
 
 namespace cantorix {
 namespace {
