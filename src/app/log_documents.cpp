@@ -20,7 +20,13 @@ FileRequest LogRequest(const char* title) {
   return request;
 }
 
-// True when the open log, if any, may go: it was saved, need not be or shall not be.
+bool IsExistingFile(const std::string& path) {
+  std::error_code ignored;
+  return std::filesystem::exists(path, ignored);
+}
+
+}  // namespace
+
 bool MayDropLog(Application& application) {
   const auto& log = application.log;
   if (!log || !log->isModified()) return true;
@@ -29,13 +35,6 @@ bool MayDropLog(Application& application) {
   if (answer == Answer::kYes) return SaveOpenLog(application);
   return answer == Answer::kNo;
 }
-
-bool IsExistingFile(const std::string& path) {
-  std::error_code ignored;
-  return std::filesystem::exists(path, ignored);
-}
-
-}  // namespace
 
 bool NewLog(Application& application) {
   if (!MayDropLog(application)) return false;

@@ -7,6 +7,10 @@
 
 namespace cantorix {
 
+// Asks about a modified log, and saves it. True when the open log, if any, may go; it stays as it
+// is until then.
+bool MayDropLog(Application& application);
+
 // A new, empty log, in place of one that is open. False when the user keeps that one.
 bool NewLog(Application& application);
 

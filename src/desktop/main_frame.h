@@ -13,6 +13,7 @@
 #include "desktop/frame_host.h"
 #include "desktop/keyboard_panes.h"
 #include "desktop/open_documents.h"
+#include "document/save_commands.h"
 
 class QMdiArea;
 
@@ -82,7 +83,9 @@ class CMainFrame : public QMainWindow, private FrameHost {
   void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
 
-  // Asks about unsaved changes; also tells whether the document may go.
+  // Asks about unsaved changes, which the document keeps.
+  CloseAnswer AskAbout(CSonadexDoc& document);
+  // The same of a document that goes alone.
   bool AgreesToClose(CSonadexDoc& document);
   void Place(CChildFrame& frame);
   void Number(const CSonadexDoc& document);

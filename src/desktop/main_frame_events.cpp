@@ -15,7 +15,6 @@
 #include "desktop/main_frame.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
-#include "document/save_commands.h"
 
 namespace cantorix {
 namespace {
@@ -84,10 +83,16 @@ void CMainFrame::ListWindows() {
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
+  // Nothing is given up before every answer is in.
+  std::vector<CSonadexDoc*> givenUp;
   for (CSonadexDoc* const document : documents_.All()) {
-    if (!AgreesToClose(*document)) return event->ignore();
+    const CloseAnswer answer = AskAbout(*document);
+    if (answer == CloseAnswer::kStays) return event->ignore();
+    if (answer == CloseAnswer::kGivesUp) givenUp.push_back(document);
   }
-  if (!CloseLog(services_.application)) return event->ignore();
+  if (!MayDropLog(services_.application)) return event->ignore();
+  for (CSonadexDoc* const document : givenUp) document->SetModified(false);
+  services_.application.log.reset();
   for (CSonadexDoc* const document : documents_.All()) {
     agreedToClose_ = document;
     for (CChildFrame* const frame : FramesOf(*document)) frame->close();
@@ -137,13 +142,19 @@ void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
   Refresh();
 }
 
-bool CMainFrame::AgreesToClose(CSonadexDoc& document) {
+CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {
   const auto frames = FramesOf(document);
-  if (services_.progress.running()) return false;
-  if (frames.empty()) return true;
-  bool agrees = false;
-  Guarded(*frames.front()->view(), [&] { agrees = CanCloseDocument(document); });
-  return agrees;
+  if (services_.progress.running()) return CloseAnswer::kStays;
+  if (frames.empty()) return CloseAnswer::kCloses;
+  CloseAnswer answer = CloseAnswer::kStays;
+  Guarded(*frames.front()->view(), [&] { answer = AskToClose(document); });
+  return answer;
+}
+
+bool CMainFrame::AgreesToClose(CSonadexDoc& document) {
+  const CloseAnswer answer = AskAbout(document);
+  if (answer == CloseAnswer::kGivesUp) document.SetModified(false);
+  return answer != CloseAnswer::kStays;
 }
 
 bool CMainFrame::MayClose(CChildFrame& frame) {

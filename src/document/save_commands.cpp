@@ -147,18 +147,18 @@ bool ExportSelectionAsWave(CSonadexDoc& document) {
   return Export(document, "Save Selection of a Data Channel As", range);
 }
 
-bool CanCloseDocument(CSonadexDoc& document) {
-  if (!document.isModified()) return true;
+CloseAnswer AskToClose(CSonadexDoc& document) {
+  if (!document.isModified()) return CloseAnswer::kCloses;
   const std::string question = "Save Changes to ' " + document.title() + " ' before closing ?";
   const Answer answer = document.host().prompts.Ask(question, Buttons::kYesNoCancel);
-  if (answer == Answer::kNo) document.SetModified(false);
-  if (answer != Answer::kYes) return answer == Answer::kNo;
+  if (answer == Answer::kNo) return CloseAnswer::kGivesUp;
+  if (answer != Answer::kYes) return CloseAnswer::kStays;
   try {
     // Kept: a Save As that the user cancels closes the document all the same.
     SaveDocument(document);
-    return true;
+    return CloseAnswer::kCloses;
   } catch (const Abandoned&) {
-    return false;
+    return CloseAnswer::kStays;
   }
 }
 

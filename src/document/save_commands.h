@@ -25,8 +25,14 @@ bool SaveSelectionAs(CSonadexDoc& document);
 bool ExportAsWave(CSonadexDoc& document);
 bool ExportSelectionAsWave(CSonadexDoc& document);
 
-// Asks whether a modified document is to be saved before it closes, and saves it. True when it may
-// close: a failed save keeps it open.
-bool CanCloseDocument(CSonadexDoc& document);
+enum class CloseAnswer {
+  kStays,    // cancelled, or the save failed
+  kCloses,   // nothing is unsaved, or the user was asked for all that can be saved
+  kGivesUp,  // closes without its changes, which it still has
+};
+
+// Asks whether a modified document is to be saved before it closes, and saves it. Gives nothing up
+// by itself, because another document that was to close with this one may stay.
+CloseAnswer AskToClose(CSonadexDoc& document);
 
 }  // namespace cantorix

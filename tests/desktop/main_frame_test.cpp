@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/log_frame.h"
 #include "mainview/view_commands.h"
 
 namespace cantorix {
@@ -102,19 +103,36 @@ TEST_F(Frame, AModifiedDocumentAsksBeforeItCloses) {
   EXPECT_TRUE(frame.documents().All().empty());
 }
 
-TEST_F(Frame, LeavingAsksForEveryDocumentAndTheLogFirst) {
+TEST_F(Frame, LeavingGivesNothingUpBeforeEveryAnswerIsIn) {
   CSonadexDoc& first = Open(CopySample("one.qrv")).document();
   CSonadexDoc& second = Open(CopySample("two.qrv")).document();
+  Perform(Command::kLogNew);
+  app.log->Append({"one.qrv", "Duration", {"1.0"}});
   first.SetModified(true);
   second.SetModified(true);
-  prompts.WillAnswer(Answer::kNo);
-  prompts.WillAnswer(Answer::kCancel);
-  EXPECT_FALSE(frame.close());
-  EXPECT_EQ(frame.documents().All().size(), 2U) << "nothing may be closed before all agree";
-  prompts.WillAnswer(Answer::kNo);
+  for (const auto& answers :
+       {std::vector{Answer::kCancel}, std::vector{Answer::kNo, Answer::kCancel},
+        std::vector{Answer::kNo, Answer::kNo, Answer::kCancel}}) {
+    SCOPED_TRACE(answers.size());
+    for (const Answer answer : answers) prompts.WillAnswer(answer);
+    EXPECT_FALSE(frame.close());
+    EXPECT_EQ(prompts.TakeTranscript().size(), answers.size());
+    EXPECT_THAT(Titles(), ElementsAre("one.qrv[*]", "two.qrv[*]"));
+    EXPECT_TRUE(first.isModified());
+    EXPECT_TRUE(second.isModified());
+    ASSERT_TRUE(app.log.has_value());
+    EXPECT_TRUE(app.log->isModified());
+    EXPECT_TRUE(frame.log().isVisible());
+  }
+  for (int i = 0; i < 3; ++i) prompts.WillAnswer(Answer::kNo);
   EXPECT_TRUE(frame.close());
   EXPECT_TRUE(frame.documents().All().empty());
-  prompts.TakeTranscript();
+  EXPECT_FALSE(app.log.has_value());
+  const auto question = [](const char* title) {
+    return std::string("ask yes/no/cancel: Save Changes to ' ") + title + " ' before closing ?";
+  };
+  EXPECT_THAT(prompts.TakeTranscript(),
+              ElementsAre(question("one.qrv"), question("two.qrv"), question("Untitled Log")));
 }
 
 TEST_F(Frame, AFailedSaveKeepsTheDocumentOpen) {

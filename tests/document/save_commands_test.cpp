@@ -216,31 +216,32 @@ TEST_F(SaveCommandsTest, AsksBeforeAModifiedDocumentCloses) {
   constexpr const char* kQuestion =
       "ask yes/no/cancel: Save Changes to ' talk.one.qrv ' before closing ?";
   host_.prompts.WillAnswer(Answer::kCancel);
-  EXPECT_FALSE(CanCloseDocument(document_));
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kStays);
   EXPECT_TRUE(document_.isModified());
   host_.prompts.WillAnswer(Answer::kYes);
-  EXPECT_TRUE(CanCloseDocument(document_));
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kCloses);
   EXPECT_EQ(ReadBytes(path_), Whole());
   document_.SetModified(true);
   host_.prompts.WillAnswer(Answer::kNo);
-  EXPECT_TRUE(CanCloseDocument(document_));
-  EXPECT_FALSE(document_.isModified());
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kGivesUp);
+  EXPECT_TRUE(document_.isModified()) << "until it closes";
   EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(kQuestion, kQuestion, kQuestion));
-  EXPECT_TRUE(CanCloseDocument(document_));  // not modified: no question
+  document_.SetModified(false);
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kCloses) << "without a question";
 }
 
 TEST_F(SaveCommandsTest, ClosesAfterACancelledSaveAsIsKept) {
   document_.foreignSource = true;
   host_.prompts.WillAnswer(Answer::kYes);
   host_.prompts.WillCancel();
-  EXPECT_TRUE(CanCloseDocument(document_));
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kCloses);
   host_.prompts.TakeTranscript();
 }
 
 TEST_F(SaveCommandsTest, StaysOpenAfterAFailedSave) {
   document_.SetPathName(impossible_);
   host_.prompts.WillAnswer(Answer::kYes);
-  EXPECT_FALSE(CanCloseDocument(document_));
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kStays);
   EXPECT_THAT(host_.prompts.TakeTranscript(),
               ElementsAre(testing::_, MatchesRegex("message: .* could not be saved\\. .*")));
   EXPECT_TRUE(document_.isModified());
