@@ -11,6 +11,7 @@
 #include "platform/descriptor.h"
 #include "platform/prompts.h"
 #include "platform/services.h"
+#include "settings/config_file.h"
 
 namespace cantorix {
 namespace {
@@ -74,6 +75,15 @@ void MakeTemporaryDirectory(Application& application) {
   std::filesystem::create_directory(application.temporaryDirectory, reportedLater);
 }
 
+// Without a file an option dialog keeps nothing, so a first run begins with that of the defaults.
+void MakeFirstConfiguration(const Application& application) {
+  const std::string path = ConfigPath(application.host.programDirectory);
+  std::error_code unreadable;
+  if (std::filesystem::exists(path, unreadable)) return;
+  // A folder that refuses it was taken untried; the run goes on with the defaults.
+  WriteConfiguration(path, {{}, DefaultDocumentSettings()});
+}
+
 }  // namespace
 
 StartUpResult StartUp(Application& application, const std::string& currentDirectory) {
@@ -85,6 +95,7 @@ StartUpResult StartUp(Application& application, const std::string& currentDirect
   }
   MakeTemporaryDirectory(application);
   application.host.recordingRateHz = kFirstRecordingRateHz;
+  MakeFirstConfiguration(application);
   ReadApplicationSettings(application.host);
   return StartUpResult::kReady;
 }

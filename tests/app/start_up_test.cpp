@@ -32,7 +32,7 @@ TEST_F(StartUpTest, FirstRunKeepsTheCurrentDirectoryForAllLaterRuns) {
   EXPECT_EQ(app.host.programDirectory, folder.path());
   EXPECT_EQ(app.temporaryDirectory, folder / "tmp/");
   EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
-  EXPECT_THAT(folder.Names(), ElementsAre("tmp"));
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("tmp", "CantorixConf.cfg"));
 
   const TemporaryFolder elsewhere;
   Application later{{profile, prompts, progress, memory}};
@@ -84,9 +84,25 @@ TEST_F(StartUpTest, LeavesTheUsersFilesAlone) {
   WriteBytes(folder / "xxx", EncodeRecord(Settings{}));
   std::filesystem::create_directory(folder / "tmp");
   ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
-  EXPECT_THAT(folder.Names(), UnorderedElementsAre("xxx", "tmp"));
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("xxx", "tmp", "CantorixConf.cfg"));
   EXPECT_EQ(ReadBytes(folder / "xxx").size(), kRecordBytes);
   EXPECT_FALSE(CanWriteInto(""));
+}
+
+TEST_F(StartUpTest, AFirstRunKeepsItsOptionsBecauseTheDefaultsAreThere) {
+  const std::string path = ConfigFile();
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  const Settings defaults{{}, DefaultDocumentSettings()};
+  EXPECT_THAT(ReadConfiguration(path), testing::ElementsAreArray(EncodeRecord(defaults)));
+  Settings changed = defaults;
+  changed.document.pitch.stepMs = 7.0;
+  EXPECT_TRUE(PatchConfiguration(path, SettingsDialog::kPitch, changed));
+  const auto kept = ReadConfiguration(path);
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_EQ(ReadConfiguration(path), kept) << "a later run";
+  WriteBytes(path, std::vector<std::byte>(3));
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_EQ(ReadBytes(path).size(), 3U) << "a file that is no record is the user's";
 }
 
 TEST_F(StartUpTest, TakesTheApplicationBlockAndAUsableRecordingRate) {
