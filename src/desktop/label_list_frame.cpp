@@ -39,6 +39,7 @@ int LabelListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant LabelListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= rowCount()) return {};
   const LabelListRow& label = row(index.row());
   if (role == Qt::TextAlignmentRole && index.column() == kTime) {
     return QVariant(Qt::AlignRight | Qt::AlignVCenter);

@@ -19,7 +19,8 @@ class LabelListModel : public QAbstractTableModel {
  public:
   // The labels of the view's document; none for null.
   void Show(const CSonadexView* view);
-  const LabelListRow& row(int index) const { return rows_[static_cast<std::size_t>(index)]; }
+  // Throws std::out_of_range for a row that the list does not have.
+  const LabelListRow& row(int index) const { return rows_.at(static_cast<std::size_t>(index)); }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -112,11 +112,8 @@ CFrameLog::CFrameLog(QWidget* owner, Application& application, std::function<voi
 }
 
 void CFrameLog::Refresh() {
-  if (!application_.log) {
-    hide();
-    return;
-  }
   form_->Refresh();
+  if (!application_.log) return hide();
   setWindowTitle(ShownPath(application_.log->title()) + "[*]");
   setWindowModified(application_.log->isModified());
 }

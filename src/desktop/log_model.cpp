@@ -29,11 +29,12 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant LogModel::data(const QModelIndex& index, int role) const {
+  if (log_ == nullptr || !index.isValid() || index.row() >= rows_) return {};
   // Numbers stand right, as everywhere; the source and the kind of the entry are texts.
   if (role == Qt::TextAlignmentRole && index.column() >= 2) {
     return QVariant(Qt::AlignRight | Qt::AlignVCenter);
   }
-  if (role != Qt::DisplayRole || log_ == nullptr) return {};
+  if (role != Qt::DisplayRole) return {};
   const std::string* const cell =
       log_->Cell(static_cast<std::size_t>(index.row()), static_cast<std::size_t>(index.column()));
   return cell == nullptr ? QVariant() : QVariant(Shown(*cell));
@@ -42,6 +43,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (role != Qt::DisplayRole || log_ == nullptr) return {};
   if (orientation == Qt::Vertical) return section + 1;
+  if (section < 0 || section >= columns_) return {};
   return Shown(log_->captions()[static_cast<std::size_t>(section)]);
 }
 

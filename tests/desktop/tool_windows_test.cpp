@@ -147,6 +147,24 @@ TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
   EXPECT_EQ(table.model()->rowCount(), 0);
 }
 
+TEST_F(ToolWindows, TablesWithoutRowsCopyNothing) {
+  CSonadexView& view = OpenSample();
+  for (Tier& tier : view.channel().tiers) tier.labels.clear();
+  Perform(Command::kViewLabels);
+  Perform(Command::kLogNew);
+  frame.labelList().Refresh();
+  for (QTableView* const table : {&frame.labelList().table(), &frame.log().form().table()}) {
+    SCOPED_TRACE(Typed(table->accessibleName()));
+    ASSERT_EQ(table->model()->rowCount(), 0);
+    table->window()->activateWindow();
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, {20, 20});
+    QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    for (int role = 0; role <= Qt::InitialSortOrderRole; ++role) {
+      EXPECT_FALSE(table->model()->data({}, role).isValid()) << role;
+    }
+  }
+}
+
 TEST_F(ToolWindows, AModifiedLogAsksBeforeItCloses) {
   CSonadexView& view = OpenSample();
   Perform(Command::kLogNew);
