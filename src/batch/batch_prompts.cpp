@@ -5,6 +5,7 @@ namespace cantorix::batch {
 
 void BatchPrompts::Say(const std::string& text) {
   ++linesSaid_;
+  if (interrupted_) return;
   // The report of a failed open begins with the path, and so does every line here.
   const bool named = text.starts_with(file_ + " ");
   console_.Report(file_, named ? text.substr(file_.size() + 1) : text);

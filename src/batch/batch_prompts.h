@@ -3,6 +3,7 @@
 // on how to answer it.
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <string>
 
@@ -14,8 +15,10 @@ namespace cantorix::batch {
 
 class BatchPrompts : public Prompts {
  public:
-  BatchPrompts(Console& console, std::string file, const Request& request)
-      : console_(console), file_(std::move(file)), request_(request) {}
+  // Once `interrupted` is set nothing more is said: what fails then fails for that reason.
+  BatchPrompts(Console& console, std::string file, const Request& request,
+               const std::atomic<bool>& interrupted)
+      : console_(console), file_(std::move(file)), request_(request), interrupted_(interrupted) {}
 
   void Beep() override {}
   void Message(const std::string& text) override;
@@ -28,7 +31,7 @@ class BatchPrompts : public Prompts {
 
   // Whether a question had no answer among the options, which was said then.
   bool declined() const { return declined_; }
-  // How many lines were said about the file so far.
+  // How many lines were said about the file so far, or would have been but for an interrupt.
   int linesSaid() const { return linesSaid_; }
   // One line about the file.
   void Say(const std::string& text);
@@ -40,6 +43,7 @@ class BatchPrompts : public Prompts {
   Console& console_;
   std::string file_;
   const Request& request_;
+  const std::atomic<bool>& interrupted_;
   bool declined_ = false;
   int linesSaid_ = 0;
 };

@@ -41,9 +41,13 @@ bool BatchView::SelectRange() {
 
 bool BatchView::AnalysePitch(Stretch stretch) {
   cantorix::AnalysePitch(view_, stretch);
-  if (view_.pitch.PitchValid) return true;
+  if (view_.pitch.PitchValid) {
+    if (view_.channel().intensity.IntensityValid) return true;
+    session_.prompts().Say(std::string(kNoIntensity));
+    return false;
+  }
   // Settings that do not fit were reported.
-  if (!view_.pitch.badParameters) session_.SayNoResult(std::string(kNoPitchTrack));
+  if (!view_.pitch.badParameters) session_.prompts().Say(std::string(kNoPitchTrack));
   return false;
 }
 

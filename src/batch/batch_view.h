@@ -14,6 +14,10 @@ namespace cantorix::batch {
 inline constexpr std::string_view kNoPitchTrack =
     "no pitch track: the stretch is too short or the settings do not fit it";
 
+// Why an analysis of intensity gave nothing.
+inline constexpr std::string_view kNoIntensity =
+    "no intensity contour: the settings do not fit the stretch";
+
 class FixedTextMeasurer : public TextMeasurer {
  public:
   PixelSize Measure(const FontDescription& font, std::string_view text) const override;
@@ -29,7 +33,7 @@ class BatchView {
   Session& session() { return session_; }
   // Selects the range of the options, if there is one.
   bool SelectRange();
-  // Pitch and intensity of a stretch. False, after a line that says so, without a pitch track.
+  // Pitch and intensity of a stretch. False, after a line that says so, when one is missing.
   bool AnalysePitch(Stretch stretch);
 
  private:

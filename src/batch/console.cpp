@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <new>
 
 namespace cantorix::batch {
 namespace {
@@ -21,11 +22,15 @@ std::string OneLine(std::string_view text) {
 
 }  // namespace
 
-void Console::Report(std::string_view file, std::string_view reason) {
+void Console::Report(std::string_view file, std::string_view reason) noexcept {
   const std::lock_guard lock(mutex_);
   Clear();
-  const std::string place = file.empty() ? "" : std::string(file) + ": ";
-  std::fprintf(stderr, "cantorix-batch: %s%s\n", OneLine(place).c_str(), OneLine(reason).c_str());
+  try {
+    const std::string place = file.empty() ? "" : OneLine(file) + ": ";
+    std::fprintf(stderr, "cantorix-batch: %s%s\n", place.c_str(), OneLine(reason).c_str());
+  } catch (const std::bad_alloc&) {
+    std::fputs("cantorix-batch: There is not enough memory.\n", stderr);
+  }
 }
 
 void Console::ShowProgress(std::string_view file, std::string_view text, double fraction) {

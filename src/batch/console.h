@@ -10,12 +10,14 @@ namespace cantorix::batch {
 
 class Console {
  public:
-  // `fileCount` files are to come; `showProgress` when standard error is a terminal.
-  Console(std::size_t fileCount, bool showProgress)
-      : fileCount_(fileCount), showProgress_(showProgress) {}
+  // `showProgress` when standard error is a terminal.
+  explicit Console(bool showProgress) : showProgress_(showProgress) {}
+  // Before the first file: how many are to come.
+  void Expect(std::size_t fileCount) { fileCount_ = fileCount; }
 
-  // "cantorix-batch: FILE: reason", on one line whatever breaks `reason` has.
-  void Report(std::string_view file, std::string_view reason);
+  // "cantorix-batch: FILE: reason", on one line whatever breaks `reason` has. Never throws: without
+  // memory for the line it says that there is none.
+  void Report(std::string_view file, std::string_view reason) noexcept;
   void ShowProgress(std::string_view file, std::string_view text, double fraction);
   // Wipes the progress line, so that other output can follow.
   void ClearProgress();
@@ -26,7 +28,7 @@ class Console {
   void Clear();
 
   std::mutex mutex_;
-  std::size_t fileCount_;
+  std::size_t fileCount_ = 0;
   std::size_t filesDone_ = 0;
   bool showProgress_;
   bool lineShown_ = false;

@@ -18,6 +18,7 @@ class ConsoleProgress : public Progress {
   void Begin(std::string_view text, double totalUnits) override;
   bool Step(double doneUnits) override;
   void End() override;
+  bool Cancelled() override { return interrupted_; }
 
  private:
   Console& console_;

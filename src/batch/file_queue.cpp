@@ -1,10 +1,12 @@
 // file_queue.cpp - threads over the files, and the order of their output.
 #include "batch/file_queue.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <set>
-#include <stdexcept>
 #include <thread>
 #include <utility>
 
@@ -47,7 +49,7 @@ std::vector<std::string> OutputPaths(const Request& request, const std::string& 
     const std::filesystem::path file = request.files[i];
     paths[i] = (output / file.stem()).string() + suffix;
     if (!taken.insert(paths[i]).second) {
-      throw std::invalid_argument("two of the files would both be written to " + paths[i]);
+      throw WrongUsage("two of the files would both be written to " + paths[i]);
     }
   }
   return paths;
@@ -58,90 +60,122 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
       measure_(std::move(measure)),
       outputs_(std::move(outputs)),
       namesFile_(measure_.namesFiles && outputs_.size() > 1 && outputs_.front().empty()),
+      standardOutput_(STDOUT_FILENO, run.interrupted),
       table_(standardOutput_, namesFile_ && !measure_.header.empty() ? "file\t" + measure_.header
                                                                      : measure_.header) {}
 
-bool FileQueue::Work() {
+Outcome FileQueue::Work() {
   const auto jobs = std::min(static_cast<std::size_t>(run_.request.jobs), outputs_.size());
   std::vector<std::jthread> workers;
   for (std::size_t i = 1; i < jobs; ++i) workers.emplace_back([this] { WorkerLoop(); });
   WorkerLoop();
   workers.clear();  // joins
-  const std::size_t count = run_.request.files.size();
-  if (run_.interrupted && count > 1) {
-    run_.console.Report({},
-                        "interrupted, not all of the " + std::to_string(count) + " files are done");
-    return false;
+  if (failure_) std::rethrow_exception(failure_);
+  const auto& files = run_.request.files;
+  if (ended_ == files.size()) return worst_;
+  if (files.size() == 1) {
+    run_.console.Report(files[0], "interrupted");
+  } else {
+    run_.console.Report({}, "interrupted, " + std::to_string(ended_) + " of the " +
+                                std::to_string(files.size()) + " files are done");
   }
-  return allSucceeded_;
+  return std::max(worst_, Outcome::kFailed);
 }
 
-void FileQueue::WorkerLoop() {
-  while (!run_.interrupted) {
-    const std::size_t index = next_++;
-    if (index >= outputs_.size()) return;
-    const bool intoFile = !outputs_[index].empty();
-    if (!intoFile) {
-      WorkIntoSpool(index);
-    } else if (!WorkIntoFile(index)) {
-      allSucceeded_ = false;
+void FileQueue::WorkerLoop() noexcept {
+  try {
+    while (!run_.interrupted && !stopped_) {
+      const std::size_t index = next_++;
+      if (index >= outputs_.size()) return;
+      WorkOnNext(index);
+      run_.console.FileDone();
     }
-    run_.console.FileDone();
+  } catch (...) {
+    Stop(std::current_exception());
   }
 }
 
-bool FileQueue::WorkIntoFile(std::size_t index) {
+void FileQueue::WorkOnNext(std::size_t index) {
+  if (outputs_[index].empty()) return WorkIntoSpool(index);
+  const Ending ending = WorkIntoFile(index);
+  const std::lock_guard lock(turnMutex_);
+  End(ending);
+}
+
+void FileQueue::End(const Ending& ending) {
+  if (!ending) return;
+  ++ended_;
+  worst_ = std::max(worst_, *ending);
+}
+
+void FileQueue::Stop(std::exception_ptr failure) {
+  const std::lock_guard lock(turnMutex_);
+  if (!failure_) failure_ = std::move(failure);
+  stopped_ = true;
+  turnChanged_.notify_all();
+}
+
+FileQueue::Ending FileQueue::WorkIntoFile(std::size_t index) {
   try {
     FileSink file(outputs_[index]);
     HeaderedSink table(file, measure_.header);
-    if (!WorkOn(index, table)) return false;
+    const Ending ending = WorkOn(index, table);
+    if (ending != Outcome::kDone) return ending;
+    if (run_.interrupted) return {};
     table.Finish();
-    return true;
+    return Outcome::kDone;
   } catch (const FileError& error) {
+    if (run_.interrupted) return {};
     run_.console.Report({}, CouldNotBeSaved(outputs_[index], error.what()));
-    return false;
+    return Outcome::kFailed;
   }
 }
 
 void FileQueue::WorkIntoSpool(std::size_t index) {
   Result result;
-  result.succeeded = WorkOn(index, result.spool);
+  result.ending = WorkOn(index, result.spool);
   std::unique_lock lock(turnMutex_);
   finished_.emplace(index, std::move(result));
   PourFinished();
   turnChanged_.notify_all();
-  turnChanged_.wait(lock, [&] { return turn_ > index || finished_.size() < kMaxFinished; });
+  turnChanged_.wait(lock,
+                    [&] { return stopped_ || turn_ > index || finished_.size() < kMaxFinished; });
 }
 
 void FileQueue::PourFinished() {
   for (auto it = finished_.begin(); it != finished_.end() && it->first == turn_; ++turn_) {
-    if (it->second.succeeded) {
-      Pour(it->second.spool);
-    } else {
-      allSucceeded_ = false;
-    }
+    Result& result = it->second;
+    End(result.ending == Outcome::kDone ? Pour(result.spool) : result.ending);
     it = finished_.erase(it);
   }
 }
 
-void FileQueue::Pour(SpoolSink& spool) {
+FileQueue::Ending FileQueue::Pour(SpoolSink& spool) {
   try {
     run_.console.ClearProgress();
     spool.PourInto(table_);
     table_.Finish();
+    return Outcome::kDone;
+  } catch (const Abandoned&) {
+    return {};
   } catch (const FileError& error) {
     run_.console.Report("standard output", error.what());
-    allSucceeded_ = false;
+    return Outcome::kFailed;
   }
 }
 
-bool FileQueue::WorkOn(std::size_t index, TextSink& sink) {
+FileQueue::Ending FileQueue::WorkOn(std::size_t index, TextSink& sink) {
+  const std::string& file = run_.request.files[index];
   try {
-    return OpenAndWrite(index, sink);
+    if (OpenAndWrite(index, sink)) return Outcome::kDone;
+  } catch (const WrongUsage& refusal) {
+    run_.console.Report(file, refusal.what());
+    return Outcome::kRefused;
   } catch (...) {
-    run_.console.Report(run_.request.files[index], ReasonOf(std::current_exception()));
-    return false;
+    if (!run_.interrupted) run_.console.Report(file, ReasonOf(std::current_exception()));
   }
+  // What fails after an interrupt fails because of it.
+  return run_.interrupted ? Ending() : Outcome::kFailed;
 }
 
 bool FileQueue::OpenAndWrite(std::size_t index, TextSink& sink) {

@@ -4,12 +4,14 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <exception>
 #include <functional>
 #include <map>
 #include <mutex>
 #include <string>
 #include <vector>
 
+#include "batch/outcome.h"
 #include "batch/session.h"
 #include "batch/text_sink.h"
 
@@ -24,42 +26,52 @@ struct Measure {
 };
 
 // Where each file's result goes: the request's output, or one file each in the folder it names.
-// Empty texts mean standard output. Throws std::invalid_argument when two files would meet.
+// Empty texts mean standard output. Throws WrongUsage when two files would meet.
 std::vector<std::string> OutputPaths(const Request& request, const std::string& suffix);
 
 class FileQueue {
  public:
   FileQueue(const Run& run, Measure measure, std::vector<std::string> outputs);
-  // Works through all files. True when every one succeeded.
-  bool Work();
+  // Works through all files. After an interrupt that left a file without its result, one line says
+  // so and the outcome is kFailed.
+  Outcome Work();
 
  private:
+  // How the work on a file ended; nothing when an interrupt ended it.
+  using Ending = std::optional<Outcome>;
   struct Result {
     SpoolSink spool;
-    bool succeeded = false;
+    Ending ending;
   };
 
-  void WorkerLoop();
-  bool WorkOn(std::size_t index, TextSink& sink);
-  bool WorkIntoFile(std::size_t index);
+  void WorkerLoop() noexcept;
+  void WorkOnNext(std::size_t index);
+  Ending WorkOn(std::size_t index, TextSink& sink);
+  Ending WorkIntoFile(std::size_t index);
   void WorkIntoSpool(std::size_t index);
   // Writes the results whose turn has come to standard output; with the lock held.
   void PourFinished();
-  void Pour(SpoolSink& spool);
+  Ending Pour(SpoolSink& spool);
   bool OpenAndWrite(std::size_t index, TextSink& sink);
+  // Counts a file that is finished with.
+  void End(const Ending& ending);
+  void Stop(std::exception_ptr failure);
 
   const Run& run_;
   Measure measure_;
   std::vector<std::string> outputs_;
   bool namesFile_;  // in every row of a table that several files share
-  StandardOutputSink standardOutput_;
+  StreamSink standardOutput_;
   HeaderedSink table_;
   std::atomic<std::size_t> next_ = 0;
-  std::atomic<bool> allSucceeded_ = true;
-  std::mutex turnMutex_;
+  std::atomic<bool> stopped_ = false;  // by a failure that ends the whole run
+  std::mutex turnMutex_;               // of all that follows
   std::condition_variable turnChanged_;
   std::map<std::size_t, Result> finished_;  // and not yet written
   std::size_t turn_ = 0;                    // the file whose result goes to standard output next
+  std::size_t ended_ = 0;                   // files that no interrupt kept from their end
+  Outcome worst_ = Outcome::kDone;
+  std::exception_ptr failure_;
 };
 
 }  // namespace cantorix::batch

@@ -5,7 +5,8 @@
 
 namespace cantorix::batch {
 
-// Installs the handlers of SIGINT and SIGTERM; returns the flag that they set.
+// Installs the handlers of SIGINT and SIGTERM; returns the flag that they set. The first thing that
+// the program does, so that no interrupt finds it without.
 const std::atomic<bool>& WatchInterrupt();
 
 }  // namespace cantorix::batch

@@ -1,8 +1,8 @@
 // main.cpp - cantorix-batch: measures, converts and describes recordings without a display.
 #include <unistd.h>
 
-#include <cstdio>
-#include <stdexcept>
+#include <exception>
+#include <new>
 #include <string>
 
 #include "batch/command_line.h"
@@ -10,63 +10,66 @@
 #include "batch/file_queue.h"
 #include "batch/interrupt.h"
 #include "batch/measures.h"
+#include "batch/outcome.h"
 #include "batch/program_directory.h"
 #include "batch/run_settings.h"
 #include "batch/verbs.h"
-#include "platform/file_error.h"
+#include "platform/abandon.h"
 
 namespace cantorix::batch {
 namespace {
 
-enum ExitCode { kAllDone = 0, kSomeFailed = 1, kWrongUsage = 2 };
-
 // The verbs that need no recording.
-void WorkOnListing(const Request& request, const Settings& settings) {
-  std::unique_ptr<TextSink> sink = std::make_unique<StandardOutputSink>();
+Outcome WorkOnListing(const Run& run) {
+  const Request& request = run.request;
+  std::unique_ptr<TextSink> sink = std::make_unique<StreamSink>(STDOUT_FILENO, run.interrupted);
   if (!request.output.empty()) sink = std::make_unique<FileSink>(request.output);
   if (request.verb == Verb::kCommands) {
     ShowCommands(request.html, *sink);
   } else if (request.verb == Verb::kConfigShow) {
-    ShowConfig(settings, request.json, *sink);
+    ShowConfig(run.settings, request.json, *sink);
   } else {
-    WriteConfig(settings, *sink);
+    WriteConfig(run.settings, *sink);
   }
+  if (run.interrupted) throw Abandoned(AbandonReason::kCancelled);
   sink->Finish();
+  return Outcome::kDone;
 }
 
-bool WorkOnFiles(const Run& run) {
+Outcome WorkOnFiles(const Run& run) {
   Measure measure = MeasureFor(run.request);
   auto outputs = WritesRecording(run.request.verb) ? std::vector<std::string>(1)
                                                    : OutputPaths(run.request, measure.suffix);
   return FileQueue(run, std::move(measure), std::move(outputs)).Work();
 }
 
-int Work(const Request& request, Console& console) {
-  const auto& interrupted = WatchInterrupt();
+Outcome Work(const Request& request, Console& console, const std::atomic<bool>& interrupted) {
   const ProgramDirectory programDirectory(request.programDirectory);
   const Settings settings = RunSettings(request, programDirectory.path());
-  if (IsListing(request.verb)) {
-    WorkOnListing(request, settings);
-    return kAllDone;
-  }
   const Run run{request, settings, programDirectory.path(), console, interrupted};
-  return WorkOnFiles(run) ? kAllDone : kSomeFailed;
+  return IsListing(request.verb) ? WorkOnListing(run) : WorkOnFiles(run);
 }
 
 int Main(int argc, const char* const* argv) {
-  const CommandLine commandLine = ParseCommandLine(argc, argv);
-  if (!commandLine.request) return commandLine.exitCode;
-  const Request& request = *commandLine.request;
-  Console console(request.files.size(), ::isatty(STDERR_FILENO) != 0);
+  const auto& interrupted = WatchInterrupt();
+  Console console(::isatty(STDERR_FILENO) != 0);
+  Outcome outcome = Outcome::kFailed;
   try {
-    return Work(request, console);
-  } catch (const std::invalid_argument& error) {
-    console.Report({}, error.what());
-    return kWrongUsage;
+    const CommandLine commandLine = ParseCommandLine(argc, argv);
+    if (!commandLine.request) return commandLine.exitCode;
+    console.Expect(commandLine.request->files.size());
+    outcome = Work(*commandLine.request, console, interrupted);
+  } catch (const WrongUsage& refusal) {
+    console.Report({}, refusal.what());
+    outcome = Outcome::kRefused;
+  } catch (const Abandoned&) {
+    console.Report({}, "interrupted");
+  } catch (const std::bad_alloc&) {
+    console.Report({}, "There is not enough memory.");
   } catch (const std::exception& error) {
     console.Report({}, error.what());
-    return kSomeFailed;
   }
+  return static_cast<int>(outcome);
 }
 
 }  // namespace

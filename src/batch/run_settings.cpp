@@ -1,8 +1,7 @@
 // run_settings.cpp - the layers that the settings of a run are made of.
 #include "batch/run_settings.h"
 
-#include <stdexcept>
-
+#include "batch/outcome.h"
 #include "platform/file_error.h"
 #include "settings/config_file.h"
 #include "settings/field_text.h"
@@ -19,7 +18,7 @@ Settings RunSettings(const Request& request, const std::string& programDirectory
   }
   for (const Assignment& assignment : request.assignments) {
     const auto refusal = SetFieldFromText(settings, assignment.field, assignment.text);
-    if (refusal) throw std::invalid_argument(*refusal);
+    if (refusal) throw WrongUsage(*refusal);
   }
   if (request.memoryMinutes) settings.application.memoryMinutes = *request.memoryMinutes;
   return settings;

@@ -9,7 +9,7 @@
 
 namespace cantorix::batch {
 
-// Throws FileError for a record that cannot be read, std::invalid_argument for a field that does
+// Throws FileError for a record that cannot be read, WrongUsage for a field that does
 // not exist or a text that is no value for it.
 Settings RunSettings(const Request& request, const std::string& programDirectory);
 

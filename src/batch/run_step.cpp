@@ -14,7 +14,7 @@ namespace {
 constexpr double kRoundingMs = 0.1;
 
 void SayStep(Session& session, const EditStep& step, const std::string& reason) {
-  session.SayNoResult("step \"" + step.text + "\": " + reason);
+  session.prompts().Say("step \"" + step.text + "\": " + reason);
 }
 
 bool InRecording(BatchView& batch, const EditStep& step, double ms) {

@@ -6,7 +6,7 @@ namespace cantorix::batch {
 Session::Session(const Run& run, const std::string& file)
     : run_(run),
       file_(file),
-      prompts_(run.console, file, run.request),
+      prompts_(run.console, file, run.request, run.interrupted),
       progress_(run.console, file, run.interrupted),
       host_{.prompts = prompts_,
             .progress = progress_,
@@ -21,12 +21,9 @@ bool Session::Open() {
   document_->settings = run_.settings.document;
   if (document_->OnOpenDocument(file_)) return true;
   const OpenFailure& failure = document_->openFailure;
-  if (!failure.shown && !prompts_.declined()) SayNoResult("could not be opened. " + failure.reason);
+  if (!failure.shown && !prompts_.declined())
+    prompts_.Say("could not be opened. " + failure.reason);
   return false;
-}
-
-void Session::SayNoResult(const std::string& reason) {
-  prompts_.Say(run_.interrupted ? "cancelled" : reason);
 }
 
 SampleRange Session::Range() const {

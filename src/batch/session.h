@@ -37,8 +37,6 @@ class Session {
   Progress& progress() { return progress_; }
   CSonadexDoc& document() { return *document_; }
   BatchPrompts& prompts() { return prompts_; }
-  // Says why an analysis gave nothing: that it was cancelled, else `reason`.
-  void SayNoResult(const std::string& reason);
   // The stretch that the options choose, in samples, or the whole recording.
   SampleRange Range() const;
 

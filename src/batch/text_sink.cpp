@@ -7,14 +7,16 @@
 #include <span>
 #include <utility>
 
+#include "batch/patient_io.h"
 #include "platform/file_error.h"
 
 namespace cantorix::batch {
 namespace {
 
 constexpr std::size_t kMaxSpoolMemory = 4U << 20U;
+constexpr std::size_t kPieceBytes = 1U << 16U;
 
-void WriteAll(std::FILE* file, std::string_view text) {
+void Append(std::FILE* file, std::string_view text) {
   if (text.empty()) return;  // an empty text may have no address
   if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) {
     throw FileError(SystemReason(errno));
@@ -23,10 +25,16 @@ void WriteAll(std::FILE* file, std::string_view text) {
 
 }  // namespace
 
-void StandardOutputSink::Write(std::string_view text) { WriteAll(stdout, text); }
+void StreamSink::Write(std::string_view text) {
+  pending_ += text;
+  if (pending_.size() < kPieceBytes) return;
+  WriteAll(descriptor_, pending_, interrupted_);
+  pending_.clear();
+}
 
-void StandardOutputSink::Finish() {
-  if (std::fflush(stdout) != 0) throw FileError(SystemReason(errno));
+void StreamSink::Finish() {
+  WriteAll(descriptor_, pending_, interrupted_);
+  pending_.clear();
 }
 
 void FileSink::Write(std::string_view text) {
@@ -51,10 +59,10 @@ void SpoolSink::Write(std::string_view text) {
   if (!file_) {
     file_.reset(std::tmpfile());
     if (!file_) throw FileError(SystemReason(errno));
-    WriteAll(file_.get(), memory_);
+    Append(file_.get(), memory_);
     memory_.clear();
   }
-  WriteAll(file_.get(), text);
+  Append(file_.get(), text);
 }
 
 void SpoolSink::PourInto(TextSink& sink) {
@@ -62,6 +70,8 @@ void SpoolSink::PourInto(TextSink& sink) {
     sink.Write(memory_);
     return;
   }
+  // rewind alone would hide that the last piece found no room.
+  if (std::fflush(file_.get()) != 0) throw FileError(SystemReason(errno));
   std::rewind(file_.get());
   std::array<char, 1U << 16U> piece;
   while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file_.get())) {

@@ -1,7 +1,8 @@
-// text_sink.h - where a table goes: standard output, a file that appears whole or not at all, or a
-// spool that is poured out when its turn comes.
+// text_sink.h - where a table goes: standard output or another stream, a file that appears whole or
+// not at all, or a spool that is poured out when its turn comes.
 #pragma once
 
+#include <atomic>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -20,10 +21,18 @@ class TextSink {
   virtual void Finish() = 0;
 };
 
-class StandardOutputSink : public TextSink {
+// Writes in pieces to an open descriptor. Write and Finish throw Abandoned after an interrupt.
+class StreamSink : public TextSink {
  public:
+  StreamSink(int descriptor, const std::atomic<bool>& interrupted)
+      : descriptor_(descriptor), interrupted_(interrupted) {}
   void Write(std::string_view text) override;
   void Finish() override;
+
+ private:
+  int descriptor_;
+  const std::atomic<bool>& interrupted_;
+  std::string pending_;
 };
 
 class FileSink : public TextSink {

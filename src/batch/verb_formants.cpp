@@ -32,7 +32,7 @@ bool Compute(Session& session, CSpectrogramView& view) {
   const Division division = DivisionOf(session, document.channel().sampleRateHz);
   const SpectrogramSize size{division.columns, session.request().rows, false};
   if (view.ComputeSpectrogram(division.range, size)) return true;
-  session.SayNoResult("no formants: the recording has no sampling rate to go by");
+  session.prompts().Say("no formants: the recording has no sampling rate to go by");
   return false;
 }
 

@@ -1,5 +1,6 @@
 // verb_intensity.cpp - the level contour as a table, one row per frame or per sample.
 #include "analysis/intensity.h"
+#include "batch/batch_view.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 
@@ -12,7 +13,7 @@ bool WriteIntensity(Session& session, bool namesFile, TextSink& sink) {
       ComputeIntensity(document.Samples(), session.Range(), channel.sampleRateHz,
                        document.settings.intensity, session.progress());
   if (!result.IntensityValid) {
-    session.SayNoResult("no intensity contour: the settings do not fit the stretch");
+    session.prompts().Say(std::string(kNoIntensity));
     return false;
   }
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");

@@ -15,8 +15,8 @@ bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
       ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
                    document.settings.pitch, session.progress(), channel.totalLength);
   if (!result.PitchValid) {
-    session.SayNoResult(result.badParameters ? std::string(kBadParametersText)
-                                             : std::string(kNoPitchTrack));
+    session.prompts().Say(result.badParameters ? std::string(kBadParametersText)
+                                               : std::string(kNoPitchTrack));
     return false;
   }
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");

@@ -38,7 +38,7 @@ bool Compute(Session& session, CSpectrogramView& view) {
   const Request& request = session.request();
   session.document().settings.spectrogram.trackFormants = request.formantColumns ? 1 : 0;
   if (view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) return true;
-  session.SayNoResult("no spectrogram: the recording has no sampling rate to go by");
+  session.prompts().Say("no spectrogram: the recording has no sampling rate to go by");
   return false;
 }
 

@@ -7,6 +7,7 @@
 #include "document/native_file.h"
 #include "document/native_layout.h"
 #include "document/sample_writer.h"
+#include "platform/abandon.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
 #include "platform/safe_file.h"
@@ -126,6 +127,7 @@ void SaveNative(CSonadexDoc& document, const std::string& path,
                 const std::optional<NativeRange>& range) {
   ReplaceFile(path, [&](const ByteSink& sink) {
     WriteNative(sink, document, range, document.host().progress);
+    if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);
   });
 }
 

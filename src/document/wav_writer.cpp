@@ -76,6 +76,7 @@ void ExportWave(CSonadexDoc& document, const std::string& path,
   }
   ReplaceFile(path, [&](const ByteSink& sink) {
     WriteWave(sink, document, bytes, document.host().progress);
+    if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);
   });
 }
 

@@ -18,6 +18,9 @@ class Progress {
   // called between frames: an implementation looks at its clock, not at the user, each time.
   virtual bool Step(double doneUnits) = 0;
   virtual void End() = 0;
+  // Whether the user has cancelled, for a step that shows nothing: the last one before what was
+  // made takes its place.
+  virtual bool Cancelled() { return false; }
 };
 
 // Shows a status text for the length of a scope.

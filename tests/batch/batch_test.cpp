@@ -236,16 +236,5 @@ TEST_F(BatchTest, SettingsComeFromTheRecordThenFromSetThenFromTheVerb) {
   EXPECT_THAT(broken.err, HasSubstr("Error in reading the configuration file."));
 }
 
-TEST_F(BatchTest, AnInterruptCancelsAndLeavesNothingBehind) {
-  const std::string longTone = folder_ / "long.wav";
-  WriteTone(longTone, 44100, 44100 * 60);
-  const std::string table = folder_ / "long.tsv";
-  const CommandResult result =
-      RunBatch({"pitch", longTone, "--method", "cepstral", "--step", "0.1", "-o", table}, 700);
-  EXPECT_EQ(result.exitCode, 1) << result.err;
-  EXPECT_EQ(result.err, "cantorix-batch: " + longTone + ": cancelled\n");
-  EXPECT_THAT(folder_.Names(), testing::UnorderedElementsAre("tone.wav", "long.wav"));
-}
-
 }  // namespace
 }  // namespace cantorix::batch

@@ -4,12 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <thread>
 
 #include "support/temporary_folder.h"
 
@@ -20,7 +17,7 @@ std::string FileText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-CommandResult RunBatch(const std::vector<std::string>& words, int interruptAfterMs) {
+CommandResult RunBatch(const std::vector<std::string>& words) {
   const TemporaryFolder folder;
   const std::string out = folder / "out";
   const std::string err = folder / "err";
@@ -34,10 +31,6 @@ CommandResult RunBatch(const std::vector<std::string>& words, int interruptAfter
     }
     ::execv(CANTORIX_BATCH_PROGRAM, argv.data());
     ::_exit(127);
-  }
-  if (interruptAfterMs > 0) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(interruptAfterMs));
-    ::kill(child, SIGINT);
   }
   int status = 0;
   ::waitpid(child, &status, 0);

@@ -14,7 +14,7 @@ struct CommandResult {
 
 std::string FileText(const std::string& path);
 
-// Starts `cantorix-batch` with the given words; with `interruptAfterMs` it gets a SIGINT then.
-CommandResult RunBatch(const std::vector<std::string>& words, int interruptAfterMs = 0);
+// Runs `cantorix-batch` with the given words.
+CommandResult RunBatch(const std::vector<std::string>& words);
 
 }  // namespace cantorix::batch
