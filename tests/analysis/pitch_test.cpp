@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
 #include <string>
 
 #include "analysis/cepstral_track.h"
@@ -14,7 +12,10 @@
 namespace cantorix {
 namespace {
 
+using testing::kInfinity;
+using testing::kNan;
 using testing::Samples;
+using testing::Whole;
 
 PitchSettings Cepstral() {
   PitchSettings settings;
@@ -22,12 +23,15 @@ PitchSettings Cepstral() {
   return settings;
 }
 
-SampleRange Whole(const Samples& samples) { return {0.0, static_cast<double>(samples.size())}; }
-
-PitchResult Pitch(const Samples& samples, const SampleRange& range, PitchSettings settings,
+PitchResult Pitch(const SampleSource& samples, const SampleRange& range, PitchSettings settings,
                   double rateHz = 11025.0) {
   NoProgress progress;
-  return ComputePitch(SpanSource(samples), range, rateHz, settings, progress);
+  return ComputePitch(samples, range, rateHz, settings, progress);
+}
+
+PitchResult Pitch(const Samples& samples, const SampleRange& range, const PitchSettings& settings,
+                  double rateHz = 11025.0) {
+  return Pitch(SpanSource(samples), range, settings, rateHz);
 }
 
 // The run of the cepstral method step by step.
@@ -37,12 +41,17 @@ std::vector<double> PlainTrack(const Samples& x, const SampleRange& range, doubl
   const double s = rateHz * 0.001 * settings.stepMs;
   const double f = (range.end - range.start) / s;
   testing::PlainCepstrum cepstrum({rateHz, settings.lowHz, settings.highHz, 1024, w});
-  std::vector<double> raw(static_cast<std::size_t>(f + 5));
-  std::vector<double> track(raw.size());
-  std::vector<double> energy(raw.size());
-  for (int i = 0; i < f; ++i) {
-    raw[static_cast<std::size_t>(i)] =
-        cepstrum.Pitch(x, i * s + range.start, static_cast<double>(x.size()));
+  std::vector<double> raw(static_cast<std::size_t>(f + 5)), track(raw.size()), energy(raw.size());
+  double greatest = -1e9;
+  for (std::size_t i = 0; static_cast<double>(i) < f; ++i) {
+    const double p = static_cast<double>(i) * s + range.start;
+    raw[i] = cepstrum.Pitch(x, p, static_cast<double>(x.size()));
+    double sum = 0.0;
+    for (auto j = static_cast<std::size_t>(p); j < static_cast<std::size_t>(p + s); ++j) {
+      if (j < x.size()) sum += static_cast<double>(x[j]) * x[j];
+    }
+    energy[i] = sum / s;
+    greatest = std::max(greatest, energy[i]);
   }
   const auto whole = static_cast<std::size_t>(f);
   for (std::size_t i = 1; i + 1 < whole; ++i) {
@@ -54,16 +63,6 @@ std::vector<double> PlainTrack(const Samples& x, const SampleRange& range, doubl
     if (track[i] != 0 && track[i + 1] != 0 && track[i + 2] != 0) {
       track[i] = (track[i] + track[i + 1] + track[i + 2]) / 3;
     }
-  }
-  double greatest = -1e9;
-  for (int i = 0; i < f; ++i) {
-    const double p = i * s + range.start;
-    double sum = 0.0;
-    for (auto j = static_cast<std::size_t>(p); j < static_cast<std::size_t>(p + s); ++j) {
-      if (j < x.size()) sum += static_cast<double>(x[j]) * x[j];
-    }
-    energy[static_cast<std::size_t>(i)] = sum / s;
-    greatest = std::max(greatest, sum / s);
   }
   const double limit = greatest * settings.thresholdPercent * 0.01;
   for (std::size_t i = 0; static_cast<double>(i) < f; ++i) {
@@ -90,65 +89,29 @@ TEST(ComputePitch, CepstralRunHasTheDigitsOfThePlainSteps) {
   struct Row {
     std::string name;
     SampleRange range;
-    double deviationHz, thresholdPercent;
+    double deviationHz, thresholdPercent, stepMs;
   };
   const Row rows[] = {
-      {"whole", {0.0, end}, 100.0, 1.0},
-      {"fractional stretch", {5000.4, 12345.9}, 30.0, 1.0},
-      {"end of the recording", {end - 3000.7, end}, 1000.0, 0.0},
-      {"high threshold", {3000.0, 20000.0}, 100.0, 20.0},
+      {"whole", {0.0, end}, 100.0, 1.0, 10.0},
+      {"fractional stretch", {5000.4, 12345.9}, 30.0, 1.0, 10.0},
+      {"end of the recording", {end - 3000.7, end}, 1000.0, 0.0, 10.0},
+      {"high threshold", {3000.0, 20000.0}, 100.0, 20.0, 10.0},
+      {"steps longer than a block of the store", {0.0, end}, 1000.0, 1.0, 1e3},
   };
   for (const Row& row : rows) {
     auto settings = Cepstral();
     settings.deviationHz = row.deviationHz;
     settings.thresholdPercent = row.thresholdPercent;
-    const PitchResult result = Pitch(speech, row.range, settings);
-    EXPECT_TRUE(result.PitchValid) << row.name;
-    EXPECT_EQ(result.PitchTrack, PlainTrack(speech, row.range, 11025.0, settings)) << row.name;
-    EXPECT_EQ(result.PitchFrameCount, (row.range.end - row.range.start) / 110.25) << row.name;
+    settings.stepMs = row.stepMs;
+    const auto expected = PlainTrack(speech, row.range, 11025.0, settings);
+    const PitchResult memory = Pitch(speech, row.range, settings);
+    const PitchResult store = Pitch(testing::CopyingSource(speech), row.range, settings);
+    EXPECT_TRUE(memory.PitchValid) << row.name;
+    EXPECT_EQ(memory.PitchTrack, expected) << row.name;
+    EXPECT_EQ(store.PitchTrack, expected) << row.name;
+    EXPECT_EQ(memory.PitchFrameCount,
+              (row.range.end - row.range.start) / (11025.0 * 0.001 * row.stepMs));
   }
-}
-
-TEST(ComputePitch, IsTheSameFromAStore) {
-  const auto speech = testing::Speech(4);
-  for (const std::int32_t method : {kCepstral, kAutoCorrelation}) {
-    PitchSettings settings;
-    settings.method = method;
-    NoProgress progress;
-    const SampleRange range{1000.5, 30000.25};
-    const auto fromStore =
-        ComputePitch(testing::CopyingSource(speech), range, 12000.0, settings, progress);
-    const auto fromMemory = Pitch(speech, range, settings, 12000.0);
-    EXPECT_TRUE(fromStore.PitchValid);
-    EXPECT_EQ(fromStore.PitchTrack, fromMemory.PitchTrack) << method;
-  }
-}
-
-TEST(ComputePitch, FollowsAKnownPitch) {
-  for (const std::size_t period : {30u, 45u, 63u, 92u}) {
-    const double expected = 11025.0 / static_cast<double>(period);
-    const auto voice = Voice(11025, period);
-    const PitchResult result = Pitch(voice, Whole(voice), Cepstral());
-    int voiced = 0;
-    for (std::int64_t i = 0; i < result.count(); ++i) {
-      const double pitch = result.PitchTrack[static_cast<std::size_t>(i)];
-      if (pitch == 0.0) continue;
-      ++voiced;
-      EXPECT_NEAR(pitch, expected, 0.01 * expected) << "period " << period << ", entry " << i;
-    }
-    EXPECT_GT(voiced, 9 * result.count() / 10) << "period " << period;
-  }
-}
-
-TEST(ComputePitch, FirstAndLastCepstralEntriesUnvoicedIsKept) {
-  const auto voice = Voice(11025, 92);
-  const PitchResult result = Pitch(voice, Whole(voice), Cepstral());
-  ASSERT_EQ(result.count(), 100);
-  EXPECT_EQ(result.PitchTrack.size(), 105u);
-  EXPECT_EQ(result.PitchTrack[0], 0.0);
-  EXPECT_GT(result.PitchTrack[1], 0.0);
-  EXPECT_GT(result.PitchTrack[90], 0.0);
-  EXPECT_EQ(result.PitchTrack[99], 0.0);
 }
 
 TEST(ComputePitch, EnergyOfTheFrameBeyondTheEndIsKept) {
@@ -163,33 +126,25 @@ TEST(ComputePitch, EnergyOfTheFrameBeyondTheEndIsKept) {
   EXPECT_EQ(*std::max_element(with.PitchTrack.begin(), with.PitchTrack.end()), 0.0);
 }
 
-TEST(ApplyContinuity, UnvoicesBothSidesOfAJump) {
-  struct Row {
-    std::string name;
-    std::vector<double> raw, expected;
-  };
-  const Row rows[] = {
-      {"steady", {100, 101, 102, 103, 104}, {0, 101, 102, 103, 0}},
-      {"just below, after truncation",
-       {100, 149.99, 199.98, 200, 201},
-       {0, 149.99, 199.98, 200, 0}},
-      {"jump", {100, 100, 150, 150, 150}, {0, 0, 0, 150, 0}},
-      {"single voiced frame", {0, 0, 120, 0, 0}, {0, 0, 0, 0, 0}},
-      {"low pitch beside unvoiced", {0, 0, 49, 0, 0}, {0, 0, 49, 0, 0}},
-      {"one entry", {100}, {0}},
-      {"none", {}, {}},
-  };
-  for (const Row& row : rows) {
-    std::vector<double> track(row.raw.size(), 7.0);
-    ApplyContinuity(row.raw, 50.0, std::ssize(row.raw), track);
-    EXPECT_EQ(track, row.expected) << row.name;
+// Every frame has the energy of the loudest one, so a threshold of 100 % leaves none of them.
+TEST(ComputePitch, AFrameAtTheThresholdIsUnvoiced) {
+  const auto voice = Voice(110, 55);
+  Samples even;
+  for (int i = 0; i < 100; ++i) even.insert(even.end(), voice.begin(), voice.end());
+  auto settings = Cepstral();
+  for (const double percent : {99.0, 100.0}) {
+    settings.thresholdPercent = percent;
+    const auto track = Pitch(even, Whole(even), settings, 11000.0).PitchTrack;
+    EXPECT_EQ(track[50] > 0.0, percent < 100.0);
   }
 }
 
-TEST(SmoothTrack, AveragesForwardInPlace) {
-  std::vector<double> track{3, 6, 9, 12, 0, 1, 2, 3};
-  SmoothTrack(8, track);
-  EXPECT_EQ(track, (std::vector<double>{6, 9, 9, 12, 0, 1, 2, 3}));
+TEST(ApplyContinuity, FirstAndLastEntriesUnvoicedIsKept) {
+  std::vector<double> track(5, 7.0);
+  ApplyContinuity({100, 101, 102, 103, 104}, 50.0, 5, track);
+  EXPECT_EQ(track, (std::vector<double>{0, 101, 102, 103, 0}));
+  ApplyContinuity({0, 0, 49, 50.01, 100, 150, 150}, 50.0, 7, track = std::vector<double>(7));
+  EXPECT_EQ(track, (std::vector<double>{0, 0, 49, 50.01, 0, 0, 0})) << "jumps, after truncation";
 }
 
 TEST(ComputePitch, CutsALongWindowAndSaysSo) {
@@ -206,21 +161,23 @@ TEST(ComputePitch, CutsALongWindowAndSaysSo) {
   for (const Row& row : rows) {
     auto settings = Cepstral();
     settings.windowMs = row.windowMs;
-    settings.stepMs = 100.0;
-    NoProgress progress;
-    const auto result =
-        ComputePitch(SpanSource(voice), Whole(voice), row.rateHz, settings, progress);
-    EXPECT_TRUE(result.PitchValid) << row.windowMs;
+    NoProgress none;
+    EXPECT_TRUE(
+        ComputePitch(SpanSource(voice), {0.0, 3000.0}, row.rateHz, settings, none).PitchValid);
     EXPECT_EQ(settings.windowMs, row.expectedMs) << row.windowMs;
+  }
+  // The shortest transform that holds the window.
+  for (const auto& [windowSamples, points] :
+       {std::pair{1023, 1024}, {1024, 2048}, {2047, 2048}, {2048, 4096}, {4095, 4096}}) {
+    auto settings = Cepstral();
+    settings.windowMs = windowSamples;
+    EXPECT_EQ(FrameForCepstrum({0.0, 9000.0}, 1000.0, settings).options.points, points);
   }
 }
 
 TEST(ComputePitch, AutoCorrelationNeeds1100Samples) {
   const auto voice = Voice(4000, 92);
-  const PitchResult shorter = Pitch(voice, {100.0, 1199.0}, {});
-  EXPECT_FALSE(shorter.PitchValid);
-  EXPECT_EQ(shorter.count(), 0);
-  EXPECT_TRUE(shorter.PitchTrack.empty());
+  EXPECT_FALSE(Pitch(voice, {100.0, 1199.0}, {}).PitchValid);
   const PitchResult result = Pitch(voice, {100.0, 1200.0}, {});
   EXPECT_TRUE(result.PitchValid);
   EXPECT_EQ(result.PitchFrameCount, 12.0);
@@ -231,72 +188,71 @@ TEST(ComputePitch, AutoCorrelationNeeds1100Samples) {
 }
 
 TEST(ComputePitch, SurvivesSettingsThatFitNothing) {
-  const double nan = std::nan("");
-  const double inf = std::numeric_limits<double>::infinity();
   const auto voice = Voice(3000, 92);
   struct Row {
     std::string name;
     double stepMs, windowMs, rateHz;
     SampleRange range;
+    bool valid;  // and then without an entry
   };
   const SampleRange all = Whole(voice);
   const Row rows[] = {
-      {"step 0", 0.0, 35.0, 11025.0, all},
-      {"negative step", -10.0, 35.0, 11025.0, all},
-      {"step without number", nan, 35.0, 11025.0, all},
-      {"infinite step", inf, 35.0, 11025.0, all},
-      {"step below all bounds", 1e-9, 35.0, 11025.0, all},
-      {"negative window", 10.0, -35.0, 11025.0, all},
-      {"rate 0", 10.0, 35.0, 0.0, all},
-      {"rate without number", 10.0, 35.0, nan, all},
-      {"infinite rate", 10.0, 35.0, inf, all},
-      {"range without number", 10.0, 35.0, 11025.0, {nan, 3000.0}},
-      {"range backwards", 10.0, 35.0, 11025.0, {2000.0, 1000.0}},
-      {"range beyond all numbers", 10.0, 35.0, 11025.0, {0.0, 1e300}},
+      {"step 0", 0.0, 35.0, 11025.0, all, false},
+      {"negative step", -10.0, 35.0, 11025.0, all, false},
+      {"step without number", kNan, 35.0, 11025.0, all, false},
+      {"infinite step", kInfinity, 35.0, 11025.0, all, false},
+      {"step below all bounds", 1e-9, 35.0, 11025.0, all, false},
+      {"negative window", 10.0, -35.0, 11025.0, all, false},
+      {"rate 0", 10.0, 35.0, 0.0, all, false},
+      {"rate without number", 10.0, 35.0, kNan, all, false},
+      {"infinite rate", 10.0, 35.0, kInfinity, all, false},
+      {"range without number", 10.0, 35.0, 11025.0, {kNan, 3000.0}, false},
+      {"range backwards", 10.0, 35.0, 11025.0, {2000.0, 1000.0}, false},
+      {"range beyond all numbers", 10.0, 35.0, 11025.0, {0.0, 1e300}, false},
+      {"range before all numbers", 10.0, 35.0, 11025.0, {-1e300, 0.0}, false},
+      {"empty stretch", 10.0, 35.0, 11025.0, {500.0, 500.0}, true},
+      {"long step", 1e6, 35.0, 11025.0, all, true},
+      {"endless step", 1e300, 35.0, 11025.0, all, true},
   };
   for (const Row& row : rows) {
     auto settings = Cepstral();
     settings.stepMs = row.stepMs;
     settings.windowMs = row.windowMs;
     const PitchResult result = Pitch(voice, row.range, settings, row.rateHz);
-    EXPECT_FALSE(result.PitchValid) << row.name;
-    EXPECT_TRUE(result.PitchTrack.empty()) << row.name;
+    EXPECT_EQ(result.PitchValid, row.valid) << row.name;
+    EXPECT_EQ(result.PitchTrack.empty(), !row.valid) << row.name;
+    EXPECT_EQ(result.count(), 0) << row.name;
   }
 }
 
-TEST(ComputePitch, OfAnEmptyStretchIsAnEmptyTrack) {
-  const PitchResult result = Pitch(Voice(3000, 92), {500.0, 500.0}, Cepstral());
-  EXPECT_TRUE(result.PitchValid);
-  EXPECT_EQ(result.count(), 0);
-}
-
-TEST(ComputePitch, WithAStepBeyondTheEndIsAnEmptyTrack) {
-  auto settings = Cepstral();
-  for (const double stepMs : {1e6, 1e15, 1e300}) {
-    settings.stepMs = stepMs;
-    const PitchResult result = Pitch(Voice(3000, 92), {0.0, 3000.0}, settings);
-    EXPECT_TRUE(result.PitchValid) << stepMs;
-    EXPECT_EQ(result.count(), 0) << stepMs;
-  }
-}
-
-TEST(ComputePitch, CancelLeavesNoTrack) {
-  const auto voice = Voice(4000, 92);
-  for (const std::int32_t method : {kCepstral, kAutoCorrelation}) {
+// The steps of a run, in units; then a cancel at each of them.
+TEST(ComputePitch, CountsItsStepsAndLeavesNoTrackWhenCancelled) {
+  const auto voice = Voice(60000, 92);
+  const std::vector<double> cepstral{0.0, 1.0, 2.0, 2.5, 3.5, 4.5, 5.0, 6.0, 7.0};
+  // Blocks of 256 frames from frame 3 on.
+  const std::vector<double> difference{3.0, 259.0, 515.0, 600.0};
+  struct Row {
+    std::int32_t method;
+    SampleRange range;
+    double total;
+    std::vector<double> steps;
+  };
+  for (const Row& row : {Row{kCepstral, {0.0, 275.625}, 7.5, cepstral},
+                         Row{kAutoCorrelation, Whole(voice), 600.0, difference}}) {
     PitchSettings settings;
-    settings.method = method;
-    CancellingProgress whole;
-    EXPECT_TRUE(ComputePitch(SpanSource(voice), Whole(voice), 11025.0, settings, whole).PitchValid);
-    EXPECT_EQ(whole.texts.at(0), " Processing Pitch...(Press mouse to cancel)");
-    EXPECT_LE(whole.done.back(), whole.totals.at(0));
-    const int steps = static_cast<int>(whole.done.size());
-    for (const int step : {1, (steps + 1) / 2, steps}) {
-      CancellingProgress progress(step);
-      const auto result =
-          ComputePitch(SpanSource(voice), Whole(voice), 11025.0, settings, progress);
-      EXPECT_FALSE(result.PitchValid) << method << " at step " << step;
-      EXPECT_TRUE(result.PitchTrack.empty());
+    settings.method = row.method;
+    for (std::size_t cancelAt = 1; cancelAt <= row.steps.size() + 1; ++cancelAt) {
+      CancellingProgress progress(static_cast<int>(cancelAt));
+      const auto result = ComputePitch(SpanSource(voice), row.range, 11025.0, settings, progress);
+      const bool completed = cancelAt > row.steps.size();
+      EXPECT_EQ(result.PitchValid, completed) << row.method << " at step " << cancelAt;
+      EXPECT_EQ(result.PitchTrack.empty(), !completed);
       EXPECT_EQ(progress.endCount, 1);
+      EXPECT_EQ(progress.done,
+                std::vector(row.steps.begin(), row.steps.begin() + std::ssize(progress.done)));
+      EXPECT_EQ(progress.done.size(), std::min(cancelAt, row.steps.size()));
+      EXPECT_EQ(progress.texts.at(0), " Processing Pitch...(Press mouse to cancel)");
+      EXPECT_EQ(progress.totals.at(0), row.total);
     }
   }
 }

@@ -3,12 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
 #include <string>
 
-#include "analysis/plain_levels.h"
-#include "analysis/test_signals.h"
+#include "analysis/plain_frames.h"
 #include "support/cancelling_progress.h"
 
 namespace cantorix {
@@ -17,33 +15,43 @@ namespace {
 using testing::CopyingSource;
 using testing::Samples;
 
-SpectrumFrameOptions Defaults() {
-  return {.points = 256,
-          .windowMs = 23.0,
+SpectrumFrameOptions Options(int points = 256, double windowMs = 23.0, double preEmphasis = 0.98) {
+  return {.points = points,
+          .windowMs = windowMs,
           .lpcOrder = 14,
           .maxHz = 5000.0,
-          .preEmphasis = 0.98,
+          .preEmphasis = preEmphasis,
           .rateHz = 11025.0,
           .displayPoints = 300};
 }
 
-Samples Voice() {
-  const Samples voice = testing::Speech(4);
-  return voice.empty() ? testing::Noise(16000, 4000) : voice;
+// An analyser of samples in a store that has nothing to say.
+struct Analysis {
+  explicit Analysis(const Samples& samples, const SpectrumFrameOptions& options = Options())
+      : source(samples), analyser(source, options, errors) {}
+  ~Analysis() { EXPECT_EQ(errors.str(), ""); }
+  CopyingSource source;
+  std::ostringstream errors;
+  SpectrumFrameAnalyser analyser;
+};
+
+// Samples from `start` on, zeros behind the `used` first ones and outside the recording.
+std::vector<double> PlainSamples(const Samples& samples, double start, int used, int count) {
+  std::vector<double> x(static_cast<std::size_t>(count));
+  for (std::size_t i = 0; i < static_cast<std::size_t>(used); ++i) {
+    const std::size_t place = static_cast<std::size_t>(start) + i;
+    x[i] = place < samples.size() ? samples[place] : 0.0;
+  }
+  return x;
 }
 
 // The levels of one frame before they are referenced.
 std::vector<double> PlainFrame(const Samples& samples, double start,
-                               const SpectrumFrameOptions& options) {
-  const double window = options.windowMs * options.rateHz * 0.001 + 0.5;
-  const int applied = std::min(options.points, static_cast<int>(window));
-  std::vector<double> x(static_cast<std::size_t>(options.points) + 10);
-  for (std::size_t i = 0; i < static_cast<std::size_t>(applied); ++i) {
-    const std::size_t place = static_cast<std::size_t>(start) + i;
-    x[i] = place < samples.size() ? samples[place] : 0.0;
-  }
-  return testing::PlainLevels(x, {options.points, options.preEmphasis, true, true,
-                                  options.displayPoints, options.maxHz, options.rateHz});
+                               const SpectrumFrameOptions& o) {
+  const int window = static_cast<int>(o.windowMs * o.rateHz * 0.001 + 0.5);
+  const auto x = PlainSamples(samples, start, std::min(o.points, window), o.points + 10);
+  return testing::PlainLevels(
+      x, {o.points, o.preEmphasis, true, true, o.displayPoints, o.maxHz, o.rateHz});
 }
 
 std::vector<double> PlainReference(std::vector<double> levels) {
@@ -52,197 +60,156 @@ std::vector<double> PlainReference(std::vector<double> levels) {
   return levels;
 }
 
+// The envelope and the formants of one frame; the roots come from the formant search itself.
+struct PlainLpc {
+  PlainLpc(const Samples& samples, double start, const SpectrumFrameOptions& o)
+      : envelope(static_cast<std::size_t>(o.displayPoints)) {
+    const int length = static_cast<int>(o.rateHz * 0.001 * o.lpcOrder);
+    const auto x = PlainSamples(samples, start, length + 1, length + 1);
+    const auto y = testing::PlainInput(x, static_cast<std::size_t>(length), o.preEmphasis);
+    const auto r = testing::PlainAutocorrelation(y, static_cast<std::size_t>(o.lpcOrder) + 1);
+    if (r[0] == 0.0) return;
+    const auto a = testing::PlainPrediction(r).a;
+    envelope = testing::PlainEnvelope(a, o.maxHz, o.rateHz, o.displayPoints);
+    for (double& v : envelope) v = -v;
+    const double most = -*std::min_element(envelope.begin(), envelope.end());
+    for (double& v : envelope) v += most;
+    envelope = PlainReference(envelope);
+    const auto list = FindFormants(o.lpcOrder, 600.0, a, o.rateHz, std::cerr).value();
+    for (std::size_t i = 0, kept = 0; i < 5 && i < static_cast<std::size_t>(list.candidates); ++i) {
+      const double hz = list.frequencyHz[i] + 0.5, bandwidth = list.bandwidthHz[i] + 0.5;
+      if (hz < 2.0 * bandwidth) continue;
+      formants.frequencyHz[kept] = hz;
+      formants.bandwidthHz[kept++] = bandwidth;
+    }
+  }
+  std::vector<double> envelope;
+  FormantValues formants;
+};
+
 TEST(SpectrumOfFrame, HasTheDigitsOfThePlainSteps) {
-  const Samples voice = Voice();
+  const Samples voice = testing::Speech(4);
+  const auto total = static_cast<double>(voice.size());
   struct Row {
     std::string name;
     double position;
     SpectrumFrameOptions options;
   };
-  Row rows[] = {
-      {"defaults", 5000.0, Defaults()},
-      {"between samples", 5000.9, Defaults()},
-      {"short window", 5000.0, Defaults()},
-      {"no window at all", 5000.0, Defaults()},
-      {"window longer than the transform", 5000.0, Defaults()},
-      {"long transform", 5000.0, Defaults()},
-      {"no pre-emphasis", 5000.0, Defaults()},
-      {"across the end", static_cast<double>(voice.size()) - 100.0, Defaults()},
-      {"past the end", static_cast<double>(voice.size()) + 7.0, Defaults()},
+  const Row rows[] = {
+      {"between samples", 5000.9, Options()},
+      {"short window", 5000.0, Options(256, 5.0)},
+      {"no window at all", 5000.0, Options(256, 0.0)},
+      {"window longer than the transform", 5000.0, Options(256, 1000.0)},
+      {"long transform", 5000.0, Options(8192, 300.0)},
+      {"no pre-emphasis", 5000.0, Options(256, 23.0, 0.0)},
+      {"across the end", total - 100.0, Options()},
+      {"past the end, silent", total + 7.0, Options()},
   };
-  rows[2].options.windowMs = 5.0;
-  rows[3].options.windowMs = 0.0;
-  rows[4].options.windowMs = 1000.0;
-  rows[5].options.points = 8192;
-  rows[5].options.windowMs = 300.0;
-  rows[6].options.preEmphasis = 0.0;
   for (const Row& row : rows) {
-    std::ostringstream errors;
-    const CopyingSource source(voice);
-    SpectrumFrameAnalyser analyser(source, row.options, errors);
-    const Spectrum spectrum = SpectrumOfFrame(analyser, row.position);
+    Analysis analysis(voice, row.options);
+    const Spectrum spectrum = SpectrumOfFrame(analysis.analyser, row.position);
     const auto expected = PlainReference(PlainFrame(voice, row.position, row.options));
     EXPECT_EQ(spectrum.fftDb, expected) << row.name;
     EXPECT_EQ(spectrum.fftMaxDb, *std::max_element(expected.begin(), expected.end())) << row.name;
     EXPECT_EQ(spectrum.fftMinDb, 0.0) << row.name;
-    EXPECT_EQ(errors.str(), "") << row.name;
+    const PlainLpc lpc(voice, row.position, row.options);
+    EXPECT_EQ(spectrum.lpcDb, lpc.envelope) << row.name;
+    EXPECT_EQ(spectrum.lpcSpanDb, *std::max_element(lpc.envelope.begin(), lpc.envelope.end()));
+    EXPECT_EQ(spectrum.formants.frequencyHz, lpc.formants.frequencyHz) << row.name;
+    EXPECT_EQ(spectrum.formants.bandwidthHz, lpc.formants.bandwidthHz) << row.name;
+    EXPECT_EQ(spectrum.maxHz, 5000.0);
   }
-}
-
-TEST(SpectrumOfFrame, HasTheEnvelopeUpsideDownWithItsFormantsAsPeaks) {
-  // A resonance at 1200 Hz, rung by pulses.
-  const double rate = 11025.0;
-  const double radius = std::exp(-3.14159265 * 80.0 / rate);
-  Samples voice(4000);
-  double y1 = 0.0, y2 = 0.0;
-  for (std::size_t n = 0; n < voice.size(); ++n) {
-    const double y = (n % 100 == 0 ? 3000.0 : 0.0) +
-                     2.0 * radius * std::cos(6.2831853 * 1200.0 / rate) * y1 - radius * radius * y2;
-    voice[n] = static_cast<std::int16_t>(y);
-    y2 = y1;
-    y1 = y;
-  }
-  std::ostringstream errors;
-  const SpanSource source(voice);
-  SpectrumFrameAnalyser analyser(source, Defaults(), errors);
-  const Spectrum spectrum = SpectrumOfFrame(analyser, 2000.0);
-  const auto peak = std::max_element(spectrum.lpcDb.begin(), spectrum.lpcDb.end());
-  EXPECT_NEAR(spectrum.FrequencyHz(static_cast<std::size_t>(peak - spectrum.lpcDb.begin())), 1200.0,
-              60.0);
-  EXPECT_EQ(*std::min_element(spectrum.lpcDb.begin(), spectrum.lpcDb.end()), 0.0);
-  EXPECT_EQ(spectrum.lpcSpanDb, *peak);
-  const auto& hz = spectrum.formants.frequencyHz;
-  EXPECT_TRUE(
-      std::any_of(hz.begin(), hz.end(), [](double f) { return std::abs(f - 1200.0) < 40; }));
-}
-
-TEST(OrientEnvelope, TurnsAndLiftsIt) {
-  std::vector<double> envelope{-3.0, 5.0, 1.0};
-  EXPECT_EQ(OrientEnvelope(envelope), 8.0);
-  EXPECT_EQ(envelope, (std::vector<double>{8.0, 0.0, 4.0}));
 }
 
 TEST(FrameLpc, LengthInMsIsTheOrderIsKept) {
   // 573 samples at 22050 Hz and order 26: the last one counts, the one behind the pre-emphasis's
   // reach does not.
-  SpectrumFrameOptions options = Defaults();
+  SpectrumFrameOptions options = Options();
   options.rateHz = 22050.0;
   options.lpcOrder = 26;
-  options.maxHz = 11000.0;
   const auto envelopeWith = [&](std::size_t changed) {
     Samples noise = testing::Noise(2000, 5000);
     noise[changed] = 20000;
-    std::ostringstream errors;
-    const CopyingSource source(noise);
-    SpectrumFrameAnalyser analyser(source, options, errors);
-    return SpectrumOfFrame(analyser, 0.0).lpcDb;
+    Analysis analysis(noise, options);
+    return SpectrumOfFrame(analysis.analyser, 0.0).lpcDb;
   };
   EXPECT_NE(envelopeWith(573), envelopeWith(574));
   EXPECT_EQ(envelopeWith(574), envelopeWith(575));
 }
 
-TEST(SpectrumOfFrame, OfSilenceIsFlatWithoutFormants) {
-  const Samples silence(1000, 0);
-  std::ostringstream errors;
-  const SpanSource source(silence);
-  SpectrumFrameAnalyser analyser(source, Defaults(), errors);
-  const Spectrum spectrum = SpectrumOfFrame(analyser, 100.0);
-  EXPECT_EQ(spectrum.fftDb, std::vector<double>(300, 0.0));
-  EXPECT_EQ(spectrum.lpcDb, std::vector<double>(300, 0.0));
-  EXPECT_EQ(spectrum.lpcSpanDb, 0.0);
-  for (const double hz : spectrum.formants.frequencyHz) EXPECT_EQ(hz, -1.0);
-  EXPECT_EQ(errors.str(), "");
-}
-
-// Frames 10.5 ms' worth of samples apart are halved into the average one after the other.
+// Frames 10.5 ms' worth of samples apart are halved into the average one after the other, the
+// missing formants of a silent one as -1.
 TEST(AverageSpectrum, RunningHalvingIsKept) {
-  const Samples voice = Voice();
-  const SpectrumFrameOptions options = Defaults();
+  Samples voice = testing::Speech(4);
+  std::fill(voice.begin(), voice.begin() + 4000, std::int16_t{0});
   const double step = 10.0 * 11025.0 * 0.001 + 0.5;
-  // The third frame is the first to reach the end.
-  const SampleRange selection{4000.5, 4000.5 + 2.0 * step + 200.0};
-  const CopyingSource source(voice);
-  std::ostringstream errors;
-  SpectrumFrameAnalyser analyser(source, options, errors);
-  CancellingProgress progress;
-  const Spectrum average = AverageSpectrum(analyser, selection, 10.0, progress);
+  for (const double first : {4000.5, 3700.0}) {
+    Analysis analysis(voice);
+    NoProgress none;
+    // The third frame is the first to reach the end.
+    const Spectrum average =
+        AverageSpectrum(analysis.analyser, {first, first + 2.0 * step + 200.0}, 10.0, none);
 
-  std::vector<double> expected = PlainFrame(voice, 4000.5, options);
-  FormantValues formants;
-  std::vector<double> envelope(300);
-  analyser.FrameLpc(4000.5, envelope, formants);
-  for (const double j : {1.0, 2.0}) {
-    const double start = step * j + 4000.5;
-    const auto frame = PlainFrame(voice, start, options);
-    for (std::size_t i = 0; i < 300; ++i) expected[i] = (frame[i] + expected[i]) * 0.5;
-    FormantValues added;
-    analyser.FrameLpc(start, envelope, added);
-    for (std::size_t i = 0; i < kFormants; ++i) {
-      formants.frequencyHz[i] = (added.frequencyHz[i] + formants.frequencyHz[i]) * 0.5;
-      formants.bandwidthHz[i] = (added.bandwidthHz[i] + formants.bandwidthHz[i]) * 0.5;
+    std::vector<double> expected = PlainFrame(voice, first, Options());
+    PlainLpc lpc(voice, first, Options());
+    FormantValues formants = lpc.formants;
+    for (const double j : {1.0, 2.0}) {
+      const double start = step * j + first;
+      const auto frame = PlainFrame(voice, start, Options());
+      for (std::size_t i = 0; i < 300; ++i) expected[i] = (frame[i] + expected[i]) * 0.5;
+      lpc = PlainLpc(voice, start, Options());
+      for (std::size_t i = 0; i < kFormants; ++i) {
+        double& hz = formants.frequencyHz[i];
+        double& bandwidth = formants.bandwidthHz[i];
+        hz = (lpc.formants.frequencyHz[i] + hz) * 0.5;
+        bandwidth = (lpc.formants.bandwidthHz[i] + bandwidth) * 0.5;
+      }
     }
-  }
-  EXPECT_EQ(average.fftDb, PlainReference(expected));
-  EXPECT_EQ(average.formants.frequencyHz, formants.frequencyHz);
-  EXPECT_EQ(average.formants.bandwidthHz, formants.bandwidthHz);
-  EXPECT_EQ(average.lpcDb, envelope) << "the last frame's";
-}
-
-TEST(AverageSpectrum, HalvingOfMissingFormantsIsKept) {
-  Samples voice(2500, 0);
-  const Samples noise = testing::Noise(3000, 5000);
-  voice.insert(voice.end(), noise.begin(), noise.end());
-  const SpanSource source(voice);
-  std::ostringstream errors;
-  SpectrumFrameAnalyser analyser(source, Defaults(), errors);
-  NoProgress none;
-  // A silent frame at 1000, then one of noise 200 ms on.
-  const Spectrum average = AverageSpectrum(analyser, {1000.0, 1257.0}, 200.0, none);
-  const Spectrum second = SpectrumOfFrame(analyser, 1000.0 + 2205.5);
-  ASSERT_GT(second.formants.frequencyHz[0], 0.0);
-  for (std::size_t i = 0; i < kFormants; ++i) {
-    EXPECT_EQ(average.formants.frequencyHz[i], (second.formants.frequencyHz[i] - 1.0) * 0.5);
-    EXPECT_EQ(average.formants.bandwidthHz[i], (second.formants.bandwidthHz[i] - 1.0) * 0.5);
+    EXPECT_EQ(average.fftDb, PlainReference(expected));
+    EXPECT_EQ(average.formants.frequencyHz, formants.frequencyHz);
+    EXPECT_EQ(average.formants.bandwidthHz, formants.bandwidthHz);
+    EXPECT_EQ(average.lpcDb, lpc.envelope) << "the last frame's";
+    EXPECT_EQ(average.lpcSpanDb, *std::max_element(lpc.envelope.begin(), lpc.envelope.end()));
   }
 }
 
-TEST(AverageSpectrum, TakesFramesUntilOneReachesTheEnd) {
+TEST(AverageSpectrum, TakesFramesUntilOneReachesTheEndOrTheUserCancels) {
   struct Row {
     std::string name;
     double length, stepMs;
-    std::size_t frames;
+    int frames;
+    double total;  // of the status text
   };
   // A step of 10 ms is 110.75 samples, one of 0 ms half a sample.
   const Row rows[] = {
-      {"shorter than a frame", 100.0, 10.0, 1},
-      {"a frame exactly", 256.0, 10.0, 1},
-      {"a little more", 256.5, 10.0, 2},
-      {"two steps exactly", 256.0 + 221.5, 10.0, 3},
-      {"steps of half a sample", 260.0, 0.0, 9},
-      {"steps backwards", 1000.0, -10.0, 1},
-      {"backwards", -500.0, 10.0, 1},
+      {"shorter than a frame", 100.0, 10.0, 1, 100.0 / 110.75},
+      {"a frame exactly", 256.0, 10.0, 1, 256.0 / 110.75},
+      {"a little more", 256.5, 10.0, 2, 256.5 / 110.75},
+      {"two steps exactly", 256.0 + 221.5, 10.0, 3, 477.5 / 110.75},
+      {"steps of half a sample", 260.0, 0.0, 9, 520.0},
+      {"steps backwards", 1000.0, -10.0, 1, 1000.0 / -109.75},
+      {"backwards", -500.0, 10.0, 1, -500.0 / 110.75},
   };
-  const Samples voice = Voice();
   for (const Row& row : rows) {
-    const CopyingSource source(voice);
-    std::ostringstream errors;
-    SpectrumFrameAnalyser analyser(source, Defaults(), errors);
-    CancellingProgress progress;
-    AverageSpectrum(analyser, {3000.0, 3000.0 + row.length}, row.stepMs, progress);
-    EXPECT_EQ(progress.done.size(), row.frames - 1) << row.name;
-    EXPECT_EQ(progress.endCount, 1) << row.name;
+    const SampleRange selection{3000.0, 3000.0 + row.length};
+    for (int cancelAt = 1; cancelAt <= row.frames; ++cancelAt) {
+      Analysis analysis(testing::Noise(5000, 4000));
+      CancellingProgress progress(cancelAt);
+      const auto average = [&] {
+        AverageSpectrum(analysis.analyser, selection, row.stepMs, progress);
+      };
+      if (cancelAt < row.frames) {
+        EXPECT_THROW(average(), Abandoned) << row.name << " at " << cancelAt;
+      } else {
+        average();
+      }
+      EXPECT_EQ(std::ssize(progress.done), std::min(cancelAt, row.frames - 1)) << row.name;
+      EXPECT_EQ(progress.texts,
+                std::vector<std::string>{" Processing FFT/LPC...(Press mouse to cancel)"});
+      EXPECT_DOUBLE_EQ(progress.totals[0], row.total) << row.name;
+      EXPECT_EQ(progress.endCount, 1) << row.name;
+    }
   }
-}
-
-TEST(AverageSpectrum, LeavesWhenCancelledBetweenFrames) {
-  const Samples voice = Voice();
-  const SpanSource source(voice);
-  std::ostringstream errors;
-  SpectrumFrameAnalyser analyser(source, Defaults(), errors);
-  CancellingProgress progress(3);
-  EXPECT_THROW(AverageSpectrum(analyser, {0.0, 10000.0}, 10.0, progress), Abandoned);
-  EXPECT_EQ(progress.done.size(), 3U);
-  EXPECT_EQ(progress.endCount, 1);
 }
 
 }  // namespace

@@ -7,18 +7,34 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <limits>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "analysis/sample_range.h"
 #include "platform/sample_source.h"
 
 namespace cantorix::testing {
 
 using Samples = std::vector<std::int16_t>;
 
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+inline constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+inline Samples Noise(std::size_t count, int amplitude, unsigned seed = 1) {
+  std::mt19937 random(seed);
+  Samples noise(count);
+  for (auto& x : noise) {
+    const auto span = 2 * static_cast<std::uint32_t>(amplitude) + 1;
+    x = static_cast<std::int16_t>(static_cast<int>(random() % span) - amplitude);
+  }
+  return noise;
+}
+
 // Every `decimation`-th sample of the spoken words that the package alsa-utils installs (16 bit,
-// 48000 Hz, one channel, 44 bytes of header); empty where they are missing.
+// 48000 Hz, one channel, 44 bytes of header); noise where they are missing.
 inline Samples Speech(int decimation = 1) {
   Samples speech;
   const std::filesystem::path folder = "/usr/share/sounds/alsa";
@@ -31,17 +47,7 @@ inline Samples Speech(int decimation = 1) {
       speech.push_back(static_cast<std::int16_t>(high << 8 | low));
     }
   }
-  return speech;
-}
-
-inline Samples Noise(std::size_t count, int amplitude, unsigned seed = 1) {
-  std::mt19937 random(seed);
-  Samples noise(count);
-  for (auto& x : noise) {
-    const auto span = 2 * static_cast<std::uint32_t>(amplitude) + 1;
-    x = static_cast<std::int16_t>(static_cast<int>(random() % span) - amplitude);
-  }
-  return noise;
+  return speech.empty() ? Noise(64000, 4000) : speech;
 }
 
 inline Samples Sine(std::size_t count, double rateHz, double hz, double amplitude) {
@@ -51,6 +57,10 @@ inline Samples Sine(std::size_t count, double rateHz, double hz, double amplitud
     sine[i] = static_cast<std::int16_t>(std::lround(amplitude * std::sin(phase)));
   }
   return sine;
+}
+
+inline SampleRange Whole(const Samples& samples) {
+  return {0.0, static_cast<double>(samples.size())};
 }
 
 // Hands out copies, as a store does, and fails a test that reads outside by throwing.
