@@ -77,13 +77,4 @@ ColorTable MakeColorTable(ColorMap map) {
   return table;
 }
 
-double LightnessOf(std::uint32_t color) {
-  const auto linear = [&](unsigned shift) {
-    const double coded = static_cast<double>((color >> shift) & 0xffU) / 255.0;
-    return coded <= 0.04045 ? coded / 12.92 : std::pow((coded + 0.055) / 1.055, 2.4);
-  };
-  const double y = 0.2126729 * linear(16) + 0.7151522 * linear(8) + 0.0721750 * linear(0);
-  return y > 216.0 / 24389.0 ? 116.0 * std::cbrt(y) - 16.0 : y * 24389.0 / 27.0;
-}
-
 }  // namespace cantorix

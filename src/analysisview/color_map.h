@@ -29,7 +29,4 @@ inline std::uint8_t ColorIndex(double level, double range) {
   return scaled < 255.0 ? static_cast<std::uint8_t>(scaled) : std::uint8_t{255};
 }
 
-// CIE L* (0 ... 100) of a colour 0xAARRGGBB under D65.
-double LightnessOf(std::uint32_t color);
-
 }  // namespace cantorix

@@ -17,11 +17,6 @@ AxisScale WindowLayout::HorizontalAxis(double low, double high) const {
   return {low, high, static_cast<double>(plot.left), static_cast<double>(plot.right - plot.left)};
 }
 
-double WindowLayout::ValueAtRow(double y, double low, double high) const {
-  const double height = plot.bottom - plot.top;
-  return height > 0.0 ? low + (plot.bottom - y) / height * (high - low) : low;
-}
-
 WindowLayout LayOutWindow(PixelSize client, const WindowParts& parts) {
   const std::int32_t right = std::max(client.width - kPlotRight, kPlotLeft);
   const std::int32_t below = kBottomAxisHeight + parts.readoutLines * kReadoutLineHeight;

@@ -30,9 +30,6 @@ struct WindowLayout {
 
   // The axis below the plot, `low` at its left edge.
   AxisScale HorizontalAxis(double low, double high) const;
-  // The value under a pixel row of the plot, `low` at its bottom and `high` at its top; not
-  // clamped.
-  double ValueAtRow(double y, double low, double high) const;
 };
 
 // The strips share at most two fifths of the height, so that the plot stays the largest part.

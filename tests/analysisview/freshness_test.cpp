@@ -66,40 +66,62 @@ TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   CutTo(5000);
   spectrogram.Update();
   EXPECT_FALSE(spectrogram.computed()) << "nothing of its stretch is left";
+
+  spectrum.Show({0.0, SampleRange{1000.0, 5000.0}});
+  spectrogram.Show({0.0, 5000.0});
+  CutTo(3000);
+  spectrum.Update();
+  EXPECT_EQ(spectrum.place().selection->start, 1000.0);
+  EXPECT_EQ(spectrum.place().selection->end, 3000.0);
+  spectrogram.Update();
+  EXPECT_EQ(spectrogram.spectrogram().range.end, 3000.0) << "the whole recording stays whole";
 }
 
 TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {
   struct Row {
-    const char* what;
-    std::function<void(DocumentSettings&)> change;
     bool spectrumDue, spectrogramDue, pitchDue;
+    std::vector<std::function<void(DocumentSettings&)>> changes;
   };
+  // clang-format off
   const Row rows[] = {
-      {"points", [](auto& s) { s.fftLpc.points = 512; }, true, false, false},
-      {"bandwidth", [](auto& s) { s.spectrogram.points = 256; }, false, true, false},
-      {"dynamics", [](auto& s) { s.spectrogram.dynamicRangeDb = 50; }, false, true, false},
-      {"pre-emphasis", [](auto& s) { s.spectrogram.preEmphasis = 0.5; }, true, true, false},
-      {"method", [](auto& s) { s.pitch.method = kCepstral; }, false, false, true},
-      {"grids",
-       [](auto& s) {
-         s.fftLpc.powerGridDb = s.spectrogram.frequencyGridHz = s.pitch.frequencyGridHz = 3;
-         s.fftLpc.relative = s.spectrogram.drawAudio = 0;
-         s.pitch.displayHighHz = 800;
-       },
-       false, false, false},
+      {true, false, false,
+       {[](auto& s) { s.fftLpc.points = 512; }, [](auto& s) { s.fftLpc.windowMs = 5; },
+        [](auto& s) { s.fftLpc.stepMs = 5; }, [](auto& s) { s.fftLpc.rangeHz = 4000; },
+        [](auto& s) { s.fftLpc.lpcOrder = 9; }}},
+      {true, true, false, {[](auto& s) { s.spectrogram.preEmphasis = 0.5; }}},
+      {false, true, false,
+       {[](auto& s) { s.spectrogram.points = 256; }, [](auto& s) { s.spectrogram.rangeHz = 4000; },
+        [](auto& s) { s.spectrogram.dynamicRangeDb = 50; },
+        [](auto& s) { s.spectrogram.trackFormants = 0; },
+        [](auto& s) { s.spectrogram.lpcOrder = 9; }}},
+      {false, false, true,
+       {[](auto& s) { s.pitch.method = kCepstral; }, [](auto& s) { s.pitch.windowMs = 5; },
+        [](auto& s) { s.pitch.stepMs = 5; }, [](auto& s) { s.pitch.lowHz = 66; },
+        [](auto& s) { s.pitch.highHz = 444; }, [](auto& s) { s.pitch.thresholdPercent = 9; },
+        [](auto& s) { s.pitch.deviationHz = 9; }, [](auto& s) { s.pitch.voicingLevel = 9; },
+        [](auto& s) { s.pitch.tolerancePercent = 9; }}},
+      {false, false, false,
+       {[](auto& s) { s.fftLpc.powerGridDb = s.spectrogram.frequencyGridHz = 3; },
+        [](auto& s) { s.fftLpc.relative = s.spectrogram.drawAudio = 0; },
+        [](auto& s) { s.pitch.displayHighHz = s.pitch.frequencyGridHz = 800; }}},
   };
+  // clang-format on
   const DocumentSettings settings = inMemory.settings;
   for (const Row& row : rows) {
-    row.change(inMemory.settings);
-    inMemory.Notify(DocumentChange::kSettings);
-    EXPECT_EQ(spectrum.UpdateDue(), row.spectrumDue) << row.what;
-    EXPECT_EQ(spectrogram.UpdateDue(), row.spectrogramDue) << row.what;
-    EXPECT_EQ(pitch.UpdateDue(), row.pitchDue) << row.what;
-    for (AnalysisWindow* window : All()) window->Update();
-    for (AnalysisWindow* window : All()) EXPECT_FALSE(window->UpdateDue()) << row.what;
-    inMemory.settings = settings;
-    inMemory.Notify(DocumentChange::kSettings);
-    for (AnalysisWindow* window : All()) window->Update();
+    for (std::size_t i = 0; i < row.changes.size(); ++i) {
+      row.changes[i](inMemory.settings);
+      inMemory.Notify(DocumentChange::kSettings);
+      EXPECT_EQ(spectrum.UpdateDue(), row.spectrumDue) << i;
+      EXPECT_EQ(spectrogram.UpdateDue(), row.spectrogramDue) << i;
+      EXPECT_EQ(pitch.UpdateDue(), row.pitchDue) << i;
+      for (AnalysisWindow* window : All()) window->Update();
+      for (AnalysisWindow* window : All()) EXPECT_FALSE(window->UpdateDue()) << i;
+      inMemory.settings = settings;
+      inMemory.Notify(DocumentChange::kSettings);
+      AnalysePitch(view, Stretch::kAll);
+      EXPECT_FALSE(pitch.UpdateDue()) << "a new track of the main view will do";
+      for (AnalysisWindow* window : All()) window->Update();
+    }
   }
 }
 
@@ -167,21 +189,69 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   for (AnalysisWindow* window : All()) EXPECT_EQ(enabled(*window), "");
 }
 
-TEST_F(Windows, RowsGoToTheLogUntilItHasEnough) {
-  pitch.StepCursor(1, 0);
-  pitch.StepCursor(50, 0);
+TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
+  for (const int step : {1, 50}) pitch.StepCursor(step, 0);
+  spectrum.StepCursor(1, 0);
+  spectrogram.StepCursor(1, 1);
   inMemory.settings.display.timeBase = 1;
+  inMemory.settings.logStepHz = 100;
+  struct Row {
+    AnalysisWindow* window;
+    WindowCommand command;
+    std::size_t rows;
+    std::string heading;  // its beginning
+  };
+  const Row rows[] = {
+      {&pitch, WindowCommand::kEnterMarker, 1, "Pitch Marker Entry: time, pitch, intensity"},
+      {&spectrum, WindowCommand::kEnterMarker, 1, "FFT/LPC Marker"},
+      {&spectrum, WindowCommand::kEnterFormants, 1, "FFT/LPC Formants"},
+      {&spectrum, WindowCommand::kEnterEntireFrame, 50, "FFT/LPC Entire Frame"},
+      {&spectrogram, WindowCommand::kEnterMarker, 1, "Spec. Marker"},
+      {&spectrogram, WindowCommand::kEnterFormants, 1, "Spec. Formants Entry"},
+      {&spectrogram, WindowCommand::kEnterFormantsAll, 100, "Spec. Formants All"},
+      {&spectrogram, WindowCommand::kEnterEntireFrame, 50, "Spec. Entire Frame"},
+  };
+  for (const Row& row : rows) {
+    log.entries.clear();
+    world.progress = CancellingProgress();
+    ASSERT_TRUE(RunWindowCommand(*row.window, row.command)) << row.heading;
+    ASSERT_EQ(log.entries.size(), row.rows) << row.heading;
+    EXPECT_EQ(log.entries[0].source, "talk.wav");
+    EXPECT_EQ(log.entries[0].heading.substr(0, row.heading.size()), row.heading);
+    EXPECT_EQ(world.progress.texts.back(), "Entering into the log...(Press mouse to cancel)");
+    EXPECT_EQ(world.progress.done.back(), world.progress.totals.back());
+  }
+  EXPECT_EQ(log.entries[0].columns[0], "0.0");
   ASSERT_TRUE(RunWindowCommand(pitch, WindowCommand::kEnterMarker));
-  ASSERT_EQ(log.entries.size(), 1U);
-  EXPECT_EQ(log.entries[0].source, "talk.wav");
-  EXPECT_EQ(log.entries[0].heading, "Pitch Marker Entry: time, pitch, intensity");
   const auto readouts = pitch.Readouts();
-  EXPECT_THAT(log.entries[0].columns, ElementsAre("0.5", readouts[1].value, readouts[2].value));
+  EXPECT_THAT(log.entries.back().columns, ElementsAre("0.5", readouts[1].value, readouts[2].value));
   EXPECT_EQ(readouts[0].label + readouts[0].value, "Time(sec)=0.5");
 
-  log.capacity = 3;
-  ASSERT_TRUE(RunWindowCommand(spectrogram, WindowCommand::kEnterFormantsAll));
-  EXPECT_EQ(log.entries.size(), 3U);
+  for (const bool full : {true, false}) {
+    log.entries.clear();
+    log.capacity = full ? 3 : 1000;
+    world.progress = CancellingProgress(full ? 1000 : 7);
+    ASSERT_TRUE(RunWindowCommand(spectrogram, WindowCommand::kEnterFormantsAll));
+    EXPECT_EQ(log.entries.size(), full ? 3U : 7U);
+  }
+}
+
+TEST_F(Windows, OnlyANewPictureIsARevision) {
+  struct Row {
+    DocumentChange change;
+    bool picture;
+  };
+  for (const Row& row : {Row{DocumentChange::kCursor, false}, Row{DocumentChange::kTitle, false},
+                         Row{DocumentChange::kSettings, true}, Row{DocumentChange::kTracks, true},
+                         Row{DocumentChange::kSamples, true}}) {
+    for (AnalysisWindow* window : All()) {
+      const std::int64_t before = window->revision();
+      changes = 0;
+      inMemory.Notify(row.change);
+      EXPECT_EQ(window->revision() > before, row.picture);
+      EXPECT_GE(changes, 3) << "every window is told";
+    }
+  }
 }
 
 TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {

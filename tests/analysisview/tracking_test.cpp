@@ -31,12 +31,42 @@ class SpectrogramTracking : public MainViewFixture, public ::testing::Test {
 
 TEST_F(SpectrogramTracking, APressPutsBothCursorsUnderThePointer) {
   window.Press(150, 59);
-  window.Release(150, 59);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
   EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
   EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 300.0);
   EXPECT_TRUE(window.markerSet && view.markerSet);
+  window.StepCursor(3, 2);
+  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
+  window.Release(150, 59);
   EXPECT_FALSE(window.selectionShown || view.selectionShown);
+}
+
+// Every readout as one text.
+std::string TextOf(const AnalysisWindow& window) {
+  std::string text;
+  for (const WindowReadout& readout : window.Readouts())
+    text += readout.label + readout.value + ' ';
+  return text;
+}
+
+TEST_F(SpectrogramTracking, ReadoutsAreThoseOfTheCursorAndOfTheSelection) {
+  EXPECT_EQ(TextOf(window),
+            "Time(ms)=- Frequency(Hz)=- Level(dB)=- F1(Hz)=- F2(Hz)=- F3(Hz)=- F4(Hz)=- F5(Hz)=- "
+            "Duration(ms)=0.0 ");
+  window.Press(150, 59);
+  std::string expected = "Time(ms)=300.0 Frequency(Hz)=2500.0 Level(dB)=" +
+                         FormatOneDecimal(window.spectrogram().Column(100)[50]);
+  for (std::size_t i = 0; i < kFormants; ++i) {
+    const std::uint16_t hz = window.spectrogram().formants[100][i];
+    expected +=
+        " F" + std::to_string(i + 1) + "(Hz)=" + (hz == kNoFormantHz ? "-" : FormatOneDecimal(hz));
+  }
+  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=0.0 ");
+  window.Move(250, 59);
+  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=100.0 ");
+  inMemory.settings.display.timeBase = 1;
+  EXPECT_EQ(TextOf(window).substr(0, 14), "Time(sec)=0.3 ");
+  EXPECT_EQ(TextOf(window).substr(TextOf(window).rfind("Dur")), "Duration(sec)=0.1 ");
 }
 
 TEST_F(SpectrogramTracking, AMoveOfMoreThanFivePixelsSelectsInBoth) {
@@ -118,34 +148,60 @@ TEST_F(SpectrogramTracking, EveryPixelReadsItsOwnColumnAndRow) {
   for (std::int32_t x = 0; x < 500; ++x) {
     window.Press(50 + x, 109 - x % 100);
     window.Release(50 + x, 109 - x % 100);
-    const auto level = window.spectrogram().Column(x)[static_cast<std::size_t>(x % 100)];
-    EXPECT_EQ(window.LevelAtCursor(), level) << x;
+    ASSERT_EQ(window.LevelAtCursor(),
+              window.spectrogram().Column(x)[static_cast<std::size_t>(x % 100)])
+        << x;
   }
 }
 
-TEST(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
-  MainViewFixture main;
-  CFFTLPCView window(main.inMemory, main.Services());
-  main.inMemory.settings.fftLpc.rangeHz = 3000;
-  for (const int width : {1, 7, 333, 1111}) {
-    window.plot = {13, 0, 13 + width, 100};
-    window.WantSize({width, 0});
+class FftLpcCursor : public MainViewFixture, public ::testing::Test {
+ protected:
+  void Show(std::int32_t points) {
+    window.plot = {13, 0, 13 + points, 100};
+    window.WantSize({points, 0});
     ASSERT_TRUE(window.Show({500.0, {}}));
+  }
+  CFFTLPCView window{inMemory, Services()};
+};
+
+TEST_F(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
+  inMemory.settings.fftLpc.rangeHz = 3000;
+  for (const int width : {1, 7, 333, 1111}) {
+    Show(width);
     for (int x = 0; x < width; ++x) {
       window.Press(13 + x, 50);
+      const auto point = static_cast<std::size_t>(x);
+      ASSERT_EQ(window.Readouts()[1].value, FormatOneDecimal(window.spectrum().fftDb[point])) << x;
+      ASSERT_EQ(window.Readouts()[2].value, FormatOneDecimal(window.spectrum().lpcDb[point])) << x;
       window.Release(13 + x, 50);
-      const std::string level =
-          FormatOneDecimal(window.spectrum().fftDb[static_cast<std::size_t>(x)]);
-      ASSERT_EQ(window.Readouts()[1].value, level) << x << " of " << width;
+    }
+    window.markerSet = false;
+    for (const auto& [x, y] : {std::pair{12, 50}, {13 + width, 50}, {13, -1}, {13, 100}}) {
+      window.Press(x, y);
+      window.Move(13, 50);
+      EXPECT_FALSE(window.markerSet) << "outside the plot";
     }
   }
 }
 
-TEST(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
-  MainViewFixture main;
-  CFFTLPCView window(main.inMemory, main.Services());
-  window.WantSize({500, 0});
-  ASSERT_TRUE(window.Show({500.0, {}}));
+TEST_F(FftLpcCursor, ReadoutsNameLevelsFormantsAndSettings) {
+  inMemory.channel().sampleRateHz = 10000.7;
+  Show(500);
+  std::string formants;
+  for (std::size_t i = 0; i < kFormants; ++i) {
+    const auto text = [](double hz) { return hz == -1.0 ? "-" : FormatOneDecimal(hz); };
+    const std::string number = std::to_string(i + 1);
+    formants += "F" + number + "(Hz)=" + text(window.spectrum().formants.frequencyHz[i]) + " BW" +
+                number + "(Hz)=" + text(window.spectrum().formants.bandwidthHz[i]) + ' ';
+  }
+  EXPECT_NE(formants.find("=-"), std::string::npos) << "one is missing";
+  EXPECT_EQ(TextOf(window), "Frequency(Hz)=- FFT(dB)=- LPC(dB)=- " + formants +
+                                "Points=256 Window(ms)=23 Step(ms)=10 LPC order=14 Sample "
+                                "Rate(Hz)=10000 ");
+}
+
+TEST_F(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
+  Show(500);
   struct Row {
     int points;
     double hz;
@@ -155,14 +211,17 @@ TEST(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
     window.StepCursor(row.points, 0);
     EXPECT_DOUBLE_EQ(window.cursorHz, row.hz) << row.points;
   }
+  inMemory.settings.fftLpc.rangeHz = 4991;
+  window.Update();
+  EXPECT_TRUE(window.markerSet);
+  inMemory.settings.fftLpc.rangeHz = 4990;
+  window.Update();
+  EXPECT_FALSE(window.markerSet) << "the display ends before it";
 }
 
-TEST(FftLpcCursor, TheLevelAxisEndsAtTheOptionsOrAtWhatIsDrawn) {
-  MainViewFixture main;
-  CFFTLPCView window(main.inMemory, main.Services());
-  window.WantSize({500, 0});
-  ASSERT_TRUE(window.Show({500.0, {}}));
-  FftLpcSettings& options = main.inMemory.settings.fftLpc;
+TEST_F(FftLpcCursor, TheLevelAxisEndsAtTheOptionsOrAtWhatIsDrawn) {
+  Show(500);
+  FftLpcSettings& options = inMemory.settings.fftLpc;
   const Spectrum& spectrum = window.spectrum();
   options.relative = 1;
   options.drawLpc = 0;
@@ -183,16 +242,28 @@ TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
   window.plot = {50, 10, 550, 110};
   main.inMemory.settings.display.trackMouse = 1;
   ASSERT_TRUE(window.computed());
-  EXPECT_DOUBLE_EQ(window.TimeAxis().low, 200.0);
-  EXPECT_DOUBLE_EQ(window.TimeAxis().high, 700.0);
+  const double& mainDragMs = main.view.channel().dragPoint.ms;
+  window.Press(49, 50);
+  window.Move(150, 50);
+  EXPECT_FALSE(window.markerSet) << "pressed outside";
   window.Press(150, 50);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
-  EXPECT_EQ(main.view.channel().dragPoint.ms, 0.0);
+  EXPECT_EQ(mainDragMs, 0.0);
+  window.StepCursor(5, 0);
+  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
   window.Move(250, 50);
-  EXPECT_DOUBLE_EQ(main.view.channel().dragPoint.ms, 400.0);
+  EXPECT_DOUBLE_EQ(mainDragMs, 400.0);
   window.Release(350, 50);
-  EXPECT_DOUBLE_EQ(main.view.channel().dragPoint.ms, 400.0);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 500.0);
+  window.Move(450, 50);
+  EXPECT_DOUBLE_EQ(mainDragMs, 400.0);
+  for (const auto& [right, ms] : {std::pair{0, 500.0}, {5, 505.0}, {-9999, 200.0}, {9999, 699.0}}) {
+    window.StepCursor(right, 0);
+    EXPECT_DOUBLE_EQ(window.cursorMs, ms) << right;
+  }
+  AnalysePitch(main.view, SampleRange{2000.0, 6990.0});
+  EXPECT_TRUE(window.markerSet);
+  AnalysePitch(main.view, SampleRange{2000.0, 6500.0});
+  EXPECT_FALSE(window.markerSet) << "the new track ends before it";
 }
 
 }  // namespace

@@ -7,11 +7,6 @@
 
 namespace cantorix {
 
-void PrintTo(const LogEntry& entry, std::ostream* stream) {
-  *stream << entry.heading;
-  for (const auto& column : entry.columns) *stream << " | " << column;
-}
-
 namespace {
 
 using ::testing::ElementsAre;
@@ -26,26 +21,25 @@ Spectrum FourPoints() {
   return spectrum;
 }
 
-TEST(FftLpcLog, MarkerHasTheFrequencyAndItsLevel) {
-  const LogEntry entry = FftLpcMarkerEntry("talk.wav", FourPoints(), 199.9);
-  EXPECT_EQ(entry.source, "talk.wav");
-  EXPECT_EQ(entry.heading, "FFT/LPC Marker Entry: freq., FFT_dB");
-  EXPECT_THAT(entry.columns, ElementsAre("199.9", "20.2"));
+TEST(FftLpcLog, HasOneDecimalOfWhatIsUnderTheMarkerOfTheFormantsAndOfEveryStep) {
+  const LogEntry marker = FftLpcMarkerEntry("talk.wav", FourPoints(), 199.9);
+  EXPECT_EQ(marker.source + ": " + marker.heading, "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB");
+  EXPECT_THAT(marker.columns, ElementsAre("199.9", "20.2"));
   EXPECT_THAT(FftLpcMarkerEntry("", FourPoints(), 400.0).columns, ElementsAre("400.0", "0.0"));
   EXPECT_THAT(FftLpcMarkerEntry("", FourPoints(), -1.0).columns, ElementsAre("-1.0", "0.0"));
-}
 
-TEST(FftLpcLog, FormantsComeBeforeTheirBandwidths) {
-  EXPECT_THAT(FftLpcFormantsEntry("talk.wav", FourPoints()).columns,
-              ElementsAre("250.6", "350.5", "-1.0", "-1.0", "-1.0", "60.5", "70.5", "-1.0", "-1.0",
-                          "-1.0"));
-}
+  const LogEntry formants = FftLpcFormantsEntry("talk.wav", FourPoints());
+  EXPECT_EQ(formants.heading,
+            "FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5");
+  EXPECT_THAT(formants.columns, ElementsAre("250.6", "350.5", "-1.0", "-1.0", "-1.0", "60.5",
+                                            "70.5", "-1.0", "-1.0", "-1.0"));
 
-TEST(FftLpcLog, EntireFrameHasARowForEachStepBelowTheTop) {
   const auto rows = FftLpcEntireFrameEntries("talk.wav", FourPoints(), 150);
   ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(rows[0].heading, "FFT/LPC Entire Frame Entry: freq., FFT_dB, LPC_dB");
   EXPECT_THAT(rows[1].columns, ElementsAre("150.0", "20.2", "2.0"));
   EXPECT_THAT(rows[2].columns, ElementsAre("300.0", "0.0", "4.0"));
+  EXPECT_EQ(FftLpcEntireFrameEntries("", FourPoints(), 200).size(), 2U) << "below the top";
   EXPECT_EQ(FftLpcEntireFrameEntries("", FourPoints(), 0).size(), 400U) << "never endless";
   EXPECT_TRUE(FftLpcEntireFrameEntries("", {}, 10).empty());
 }
@@ -64,36 +58,46 @@ struct TwoColumns {
   SpectrogramLogContext context{"talk.wav", 2.0, 1.0};
 };
 
-TEST(SpectrogramLog, MarkerHasTimeAndFrequencyInTheTimeBase) {
+// Times in milliseconds, then in seconds.
+TEST(SpectrogramLog, RowsAreInTheTimeBase) {
   TwoColumns two;
-  const LogEntry entry = SpectrogramMarkerEntry(two.context, 1234.5, 700.0);
-  EXPECT_EQ(entry.heading, "Spec. Marker Entry: time, frequency");
-  EXPECT_THAT(entry.columns, ElementsAre("1234.5", "700.0"));
-  two.context.timeFactor = 0.001;
-  EXPECT_THAT(SpectrogramMarkerEntry(two.context, 1234.5, 700.0).columns,
-              ElementsAre("1.2", "700.0"));
-}
-
-TEST(SpectrogramLog, FormantsTellNoneFromSilent) {
-  const TwoColumns two;
-  const auto rows = SpectrogramFormantsEntries(two.context, two.spectrogram, 299.0);
-  ASSERT_EQ(rows.size(), 1U);
-  EXPECT_THAT(rows[0].columns, ElementsAre("299.0", "500.0", "1500.0", "-", "-", "-"));
-  const auto all = SpectrogramFormantsAllEntries(two.context, two.spectrogram);
-  ASSERT_EQ(all.size(), 2U);
-  EXPECT_THAT(all[1].columns, ElementsAre("300.0", "0.0", "0.0", "0.0", "0.0", "0.0"));
+  struct Row {
+    double factor;
+    const char *markerMs, *formantsMs, *allMs;
+  };
+  for (const Row& row : {Row{1.0, "1234.5", "299.0", "300.0"}, Row{0.001, "1.2", "0.3", "0.3"}}) {
+    two.context.timeFactor = row.factor;
+    const LogEntry marker = SpectrogramMarkerEntry(two.context, 1234.5, 700.0);
+    EXPECT_EQ(marker.source + ": " + marker.heading,
+              "talk.wav: Spec. Marker Entry: time, frequency");
+    EXPECT_THAT(marker.columns, ElementsAre(row.markerMs, "700.0"));
+    const auto here = SpectrogramFormantsEntries(two.context, two.spectrogram, 299.0);
+    ASSERT_EQ(here.size(), 1U);
+    EXPECT_EQ(here[0].heading, "Spec. Formants Entry: time, F1, F2, F3, F4, F5");
+    EXPECT_THAT(here[0].columns, ElementsAre(row.formantsMs, "500.0", "1500.0", "-", "-", "-"))
+        << "none is not silent";
+    const auto all = SpectrogramFormantsAllEntries(two.context, two.spectrogram);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[1].heading, "Spec. Formants All Entry: time, F1, F2, F3, F4, F5");
+    EXPECT_THAT(all[1].columns, ElementsAre(row.allMs, "0.0", "0.0", "0.0", "0.0", "0.0"));
+  }
 }
 
 TEST(SpectrogramLog, EntireFrameIsTheColumnUnderTheCursor) {
-  const TwoColumns two;
+  TwoColumns two;
   const auto rows = SpectrogramEntireFrameEntries(two.context, two.spectrogram, 300.0);
   ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].heading, "Spec. Entire Frame Entry: frequency, dB");
   EXPECT_THAT(rows[0].columns, ElementsAre("0.0", "3.0"));
   EXPECT_THAT(rows[1].columns, ElementsAre("500.0", "4.0"));
   for (const double outside : {99.0, 500.0}) {
     EXPECT_TRUE(SpectrogramEntireFrameEntries(two.context, two.spectrogram, outside).empty());
     EXPECT_TRUE(SpectrogramFormantsEntries(two.context, two.spectrogram, outside).empty());
   }
+  two.spectrogram.levels.reset();
+  two.spectrogram.formants.clear();
+  EXPECT_TRUE(SpectrogramEntireFrameEntries(two.context, two.spectrogram, 300.0).empty());
+  EXPECT_TRUE(SpectrogramFormantsEntries(two.context, two.spectrogram, 300.0).empty());
 }
 
 }  // namespace
