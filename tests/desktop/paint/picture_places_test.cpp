@@ -67,7 +67,7 @@ TEST_P(PictureOfTone, IsALineAtItsRowOfTheSpectrogramFromItsOnset) {
   ASSERT_GT(weight, 0.0);
   const double topHz = view.spectrogram().maxHz;
   const double rowHz = topHz / (plot.bottom - plot.top);
-  EXPECT_NEAR(layout.ValueAtRow(sum / weight, 0.0, topHz), hz, 2.0 * rowHz);
+  EXPECT_NEAR((plot.bottom - sum / weight) * rowHz, hz, 2.0 * rowHz);
 
   const int row = static_cast<int>(sum / weight);
   const int onset = Most(plot.left + 1, plot.right - 1, [&](int x) {
