@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "analysis/formants.h"
+#include "analysis/framer.h"
 #include "analysis/lpc_envelope.h"
-#include "analysis/lpc_frame.h"
 #include "analysis/polynomial_factors.h"
 #include "analysis/polynomial_twin.h"
 #include "analysis/power_spectrum.h"
@@ -34,7 +34,7 @@ std::vector<double> SpeechAt(double rateHz) {
   return x;
 }
 
-LpcFramer FramerFor(double rateHz, int order) {
+Framer FramerFor(double rateHz, int order) {
   return {static_cast<std::size_t>(rateHz * 0.001) * static_cast<std::size_t>(order), true,
           kPreEmphasis};
 }
@@ -56,7 +56,7 @@ void OverFrames(benchmark::State& state, Measure measure) {
 }
 
 void BM_Autocorrelation(benchmark::State& state) {
-  LpcFramer framer = FramerFor(11025.0, 14);
+  Framer framer = FramerFor(11025.0, 14);
   std::array<double, 15> r;
   OverFrames(state, [&](std::span<const double> x) {
     Autocorrelate(framer.Frame(x), r);
@@ -65,7 +65,7 @@ void BM_Autocorrelation(benchmark::State& state) {
 }
 
 void BM_Prediction(benchmark::State& state) {
-  LpcFramer framer = FramerFor(11025.0, 14);
+  Framer framer = FramerFor(11025.0, 14);
   LpcResult lpc;
   OverFrames(state, [&](std::span<const double> x) {
     LpcAnalyse(framer.Frame(x), 14, lpc, std::cerr);
@@ -74,7 +74,7 @@ void BM_Prediction(benchmark::State& state) {
 }
 
 void BM_Formants(benchmark::State& state) {
-  LpcFramer framer = FramerFor(11025.0, 14);
+  Framer framer = FramerFor(11025.0, 14);
   LpcResult lpc;
   OverFrames(state, [&](std::span<const double> x) {
     LpcAnalyse(framer.Frame(x), 14, lpc, std::cerr);
@@ -83,7 +83,7 @@ void BM_Formants(benchmark::State& state) {
 }
 
 void BM_Envelope(benchmark::State& state) {
-  LpcFramer framer = FramerFor(11025.0, 14);
+  Framer framer = FramerFor(11025.0, 14);
   LpcEnvelopePlan plan(400, 5000.0, 11025.0);
   std::vector<double> envelope(400);
   LpcResult lpc;
@@ -96,7 +96,7 @@ void BM_Envelope(benchmark::State& state) {
 
 // What a tracked spectrogram does for a column of 256 points and 400 rows.
 void BM_SpectrogramColumn(benchmark::State& state) {
-  LpcFramer framer = FramerFor(11025.0, 14);
+  Framer framer = FramerFor(11025.0, 14);
   PowerSpectrumPlan plan({.points = 256,
                           .preEmphasis = kPreEmphasis,
                           .hamming = true,
@@ -118,7 +118,7 @@ struct Survey {
 };
 
 void SurveyFrames(std::span<const double> x, double rateHz, int order, int count, Survey& survey) {
-  LpcFramer framer = FramerFor(rateHz, order);
+  Framer framer = FramerFor(rateHz, order);
   const double hop = static_cast<double>(x.size() - framer.inputSize()) / count;
   FactorList list;
   LpcResult lpc;

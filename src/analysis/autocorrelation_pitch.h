@@ -2,9 +2,17 @@
 // signal: one value every 100 samples, in integers throughout.
 // Relies on a sample source and a progress scope. The driver in pitch.cpp chooses the stretch and
 // turns negative values into 0.
-// Method: [1] M. J. Ross, H. L. Shaffer, A. Cohen, R. Freudberg, H. J. Manley, "Average magnitude
-// difference function pitch extractor", 1974; searched here over a geometric table of lags, then
-// refined, and followed by a continuity rule over whole runs of frames.
+//
+//   u[n] = x[n] / 256 + 128                                 16-bit samples x, 8-bit copy u
+//   s[n] = mean of u over 1 ms around n
+//   A(l) = sum of |s[c - l / 2] - s[c - l / 2 + l]| over places c of the frame
+//   f0 = rate / l Hz,  l the lag in samples where A is least, rate / high < l < rate / low
+//
+// A is searched over a table of lags that grow by 5 %, then at every lag around the best of them; a
+// half or a third of that lag is taken when its A is below 3/2 of the least. A continuity rule over
+// whole runs of frames follows (pitch_continuity.h).
+// Source: [1] M. J. Ross, H. L. Shaffer, A. Cohen, R. Freudberg, H. J. Manley, "Average magnitude
+// difference function pitch extractor", 1974.
 #pragma once
 
 #include <cstdint>

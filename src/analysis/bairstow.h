@@ -1,8 +1,14 @@
 // bairstow.h - one real quadratic factor of a real polynomial, by Newton's method on the two
 // coefficients of the remainder. Which start to take, and what to do with a factor, is left to
-// polynomial_factors.h. Polynomials are p[0] z^n + p[1] z^(n-1) + ... + p[n].
-// Source: L. Bairstow, "Investigations relating to the stability of the aeroplane", ARC Reports
-// and Memoranda 154, 1914.
+// polynomial_factors.h. Polynomials are p(z) = p[0] z^n + p[1] z^(n-1) + ... + p[n].
+//
+//   p(z) = q(z) (z^2 - u z - v) + r1 (z - u) + r0             quotient q, remainder r1, r0
+//   b[i] = p[i] + u b[i-1] + v b[i-2],  i = 0 ... n           r1 = b[n-1], r0 = b[n]
+//   c[i] = b[i] + u c[i-1] + v c[i-2],  i = 0 ... n - 1       db[i]/du = c[i-1], db[i]/dv = c[i-2]
+//   c[n-2] du + c[n-3] dv = -b[n-1]                           the step that leads towards
+//   c[n-1] du + c[n-2] dv = -b[n]                             r1 = r0 = 0
+//
+// Source: [1] L. Bairstow, "Investigations relating to the stability of the aeroplane", 1914.
 #pragma once
 
 namespace cantorix {

@@ -1,6 +1,6 @@
 // cepstral_peak.h - the highest point of an interpolated stretch of a cepstrum.
-// Relies on the spline. Two searches: the stated one, and a faster one that answers only when no
-// rounding can have changed the answer.
+// Relies on the spline. Two searches: the plain one, which evaluates every tenth of a sample, and a
+// faster one that answers only when no rounding can have changed the answer.
 #pragma once
 
 #include <cstddef>

@@ -13,6 +13,7 @@
 #include <bit>
 #include <cmath>
 
+#include "analysis/frame_reader.h"
 #include "analysis/log_spectrum.h"
 #include "analysis/window.h"
 #include "platform/numbers.h"
@@ -52,12 +53,8 @@ CepstralWorkspace::CepstralWorkspace(const CepstralOptions& options)
 
 void CepstralWorkspace::FillFrame(SampleWindow& samples, double frameStart, double totalSamples) {
   const std::int64_t first = Truncate(frameStart);
-  std::int64_t count = options_.windowSamples + kFrameMargin;
-  if (!(frameStart + static_cast<double>(options_.windowSamples) + kFrameMargin <= totalSamples)) {
-    // Kept: the bound is a count used as a position, so frames near the end that start past the
-    // middle of the recording copy nothing and see what the buffer held. Their pitch shows it.
-    count = std::clamp<std::int64_t>(Truncate(totalSamples - frameStart) - first, 0, count);
-  }
+  const std::int64_t count = CopiedSamples(frameStart, static_cast<double>(options_.windowSamples),
+                                           kFrameMargin, totalSamples);
   const auto view = samples.View(first, count);
   std::fill_n(frame_.begin(), count, 0.0);
   if (!view.empty()) {

@@ -1,7 +1,16 @@
 // cepstral_pitch.h - the pitch of one frame from the peak of its power cepstrum.
 // Relies on the transform, the window, the log spectrum and the peak search. The driver in
 // pitch.cpp places the frames and decides which estimates to trust.
-// Method: [1] A. M. Noll, "Cepstrum pitch determination", 1967.
+//
+//   X[k] = sum of w[i] x[i] e^(-2 pi j i k / N), i = 0 ... W - 1    w Hamming, k = 0 ... N - 1
+//   L[k] = 10 log10 |X[k]|^2 dB, 0 dB where X[k] is 0
+//   C[q] = |sum of L[k] e^(-2 pi j k q / N)|^2, k = 0 ... N - 1     quefrency q in samples
+//   f0 = rate / q0 Hz,  q0 in tenths of a sample where C is greatest, rate / high <= q0 < rate /
+//   low
+//
+// with the samples x of a frame of W, transforms of N points, and C between whole quefrencies from
+// a natural spline (spline.h).
+// Source: [1] A. M. Noll, "Cepstrum pitch determination", 1967.
 #pragma once
 
 #include <cstdint>

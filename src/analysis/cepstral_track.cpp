@@ -1,4 +1,4 @@
-// cepstral_track.cpp
+// cepstral_track.cpp - three passes over the frames: estimates, energies, threshold.
 #include "analysis/cepstral_track.h"
 
 #include <algorithm>

@@ -1,6 +1,13 @@
 // cepstral_track.h - the cepstral estimates of a stretch, and the rules that decide which of them
 // become pitch: continuity, smoothing and energy.
 // Relies on cepstral_pitch.h for one frame. Does not choose the stretch or handle failures.
+//
+//   t[i] = f[i], 0 where trunc |f[i] - f[i-1]| >= D or trunc |f[i+1] - f[i]| >= D   i = 1 ... n - 2
+//   t[i] = (t[i] + t[i+1] + t[i+2]) / 3 where all three are voiced, in place, i = 0 ... n - 4
+//   t[i] = 0 where E[i] <= T / 100 max E,  E[i] = sum of x[j]^2 / S over the step of frame i
+//
+// with estimates f and track t in Hz, deviation D in Hz, threshold T in percent, samples x, step S
+// in samples and n = trunc(stretch / S) entries.
 #pragma once
 
 #include <vector>

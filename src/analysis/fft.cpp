@@ -140,6 +140,4 @@ void FftPlan::Transform(std::span<double> re, std::span<double> im) const {
   }
 }
 
-void Fft(std::span<double> re, std::span<double> im, int m) { FftPlan(m).Transform(re, im); }
-
 }  // namespace cantorix

@@ -1,5 +1,10 @@
-// fft.h - in-place complex transform of a power-of-two size, the one under every analysis.
-// Source: [1] J. W. Cooley, J. W. Tukey, "An algorithm for the machine calculation of complex
+// fft.h - in-place complex transform of a power-of-two size, the one under every analysis:
+//
+//   X[k] = sum of x[n] e^(-2 pi j n k / N), n = 0 ... N - 1,   k = 0 ... N - 1
+//
+// with N = 2^m points and no scaling. A stage joins the transforms E of the even and O of the odd
+// points of a span of L: X[k] = E[k] + W^k O[k], X[k + L / 2] = E[k] - W^k O[k], W = e^(-2 pi j /
+// L). Source: [1] J. W. Cooley, J. W. Tukey, "An algorithm for the machine calculation of complex
 // Fourier series", 1965: radix 2, decimation in time.
 #pragma once
 
@@ -39,8 +44,5 @@ class FftPlan {
   std::vector<std::uint32_t> reversed_;  // bit-reversed block numbers of the early stages
   std::vector<IndexPair> swaps_;         // the bit-reversal permutation
 };
-
-// One transform of 2^m points: FftPlan without the plan. Each call makes the twiddle factors anew.
-void Fft(std::span<double> re, std::span<double> im, int m);
 
 }  // namespace cantorix

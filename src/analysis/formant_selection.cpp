@@ -1,4 +1,4 @@
-// formant_selection.cpp
+// formant_selection.cpp - half a hertz is added first, then the bandwidth decides.
 #include "analysis/formant_selection.h"
 
 #include <algorithm>

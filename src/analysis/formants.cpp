@@ -3,7 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iostream>
+#include <ostream>
 
 #include "analysis/fft.h"
 #include "analysis/polynomial_factors.h"
@@ -26,28 +26,20 @@ void SortByFrequency(FormantList& list) {
   }
 }
 
-bool AllFinite(std::span<const double> values) {
-  return std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
-}
-
 }  // namespace
 
 Formant QuadraticToFormant(double b, double c, double rateHz) {
   const double h = b * 0.5;
   const double d = h * h - c;
   const double s = rateHz / kTwoPi;
-  double frequency = 0.0;
-  double radiusTerm = c;
-  if (d < 0.0) {
-    // Kept: a pair on the imaginary axis reports the angle itself, 1.5708, instead of a quarter of
-    // the rate; earlier measurements hold that number.
-    frequency = h != 0.0 ? std::atan2(std::sqrt(-d), -h) * s : kPi * 0.5;
-  } else {
+  if (!(d < 0.0)) {
     const double radius = std::fabs(h) + std::sqrt(d);
-    frequency = b < 0.0 ? rateHz * 0.5 : 0.0;
-    radiusTerm = radius * radius;
+    return {b < 0.0 ? rateHz * 0.5 : 0.0, -std::log(radius * radius) * s};
   }
-  return {frequency, -std::log(radiusTerm) * s};
+  // Kept: a pair on the imaginary axis reports the angle itself, 1.5708, instead of a quarter of
+  // the rate; earlier measurements hold that number.
+  const double frequency = h != 0.0 ? std::atan2(std::sqrt(-d), -h) * s : kPi * 0.5;
+  return {frequency, -std::log(c) * s};
 }
 
 std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::span<const double> a,
@@ -72,11 +64,6 @@ std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::s
   }
   SortByFrequency(*result);
   return result;
-}
-
-std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::span<const double> a,
-                                        double rateHz) {
-  return FindFormants(order, maxBandwidthHz, a, rateHz, std::cerr);
 }
 
 std::optional<FormantList> FindFormants(const LpcResult& lpc, double rateHz, std::ostream& errors) {

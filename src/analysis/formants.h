@@ -1,7 +1,14 @@
 // formants.h - formant frequencies and bandwidths from the roots of a prediction polynomial.
 // Relies on polynomial_factors.h for the roots. Which candidates count as F1, F2, ... is left to
-// the analyses that show them. Source: J. D. Markel, A. H. Gray, "Linear Prediction of Speech",
-// 1976.
+// the analyses that show them.
+//
+//   z^2 + b z + c = (z - r e^(j phi)) (z - r e^(-j phi)),  b = -2 r cos phi,  c = r^2
+//   F = phi rate / (2 pi) Hz,  B = -ln(r^2) rate / (2 pi) Hz
+//
+// for a pair of radius r and angle phi = atan2(sqrt(c - b^2 / 4), -b / 2): frequency F and
+// bandwidth B of a resonance whose impulse response falls as e^(-pi B t).
+// Sources: [1] B. S. Atal, S. L. Hanauer, "Speech analysis and synthesis by linear prediction of
+// the speech wave", 1971; [2] J. D. Markel, A. H. Gray, "Linear Prediction of Speech", 1976.
 #pragma once
 
 #include <array>
@@ -39,10 +46,6 @@ Formant QuadraticToFormant(double b, double c, double rateHz);
 // When the factoring fails, says so on `errors` and returns nothing.
 std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::span<const double> a,
                                         double rateHz, std::ostream& errors);
-// The same with the message on the standard error stream.
-std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::span<const double> a,
-                                        double rateHz);
-
 // The candidates of an analysed frame: none for a frame that predicts nothing.
 std::optional<FormantList> FindFormants(const LpcResult& lpc, double rateHz, std::ostream& errors);
 

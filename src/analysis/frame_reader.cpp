@@ -1,4 +1,4 @@
-// frame_reader.cpp
+// frame_reader.cpp - zeros outside the recording, and the rule for frames near its end.
 #include "analysis/frame_reader.h"
 
 #include <algorithm>
@@ -19,23 +19,22 @@ void FrameReader::Read(std::int64_t first, std::span<double> out) {
   std::copy(view.begin(), view.end(), out.begin() + skipped);
 }
 
+std::int64_t CopiedSamples(double start, double length, double margin, double total) {
+  const std::int64_t whole = Truncate(length + margin);
+  if (start + length + margin <= total) return whole;
+  // Kept: the count of samples left serves as the position to stop at. Past the middle of the
+  // recording nothing is copied, and the frame is what the one before it was.
+  return std::clamp<std::int64_t>(Truncate(total - start) - Truncate(start), 0, whole);
+}
+
 FrameBuffer::FrameBuffer(std::size_t length, std::size_t margin)
     : length_(static_cast<double>(length)),
       margin_(static_cast<double>(margin)),
       samples_(length + margin) {}
 
 void FrameBuffer::Load(FrameReader& reader, double start, double total) {
-  const std::int64_t first = Truncate(start);
-  if (start + length_ + margin_ <= total) {
-    reader.Read(first, samples_);
-    return;
-  }
-  // Kept: the count of samples left serves as the position to stop at. Past the middle of the
-  // recording nothing is copied, and the frame is what the one before it was.
-  const std::int64_t count = Truncate(total - start) - first;
-  if (count <= 0) return;
-  reader.Read(
-      first, std::span(samples_).first(std::min(static_cast<std::size_t>(count), samples_.size())));
+  const std::int64_t count = CopiedSamples(start, length_, margin_, total);
+  reader.Read(Truncate(start), std::span(samples_).first(static_cast<std::size_t>(count)));
 }
 
 }  // namespace cantorix

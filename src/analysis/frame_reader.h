@@ -1,4 +1,5 @@
-// frame_reader.h - stretches of a recording as doubles, for the frames of the spectra.
+// frame_reader.h - stretches of a recording as doubles, for the frames of the spectra, and how much
+// of a frame near the end is copied.
 // Relies on a sample source alone, so frames in memory and in a store read the same.
 #pragma once
 
@@ -23,6 +24,11 @@ class FrameReader {
   std::vector<std::int16_t> scratch_;
 };
 
+// How many of a frame's `length` and `margin` samples are copied when it starts at `start` in a
+// recording of `total` samples (all four may have a fraction): all of them when they fit, otherwise
+// those up to the position trunc(total - start).
+std::int64_t CopiedSamples(double start, double length, double margin, double total);
+
 // The frame buffer of a run that takes frames of one length over a recording. It starts zeroed and
 // is never cleared: near the end of the recording a frame keeps what an earlier one left.
 class FrameBuffer {
@@ -30,9 +36,8 @@ class FrameBuffer {
   // Frames of `length` samples and `margin` more.
   FrameBuffer(std::size_t length, std::size_t margin);
 
-  // Takes the frame that starts at `start` in a recording of `total` samples, both not rounded.
-  // A frame that fits, margin included, is copied whole from Truncate(start). Otherwise samples
-  // are copied from there only up to position Truncate(total - start).
+  // Takes CopiedSamples of the frame that starts at `start` in a recording of `total` samples, from
+  // sample Truncate(start) on.
   void Load(FrameReader& reader, double start, double total);
 
   std::span<const double> samples() const { return samples_; }

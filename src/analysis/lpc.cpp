@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <iostream>
+#include <ostream>
 
 #include "platform/clones.h"
 
@@ -40,10 +40,6 @@ void AutocorrelateLanes(std::span<const double> y, std::size_t lag, double* r) {
   AddLaggedProducts(y.data() + whole, tail, terms - whole, r);
 }
 
-bool AllFinite(std::span<const double> values) {
-  return std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
-}
-
 // One step from order i - 1 to order i; false when the residual leaves nothing to predict.
 bool RaiseOrder(std::size_t i, const double* r, LpcResult& result) {
   double* a = result.a.data();
@@ -60,6 +56,10 @@ bool RaiseOrder(std::size_t i, const double* r, LpcResult& result) {
 }
 
 }  // namespace
+
+bool AllFinite(std::span<const double> values) {
+  return std::all_of(values.begin(), values.end(), [](double v) { return std::isfinite(v); });
+}
 
 void Autocorrelate(std::span<const double> y, std::span<double> r) {
   double lanes[kLanes];
@@ -84,12 +84,6 @@ void LpcAnalyse(std::span<const double> y, int order, LpcResult& result, std::os
   for (std::size_t i = 1; result.valid && i <= p; ++i)
     result.valid = RaiseOrder(i, r.data(), result);
   result.valid = result.valid && AllFinite(result.polynomial());
-}
-
-LpcResult LpcAnalyse(std::span<const double> y, int order) {
-  LpcResult result;
-  LpcAnalyse(y, order, result, std::cerr);
-  return result;
 }
 
 }  // namespace cantorix

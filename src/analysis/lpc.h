@@ -1,7 +1,16 @@
 // lpc.h - linear prediction of one frame by the autocorrelation method.
-// The caller windows and pre-emphasises (lpc_frame.h); lpc_envelope.h and formants.h read the
-// result. Sources: J. Makhoul, "Linear prediction: a tutorial review", Proc. IEEE 63, 1975;
-// J. Durbin, "The fitting of time-series models", Rev. Int. Stat. Inst. 28, 1960.
+// The caller windows and pre-emphasises (framer.h); lpc_envelope.h and formants.h read the result.
+//
+//   R[l] = sum of y[i] y[i + l], i = 0 ... n - 1 - l            autocorrelation at lag l
+//   sum of a[j] R[|i - j|], j = 0 ... p  =  0,  i = 1 ... p     normal equations, a[0] = 1
+//   k[i] = -(R[i] + sum of a[j] R[i - j], j = 1 ... i - 1) / E  recursion, i = 1 ... p
+//   a'[j] = a[j] + k[i] a[i - j],  a'[i] = k[i],  E' = E (1 - k[i]^2),  E = R[0] at first
+//
+// with the frame y of n samples, the order p, the coefficients a (a' those of the next order), the
+// reflection coefficients k and the energy E of what is left, in squared sample units.
+// Sources: [1] J. Makhoul, "Linear prediction: a tutorial review", 1975; [2] N. Levinson, "The
+// Wiener RMS error criterion in filter design and prediction", 1947; [3] J. Durbin, "The fitting of
+// time-series models", 1960.
 #pragma once
 
 #include <array>
@@ -28,6 +37,8 @@ struct LpcResult {
   }
 };
 
+bool AllFinite(std::span<const double> values);
+
 // Of finite samples: writes R[lag] = sum of y[i] y[i + lag], i = 0 ... y.size() - 1 - lag in this
 // order, for every lag < r.size(); lags beyond the frame give 0.
 void Autocorrelate(std::span<const double> y, std::span<double> r);
@@ -35,7 +46,4 @@ void Autocorrelate(std::span<const double> y, std::span<double> r);
 // Analyses the windowed samples `y` with `order` coefficients (below 1: none). An order above
 // kMaxLpcOrder says so on `errors` and is cut to kMaxLpcOrder. Overwrites `result`.
 void LpcAnalyse(std::span<const double> y, int order, LpcResult& result, std::ostream& errors);
-// The same with the message on the standard error stream.
-LpcResult LpcAnalyse(std::span<const double> y, int order);
-
 }  // namespace cantorix

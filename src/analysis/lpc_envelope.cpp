@@ -1,10 +1,11 @@
-// lpc_envelope.cpp
+// lpc_envelope.cpp - the coefficients as a signal, transformed, and its levels at the display
+// points.
 #include "analysis/lpc_envelope.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "analysis/decibel.h"
+#include "analysis/log_spectrum.h"
 #include "analysis/power_spectrum.h"
 
 namespace cantorix {
@@ -27,9 +28,8 @@ void LpcEnvelopeDb(const LpcResult& lpc, LpcEnvelopePlan& plan, std::span<double
   std::fill(end, plan.re_.end(), 0.0);
   plan.im_.fill(0.0);
   plan.fft_.Transform(plan.re_, plan.im_);
-  for (std::size_t k = 0; k < plan.binsDb_.size(); ++k) {
-    plan.binsDb_[k] = PowerDb(plan.re_[k] * plan.re_[k] + plan.im_[k] * plan.im_[k]);
-  }
+  FindPowers(plan.re_, plan.im_, plan.binsDb_);
+  FindLevels(plan.binsDb_, plan.binsDb_);
   plan.spline_.Fit(plan.binsDb_, plan.second_);
   plan.grid_.Evaluate(plan.binsDb_, plan.second_, out);
 }

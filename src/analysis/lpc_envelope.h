@@ -1,6 +1,12 @@
 // lpc_envelope.h - the response of a prediction polynomial over display points.
 // Relies on the transform and the spline. Turning it upside down, so that formants are peaks, is
 // left to the analyses that show it.
+//
+//   A[k] = sum of a[i] e^(-2 pi j i k / 256), i = 0 ... p,   L[k] = 10 log10 |A[k]|^2 dB
+//
+// for the bins k = 0 ... 127 of k rate / 256 Hz each; the model's spectrum is E / |A|^2, with the
+// residual energy E (lpc.h).
+// Source: [1] J. Makhoul, "Linear prediction: a tutorial review", 1975.
 #pragma once
 
 #include <array>

@@ -1,6 +1,13 @@
 // pitch_continuity.h - what turns single estimates into a contour: runs of frames that hang
 // together, short gaps between them bridged, the rest dropped.
 // Values are 16-bit; a negative one stands for a frame without a value.
+//
+//   |P[j] - P[j+1]| <= c P[j] / 100                              neighbours of a run
+//   |P[i] - P[i+d]| <= K[d] (P[i] + P[i+d]) c / 2000             ends of a gap that is bridged
+//   P'[i] = (3 P[i] + 2 P[i+-1] + P[i+-2]) / 6                   the smoother, backward and forward
+//
+// with the contour P in tenths of Hz, the tolerance c in percent and K = 14, 17, 20, 22, 24, 26 for
+// gaps of d - 1 = 1 ... 6 frames.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,13 @@
 // polynomial_factors.h - all the real quadratic factors of a real polynomial.
 // Relies on bairstow.h for the single factor. Knows nothing of speech: formants.h turns factors
 // into frequencies and bandwidths.
-// Source: J. H. Wilkinson, "Rounding Errors in Algebraic Processes", 1963: divide found factors
-// out, but take the last steps on the polynomial as given.
+//
+//   a(z) = a[0] z^n + ... + a[n] = a[0] product of (z^2 - u[i] z - v[i]) product of (z - x[i])
+//   a'[i] = a[i] + u a'[i-1] + v a'[i-2],  i = 0 ... n - 2     what a factor u, v leaves
+//
+// with a factor u[i], v[i] for each pair of roots, real roots x[i]. A factor found on a' takes its
+// last steps on a itself, so that the rounding of a division does not reach the next factor.
+// Source: [1] J. H. Wilkinson, "Rounding Errors in Algebraic Processes", 1963.
 #pragma once
 
 #include <array>

@@ -1,12 +1,11 @@
-// power_spectrum.cpp
+// power_spectrum.cpp - frame, transform, levels, display points: one after the other.
 #include "analysis/power_spectrum.h"
 
 #include <algorithm>
 #include <bit>
 #include <stdexcept>
 
-#include "analysis/decibel.h"
-#include "analysis/window.h"
+#include "analysis/log_spectrum.h"
 
 namespace cantorix {
 namespace {
@@ -42,10 +41,9 @@ SplineGrid DisplayGrid(std::size_t bins, double stepBins, int displayPoints) {
 }
 
 PowerSpectrumPlan::PowerSpectrumPlan(const PowerSpectrumOptions& options)
-    : options_(options),
+    : resample_(options.resample),
       fft_(TransformLog2(options.points)),
-      window_(options.hamming ? HammingWindow(static_cast<std::size_t>(options.points))
-                              : std::vector<double>(static_cast<std::size_t>(options.points), 1.0)),
+      framer_(static_cast<std::size_t>(options.points), options.hamming, options.preEmphasis),
       spline_(static_cast<std::size_t>(options.points / 2)),
       grid_(GridFor(options)),
       re_(fft_.size()),
@@ -53,34 +51,23 @@ PowerSpectrumPlan::PowerSpectrumPlan(const PowerSpectrumOptions& options)
       binsDb_(static_cast<std::size_t>(options.points / 2)),
       second_(binsDb_.size()) {}
 
-std::size_t PowerSpectrumPlan::inputSize() const {
-  return window_.size() + (options_.preEmphasis > 0.0 ? 1 : 0);
-}
+std::size_t PowerSpectrumPlan::inputSize() const { return framer_.inputSize(); }
 
 std::size_t PowerSpectrumPlan::outputSize() const {
-  return options_.resample ? grid_.size() : binsDb_.size();
-}
-
-void PowerSpectrumPlan::FrameInput(std::span<const double> x) {
-  std::fill(re_.begin(), re_.end(), 0.0);
-  std::fill(im_.begin(), im_.end(), 0.0);
-  const double a = options_.preEmphasis;
-  for (std::size_t i = 0; i < window_.size(); ++i) {
-    const double emphasised = a > 0.0 ? x[i + 1] - a * x[i] : x[i];
-    re_[i] = emphasised * window_[i];
-  }
+  return resample_ ? grid_.size() : binsDb_.size();
 }
 
 void PowerSpectrumDb(std::span<const double> x, PowerSpectrumPlan& plan, std::span<double> out) {
   if (x.size() < plan.inputSize() || out.size() < plan.outputSize()) {
     throw std::invalid_argument("PowerSpectrumDb: size");
   }
-  plan.FrameInput(x);
+  const auto frame = plan.framer_.Frame(x);
+  std::fill(std::copy(frame.begin(), frame.end(), plan.re_.begin()), plan.re_.end(), 0.0);
+  std::fill(plan.im_.begin(), plan.im_.end(), 0.0);
   plan.fft_.Transform(plan.re_, plan.im_);
-  for (std::size_t k = 0; k < plan.binsDb_.size(); ++k) {
-    plan.binsDb_[k] = PowerDb(plan.re_[k] * plan.re_[k] + plan.im_[k] * plan.im_[k]);
-  }
-  if (!plan.options_.resample) {
+  FindPowers(plan.re_, plan.im_, plan.binsDb_);
+  FindLevels(plan.binsDb_, plan.binsDb_);
+  if (!plan.resample_) {
     std::copy(plan.binsDb_.begin(), plan.binsDb_.end(), out.begin());
     return;
   }

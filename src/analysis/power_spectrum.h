@@ -1,19 +1,27 @@
 // power_spectrum.h - one frame of samples to levels in dB, by bin or by display point.
-// Relies on the transform, the Hamming window and the spline. Does not choose the frame, average
-// or find formants. 0 dB is a power of 1 in 16-bit sample units.
+// Relies on the framer, the transform and the spline. Does not choose the frame, average or find
+// formants.
+//
+//   X[k] = sum of y[i] e^(-2 pi j i k / N), i = 0 ... n - 1     bin k, N >= n a power of two
+//   P[k] = |X[k]|^2,  L[k] = 10 log10 P[k] dB                   k = 0 ... n / 2 - 1
+//
+// with the frame y (framer.h) in 16-bit sample units: 0 dB is a power of 1, and nothing is divided
+// by the length or by the window's energy. Bin k stands for k rate / N Hz.
+// Source: [1] L. R. Rabiner, R. W. Schafer, "Digital Processing of Speech Signals", 1978.
 #pragma once
 
 #include <span>
 #include <vector>
 
 #include "analysis/fft.h"
+#include "analysis/framer.h"
 #include "analysis/spline.h"
 
 namespace cantorix {
 
 struct PowerSpectrumOptions {
   int points;          // n: samples of a frame, 2 ... 2^24; transformed with the next power of two
-  double preEmphasis;  // a: the frame is x[i + 1] - a x[i]; 0 or less: x[i]
+  double preEmphasis;  // a; 0 or less: none
   bool hamming;        // false: rectangular window
   bool resample;       // display points instead of bins
   int displayPoints;   // P, when resampling
@@ -39,11 +47,10 @@ class PowerSpectrumPlan {
 
  private:
   friend void PowerSpectrumDb(std::span<const double>, PowerSpectrumPlan&, std::span<double>);
-  void FrameInput(std::span<const double> x);
 
-  PowerSpectrumOptions options_;
+  bool resample_;
   FftPlan fft_;
-  std::vector<double> window_;
+  Framer framer_;
   NaturalSpline spline_;
   SplineGrid grid_;
   std::vector<double> re_, im_, binsDb_, second_;

@@ -1,4 +1,4 @@
-// quefrency_range.cpp
+// quefrency_range.cpp - truncated limits, and how many zeros beyond the half take part.
 #include "analysis/quefrency_range.h"
 
 #include <algorithm>

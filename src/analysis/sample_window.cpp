@@ -1,4 +1,4 @@
-// sample_window.cpp
+// sample_window.cpp - a piece is served from the block at hand, or a block is read from it on.
 #include "analysis/sample_window.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// spectrogram_column.cpp
+// spectrogram_column.cpp - the levels and the formants of a column, each from a frame of its own.
 #include "analysis/spectrogram_column.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ std::size_t LpcFrameLength(double rateHz, std::int32_t order) {
 ColumnLevels::ColumnLevels(const SampleSource& samples, const SpectrogramRequest& request,
                            const SpectrogramSettings& settings, double maxHz)
     : reader_(samples),
-      buffer_(static_cast<std::size_t>(settings.points), kFrameMargin),
+      buffer_(static_cast<std::size_t>(settings.points), kColumnMargin),
       spectrum_({.points = settings.points,
                  .preEmphasis = settings.preEmphasis,
                  .hamming = true,
@@ -49,7 +49,7 @@ ColumnFormants::ColumnFormants(const SampleSource& samples, const SpectrogramReq
                                const SpectrogramSettings& settings)
     : reader_(samples),
       framer_(LpcFrameLength(request.rateHz, settings.lpcOrder), true, settings.preEmphasis),
-      buffer_(LpcFrameLength(request.rateHz, settings.lpcOrder), kFrameMargin),
+      buffer_(LpcFrameLength(request.rateHz, settings.lpcOrder), kColumnMargin),
       order_(settings.lpcOrder),
       rateHz_(request.rateHz),
       totalSamples_(request.totalSamples) {}

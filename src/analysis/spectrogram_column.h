@@ -7,14 +7,14 @@
 #include <span>
 
 #include "analysis/frame_reader.h"
-#include "analysis/lpc_frame.h"
+#include "analysis/framer.h"
 #include "analysis/power_spectrum.h"
 #include "analysis/spectrogram.h"
 
 namespace cantorix {
 
 // Samples that a frame takes beyond its length.
-inline constexpr std::size_t kFrameMargin = 10;
+inline constexpr std::size_t kColumnMargin = 10;
 
 class ColumnLevels {
  public:
@@ -41,7 +41,7 @@ class ColumnFormants {
 
  private:
   FrameReader reader_;
-  LpcFramer framer_;
+  Framer framer_;
   FrameBuffer buffer_;
   LpcResult lpc_;
   int order_;

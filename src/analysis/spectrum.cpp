@@ -1,4 +1,4 @@
-// spectrum.cpp
+// spectrum.cpp - the frames of a selection, halved into the average one after the other.
 #include "analysis/spectrum.h"
 
 #include <algorithm>

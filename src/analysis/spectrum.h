@@ -1,5 +1,8 @@
 // spectrum.h - what the FFT/LPC window shows: one frame, or the average over a selection.
 // Relies on spectrum_frame.h for the single frame. Does not check the settings against the rate.
+//
+//   V[0] = v[0],  V[j] = (v[j] + V[j-1]) / 2       the average V of the values v of frame j
+//
 #pragma once
 
 #include <cstdint>

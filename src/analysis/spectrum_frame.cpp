@@ -1,4 +1,4 @@
-// spectrum_frame.cpp
+// spectrum_frame.cpp - the lengths of the two frames, and the envelope turned over.
 #include "analysis/spectrum_frame.h"
 
 #include <algorithm>

@@ -12,8 +12,8 @@
 
 #include "analysis/formant_selection.h"
 #include "analysis/frame_reader.h"
+#include "analysis/framer.h"
 #include "analysis/lpc_envelope.h"
-#include "analysis/lpc_frame.h"
 #include "analysis/power_spectrum.h"
 
 namespace cantorix {
@@ -65,7 +65,7 @@ class SpectrumFrameAnalyser {
   FrameReader reader_;
   std::size_t appliedWindow_;  // samples
   PowerSpectrumPlan spectrum_;
-  LpcFramer framer_;
+  Framer framer_;
   LpcEnvelopePlan envelope_;
   LpcResult lpc_;
   std::vector<double> fftInput_, lpcInput_;

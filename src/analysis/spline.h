@@ -1,8 +1,13 @@
 // spline.h - natural cubic spline through values at the knots 0, 1, 2, ...
 // Both halves are made for many curves over the same knots: what depends on the knots and on the
 // wanted positions alone is computed once.
-// Source: [1] C. de Boor, "A practical guide to splines", 1978; tridiagonal recurrence, second
-// derivatives 0 at both ends.
+//
+//   M[j-1] + 4 M[j] + M[j+1] = 6 (y[j-1] - 2 y[j] + y[j+1]),  M[0] = M[n-1] = 0
+//   S(j + b) = a y[j] + b y[j+1] + ((a^3 - a) M[j] + (b^3 - b) M[j+1]) / 6,  a = 1 - b
+//
+// with values y[j] and second derivatives M[j] at the knots j = 0 ... n - 1, 0 <= b <= 1 between
+// two of them; outside, the curve of the first and of the last interval goes on.
+// Source: [1] C. de Boor, "A practical guide to splines", 1978.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// window.cpp
+// window.cpp - the cosine of the C library, with the constants of fft.h.
 #include "analysis/window.h"
 
 #include <cmath>

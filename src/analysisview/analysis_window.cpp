@@ -1,4 +1,4 @@
-// analysis_window.cpp
+// analysis_window.cpp - freshness, and what the three windows do alike with plot and recording.
 #include "analysisview/analysis_window.h"
 
 #include <algorithm>
@@ -50,6 +50,23 @@ bool AnalysisWindow::Tracks() const {
 
 bool AnalysisWindow::InPlot(std::int32_t x, std::int32_t y) const {
   return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
+}
+
+AxisScale AnalysisWindow::AxisOver(double low, double high) const {
+  return {.low = low,
+          .high = high,
+          .left = static_cast<double>(plot.left),
+          .width = static_cast<double>(plot.right - plot.left)};
+}
+
+bool AnalysisWindow::IsWholeRecording(const SampleRange& range) const {
+  return range.start <= 0.0 && range.end >= channel().totalLength;
+}
+
+SampleRange AnalysisWindow::Remaining(const SampleRange& range, bool whole) const {
+  const double end = std::max(channel().totalLength, 0.0);
+  if (whole) return {0.0, end};
+  return {std::clamp(range.start, 0.0, end), std::clamp(range.end, 0.0, end)};
 }
 
 std::int32_t AnalysisWindow::ColumnNear(std::int32_t x) const {

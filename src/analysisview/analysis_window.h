@@ -9,7 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/sample_range.h"
 #include "document/document.h"
+#include "mainview/axis_scale.h"
 #include "mainview/log_entry.h"
 #include "mainview/sonadex_view.h"
 
@@ -124,6 +126,11 @@ class AnalysisWindow : public DocumentObserver {
 
  protected:
   bool InPlot(std::int32_t x, std::int32_t y) const;
+  // `low` ... `high` over the width of the plot.
+  AxisScale AxisOver(double low, double high) const;
+  bool IsWholeRecording(const SampleRange& range) const;
+  // What is left of `range` in the recording as it is now; all of the recording for a `whole` one.
+  SampleRange Remaining(const SampleRange& range, bool whole) const;
   // The nearest pixel column of the plot: the edge behind the last one does not belong to it.
   std::int32_t ColumnNear(std::int32_t x) const;
   // A computation with the present settings and wanted size has ended; `fresh`: with results.

@@ -19,12 +19,7 @@ std::string FormantValueText(double hz) {
 
 }  // namespace
 
-AxisScale CFFTLPCView::FrequencyAxis() const {
-  return {.low = 0.0,
-          .high = spectrum_.maxHz,
-          .left = static_cast<double>(plot.left),
-          .width = static_cast<double>(plot.right - plot.left)};
-}
+AxisScale CFFTLPCView::FrequencyAxis() const { return AxisOver(0.0, spectrum_.maxHz); }
 
 double CFFTLPCView::TopLevelDb() const {
   const FftLpcSettings& now = document().settings.fftLpc;

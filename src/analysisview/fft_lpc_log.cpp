@@ -1,4 +1,4 @@
-// fft_lpc_log.cpp
+// fft_lpc_log.cpp - from a frequency to a display point, and its texts.
 #include "analysisview/fft_lpc_log.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// fft_lpc_view.cpp
+// fft_lpc_view.cpp - the settings checked against the rate, then the analysis.
 #include "analysisview/fft_lpc_view.h"
 
 #include <algorithm>
@@ -64,12 +64,9 @@ bool CFFTLPCView::Show(const SpectrumPlace& place) {
 }
 
 void CFFTLPCView::Update() {
-  const double end = std::max(channel().totalLength, 0.0);
-  SpectrumPlace place{.position = std::clamp(place_.position, 0.0, end), .selection = {}};
-  if (place_.selection) {
-    place.selection = {std::clamp(place_.selection->start, 0.0, end),
-                       std::clamp(place_.selection->end, 0.0, end)};
-  }
+  SpectrumPlace place;
+  place.position = Remaining({place_.position, place_.position}, false).start;
+  if (place_.selection) place.selection = Remaining(*place_.selection, false);
   Show(place);
 }
 

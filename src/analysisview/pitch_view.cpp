@@ -1,4 +1,4 @@
-// pitch_view.cpp
+// pitch_view.cpp - the main view's track followed, and the cursor over it.
 #include "analysisview/pitch_view.h"
 
 #include <algorithm>
@@ -28,10 +28,7 @@ CPitchView::CPitchView(CSonadexView& mainView, WindowServices services)
 bool CPitchView::computed() const { return view_.pitch.count() > 0; }
 
 void CPitchView::Update() {
-  const double end = std::max(channel().totalLength, 0.0);
-  const SampleRange range = wholeRecording_ ? SampleRange{0.0, end}
-                                            : SampleRange{std::clamp(range_.start, 0.0, end),
-                                                          std::clamp(range_.end, 0.0, end)};
+  const SampleRange range = Remaining(range_, wholeRecording_);
   Tried(false);
   if (range.length() > 0.0) AnalysePitch(view_, range);
   // The main view told everybody but itself; a cancelled run has left no track.
@@ -45,7 +42,7 @@ void CPitchView::TakeTrack() {
   settings_ = document().settings.pitch;
   if (!computed()) return;
   range_ = view_.pitch.range;
-  wholeRecording_ = range_.start <= 0.0 && range_.end >= channel().totalLength;
+  wholeRecording_ = IsWholeRecording(range_);
   const AxisScale time = TimeAxis();
   if (cursorMs < time.low || cursorMs > time.high) markerSet = false;
 }
@@ -64,10 +61,7 @@ bool CPitchView::SettingsMatch() const {
 
 AxisScale CPitchView::TimeAxis() const {
   const double factor = channel().msPerSample();
-  return {.low = view_.pitch.range.start * factor,
-          .high = view_.pitch.range.end * factor,
-          .left = static_cast<double>(plot.left),
-          .width = static_cast<double>(plot.right - plot.left)};
+  return AxisOver(view_.pitch.range.start * factor, view_.pitch.range.end * factor);
 }
 
 double CPitchView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }

@@ -12,10 +12,7 @@ SpectrogramLogContext CSpectrogramView::LogContext() const {
 }
 
 AxisScale CSpectrogramView::TimeAxis() const {
-  return {.low = spectrogram_.range.start * msPerSample_,
-          .high = spectrogram_.range.end * msPerSample_,
-          .left = static_cast<double>(plot.left),
-          .width = static_cast<double>(plot.right - plot.left)};
+  return AxisOver(spectrogram_.range.start * msPerSample_, spectrogram_.range.end * msPerSample_);
 }
 
 std::optional<double> CSpectrogramView::LevelAtCursor() const {

@@ -1,4 +1,4 @@
-// spectrogram_log.cpp
+// spectrogram_log.cpp - from a time and a frequency to a column and a row, and their texts.
 #include "analysisview/spectrogram_log.h"
 
 #include "platform/numbers.h"

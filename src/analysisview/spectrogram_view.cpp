@@ -1,4 +1,4 @@
-// spectrogram_view.cpp
+// spectrogram_view.cpp - the computation, its failures, and what is left of it after an edit.
 #include "analysisview/spectrogram_view.h"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
   range_ = range;
   settings_ = document().settings.spectrogram;
   msPerSample_ = channel().msPerSample();
-  wholeRecording_ = range.start <= 0.0 && range.end >= channel().totalLength;
+  wholeRecording_ = IsWholeRecording(range);
   Tried(false);
   if (!host().memory.CanAllocate(PictureBytes(size))) throw Abandoned(AbandonReason::kOutOfMemory);
   spectrogram_ =
@@ -60,10 +60,7 @@ bool CSpectrogramView::Show(const SampleRange& range) {
 }
 
 void CSpectrogramView::Update() {
-  const double end = std::max(channel().totalLength, 0.0);
-  const SampleRange range = wholeRecording_ ? SampleRange{0.0, end}
-                                            : SampleRange{std::clamp(range_.start, 0.0, end),
-                                                          std::clamp(range_.end, 0.0, end)};
+  const SampleRange range = Remaining(range_, wholeRecording_);
   if (!(range.length() > 0.0)) {
     spectrogram_ = {};
     return PictureChanged();

@@ -1,4 +1,4 @@
-// window_layout.cpp
+// window_layout.cpp - the parts from the top down; what is left is the plot.
 #include "analysisview/window_layout.h"
 
 #include <algorithm>

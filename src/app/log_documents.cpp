@@ -1,4 +1,4 @@
-// log_documents.cpp
+// log_documents.cpp - the questions and file dialogs around the one log.
 #include "app/log_documents.h"
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// manual.cpp
+// manual.cpp - where the manual is looked for, in order.
 #include "app/manual.h"
 
 #include <filesystem>

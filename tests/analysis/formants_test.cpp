@@ -8,7 +8,7 @@
 #include <string>
 
 #include "analysis/fft.h"
-#include "analysis/lpc_frame.h"
+#include "analysis/framer.h"
 #include "analysis/polynomial_twin.h"
 #include "analysis/spectrogram_column.h"
 #include "analysis/test_signals.h"
@@ -120,7 +120,7 @@ TEST(FindFormants, SaysWhenItIsConfusedAndNothingOfFramesWithoutAPolynomial) {
 
 // The candidates of the first frame of a signal.
 FormantList CandidatesOf(const std::vector<double>& x, std::size_t length, int order) {
-  LpcFramer framer(length, true, 0.0);
+  Framer framer(length, true, 0.0);
   LpcResult lpc;
   LpcAnalyse(framer.Frame(x), order, lpc, std::cerr);
   return FindFormants(lpc, kRate, std::cerr).value();

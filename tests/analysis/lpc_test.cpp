@@ -6,8 +6,8 @@
 
 #include <sstream>
 
+#include "analysis/framer.h"
 #include "analysis/lpc_envelope.h"
-#include "analysis/lpc_frame.h"
 #include "analysis/plain_frames.h"
 
 namespace cantorix {
@@ -116,11 +116,11 @@ TEST(LpcAnalyse, KnowsFramesThatPredictNothing) {
   }
 }
 
-TEST(LpcFramer, EmphasisesThenWindows) {
+TEST(Framer, EmphasisesThenWindows) {
   const std::vector<double> x{1.0, 2.0, 4.0, 8.0, 16.0};
   for (const double a : {0.5, 0.0, -0.5}) {
     for (const bool hamming : {true, false}) {
-      LpcFramer framer(4, hamming, a);
+      Framer framer(4, hamming, a);
       EXPECT_EQ(framer.inputSize(), a > 0.0 ? 5u : 4u);
       const auto frame = framer.Frame(x);
       EXPECT_EQ(std::vector(frame.begin(), frame.end()), testing::PlainInput(x, 4, a, hamming));

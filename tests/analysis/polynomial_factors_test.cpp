@@ -6,8 +6,8 @@
 
 #include <string>
 
+#include "analysis/framer.h"
 #include "analysis/lpc.h"
-#include "analysis/lpc_frame.h"
 #include "analysis/polynomial_twin.h"
 #include "analysis/test_signals.h"
 
@@ -142,7 +142,7 @@ TEST(FactorPolynomial, FindsThePairsOfSpeechAndNeverFails) {
   for (const Row& row : rows) {
     const testing::Samples speech = testing::Speech(row.decimation);
     const std::vector<double> x(speech.begin(), speech.end());
-    LpcFramer framer(static_cast<std::size_t>(48 / row.decimation * row.order), true, 0.98);
+    Framer framer(static_cast<std::size_t>(48 / row.decimation * row.order), true, 0.98);
     double worst = 0.0;
     for (std::size_t t = 0; t + framer.inputSize() <= x.size(); t += row.hop) {
       LpcAnalyse(framer.Frame(std::span(x).subspan(t)), row.order, lpc, std::cerr);
