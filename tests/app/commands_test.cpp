@@ -10,32 +10,22 @@ namespace cantorix {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
+using testing::ElementsAreArray;
 
 using CommandsTest = AppTest;
 
-TEST_F(CommandsTest, RecentFilesAreTheLastFiveOnceEach) {
+TEST_F(CommandsTest, RecentFilesAreTheLastFiveOnceEachFromAnyFolder) {
   for (const char* path : {"/a", "/b", "/c", "/d", "/e", "/f", "/c", "/x/../c", "/./f"}) {
     app.recentFiles.Add(path);
   }
   EXPECT_THAT(app.recentFiles.paths(), ElementsAre("/f", "/c", "/e", "/d", "/b"));
   app.recentFiles.Remove("/e");
+  app.host.rememberFile("speech.qrv");  // saved
+  const std::string saved = (std::filesystem::current_path() / "speech.qrv").string();
 
   RecentFiles nextRun(profile);
   nextRun.Load();
-  EXPECT_THAT(nextRun.paths(), ElementsAre("/f", "/c", "/d", "/b"));
-}
-
-TEST_F(CommandsTest, RecentFilesAreFoundFromAnyFolder) {
-  app.recentFiles.Add("speech.qrv");
-  EXPECT_THAT(app.recentFiles.paths(),
-              ElementsAre((std::filesystem::current_path() / "speech.qrv").string()));
-}
-
-TEST_F(CommandsTest, RecentFilesBeginWithTheOneSavedLast) {
-  app.recentFiles.Add("/opened");
-  app.host.rememberFile("/saved");
-  EXPECT_THAT(app.recentFiles.paths(), ElementsAre("/saved", "/opened"));
+  EXPECT_THAT(nextRun.paths(), ElementsAre(saved, "/f", "/c", "/d", "/b"));
 }
 
 TEST_F(CommandsTest, FileOpenOffersTheTypeChosenLast) {
@@ -45,55 +35,41 @@ TEST_F(CommandsTest, FileOpenOffersTheTypeChosenLast) {
   EXPECT_EQ(ChooseRecording(app), "/speech.wav");
   EXPECT_EQ(ChooseRecording(app), std::nullopt);
   EXPECT_EQ(ChooseRecording(app), std::nullopt);
-  prompts.TakeTranscript();
-  EXPECT_EQ(prompts.fileRequests[0].filterIndex, 1);
-  EXPECT_EQ(prompts.fileRequests[1].filterIndex, 4);
-  EXPECT_EQ(prompts.fileRequests[2].filterIndex, 4);
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("open: Open", "open: Open", "open: Open"));
+  for (const int request : {0, 1, 2}) {
+    EXPECT_EQ(prompts.fileRequests[static_cast<std::size_t>(request)].filterIndex,
+              request == 0 ? 1 : 4);
+  }
   EXPECT_TRUE(prompts.fileRequests[0].fileMustExist && prompts.fileRequests[0].hideReadOnly);
   const std::string filter = prompts.fileRequests[0].filter;
   EXPECT_EQ(std::count(filter.begin(), filter.end(), '|'), 2 * 13);
 }
 
-class ManualTest : public AppTest {
- protected:
-  void MakeManual() {
-    std::filesystem::create_directory(folder / "Manual");
-    WriteBytes(folder / "Manual/HelpIndex.html", {});
-  }
-  FakeOpener opener;
-};
-
-TEST_F(ManualTest, IsTriedTwice) {
-  MakeManual();
+TEST_F(CommandsTest, TheManualIsTriedTwiceThenThatOfTheInstalledProgram) {
+  std::filesystem::create_directory(folder / "Manual");
   const std::string path = folder / "Manual/HelpIndex.html";
-  opener.succeedsFrom = 2;
-  OpenManual(folder.path(), opener, prompts);
-  EXPECT_THAT(opener.opened, ElementsAre(path, path));
-  OpenManual(folder.path(), opener, prompts);
-  EXPECT_THAT(opener.opened, ElementsAre(path, path, path));
-
-  opener.succeedsFrom = 100;
-  OpenManual(folder.path(), opener, prompts);
-  EXPECT_EQ(opener.opened.size(), 5U);
-  EXPECT_THAT(prompts.TakeTranscript(),
-              ElementsAre("message: No help file was found. Please contact the vendor."));
-}
-
-TEST_F(ManualTest, IsLookedForInTheCurrentDirectoryAndNotOpenedWhenMissing) {
-  MakeManual();
-  const TemporaryFolder current;
-  app.host.programDirectory = folder.path();
-  OpenManual(current.path(), opener, prompts);
-  EXPECT_THAT(opener.opened, IsEmpty());
-  EXPECT_THAT(prompts.TakeTranscript(),
-              ElementsAre("message: No help file was found. Please contact the vendor."));
-}
-
-TEST_F(ManualTest, OfTheInstalledProgramIsOpenedWhereTheCurrentDirectoryHasNone) {
-  MakeManual();
-  const TemporaryFolder current;
-  OpenManual(current.path(), opener, prompts, folder.path());
-  EXPECT_THAT(opener.opened, ElementsAre(folder / "Manual/HelpIndex.html"));
+  WriteBytes(path, {});
+  const TemporaryFolder elsewhere;  // without a manual
+  struct Row {
+    std::string current, installed;
+    int succeedsFrom;
+    std::size_t tries;
+    bool found;
+  };
+  const std::string here = folder.path(), none = elsewhere.path();
+  for (const Row& row :
+       {Row{here, "", 1, 1, true}, Row{here, "", 2, 2, true}, Row{here, "", 99, 2, false},
+        Row{here, here, 3, 3, true}, Row{none, here, 1, 1, true}, Row{none, none, 1, 0, false},
+        Row{none, "", 1, 0, false}}) {
+    FakeOpener opener;
+    opener.succeedsFrom = row.succeedsFrom;
+    OpenManual(row.current, opener, prompts, row.installed);
+    EXPECT_EQ(opener.opened, std::vector<std::string>(row.tries, path)) << row.current;
+    EXPECT_THAT(
+        prompts.TakeTranscript(),
+        ElementsAreArray(std::vector<std::string>(
+            row.found ? 0 : 1, "message: No help file was found. Please contact the vendor.")));
+  }
 }
 
 }  // namespace

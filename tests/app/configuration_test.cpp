@@ -176,20 +176,22 @@ TEST_F(ConfigurationTest, RevertLastsWhenTheOpenDocumentsClose) {
   auto open = NewDocument();
   CSonadexDoc* const documents[] = {open.get()};
   RevertConfiguration(app.host, documents);
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kReverted));
   open.reset();
   EXPECT_FALSE(std::filesystem::exists(ConfigFile()));
   NewDocument().reset();
   EXPECT_TRUE(std::filesystem::exists(ConfigFile()));
+  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kReverted));
 }
 
 TEST_F(ConfigurationTest, RevertWithoutAFileSaysTheSameIsKept) {
   RevertConfiguration(app.host, {});
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kReverted));
-  EXPECT_TRUE(NamesConfiguration("/CantorixConf.cfg"));
-  EXPECT_FALSE(NamesConfiguration(".cfg"));
-  EXPECT_FALSE(NamesConfiguration(".cfg/CantorixConf.cfg"));
-  EXPECT_FALSE(NamesConfiguration("CantorixConf.CFG"));
+  for (const auto& [path, named] : {std::pair{"/CantorixConf.cfg", true},
+                                    {".cfg", false},
+                                    {".cfg/CantorixConf.cfg", false},
+                                    {"CantorixConf.CFG", false}}) {
+    EXPECT_EQ(NamesConfiguration(path), named) << path;
+  }
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace cantorix {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr const char* kOpenError = "message: Error in opening the file.";
 
@@ -37,7 +36,7 @@ class LogFileTest : public testing::Test {
   ScriptedPrompts prompts;
 };
 
-TEST(LogTableTest, GrowsColumnsWithItsLongestRow) {
+TEST(LogTableTest, GrowsColumnsWithItsLongestRowAndLosesRows) {
   LogTable log;
   EXPECT_THAT(log.captions(), ElementsAre("Source", "Entry Type"));
   EXPECT_EQ(log.title(), "Untitled Log");
@@ -46,15 +45,20 @@ TEST(LogTableTest, GrowsColumnsWithItsLongestRow) {
   EXPECT_FALSE(log.Append({"b.wav", "Time", {"3.0"}}));
   EXPECT_TRUE(log.isModified());
   EXPECT_THAT(log.captions(), ElementsAre("Source", "Entry Type", "Entry 1", "Entry 2"));
-  ASSERT_EQ(log.rows().size(), 2U);
   EXPECT_EQ(*log.Cell(1, 2), "3.0");
   EXPECT_EQ(log.Cell(1, 3), nullptr);
-}
-
-TEST(LogTableTest, CaptionsNewColumnsOfAnOpenedLogByTheirPlace) {
-  LogTable log = TableOf({"F", "G", "H"}, {});
+  log = TableOf({"F", "G", "H"}, {{"0"}, {"1"}, {"2"}, {"3"}});
+  for (const auto& wrong : {std::vector<std::size_t>{4}, {0, 9}}) {
+    EXPECT_THROW(log.RemoveRows(wrong), std::out_of_range);
+  }
+  log.RemoveRows({});
+  EXPECT_EQ(log.rows().size(), 4U);
+  EXPECT_FALSE(log.isModified());
+  log.RemoveRows(std::vector<std::size_t>{0, 2});
+  EXPECT_THAT(log.rows(), ElementsAre(ElementsAre("1"), ElementsAre("3")));
+  EXPECT_TRUE(log.isModified());
   log.Append({"a.wav", "Pitch", {"1.0", "2.0"}});
-  EXPECT_THAT(log.captions(), ElementsAre("F", "G", "H", "Entry 2"));
+  EXPECT_THAT(log.captions(), ElementsAre("F", "G", "H", "Entry 2")) << "captioned by their place";
 }
 
 TEST(LogTextTest, ReadsLinesHoweverTheyEnd) {
@@ -127,22 +131,24 @@ TEST_F(LogFileTest, RefusedFilesLeaveTheLogAsItWas) {
   LogTable log;
   log.Append({"a.wav", "Pitch", {"1.0"}});
   const std::string before = LogText(log);
-  EXPECT_FALSE(OpenLog(log, folder / "missing.txt", prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", kOpenError));
-  EXPECT_FALSE(OpenLog(log, folder.path(), prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", kOpenError));
-  Store("");
-  EXPECT_FALSE(OpenLog(log, path, prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", "message: The file has zero length."));
-  Store("some text");
-  EXPECT_FALSE(OpenLog(log, path, prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("message: This is not a valid log file."));
-  Store("A\t\n" + std::string(1000, 'x'));
-  EXPECT_FALSE(OpenLog(log, path, prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), IsEmpty());
+  struct Row {
+    std::string file, content;
+    std::vector<std::string> said;
+  };
+  const Row rows[] = {
+      {"missing.txt", "", {"beep", kOpenError}},
+      {".", "", {"beep", kOpenError}},
+      {"measures.txt", "", {"beep", "message: The file has zero length."}},
+      {"measures.txt", "some text", {"message: This is not a valid log file."}},
+      {"measures.txt", "A\t\n" + std::string(1000, 'x'), {}},
+  };
+  for (const Row& row : rows) {
+    Store(row.content);
+    EXPECT_FALSE(OpenLog(log, folder / row.file, prompts)) << row.file;
+    EXPECT_EQ(prompts.TakeTranscript(), row.said);
+  }
   EXPECT_FALSE(SaveLog(log, folder / "gone/log.txt", prompts));
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", kOpenError));
-
   EXPECT_EQ(LogText(log), before);
   EXPECT_TRUE(log.isModified());
   EXPECT_EQ(log.title(), "Untitled Log");
