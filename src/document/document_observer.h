@@ -8,6 +8,7 @@ enum class DocumentChange {
   kCursor,    // cursor or selection
   kTracks,    // pitch or intensity were computed or dropped
   kLabels,    // labels or tiers
+  kReference,  // the reference level of a channel
   kSamples,   // samples, and with them perhaps labels, length and stretch
   kSettings,  // an option dialog was confirmed, or a configuration loaded
   kTitle,     // path, title or the modified flag

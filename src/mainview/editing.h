@@ -25,8 +25,8 @@ void Smooth(CSonadexView& view);
 void SetReferenceOfAllChannels(CSonadexView& view);
 void Undo(CSonadexView& view);
 
-// Saves the undo file. Throws Abandoned when it cannot be created or the user cancels; when it was
+// Saves the undo file for an edit that may change what `scope` says. Throws Abandoned when it cannot be created or the user cancels; when it was
 // created and not written, says so and the edit goes on without undo.
-void SaveUndoFile(CSonadexView& view);
+void SaveUndoFile(CSonadexView& view, UndoScope scope = UndoScope::kSamples);
 
 }  // namespace cantorix

@@ -10,7 +10,7 @@ namespace {
 
 void BeginLabelEdit(CSonadexView& view) {
   view.StopPlayback();
-  SaveUndoFile(view);
+  SaveUndoFile(view, UndoScope::kFields);
 }
 
 void FinishLabelEdit(CSonadexView& view) {

@@ -49,12 +49,12 @@ void SetReferenceOfAllChannels(CSonadexView& view) {
   const auto channels = ChannelsInUse(view.document());
   std::vector<std::optional<double>> means;
   for (const CChannel& channel : channels) means.push_back(MeanOf(view, channel));
-  SaveUndoFile(view);
+  SaveUndoFile(view, UndoScope::kFields);
   for (std::size_t i = 0; i < channels.size(); ++i) {
     if (means[i]) channels[i].referenceLevel = *means[i];
   }
   view.document().SetModified(true);
-  view.Changed(DocumentChange::kSamples);
+  view.Changed(DocumentChange::kReference);
 }
 
 }  // namespace cantorix

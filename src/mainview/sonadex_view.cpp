@@ -73,6 +73,9 @@ void CSonadexView::DocumentChanged(DocumentChange change, const DocumentObserver
       undoAvailable = false;
       LayOut();
       break;
+    case DocumentChange::kReference:
+      undoAvailable = false;
+      break;
     case DocumentChange::kStretch:
       FollowStretch();
       break;
@@ -104,7 +107,9 @@ void CSonadexView::TakeStateOf(const CSonadexView& other, DocumentChange change)
 void CSonadexView::Refresh(DocumentChange change) {
   const bool samples = change == DocumentChange::kSamples;
   const bool tracks = samples || change == DocumentChange::kTracks;
-  if (samples || change == DocumentChange::kLabels) services_.listener.LabelsChanged();
+  // The label list shows times in the time base of the settings.
+  const bool list = change == DocumentChange::kLabels || change == DocumentChange::kSettings;
+  if (samples || list) services_.listener.LabelsChanged();
   if (tracks || change == DocumentChange::kCursor) ReadCursor(*this);
   if (tracks) ReadSelection(*this);
 }

@@ -94,6 +94,7 @@ class CSonadexView : public DocumentObserver {
   bool selectionShown = false;  // a selection exists in this view
   bool redrawNeeded = false;    // set by every change, consumed by the drawing
   bool undoAvailable = false;
+  UndoScope undoScope = UndoScope::kSamples;  // of the edit that the undo file was saved for
   std::int32_t tierOffset = 0;  // pixels, <= 0: vertical offset of tiers and panes
   ScrollBar horizontal;
   ScrollBar vertical;

@@ -118,7 +118,7 @@ void ImportLabelLines(CSonadexView& view, int tier, std::string_view bytes,
   std::vector<Label> labels = ReadLabelLines(bytes, options);
   if (FindTier(view, tier) == nullptr || labels.empty()) return;
   view.StopPlayback();
-  SaveUndoFile(view);
+  SaveUndoFile(view, UndoScope::kFields);
   for (Label& label : labels) view.channel().AddLabel(tier, std::move(label));
   // Kept: an import does not mark the document modified.
   view.LayOut();

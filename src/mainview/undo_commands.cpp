@@ -1,4 +1,5 @@
 // undo_commands.cpp - the one step of undo: saving before an edit, and going back.
+#include "mainview/analysis_commands.h"
 #include "mainview/edit_steps.h"
 #include "mainview/editing.h"
 #include "mainview/view_commands.h"
@@ -31,7 +32,7 @@ void ClaimUndoFile(CSonadexView& view) {
 
 void RestoreOrRefuse(CSonadexView& view) {
   if (!view.undoFile) Refuse(view, kNotRead);
-  switch (view.undoFile->Restore(view.document())) {
+  switch (view.undoFile->Restore(view.document(), view.undoScope)) {
     case UndoOutcome::kUnreadable:
       Refuse(view, kNotRead);
     case UndoOutcome::kWrongType:
@@ -43,10 +44,20 @@ void RestoreOrRefuse(CSonadexView& view) {
   }
 }
 
+// No sample has changed, so the tracks stay.
+void FinishFieldUndo(CSonadexView& view) {
+  view.document().SetModified(true);
+  if (view.document().settings.display.automaticAnalysis != 0) AnalysePitch(view, Stretch::kAll);
+  view.Changed(DocumentChange::kLabels);
+  view.Changed(DocumentChange::kReference);
+  view.Changed(DocumentChange::kStretch);
+}
+
 }  // namespace
 
-void SaveUndoFile(CSonadexView& view) {
+void SaveUndoFile(CSonadexView& view, UndoScope scope) {
   view.undoAvailable = false;
+  view.undoScope = scope;
   ClaimUndoFile(view);
   try {
     view.undoFile->Save(view.document());
@@ -63,7 +74,8 @@ void Undo(CSonadexView& view) {
   DropSelection(view);
   view.FollowStretch();
   view.LayOut();
-  FinishSampleEdit(view);
+  if (view.undoScope == UndoScope::kSamples) return FinishSampleEdit(view);
+  FinishFieldUndo(view);
 }
 
 }  // namespace cantorix

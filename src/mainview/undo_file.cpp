@@ -125,19 +125,23 @@ UndoOutcome UndoFile::CheckHead(const File& file) const {
   return head == remembered_.head ? UndoOutcome::kRestored : UndoOutcome::kUnreadable;
 }
 
-UndoOutcome UndoFile::Restore(CSonadexDoc& document) const {
+void UndoFile::RestoreSamples(CSonadexDoc& document, const File& file) const {
+  const CChannel& saved = remembered_.channel;
+  const PlaceOfSamples place(document, remembered_.onDisk);
+  LoadSamples(document, saved.totalDurationMs, saved.sampleRateHz, saved.sampleCount(),
+              [&](std::int64_t position, std::span<std::int16_t> out) {
+                file.ReadExactly(std::ssize(remembered_.head) + position * std::int64_t{2},
+                                 std::as_writable_bytes(out));
+                SwapFromLittle(out);
+              });
+}
+
+UndoOutcome UndoFile::Restore(CSonadexDoc& document, UndoScope scope) const {
   try {
     const File file = File::OpenUnlocked(path());
     const UndoOutcome outcome = CheckHead(file);
     if (outcome != UndoOutcome::kRestored) return outcome;
-    const CChannel& saved = remembered_.channel;
-    const PlaceOfSamples place(document, remembered_.onDisk);
-    LoadSamples(document, saved.totalDurationMs, saved.sampleRateHz, saved.sampleCount(),
-                [&](std::int64_t position, std::span<std::int16_t> out) {
-                  file.ReadExactly(std::ssize(remembered_.head) + position * std::int64_t{2},
-                                   std::as_writable_bytes(out));
-                  SwapFromLittle(out);
-                });
+    if (scope == UndoScope::kSamples) RestoreSamples(document, file);
   } catch (const FileError&) {
     return UndoOutcome::kUnreadable;
   }

@@ -13,6 +13,10 @@
 
 namespace cantorix {
 
+// What the edit that an undo takes back may have changed: samples and everything else, or labels,
+// tiers and fields alone.
+enum class UndoScope { kSamples, kFields };
+
 enum class UndoOutcome { kRestored, kUnreadable, kWrongType, kWrongChannelCount };
 
 class UndoFile {
@@ -34,10 +38,11 @@ class UndoFile {
   void Save(CSonadexDoc& document);
 
   // Gives channel 0 of `document` back what was saved, shown whole, with its samples in memory or
-  // on disk as they were and the cursor where it is now. The file is opened by its name; unless all
-  // of it can be read and it describes the recording that was saved, nothing changes. Throws
-  // Abandoned when the user cancels or memory runs out, with nothing changed.
-  UndoOutcome Restore(CSonadexDoc& document) const;
+  // on disk as they were and the cursor where it is now; samples that no edit has touched stay. The
+  // file is opened by its name; unless what is needed of it can be read and it describes the
+  // recording that was saved, nothing changes. Throws Abandoned when the user cancels or memory
+  // runs out, with nothing changed.
+  UndoOutcome Restore(CSonadexDoc& document, UndoScope scope) const;
 
  private:
   // The recording without its samples.
@@ -48,6 +53,7 @@ class UndoFile {
   };
 
   UndoOutcome CheckHead(const File& file) const;
+  void RestoreSamples(CSonadexDoc& document, const File& file) const;
 
   std::string stem_;
   int names_ = 0;  // tried so far

@@ -23,8 +23,10 @@ void Show(CChannel& channel, const SampleStretch& stretch) {
   channel.UpdateVisibleMs();
 }
 
+// A cut may have left both ends behind the recording: a stretch never begins behind its end.
 SampleStretch InsideRecording(const CChannel& channel, const SampleStretch& stretch) {
-  return {std::max(stretch.start, 0.0), std::min(stretch.end, channel.totalLength)};
+  const double total = std::max(channel.totalLength, 0.0);
+  return {std::clamp(stretch.start, 0.0, total), std::clamp(stretch.end, 0.0, total)};
 }
 
 SampleStretch StretchAfter(const CChannel& channel, Zoom zoom, double rangeMs) {

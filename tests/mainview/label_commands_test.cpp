@@ -72,6 +72,20 @@ TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
   EXPECT_EQ(Words(), "two@9000 new@3000 ONE@2000");
 }
 
+TEST_F(LabelCommandsTest, UndoOfALabelKeepsTracksAndSamplesAndThatOfSamplesDropsThem) {
+  const std::int16_t* const samples = channel.samples.samples().data();
+  for (const bool ofSamples : {false, true}) {
+    view.pitch.PitchValid = channel.intensity.IntensityValid = true;
+    DeleteLabel(view, kWords, 0);
+    if (ofSamples) SaveUndoFile(view);
+    Undo(view);
+    EXPECT_EQ(view.pitch.PitchValid, !ofSamples);
+    EXPECT_EQ(channel.intensity.IntensityValid, !ofSamples);
+    EXPECT_EQ(channel.samples.samples().data() == samples, !ofSamples);
+    EXPECT_EQ(Words(), ofSamples ? "two@6000" : "one@2000 two@6000");
+  }
+}
+
 TEST_F(LabelCommandsTest, LabelsThatDoNotExistAreIgnored) {
   for (const auto& [tierIndex, index] : {std::pair{-1, 0}, {10, 0}, {kWords, -1}, {kWords, 2}}) {
     EditLabel(view, tierIndex, index, {});

@@ -142,9 +142,14 @@ TEST_F(SampleEditsTest, ReferenceIsTheMeanOfTheSelectionOrTheVisibleStretch) {
     talk.channel().selectionStart = {1.0, 500.0};
     talk.channel().selectionEnd = {4.0, 2000.0};
     talk.view.selectionShown = true;
+    CSonadexView other(talk.document, world.Services());
+    other.Begin({645, 500});
+    other.pitch.PitchValid = other.undoAvailable = true;
     SetReferenceOfAllChannels(talk.view);
     EXPECT_EQ(talk.channel().referenceLevel, 91.0 / 3.0);
     EXPECT_TRUE(talk.view.pitch.PitchValid && talk.document.isModified());
+    // No sample has changed: the other view keeps its track, though its undo is another's now.
+    EXPECT_TRUE(other.pitch.PitchValid && !other.undoAvailable);
     talk.view.selectionShown = false;
     talk.channel().visibleEnd = {2.0, 1000.0};
     SetReferenceOfAllChannels(talk.view);

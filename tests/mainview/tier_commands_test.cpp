@@ -97,7 +97,9 @@ TEST_F(TierCommandsTest, ImportAppendsWithoutMarkingModifiedIsKept) {
   EXPECT_EQ(document.labelImport.alignment, kAlignCentre);
 }
 
-TEST_F(TierCommandsTest, NothingToImportLeavesLabelsAndUndoAlone) {
+TEST_F(TierCommandsTest, NothingToImportChangesNothing) {
+  listener = {};
+  playback.stops = 0;
   for (const char* text : {"", "no numbers\n"}) {
     WillImport("words", text);
     ImportQuietly();
@@ -108,7 +110,8 @@ TEST_F(TierCommandsTest, NothingToImportLeavesLabelsAndUndoAlone) {
   dialogs.labelImport.WillCancel();
   ImportLabels(view);
   EXPECT_EQ(Words(), "one@2000 two@6000");
-  EXPECT_FALSE(view.undoAvailable);
+  EXPECT_FALSE(view.undoAvailable || document.isModified());
+  EXPECT_EQ(listener.labelChanges + listener.viewChanges + playback.stops, 0);
 }
 
 TEST_F(TierCommandsTest, LaterTierInUseWinsOnEqualNames) {

@@ -129,6 +129,14 @@ TEST_F(ViewCommandsTest, ZoomRangeIsKeptInTheConfigurationAtOnce) {
   EXPECT_EQ(stored.document.zoomRangeMs, 750.0);
 }
 
+TEST_F(ViewCommandsTest, SettingsOfTheProgramReachLayoutAndLabelList) {
+  document.settings.display.drawPitch = 0;
+  listener = {};
+  document.Notify(DocumentChange::kSettings);
+  EXPECT_EQ(view.layout.pitch.bottom, view.layout.pitch.top);
+  EXPECT_EQ(listener.labelChanges, 1);  // its times follow the time base
+}
+
 TEST_F(ViewCommandsTest, VerticalScrollMovesTiersAndPanesUpwards) {
   document.settings.display.audioPanePercent = 100;
   document.settings.display.pitchPanePercent = 100;

@@ -66,6 +66,20 @@ TEST(Zoom, UnZoomGoesBackOneLevelExactlyAndStaysThere) {
   }
 }
 
+// A cut has left both ends of the previous stretch behind the recording.
+TEST(Zoom, NeverBeginsBehindItsEnd) {
+  for (const Zoom zoom : {Zoom::kUnZoom, Zoom::kIn, Zoom::kOut}) {
+    CChannel channel;
+    Prepare(channel);
+    channel.previousStart = 12000;
+    channel.previousEnd = 13000;
+    Show(channel, 15000, 15400);
+    ApplyZoom(channel, zoom, kRangeMs);
+    EXPECT_EQ(channel.visibleStart.samples, 10000);
+    EXPECT_EQ(channel.visibleEnd.samples, 10000);
+  }
+}
+
 TEST(Zoom, SelectionLeftBeyondAShortenedRecordingEndsWithIt) {
   CChannel channel;
   Prepare(channel);
