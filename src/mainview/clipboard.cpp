@@ -10,6 +10,7 @@ void Clipboard::Empty() {
     slot.samples = SampleBlock();
     for (Tier& tier : slot.tiers) tier.labels.clear();
   }
+  tiersAsCopied = {};
 }
 
 }  // namespace cantorix

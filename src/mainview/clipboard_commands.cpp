@@ -39,16 +39,20 @@ SampleBlock ReadFromStore(CSonadexView& view, std::int64_t first, std::int64_t c
 
 SampleBlock CopySamples(CSonadexView& view, const CChannel& channel, const EditSpan& span) {
   const std::int64_t first = span.firstSample();
-  const std::int64_t count = Truncate(span.length.samples);
+  const std::int64_t count = span.sampleCount();
   RequireMemoryFor(view, count);
   if (&channel == &view.channel() && view.document().samplesOnDisk()) {
     return ReadFromStore(view, first, count);
   }
-  return Spliced({}, 0, 0, channel.samples.samples().subspan(static_cast<std::size_t>(first)),
-                 count);
+  return Spliced({}, 0, 0,
+                 channel.samples.samples().subspan(static_cast<std::size_t>(first),
+                                                   static_cast<std::size_t>(count)));
 }
 
-void CopyChannel(CSonadexView& view, const CChannel& channel, CChannel& slot) {
+void CopyChannel(CSonadexView& view, std::size_t index) {
+  const CChannel& channel = view.document().channels[index];
+  CChannel& slot = view.services().clipboard.slots[index];
+  Tiers& asCopied = view.services().clipboard.tiersAsCopied[index];
   const EditSpan span = SelectedSpan(channel);
   slot.CopyFields(channel);
   slot.selectionStart = span.start;
@@ -56,7 +60,11 @@ void CopyChannel(CSonadexView& view, const CChannel& channel, CChannel& slot) {
   slot.selectionLength = span.length;
   slot.totalLength = span.length.samples;
   slot.totalDurationMs = span.length.ms;
-  slot.tiers = TiersInside(channel, span);
+  asCopied = TiersInside(channel, span);
+  slot.tiers = asCopied;
+  for (Tier& tier : slot.tiers) {
+    for (Label& label : tier.labels) label.timeMs -= span.start.ms;
+  }
   slot.samples = CopySamples(view, channel, span);
 }
 
@@ -75,7 +83,7 @@ void DeleteSelection(CSonadexView& view) {
     const EditSpan span = SelectedSpan(channel);
     channel.totalLength -= span.length.samples;
     channel.totalDurationMs -= span.length.ms;
-    RemoveSamples(channel.samples, span.firstSample(), span.endSample(), channel.sampleCount());
+    RemoveSamples(channel.samples, span.firstSample(), span.endSample());
     CloseLabels(channel, span);
   }
 }
@@ -86,10 +94,10 @@ void CopySelection(CSonadexView& view) {
   view.StopPlayback();
   Clipboard& clipboard = view.services().clipboard;
   clipboard.Empty();
-  const auto channels = ChannelsInUse(view.document());
-  const std::size_t count = std::min(channels.size(), clipboard.slots.size());
+  const std::size_t count =
+      std::min(ChannelsInUse(view.document()).size(), clipboard.slots.size());
   try {
-    for (std::size_t i = 0; i < count; ++i) CopyChannel(view, channels[i], clipboard.slots[i]);
+    for (std::size_t i = 0; i < count; ++i) CopyChannel(view, i);
   } catch (...) {
     clipboard.Empty();
     throw;

@@ -2,6 +2,8 @@
 #include "mainview/edit_span.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 #include "platform/numbers.h"
 
@@ -13,16 +15,31 @@ TimePoint Clamped(const CChannel& channel, const TimePoint& point) {
           std::clamp(point.ms, 0.0, std::max(channel.totalDurationMs, 0.0))};
 }
 
+// `ms` without the digits that a time at the end of the recording has no place for: adding the rest
+// to a time of the recording or taking it away is exact.
+double Representable(const CChannel& channel, double ms) {
+  if (!(channel.totalDurationMs > 0.0)) return 0.0;
+  const double digit = std::ldexp(1.0, std::ilogb(channel.totalDurationMs) - 52);
+  return std::floor(ms / digit) * digit;
+}
+
 EditSpan SpanOf(const CChannel& channel, const TimePoint& from, const TimePoint& to) {
-  const TimePoint start = Clamped(channel, from);
-  const TimePoint end = Clamped(channel, to);
-  return {start, end, {end.samples - start.samples, end.ms - start.ms}};
+  EditSpan span{Clamped(channel, from), Clamped(channel, to), {}};
+  const auto count = static_cast<double>(span.sampleCount());
+  span.length = {count, Representable(channel, count * channel.msPerSample())};
+  // What stood behind the end must not come to stand before the start.
+  span.end.ms = std::max(span.end.ms, span.start.ms + span.length.ms);
+  return span;
 }
 
 }  // namespace
 
 std::int64_t EditSpan::firstSample() const { return Truncate(start.samples); }
 std::int64_t EditSpan::endSample() const { return Truncate(end.samples); }
+
+bool EditSpan::Holds(const Label& label) const {
+  return end.ms > start.ms && LabelInRange(label, start.ms, end.ms);
+}
 
 EditSpan SelectedSpan(const CChannel& channel) {
   return SpanOf(channel, channel.selectionStart, channel.selectionEnd);
@@ -37,12 +54,9 @@ EditSpan CursorSpan(const CChannel& channel) {
 }
 
 void CloseLabels(CChannel& channel, const EditSpan& span) {
-  if (!(span.length.ms > 0.0)) return;
   for (Tier& tier : channel.tiers) {
     if (!tier.inUse) continue;
-    std::erase_if(tier.labels, [&](const Label& label) {
-      return LabelInRange(label, span.start.ms, span.end.ms);
-    });
+    std::erase_if(tier.labels, [&](const Label& label) { return span.Holds(label); });
     for (Label& label : tier.labels) {
       if (label.timeMs > span.end.ms) label.timeMs -= span.length.ms;
     }
@@ -64,11 +78,8 @@ Tiers TiersInside(const CChannel& channel, const EditSpan& span) {
     const Tier& source = channel.tiers[i];
     tiers[i] = {source.name, {}, source.rect, source.tierWord, source.inUse};
     if (!source.inUse) continue;
-    for (const Label& label : source.labels) {
-      if (!LabelInRange(label, span.start.ms, span.end.ms)) continue;
-      tiers[i].labels.push_back(label);
-      tiers[i].labels.back().timeMs = label.timeMs - span.start.ms;
-    }
+    std::copy_if(source.labels.begin(), source.labels.end(), std::back_inserter(tiers[i].labels),
+                 [&](const Label& label) { return span.Holds(label); });
   }
   return tiers;
 }

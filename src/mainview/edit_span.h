@@ -1,5 +1,6 @@
 // edit_span.h - the stretch of a channel that an edit works on, in samples and in ms, clamped to
-// the recording, and the samples in it.
+// the recording, and the samples and labels in it. Samples come and go whole, and the times behind
+// them move by just as much, so that what was cut comes back exactly where it was.
 #pragma once
 
 #include "document/channel.h"
@@ -7,11 +8,16 @@
 namespace cantorix {
 
 struct EditSpan {
-  TimePoint start, end, length;  // start <= end
+  // start <= end. The length is that of the whole samples in it, to the last digit that a time of
+  // the recording can have; the end in ms is not before start + length.
+  TimePoint start, end, length;
 
   // The samples [firstSample, endSample) lie in the span.
   std::int64_t firstSample() const;
   std::int64_t endSample() const;
+  std::int64_t sampleCount() const { return endSample() - firstSample(); }
+  // A span that begins where it ends holds no label, not even one at that time.
+  bool Holds(const Label& label) const;
 };
 
 EditSpan SelectedSpan(const CChannel& channel);
@@ -20,12 +26,11 @@ EditSpan VisibleSpan(const CChannel& channel);
 EditSpan CursorSpan(const CChannel& channel);
 
 // The labels of `channel` that an edit of samples takes along; only tiers in use count.
-// Deletes those inside the span, both ends included, and moves those behind it to the front. A span
-// without length deletes none.
+// Deletes those in the span and moves those behind it to the front.
 void CloseLabels(CChannel& channel, const EditSpan& span);
 // Moves those behind `atMs` by `lengthMs`; a label at that very time stays.
 void SpreadLabels(CChannel& channel, double atMs, double lengthMs);
-// The tiers, each in use with its labels inside the span only, their times counted from its start.
+// The tiers, each in use with its labels in the span only, at their own times.
 Tiers TiersInside(const CChannel& channel, const EditSpan& span);
 
 }  // namespace cantorix

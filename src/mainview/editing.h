@@ -2,8 +2,9 @@
 // playback, saves the undo file, changes, marks the document modified and refreshes, and leaves the
 // document as it was when a step fails. What they throw: Abandoned, after the message when there is
 // one (a refusal, a cancel, no memory), and FileError when samples cannot be read or written.
-// Positions are cut to whole samples; lengths and times keep their fractions. Labels of tiers in
-// use move with the samples, those of other tiers stay.
+// Positions are cut to whole samples, so that what was cut and is pasted where it was brings samples,
+// length and labels back exactly. Labels of tiers in use move with the samples, those of other tiers
+// stay.
 #pragma once
 
 #include "mainview/sonadex_view.h"

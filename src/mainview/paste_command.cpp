@@ -60,25 +60,40 @@ Pasted Prepare(CSonadexView& view, const CChannel& channel, const CChannel& slot
   const std::int64_t count = Truncate(pasted.total.samples);
   RequireMemoryFor(view, count);
   pasted.samples = Spliced(channel.samples.samples(), pasted.replaced.firstSample(),
-                           pasted.replaced.endSample(), slot.samples.samples(), count);
+                           pasted.replaced.endSample(), slot.samples.samples());
   return pasted;
 }
 
-void Insert(CChannel& channel, const CChannel& slot, Pasted pasted) {
+// The labels of slot `index`, with their times in the recording that they come to.
+Tiers LabelsAt(const Clipboard& clipboard, std::size_t index, double atMs) {
+  const CChannel& slot = clipboard.slots[index];
+  if (atMs == slot.selectionStart.ms) return clipboard.tiersAsCopied[index];
+  Tiers tiers = slot.tiers;
+  for (Tier& tier : tiers) {
+    for (Label& label : tier.labels) label.timeMs += atMs;
+  }
+  return tiers;
+}
+
+// A tier that receives labels comes into use: they would be neither seen nor saved.
+void AddLabels(CChannel& channel, const Tiers& added) {
+  for (std::size_t i = 0; i < added.size(); ++i) {
+    if (added[i].labels.empty()) continue;
+    Tier& tier = channel.tiers[i];
+    tier.inUse = true;
+    if (tier.name.empty()) tier.name = added[i].name;
+    tier.labels.insert(tier.labels.end(), added[i].labels.begin(), added[i].labels.end());
+  }
+}
+
+void Insert(CChannel& channel, const Clipboard& clipboard, std::size_t index, Pasted pasted) {
   const double atMs = pasted.replaced.start.ms;
   channel.samples = std::move(pasted.samples);
   channel.totalLength = pasted.total.samples;
   channel.totalDurationMs = pasted.total.ms;
   CloseLabels(channel, pasted.replaced);
-  SpreadLabels(channel, atMs, slot.totalDurationMs);
-  for (int tier = 0; tier < kTierCount; ++tier) {
-    const auto index = static_cast<std::size_t>(tier);
-    if (!channel.tiers[index].inUse) continue;
-    for (Label label : slot.tiers[index].labels) {
-      label.timeMs += atMs;
-      channel.AddLabel(tier, std::move(label));
-    }
-  }
+  SpreadLabels(channel, atMs, clipboard.slots[index].totalDurationMs);
+  AddLabels(channel, LabelsAt(clipboard, index, atMs));
 }
 
 void PasteIntoRecording(CSonadexView& view) {
@@ -91,10 +106,11 @@ void PasteIntoRecording(CSonadexView& view) {
     pasted[i] = Prepare(view, channels[i], clipboard.slots[i]);
   }
   for (std::size_t i = 0; i < channels.size(); ++i) {
-    Insert(channels[i], clipboard.slots[i], std::move(pasted[i]));
+    Insert(channels[i], clipboard, i, std::move(pasted[i]));
   }
   DropSelection(view);
   FollowScrollBar(view);
+  view.LayOut();
   FinishSampleEdit(view);
 }
 

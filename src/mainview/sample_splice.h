@@ -1,6 +1,4 @@
-// sample_splice.h - samples taken out of a block and put into one. Positions and lengths of a
-// recording have fractions while its samples are whole, so the new number of samples is given and
-// may differ by one from what the pieces hold: what is too much at the end goes.
+// sample_splice.h - samples taken out of a block and put into one.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +8,12 @@
 
 namespace cantorix {
 
-// Takes out the samples [first, end), in place; `newCount` remain, a missing last one being the
-// sample that stood there.
-void RemoveSamples(SampleBlock& block, std::int64_t first, std::int64_t end, std::int64_t newCount);
+// Takes out the samples [first, end) of the block, in place.
+void RemoveSamples(SampleBlock& block, std::int64_t first, std::int64_t end);
 
-// A block of `newCount` samples: `old` with [first, end) replaced by `inserted`, a missing last one
-// being 0. Throws Abandoned when memory runs out.
+// `old` with its samples [first, end) replaced by `inserted`. Throws Abandoned when memory runs
+// out.
 SampleBlock Spliced(std::span<const std::int16_t> old, std::int64_t first, std::int64_t end,
-                    std::span<const std::int16_t> inserted, std::int64_t newCount);
+                    std::span<const std::int16_t> inserted);
 
 }  // namespace cantorix
