@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "mainview/mouse.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -48,6 +49,16 @@ bool AnalysisWindow::Tracks() const {
          document_.settings.display.trackMouse != 0;
 }
 
+void AnalysisWindow::PassPress(double ms) const {
+  if (Tracks()) return PressAtTime(*mainView(), ms);
+  if (mainView() != nullptr && !samplesChanged()) ShowPointerAtTime(*mainView(), ms);
+}
+
+void AnalysisWindow::PassMove(double ms) const {
+  if (Tracks()) return MoveAtTime(*mainView(), ms);
+  if (mainView() != nullptr && !samplesChanged()) ShowPointerAtTime(*mainView(), ms);
+}
+
 bool AnalysisWindow::InPlot(std::int32_t x, std::int32_t y) const {
   return x >= plot.left && x < plot.right && y >= plot.top && y < plot.bottom;
 }
@@ -79,18 +90,18 @@ void AnalysisWindow::Tried(bool fresh) {
   triedSize_ = wantedSize_;
 }
 
-void AnalysisWindow::DocumentChanged(DocumentChange change, const DocumentObserver*) {
-  if (change == DocumentChange::kSamples && computed()) {
+void AnalysisWindow::DocumentChanged(DocumentChanges changes, const DocumentObserver*) {
+  if (changes.Has(DocumentChange::kSamples) && computed()) {
     freshness_ = Freshness::kSamplesChanged;
     press.held = false;
   }
-  if (change == DocumentChange::kSettings && !samplesChanged()) {
+  if (changes.Has(DocumentChange::kSettings) && !samplesChanged()) {
     freshness_ = SettingsMatch() ? Freshness::kCurrent : Freshness::kSettingsChanged;
   }
-  FollowDocument(change);
+  FollowDocument(changes);
   // Cursor and selection lie over the picture, the title is the frame's.
-  if (change == DocumentChange::kCursor || change == DocumentChange::kTitle) return Changed();
-  PictureChanged();
+  const bool picture = changes.HasOther(DocumentChange::kCursor | DocumentChange::kTitle);
+  picture ? PictureChanged() : Changed();
 }
 
 double TimeFactor(const CSonadexDoc& document) {

@@ -115,10 +115,14 @@ class AnalysisWindow : public DocumentObserver {
   const PictureSize& wantedSize() const { return wantedSize_; }
   // Whether a rest of the user is to be used for an Update.
   bool UpdateDue() const;
-  // Whether main view and window follow each other's pointer at the moment.
+  // Whether the window's pointer is the main view's, too: all windows track the mouse, and both
+  // show the same samples. A main view that does not follow shows where the pointer is.
   bool Tracks() const;
+  // Passes a press or a move, or a release where it happens, to the main view.
+  void PassPress(double ms) const;
+  void PassMove(double ms) const;
 
-  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
   PixelRect plot;  // where the window draws the data, in client pixels
   bool markerSet = false;
@@ -138,7 +142,7 @@ class AnalysisWindow : public DocumentObserver {
   // Whether the results were computed with the document's settings.
   virtual bool SettingsMatch() const = 0;
   // After a change of the document, before the window is told.
-  virtual void FollowDocument(DocumentChange change) = 0;
+  virtual void FollowDocument(DocumentChanges changes) = 0;
   // The switches of the window were turned.
   virtual void KeepSwitches() = 0;
 

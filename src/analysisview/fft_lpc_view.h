@@ -78,7 +78,7 @@ class CFFTLPCView : public AnalysisWindow {
   Spectrum Analyse(const SpectrumPlace& place, int displayPoints) const;
   void PlaceCursor(std::int32_t x);
   bool SettingsMatch() const override;
-  void FollowDocument(DocumentChange) override {}
+  void FollowDocument(DocumentChanges) override {}
   void KeepSwitches() override;
 
   SpectrumPlace place_;

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "mainview/analysis_commands.h"
-#include "mainview/mouse.h"
 #include "mainview/track_lookup.h"
 #include "platform/numbers.h"
 
@@ -47,8 +47,8 @@ void CPitchView::TakeTrack() {
   if (cursorMs < time.low || cursorMs > time.high) markerSet = false;
 }
 
-void CPitchView::FollowDocument(DocumentChange change) {
-  if (change == DocumentChange::kTracks || change == DocumentChange::kSamples) TakeTrack();
+void CPitchView::FollowDocument(DocumentChanges changes) {
+  if (changes.HasAny(DocumentChange::kTracks | DocumentChange::kSamples)) TakeTrack();
 }
 
 bool CPitchView::SettingsMatch() const {
@@ -76,12 +76,15 @@ void CPitchView::Press(std::int32_t x, std::int32_t y) {
   if (!computed() || !InPlot(x, y)) return;
   press = {.held = true, .x = x};
   PlaceCursor(MsUnder(x));
+  unpassedPressMs_ = cursorMs;
 }
 
 void CPitchView::Move(std::int32_t x, std::int32_t) {
   if (!press.held || !computed()) return;
   PlaceCursor(MsUnder(x));
-  if (Tracks()) MoveAtTime(view_, cursorMs);
+  // A drag begins with its press; a press alone is not passed on.
+  if (const auto pressMs = std::exchange(unpassedPressMs_, std::nullopt)) PassPress(*pressMs);
+  PassMove(cursorMs);
 }
 
 void CPitchView::Release(std::int32_t x, std::int32_t) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -30,8 +31,8 @@ class CPitchView : public AnalysisWindow {
   // Once there was a track, its stretch can be analysed again.
   bool canUpdate() const override { return range_.length() > 0.0; }
   void Update() override;
-  // The cursor is under the pointer while the button is held, and the moves go to the main view
-  // while all windows track the mouse.
+  // The cursor is under the pointer while the button is held. The moves go to the main view, the
+  // first of them after their press.
   void Press(std::int32_t x, std::int32_t y) override;
   void Move(std::int32_t x, std::int32_t y) override;
   void Release(std::int32_t x, std::int32_t y) override;
@@ -52,12 +53,13 @@ class CPitchView : public AnalysisWindow {
   double MsUnder(std::int32_t x) const;
   bool SettingsMatch() const override;
   void TakeTrack();
-  void FollowDocument(DocumentChange change) override;
+  void FollowDocument(DocumentChanges changes) override;
   void KeepSwitches() override {}
 
   CSonadexView& view_;
-  SampleRange range_;       // of the last track
-  PitchSettings settings_;  // of the last track
+  SampleRange range_;                      // of the last track
+  PitchSettings settings_;                 // of the last track
+  std::optional<double> unpassedPressMs_;  // the main view knows nothing of it yet
   bool wholeRecording_ = false;
 };
 

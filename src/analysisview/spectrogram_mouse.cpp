@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "analysisview/spectrogram_view.h"
-#include "mainview/mouse.h"
 #include "mainview/time_axis.h"
 
 namespace cantorix {
@@ -42,14 +41,14 @@ void CSpectrogramView::Press(std::int32_t x, std::int32_t y) {
   press = {.held = true, .x = x};
   PlaceCursor(MsUnder(x), HzUnder(y));
   Changed();
-  if (Tracks()) PressAtTime(*mainView(), cursorMs);
+  PassPress(cursorMs);
 }
 
 void CSpectrogramView::Move(std::int32_t x, std::int32_t) {
   if (!press.held || !computed()) return;
   Drag(x);
   Changed();
-  if (Tracks()) MoveAtTime(*mainView(), dragMs);
+  PassMove(dragMs);
 }
 
 void CSpectrogramView::Release(std::int32_t x, std::int32_t) {
@@ -58,7 +57,7 @@ void CSpectrogramView::Release(std::int32_t x, std::int32_t) {
   if (!computed()) return;
   Drag(x);
   Changed();
-  if (Tracks()) ReleaseAtTime(*mainView(), dragMs);
+  PassMove(dragMs);
 }
 
 void CSpectrogramView::StepCursor(std::int32_t right, std::int32_t up) {
@@ -71,16 +70,14 @@ void CSpectrogramView::StepCursor(std::int32_t right, std::int32_t up) {
   const double hz = placed ? cursorHz + up * HzPerPixel() : 0.0;
   PlaceCursor(std::clamp(ms, time.low, std::max(lastMs, time.low)), std::clamp(hz, 0.0, lastHz));
   Changed();
-  if (!Tracks()) return;
-  PressAtTime(*mainView(), cursorMs);
-  ReleaseAtTime(*mainView(), cursorMs);
+  PassPress(cursorMs);
 }
 
 void CSpectrogramView::FollowMainView(MousePhase phase, double ms) {
-  if (!computed() || !Tracks()) return;
+  if (!computed() || samplesChanged() || mainView() == nullptr) return;
   if (phase == MousePhase::kPress) press.held = false;
   PlaceCursor(ms, cursorHz);
-  if (mainView()->selectionShown) {
+  if (mainView()->selectionShown()) {
     const CChannel& shown = mainView()->channel();
     selection = {shown.selectionStart.ms, shown.selectionEnd.ms};
     selectionShown = true;

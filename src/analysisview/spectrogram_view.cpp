@@ -2,6 +2,7 @@
 #include "analysisview/spectrogram_view.h"
 
 #include <algorithm>
+#include <new>
 #include <tuple>
 
 #include "platform/abandon.h"
@@ -16,6 +17,16 @@ constexpr const char* kFormantFailure =
     "Error in evaluating the formants.\n"
     "Please make sure the number of coefficients are in the proper range.\n"
     "or turn off the formant tracking and repeat the process.";
+
+// At the first picture of a window, and later.
+constexpr const char* kNoDisplay =
+    "Error in setting up display.\n"
+    "This could be due to low memory. Please close some windows and try again.\n"
+    "If the problem persists, please save work, close application and start again.";
+constexpr const char* kLowMemory =
+    "Low memory error\n"
+    "Please close some windows and try again.\n"
+    "If the problem persists, please save work, close application and start again.";
 
 // Of the levels and formants; without an overflow for any size.
 std::uint64_t PictureBytes(const SpectrogramSize& size) {
@@ -56,7 +67,20 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
 bool CSpectrogramView::Show(const SampleRange& range) {
   markerSet = false;
   selectionShown = false;
-  return ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+  return ComputeOrSay(range, kNoDisplay);
+}
+
+// Memory that is short is said: a window that stays empty explains nothing.
+bool CSpectrogramView::ComputeOrSay(const SampleRange& range, const char* lowMemory) {
+  try {
+    return ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+  } catch (const Abandoned& abandoned) {
+    if (abandoned.reason() == AbandonReason::kOutOfMemory) host().prompts.Message(lowMemory);
+    throw;
+  } catch (const std::bad_alloc&) {
+    host().prompts.Message(lowMemory);
+    throw Abandoned(AbandonReason::kOutOfMemory);
+  }
 }
 
 void CSpectrogramView::Update() {
@@ -65,7 +89,7 @@ void CSpectrogramView::Update() {
     spectrogram_ = {};
     return PictureChanged();
   }
-  ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+  ComputeOrSay(range, kLowMemory);
 }
 
 bool CSpectrogramView::SettingsMatch() const {
@@ -76,8 +100,8 @@ bool CSpectrogramView::SettingsMatch() const {
   return !computed() || computedWith(settings_) == computedWith(document().settings.spectrogram);
 }
 
-void CSpectrogramView::FollowDocument(DocumentChange change) {
-  if (change == DocumentChange::kSamples) selectionShown = false;
+void CSpectrogramView::FollowDocument(DocumentChanges changes) {
+  if (changes.Has(DocumentChange::kSamples)) selectionShown = false;
 }
 
 }  // namespace cantorix

@@ -40,6 +40,7 @@ class CSpectrogramView : public AnalysisWindow {
   // cannot be read. Nothing is computed then.
   bool ComputeSpectrogram(const SampleRange& range, const SpectrogramSize& size);
   // The same for the wanted size; the whole recording stays the whole recording when it changes.
+  // Here and in Update the user is told when memory runs out.
   bool Show(const SampleRange& range);
 
   WindowKind kind() const override { return WindowKind::kSpectrogram; }
@@ -53,9 +54,8 @@ class CSpectrogramView : public AnalysisWindow {
   void Move(std::int32_t x, std::int32_t y) override;
   void Release(std::int32_t x, std::int32_t y) override;
   void StepCursor(std::int32_t right, std::int32_t up) override;
-  // The main view's press, move or release, at the cursor time of its press: while all windows
-  // track the mouse the cursor goes there, at its own frequency, and the window shows the main
-  // view's selection.
+  // The main view's press, move or release, at the cursor time of its press: the cursor goes there,
+  // at its own frequency, and the window shows the main view's selection.
   void FollowMainView(MousePhase phase, double ms);
   std::vector<LogEntry> LogRows(WindowLog log) const override;
   // Time, frequency and level at the cursor with the formants there, length of the selection.
@@ -81,13 +81,14 @@ class CSpectrogramView : public AnalysisWindow {
   TimeSpan selection;
 
  private:
+  bool ComputeOrSay(const SampleRange& range, const char* lowMemory);
   void PlaceCursor(double ms, double hz);
   void Drag(std::int32_t x);
   double MsUnder(std::int32_t x) const;
   double HzUnder(std::int32_t y) const;
   double HzPerPixel() const;
   bool SettingsMatch() const override;
-  void FollowDocument(DocumentChange change) override;
+  void FollowDocument(DocumentChanges changes) override;
   void KeepSwitches() override;
 
   Spectrogram spectrogram_;

@@ -12,6 +12,7 @@
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
+#include "mainview/label_list.h"
 #include "platform/abandon.h"
 #include "platform/prompts.h"
 
@@ -32,7 +33,6 @@ CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
                              [&host] { return host.openLog(); }});
   area_ = new MainViewArea(*view_, waveform, host, this);
   setWidget(area_);
-  document.Attach(*this);
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
   // Its entry "Close" would take Ctrl+W from the zoom command.
   for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
@@ -96,21 +96,12 @@ void CChildFrame::resizeEvent(QResizeEvent* event) {
   RememberPlacement();
 }
 
-void CChildFrame::ViewChanged() {
+void CChildFrame::ViewChanged(const ViewNotice& notice) {
+  if (!view_) return;
+  if (notice.changes.Has(DocumentChange::kTitle)) ShowTitle();
   if (area_ != nullptr) area_->Refresh();
-  host_.StateChanged();
-}
-
-void CChildFrame::LabelsChanged() {
-  if (view_) host_.LabelsChanged(*view_);
-}
-
-void CChildFrame::CursorMoved(MousePhase phase, double ms) {
-  if (view_) host_.CursorMoved(*view_, phase, ms);
-}
-
-void CChildFrame::DocumentChanged(DocumentChange change, const DocumentObserver*) {
-  if (change == DocumentChange::kTitle) ShowTitle();
+  if (notice.changes.HasAny(kLabelListChanges)) host_.LabelsChanged(*view_);
+  if (notice.pointer) host_.CursorMoved(*view_, notice.pointer->phase, notice.pointer->ms);
   host_.StateChanged();
 }
 
@@ -136,7 +127,6 @@ void CChildFrame::LetGo() {
   if (!view_) return;
   host_.Closing(*view_);
   area_->LetGo();
-  document_->Detach(*this);
   view_.reset();
   document_ = nullptr;
 }

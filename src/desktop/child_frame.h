@@ -16,10 +16,7 @@ class DocumentWaveform;
 class MainViewArea;
 struct DesktopServices;
 
-class CChildFrame : public QMdiSubWindow,
-                    private ViewListener,
-                    private PlaybackControl,
-                    private DocumentObserver {
+class CChildFrame : public QMdiSubWindow, private ViewListener, private PlaybackControl {
  public:
   CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform, const DesktopServices& services,
               FrameHost& host);
@@ -43,11 +40,8 @@ class CChildFrame : public QMdiSubWindow,
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void ViewChanged() override;
-  void LabelsChanged() override;
-  void CursorMoved(MousePhase phase, double ms) override;
+  void ViewChanged(const ViewNotice& notice) override;
   void StopPlayback() override {}  // nothing plays without sound
-  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
 
   void BeginView();
   void ShowTitle();

@@ -103,6 +103,7 @@ class CMainFrame : public QMainWindow, private FrameHost {
   AnalysisWindows* analysisWindows_ = nullptr;
   DocumentOutput* output_ = nullptr;
   const CSonadexDoc* agreedToClose_ = nullptr;  // the user was asked about it already
+  bool isRunning_ = false;                      // the frame is brought up to date at the end of it
   std::vector<QAction*> windowList_;
   std::vector<std::string> shownRecent_;
 };

@@ -4,6 +4,7 @@
 #include <QDragEnterEvent>
 #include <QMdiArea>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 #include <QUrl>
 
@@ -121,7 +122,9 @@ bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
   return QMainWindow::eventFilter(watched, event);
 }
 
-void CMainFrame::StateChanged() { Refresh(); }
+void CMainFrame::StateChanged() {
+  if (!isRunning_) Refresh();
+}
 
 void CMainFrame::LabelsChanged(CSonadexView& view) {
   if (&view == activeView()) labelList_->Refresh();
@@ -138,8 +141,11 @@ LogSink* CMainFrame::openLog() {
 
 void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
   if (services_.progress.running()) return;
-  Guarded(view, action);
-  Refresh();
+  {
+    const QScopedValueRollback running(isRunning_, true);
+    Guarded(view, action);
+  }
+  StateChanged();
 }
 
 CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {

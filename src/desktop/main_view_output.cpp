@@ -72,8 +72,6 @@ void MainViewOutput::SavePicture(CSonadexView& view, const QWidget& window) {
                             "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|"
                             "SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf|"),
                 QSize(size.width, size.height), window.devicePixelRatioF(), [&](QPainter& painter) {
-                  // Another view of the document may have put its own rectangles into the channel.
-                  view.PlaceLayout();
                   PaintMainView(painter, {view, waveformOf_(view.document()).Pyramid()},
                                 StyleOf(PaletteKind::kLight));
                 });

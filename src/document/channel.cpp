@@ -32,7 +32,6 @@ void CChannel::CopyFields(const CChannel& other) {
   totalLength = other.totalLength;
   bitsPerSample = other.bitsPerSample;
   channelWord1 = other.channelWord1;
-  waveformRect = other.waveformRect;
   channelWord2 = other.channelWord2;
   channelName = other.channelName;
   channelWord3 = other.channelWord3;

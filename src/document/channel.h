@@ -43,7 +43,6 @@ class CChannel {
   double totalLength = 0.0;  // samples; Truncate(totalLength) of them are held
   std::int32_t bitsPerSample = 16;
   std::uint32_t channelWord1 = 0;
-  PixelRect waveformRect;
   std::uint32_t channelWord2 = 100;
   std::string channelName;  // at most 63 bytes in the native file
   std::uint32_t channelWord3 = 0;

@@ -80,13 +80,15 @@ void CSonadexDoc::SetModified(bool modified) {
   Notify(DocumentChange::kTitle);
 }
 
+bool CSonadexDoc::MarkModified() { return !std::exchange(modified_, true); }
+
 void CSonadexDoc::Attach(DocumentObserver& observer) { observers_.push_back(&observer); }
 
 void CSonadexDoc::Detach(DocumentObserver& observer) { std::erase(observers_, &observer); }
 
-void CSonadexDoc::Notify(DocumentChange change, const DocumentObserver* by) {
+void CSonadexDoc::Notify(DocumentChanges changes, const DocumentObserver* by) {
   for (DocumentObserver* const observer : observers_) {
-    if (observer != by) observer->DocumentChanged(change, by);
+    if (observer != by) observer->DocumentChanged(changes, by);
   }
 }
 

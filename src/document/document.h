@@ -59,12 +59,14 @@ class CSonadexDoc {
   bool isModified() const { return modified_; }
   // Tells the observers when it changes.
   void SetModified(bool modified);
+  // The same for one who tells them kTitle together with other changes: true when it has to.
+  bool MarkModified();
 
   // Observers are told in the order in which they came; each must go before it ends.
   void Attach(DocumentObserver& observer);
   void Detach(DocumentObserver& observer);
   // Tells all but `by`.
-  void Notify(DocumentChange change, const DocumentObserver* by = nullptr);
+  void Notify(DocumentChanges changes, const DocumentObserver* by = nullptr);
 
   std::array<CChannel, kChannelSlots> channels;
   std::int32_t channelCount = 1;

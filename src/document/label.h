@@ -9,13 +9,6 @@
 
 namespace cantorix {
 
-struct PixelRect {
-  std::int32_t left = 0;
-  std::int32_t top = 0;
-  std::int32_t right = 0;
-  std::int32_t bottom = 0;
-};
-
 enum LabelAlignment : std::int32_t { kAlignLeft = 0, kAlignCentre = 1, kAlignRight = 2 };
 
 // The 60 bytes of a font description, kept verbatim: height, width, escapement, orientation and
@@ -59,7 +52,6 @@ struct Label {
 struct Tier {
   std::string name;            // at most 255 bytes in the native file
   std::vector<Label> labels;   // in insertion order
-  PixelRect rect;              // where the main view draws the tier
   std::int32_t tierWord = 20;  // height in pixels
   bool inUse = false;          // only tiers in use are drawn, saved, listed and offered
 

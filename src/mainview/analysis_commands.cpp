@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analysis/intensity.h"
+#include "mainview/view_edit.h"
 #include "platform/prompts.h"
 
 namespace cantorix {
@@ -30,14 +31,19 @@ void AnalysePitch(CSonadexView& view, Stretch stretch) {
 }
 
 void AnalysePitch(CSonadexView& view, const SampleRange& range) {
+  const ViewEdit run(view, Playback::kGoesOn);
+  view.Changed(DocumentChange::kTracks);
   CSonadexDoc& document = view.document();
   const CChannel& channel = view.channel();
   view.pitch = {};
-  view.Redraw();
   view.pitch = ComputePitch(document.Samples(), range, channel.sampleRateHz,
                             document.settings.pitch, view.progress(), channel.totalLength);
-  if (view.pitch.badParameters) view.prompts().Message(std::string(kBadParametersText));
-  AnalyseIntensity(view, range);
+  if (view.pitch.badParameters) {
+    view.prompts().Beep();
+    view.prompts().Message(std::string(kBadParametersText));
+  }
+  // A pitch run that was given up or refused ends the command.
+  if (view.pitch.PitchValid) AnalyseIntensity(view, range);
 }
 
 void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
@@ -45,19 +51,13 @@ void AnalyseIntensity(CSonadexView& view, Stretch stretch) {
 }
 
 void AnalyseIntensity(CSonadexView& view, const SampleRange& range) {
+  const ViewEdit run(view, Playback::kGoesOn);
+  view.Changed(DocumentChange::kTracks);
   CSonadexDoc& document = view.document();
   CChannel& channel = view.channel();
   channel.intensity = {};
-  view.Redraw();
   channel.intensity = ComputeIntensity(document.Samples(), range, channel.sampleRateHz,
                                        document.settings.intensity, view.progress());
-  view.Changed(DocumentChange::kTracks);
-}
-
-void AnalyseAfterEdit(CSonadexView& view) {
-  view.pitch = {};
-  view.channel().intensity = {};
-  if (view.document().settings.display.automaticAnalysis != 0) AnalysePitch(view, Stretch::kAll);
 }
 
 }  // namespace cantorix

@@ -71,8 +71,6 @@ void CopyChannel(CSonadexView& view, std::size_t index) {
 // The second half of Cut. Everything that can be refused is looked at before a sample moves.
 void DeleteSelection(CSonadexView& view) {
   CSonadexDoc& document = view.document();
-  view.StopPlayback();
-  SaveUndoFile(view);
   // Kept: refused only now, so that an undo file was written.
   if (document.samplesOnDisk()) Refuse(view, kTooLongToCut);
   const auto channels = ChannelsInUse(document);
@@ -94,8 +92,7 @@ void CopySelection(CSonadexView& view) {
   view.StopPlayback();
   Clipboard& clipboard = view.services().clipboard;
   clipboard.Empty();
-  const std::size_t count =
-      std::min(ChannelsInUse(view.document()).size(), clipboard.slots.size());
+  const std::size_t count = std::min(ChannelsInUse(view.document()).size(), clipboard.slots.size());
   try {
     for (std::size_t i = 0; i < count; ++i) CopyChannel(view, i);
   } catch (...) {
@@ -108,10 +105,11 @@ void CopySelection(CSonadexView& view) {
 
 void CutSelection(CSonadexView& view) {
   CopySelection(view);
+  ViewEdit edit(view, UndoScope::kSamples);
   DeleteSelection(view);
   FollowScrollBar(view);
   DropSelection(view);
-  FinishSampleEdit(view);
+  FinishSampleEdit(view, edit);
 }
 
 }  // namespace cantorix

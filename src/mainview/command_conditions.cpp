@@ -36,8 +36,8 @@ Facts FactsOf(const CSonadexView* view) {
   const ViewServices& services = view->services();
   const SoundState sound = services.playback.Sound();
   return fact::kDocument | When(!sound.recordingHere, fact::kIdle) |
-         When(document.loaded, fact::kLoaded) | When(view->zoomed, fact::kZoomed) |
-         When(view->markerSet, fact::kMarker) | When(view->selectionShown, fact::kSelection) |
+         When(document.loaded, fact::kLoaded) | When(view->zoomed(), fact::kZoomed) |
+         When(view->markerSet(), fact::kMarker) | When(view->selectionShown(), fact::kSelection) |
          When(document.hasSelection, fact::kDocumentSelection) |
          When(document.isModified(), fact::kModified) | When(view->undoAvailable, fact::kUndo) |
          When(services.clipboard.clipboardFull, fact::kClipboard) |

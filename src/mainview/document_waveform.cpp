@@ -14,8 +14,8 @@ const WaveformPyramid& DocumentWaveform::Pyramid() {
   return *pyramid_;
 }
 
-void DocumentWaveform::DocumentChanged(DocumentChange change, const DocumentObserver*) {
-  if (change == DocumentChange::kSamples) pyramid_.reset();
+void DocumentWaveform::DocumentChanged(DocumentChanges changes, const DocumentObserver*) {
+  if (changes.Has(DocumentChange::kSamples)) pyramid_.reset();
 }
 
 }  // namespace cantorix

@@ -20,7 +20,7 @@ class DocumentWaveform : public DocumentObserver {
   // Of the samples as they are now. Throws FileError.
   const WaveformPyramid& Pyramid();
 
-  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
  private:
   CSonadexDoc& document_;

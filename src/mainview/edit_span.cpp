@@ -27,7 +27,9 @@ EditSpan SpanOf(const CChannel& channel, const TimePoint& from, const TimePoint&
   EditSpan span{Clamped(channel, from), Clamped(channel, to), {}};
   const auto count = static_cast<double>(span.sampleCount());
   span.length = {count, Representable(channel, count * channel.msPerSample())};
-  // What stood behind the end must not come to stand before the start.
+  // What stands before the start must not come to stand behind the end of the recording, and what
+  // stood behind the end not before the start.
+  span.start.ms = std::min(span.start.ms, std::max(channel.totalDurationMs, 0.0) - span.length.ms);
   span.end.ms = std::max(span.end.ms, span.start.ms + span.length.ms);
   return span;
 }
@@ -76,7 +78,7 @@ Tiers TiersInside(const CChannel& channel, const EditSpan& span) {
   Tiers tiers;
   for (std::size_t i = 0; i < tiers.size(); ++i) {
     const Tier& source = channel.tiers[i];
-    tiers[i] = {source.name, {}, source.rect, source.tierWord, source.inUse};
+    tiers[i] = {source.name, {}, source.tierWord, source.inUse};
     if (!source.inUse) continue;
     std::copy_if(source.labels.begin(), source.labels.end(), std::back_inserter(tiers[i].labels),
                  [&](const Label& label) { return span.Holds(label); });

@@ -9,7 +9,8 @@ namespace cantorix {
 
 struct EditSpan {
   // start <= end. The length is that of the whole samples in it, to the last digit that a time of
-  // the recording can have; the end in ms is not before start + length.
+  // the recording can have; the start in ms is not behind what the recording will be without it,
+  // the end not before start + length.
   TimePoint start, end, length;
 
   // The samples [firstSample, endSample) lie in the span.

@@ -34,22 +34,22 @@ std::span<CChannel> ChannelsInUse(CSonadexDoc& document) {
   return std::span(document.channels).first(static_cast<std::size_t>(count));
 }
 
-void FinishSampleEdit(CSonadexView& view) {
-  view.document().SetModified(true);
-  try {
-    AnalyseAfterEdit(view);
-  } catch (...) {
-    view.Changed(DocumentChange::kSamples);
-    throw;
-  }
-  view.Changed(DocumentChange::kSamples);
-}
-
-void FinishBrokenEdit(CSonadexView& view) {
-  view.document().SetModified(true);
+void NoteSampleEdit(CSonadexView& view, ViewEdit& edit) {
+  edit.MarkModified();
   view.pitch = {};
   view.channel().intensity = {};
   view.Changed(DocumentChange::kSamples);
+}
+
+void FinishSampleEdit(CSonadexView& view, ViewEdit& edit) {
+  NoteSampleEdit(view, edit);
+  AnalyseIfAutomatic(view, edit);
+}
+
+void AnalyseIfAutomatic(CSonadexView& view, ViewEdit& edit) {
+  if (view.document().settings.display.automaticAnalysis == 0) return;
+  edit.TellNow();
+  AnalysePitch(view, Stretch::kAll);
 }
 
 }  // namespace cantorix

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "mainview/edit_span.h"
-#include "mainview/sonadex_view.h"
+#include "mainview/view_edit.h"
 
 namespace cantorix {
 
@@ -23,10 +23,11 @@ void RequireSomethingLeft(const CChannel& channel, const EditSpan& span);
 
 std::span<CChannel> ChannelsInUse(CSonadexDoc& document);
 
-// The samples have changed: the document is modified, the tracks are computed again or dropped,
-// and this view, its label list and the other views are brought up to date.
-void FinishSampleEdit(CSonadexView& view);
-// The same for a change that was cut short: nothing is computed.
-void FinishBrokenEdit(CSonadexView& view);
+// The samples have changed: the document is modified, the tracks are dropped.
+void NoteSampleEdit(CSonadexView& view, ViewEdit& edit);
+// The same at the end of an edit: when pitch is automatic, the tracks are computed again.
+void FinishSampleEdit(CSonadexView& view, ViewEdit& edit);
+// "Pitch All" when it is automatic. The window shows the edit while it runs.
+void AnalyseIfAutomatic(CSonadexView& view, ViewEdit& edit);
 
 }  // namespace cantorix

@@ -1,26 +1,30 @@
-// label_commands.cpp - one change of one label: undo file first, change, mark modified, refresh.
+// label_commands.cpp - one change of one label.
 #include "mainview/label_commands.h"
 
 #include <utility>
 
-#include "mainview/editing.h"
+#include "mainview/view_edit.h"
+#include "platform/prompts.h"
 
 namespace cantorix {
 namespace {
 
-void BeginLabelEdit(CSonadexView& view) {
-  view.StopPlayback();
-  SaveUndoFile(view, UndoScope::kFields);
-}
+constexpr const char* kDeleteBlank = "A label without text cannot be seen.\nDelete it ?";
 
-void FinishLabelEdit(CSonadexView& view) {
-  view.document().SetModified(true);
-  view.Changed(DocumentChange::kLabels);
-}
+// An edit of labels.
+class LabelEdit : public ViewEdit {
+ public:
+  explicit LabelEdit(CSonadexView& view) : ViewEdit(view, UndoScope::kFields) {
+    MarkModified();
+    view.Changed(DocumentChange::kLabels);
+  }
+};
 
 void Remove(Tier& tier, int index) { tier.labels.erase(tier.labels.begin() + index); }
 
 }  // namespace
+
+bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
 
 Tier* FindTier(CSonadexView& view, int tier) {
   if (tier < 0 || tier >= kTierCount) return nullptr;
@@ -35,33 +39,29 @@ Label* FindLabel(CSonadexView& view, int tier, int index) {
 
 void AddLabelToTier(CSonadexView& view, int tier, Label label) {
   if (FindTier(view, tier) == nullptr) return;
-  BeginLabelEdit(view);
+  const LabelEdit edit(view);
   view.channel().AddLabel(tier, std::move(label));
-  FinishLabelEdit(view);
 }
 
 void EditLabel(CSonadexView& view, int tier, int index, Label edited) {
   if (FindLabel(view, tier, index) == nullptr) return;
-  BeginLabelEdit(view);
+  const LabelEdit edit(view);
   view.channel().AddLabel(tier, std::move(edited));
   Remove(*FindTier(view, tier), index);
-  FinishLabelEdit(view);
 }
 
 void MoveLabel(CSonadexView& view, int tier, int index, double ms, double verticalPosition) {
   Label* const label = FindLabel(view, tier, index);
   if (label == nullptr) return;
-  BeginLabelEdit(view);
+  const LabelEdit edit(view);
   label->timeMs = ms;
   label->verticalPosition = verticalPosition;
-  FinishLabelEdit(view);
 }
 
 void DeleteLabel(CSonadexView& view, int tier, int index) {
   if (FindLabel(view, tier, index) == nullptr) return;
-  BeginLabelEdit(view);
+  const LabelEdit edit(view);
   Remove(*FindTier(view, tier), index);
-  FinishLabelEdit(view);
 }
 
 void AskToEditLabel(CSonadexView& view, int tier, int index) {
@@ -69,7 +69,12 @@ void AskToEditLabel(CSonadexView& view, int tier, int index) {
   if (label == nullptr) return;
   auto answer = view.services().dialogs.AskLabel(*label, true);
   if (!answer) return;
-  if (answer->remove) return DeleteLabel(view, tier, index);
+  const bool blank = IsBlank(answer->label.text);
+  if (!answer->remove && blank &&
+      view.prompts().Ask(kDeleteBlank, Buttons::kOkCancel) != Answer::kOk) {
+    return;
+  }
+  if (answer->remove || blank) return DeleteLabel(view, tier, index);
   EditLabel(view, tier, index, std::move(answer->label));
 }
 

@@ -19,10 +19,11 @@ void ToggleLabelEntry(CSonadexView& view);
 void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y);
 // The pressed label's copy follows the pointer.
 void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
-// The end of a press in label entry mode, with no selection shown: a click on a label asks for its
-// new content or to delete it, a dragged label stays where it was dropped, a click on empty tier
-// space asks for a new label.
-void FinishLabelPress(CSonadexView& view, std::int32_t x, std::int32_t y);
+// The end of a press in label entry mode. A dragged label stays where it was dropped.
+void DropDraggedLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
+// A click on a label asks for its new content or to delete it, one on empty tier space for a new
+// label.
+void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y);
 
 void AddLabelToTier(CSonadexView& view, int tier, Label label);
 // The old label goes, the edited one comes to the end of its tier.
@@ -30,8 +31,11 @@ void EditLabel(CSonadexView& view, int tier, int index, Label edited);
 // The label keeps its place among those of its tier.
 void MoveLabel(CSonadexView& view, int tier, int index, double ms, double verticalPosition);
 void DeleteLabel(CSonadexView& view, int tier, int index);
-// The "Label entry" dialog for a label that exists: edits or deletes it.
+// The "Label entry" dialog for a label that exists: edits or deletes it. For one that would have no
+// text the user is asked whether to delete it; a new one without text is not added.
 void AskToEditLabel(CSonadexView& view, int tier, int index);
+// Whether a text shows nothing.
+bool IsBlank(const std::string& text);
 
 // The "Tiers Option" dialog. OK sets names, heights and use of the tiers, stores the names for new
 // documents and lays the view out; a document whose tiers changed is modified. Cancel changes

@@ -16,9 +16,15 @@ namespace {
 
 constexpr std::size_t kTooLong = 1000;  // bytes of a line
 constexpr double kMsPerSecond = 1000.0;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";  // at the start of many text files
 
 bool BeginsLikeANumber(std::string_view line) {
   return (line.front() >= '0' && line.front() <= '9') || line.front() == '.';
+}
+
+// The decimal number that a time text begins with; hexadecimal ones are none.
+double TimeOf(std::string_view text) {
+  return LeadingNumber(std::string(text.substr(0, text.find_first_not_of("0123456789.eE+-"))));
 }
 
 std::optional<Label> LabelOf(std::string_view line, const LabelImportOptions& options) {
@@ -26,7 +32,7 @@ std::optional<Label> LabelOf(std::string_view line, const LabelImportOptions& op
 
   const std::size_t tab = line.find('\t');
   Label label;
-  label.timeMs = LeadingNumber(std::string(line.substr(0, tab)));
+  label.timeMs = TimeOf(line.substr(0, tab));
   if (options.unit == TimeStampUnit::kSeconds) label.timeMs *= kMsPerSecond;
   if (!std::isfinite(label.timeMs)) return std::nullopt;
 
@@ -39,6 +45,7 @@ std::optional<Label> LabelOf(std::string_view line, const LabelImportOptions& op
 }  // namespace
 
 std::vector<Label> ReadLabelLines(std::string_view bytes, const LabelImportOptions& options) {
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
   std::vector<Label> labels;
   for (std::string_view line; !(line = TakeLine(bytes)).empty();) {
     if (auto label = LabelOf(line, options)) labels.push_back(std::move(*label));

@@ -30,9 +30,10 @@ std::int32_t LeftOf(const Label& label, std::int32_t pixel, std::int32_t width) 
 
 }  // namespace
 
-PixelRect LabelRectangle(CSonadexView& view, const Tier& tier, const Label& label) {
+PixelRect LabelRectangle(CSonadexView& view, int tier, const Label& label) {
   const PixelSize text = view.services().textMeasurer.Measure(label.font, label.text);
-  return LabelBox(label, text, tier.rect, TimeAxisOf(view.channel()));
+  return LabelBox(label, text, view.layout.tier(tier),
+                  TimeAxisOf(view.channel(), view.layout.axisWidth()));
 }
 
 PixelRect LabelBox(const Label& label, PixelSize text, const PixelRect& strip,
@@ -55,10 +56,10 @@ bool Contains(const PixelRect& rect, std::int32_t x, std::int32_t y) {
   return rect.left <= x && x < rect.right && rect.top <= y && y < rect.bottom;
 }
 
-double VerticalPositionAt(const Tier& tier, std::int32_t y) {
-  const std::int32_t height = tier.rect.bottom - tier.rect.top;
+double VerticalPositionAt(const PixelRect& strip, std::int32_t y) {
+  const std::int32_t height = strip.bottom - strip.top;
   if (height <= 0) return 0.0;
-  return std::clamp(static_cast<double>(y - tier.rect.top) / height, 0.0, 1.0);
+  return std::clamp(static_cast<double>(y - strip.top) / height, 0.0, 1.0);
 }
 
 }  // namespace cantorix

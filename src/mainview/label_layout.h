@@ -1,5 +1,4 @@
 // label_layout.h - where a label is drawn, and what is under the pointer in a tier.
-// Relies on the rectangles that the view's layout has put into channel and tiers.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +13,7 @@ namespace cantorix {
 // position, 0 being the tier's top and 1 its bottom. It is moved into the tier, sideways only while
 // its time is visible: the text of a label outside the visible stretch stays outside. A label
 // without text keeps a box of a few pixels, so that it can be taken hold of.
-PixelRect LabelRectangle(CSonadexView& view, const Tier& tier, const Label& label);
+PixelRect LabelRectangle(CSonadexView& view, int tier, const Label& label);
 
 // The same in any strip over any time axis (ms), for a text that takes a box of `text`.
 PixelRect LabelBox(const Label& label, PixelSize text, const PixelRect& strip,
@@ -23,7 +22,7 @@ PixelRect LabelBox(const Label& label, PixelSize text, const PixelRect& strip,
 // Whether a point lies in a rectangle; right and bottom edge are outside.
 bool Contains(const PixelRect& rect, std::int32_t x, std::int32_t y);
 
-// The vertical position of a pixel row in a tier: 0 at its top, 1 at its bottom and beyond.
-double VerticalPositionAt(const Tier& tier, std::int32_t y);
+// The vertical position of a pixel row in a tier's strip: 0 at its top, 1 at its bottom and beyond.
+double VerticalPositionAt(const PixelRect& strip, std::int32_t y);
 
 }  // namespace cantorix

@@ -17,6 +17,10 @@ struct LabelListRow {
   double timeMs = 0.0;
 };
 
+// Changes that the list shows; times follow the time base of the settings.
+inline constexpr DocumentChanges kLabelListChanges =
+    DocumentChange::kLabels | DocumentChange::kSamples | DocumentChange::kSettings;
+
 // One row per label of the tiers in use, from the top tier down, within a tier in stored order.
 std::vector<LabelListRow> LabelListRows(const CSonadexDoc& document);
 

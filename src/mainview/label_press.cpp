@@ -9,12 +9,13 @@ namespace cantorix {
 namespace {
 
 double TimeUnder(const CSonadexView& view, std::int32_t x) {
-  return PixelToTime(view.channel(), x - kLeftMargin).ms;
+  return PixelToTime(view.channel(), view.layout.axisWidth(), x - kLeftMargin).ms;
 }
 
-void HitTestTier(CSonadexView& view, const Tier& tier, std::int32_t x, std::int32_t y) {
-  for (int i = 0; i < tier.labelCount(); ++i) {
-    const Label& label = tier.labels[static_cast<std::size_t>(i)];
+// The first label whose box holds the point.
+void HitTestTier(CSonadexView& view, int tier, std::int32_t x, std::int32_t y) {
+  for (int i = 0; FindLabel(view, tier, i) != nullptr; ++i) {
+    const Label& label = *FindLabel(view, tier, i);
     if (!Contains(LabelRectangle(view, tier, label), x, y)) continue;
     view.labelEntry.pressedLabel = i;
     view.labelEntry.label = label;
@@ -26,7 +27,7 @@ void AskForNewLabel(CSonadexView& view, int tier, double ms) {
   Label fresh;
   fresh.timeMs = ms;
   auto answer = view.services().dialogs.AskLabel(fresh, false);
-  if (!answer || answer->remove) return;
+  if (!answer || answer->remove || IsBlank(answer->label.text)) return;
   AddLabelToTier(view, tier, std::move(answer->label));
 }
 
@@ -42,31 +43,34 @@ void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y) {
   view.labelEntry.currentTier = -1;
   view.labelEntry.pressedLabel = -1;
   for (int i = 0; i < kTierCount; ++i) {
-    const Tier& tier = *FindTier(view, i);
-    if (!tier.inUse || !Contains(tier.rect, x, y)) continue;
+    if (!Contains(view.layout.tier(i), x, y)) continue;
     view.labelEntry.currentTier = i;
-    HitTestTier(view, tier, x, y);
+    HitTestTier(view, i, x, y);
   }
 }
 
 void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
-  const Tier* const tier = FindTier(view, view.labelEntry.currentTier);
-  if (tier == nullptr) return;
+  const int tier = view.labelEntry.currentTier;
+  if (FindTier(view, tier) == nullptr) return;
   view.labelEntry.label.timeMs = TimeUnder(view, x);
-  view.labelEntry.label.verticalPosition = VerticalPositionAt(*tier, y);
+  view.labelEntry.label.verticalPosition = VerticalPositionAt(view.layout.tier(tier), y);
 }
 
-void FinishLabelPress(CSonadexView& view, std::int32_t x, std::int32_t y) {
+void DropDraggedLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  LabelEntryState& entry = view.labelEntry;
   const bool dragged = std::exchange(view.press.draggedLabel, false) && view.press.moved;
+  if (!entry.enabled || !dragged || FindTier(view, entry.currentTier) == nullptr) return;
+  MoveLabel(view, entry.currentTier, std::exchange(entry.pressedLabel, -1), TimeUnder(view, x),
+            VerticalPositionAt(view.layout.tier(entry.currentTier), y));
+}
+
+void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  const LabelEntryState& entry = view.labelEntry;
+  const int tier = entry.currentTier;
+  if (!entry.enabled || view.press.moved || FindTier(view, tier) == nullptr) return;
   const int label = std::exchange(view.labelEntry.pressedLabel, -1);
-  const int tier = view.labelEntry.currentTier;
-  const Tier* const pressed = FindTier(view, tier);
-  if (pressed == nullptr) return;
-  if (dragged) {
-    return MoveLabel(view, tier, label, TimeUnder(view, x), VerticalPositionAt(*pressed, y));
-  }
   if (label >= 0) return AskToEditLabel(view, tier, label);
-  if (Contains(pressed->rect, x, y)) AskForNewLabel(view, tier, TimeUnder(view, x));
+  if (Contains(view.layout.tier(tier), x, y)) AskForNewLabel(view, tier, TimeUnder(view, x));
 }
 
 }  // namespace cantorix

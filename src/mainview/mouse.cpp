@@ -6,7 +6,7 @@
 
 #include "mainview/label_commands.h"
 #include "mainview/time_axis.h"
-#include "mainview/view_readouts.h"
+#include "mainview/view_edit.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -21,10 +21,22 @@ bool InsideClient(const CSonadexView& view, std::int32_t x, std::int32_t y) {
 
 bool MovedFar(std::int32_t from, std::int32_t to) { return std::abs(to - from) > kClickPixels; }
 
+// The point under a client pixel column.
+TimePoint PointUnder(const CSonadexView& view, std::int32_t x) {
+  return PixelToTime(view.channel(), view.layout.axisWidth(), x - kLeftMargin);
+}
+
 // The pixel column of a time as if the pointer were there.
 std::int32_t PointerAt(CSonadexView& view, double ms) {
-  const double pixel = TimeToPixel(view.channel(), ms);
+  const double pixel = TimeToPixel(view.channel(), view.layout.axisWidth(), ms);
   return TruncateToInt32(std::clamp(pixel, -kFarPixels, kFarPixels)) + kLeftMargin;
+}
+
+void TakeDragPoint(CChannel& channel, const TimePoint& point, std::int32_t x, std::int32_t y) {
+  channel.dragPoint = point;
+  channel.dragX = x;
+  channel.dragY = y;
+  UpdateSelection(channel);
 }
 
 // After the cursor was placed. A press on a view that shows a selection only removes it; the next
@@ -32,23 +44,18 @@ std::int32_t PointerAt(CSonadexView& view, double ms) {
 void BeginPress(CSonadexView& view, const PressState& press) {
   CChannel& channel = view.channel();
   view.press = press;
-  view.markerSet = !view.selectionShown;
-  view.selectionShown = false;
-  view.document().hasSelection = false;
+  view.otherPointerMs.reset();
   channel.dragPoint = channel.cursor;
-  UpdateSelection(channel);
   view.pressedMs = channel.cursor.ms;
-  view.Changed(DocumentChange::kCursor);
+  if (view.selectionShown()) return view.DropMarks();
+  view.SetMarker();
 }
 
 // After the drag point was set: more than a few pixels away the press becomes a selection for good.
 void Drag(CSonadexView& view, std::int32_t x) {
-  UpdateSelection(view.channel());
   if (MovedFar(view.press.x, x)) view.press.moved = true;
-  if (!view.press.moved) return;
-  view.selectionShown = true;
-  view.document().hasSelection = true;
-  view.markerSet = false;
+  if (view.press.moved) view.SetSelection();
+  view.Changed(DocumentChange::kCursor);
 }
 
 // A label is dragged up and down as well: its place in the tier counts.
@@ -56,30 +63,13 @@ void DragPressedLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
   PressState& press = view.press;
   if (MovedFar(press.x, x) || MovedFar(press.y, y)) press.moved = true;
   if (press.moved) DragLabel(view, x, y);
+  view.Changed(DocumentChange::kCursor);
 }
 
 void FollowPointer(CSonadexView& view, std::int32_t x, std::int32_t y) {
-  view.PlaceLayout();
   if (view.press.draggedLabel) return DragPressedLabel(view, x, y);
-  SetDragPoint(view.channel(), x - kLeftMargin, x, y);
+  TakeDragPoint(view.channel(), PointUnder(view, x), x, y);
   Drag(view, x);
-}
-
-// The drag point takes the time itself: by way of whole pixels the selection would differ from the
-// one in the other window.
-void FollowTime(CSonadexView& view, double ms) {
-  view.PlaceLayout();
-  CChannel& channel = view.channel();
-  const std::int32_t x = PointerAt(view, ms);
-  channel.dragPoint = channel.PointAtTime(ms);
-  channel.dragX = x;
-  channel.dragY = 0;
-  Drag(view, x);
-}
-
-void FinishRelease(CSonadexView& view) {
-  ReadSelection(view);
-  view.Changed(DocumentChange::kCursor);
 }
 
 }  // namespace
@@ -87,50 +77,56 @@ void FinishRelease(CSonadexView& view) {
 void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   view.press = {};
   if (!view.document().loaded || !InsideClient(view, x, y)) return;
-  view.StopPlayback();
-  view.PlaceLayout();
+  ViewEdit edit(view, Playback::kStops);
   // The cursor first: where its sample cannot be read, the press leaves everything as it was.
-  SetCursorAtPixel(view.document(), x - kLeftMargin);
+  SetCursorAtPoint(view.document(), PointUnder(view, x));
   HitTestLabels(view, x, y);
   const bool onLabel = view.labelEntry.enabled && view.labelEntry.pressedLabel >= 0;
   BeginPress(view, {.held = true, .x = x, .y = y, .draggedLabel = onLabel});
-  view.services().listener.CursorMoved(MousePhase::kPress, view.pressedMs);
+  edit.ByPointer({MousePhase::kPress, view.pressedMs});
 }
 
 void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   if (!view.press.held) return;
+  ViewEdit edit(view, Playback::kGoesOn);
   FollowPointer(view, x, y);
-  view.Changed(DocumentChange::kCursor);
-  view.services().listener.CursorMoved(MousePhase::kMove, view.pressedMs);
+  edit.ByPointer({MousePhase::kMove, view.pressedMs});
 }
 
 void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   if (!view.press.held) return;
-  FollowPointer(view, x, y);
-  view.press.held = false;
-  FinishRelease(view);
-  view.services().listener.CursorMoved(MousePhase::kRelease, view.pressedMs);
-  if (view.labelEntry.enabled && !view.selectionShown) FinishLabelPress(view, x, y);
+  {
+    ViewEdit edit(view, Playback::kGoesOn);
+    FollowPointer(view, x, y);
+    view.press.held = false;
+    edit.ByPointer({MousePhase::kRelease, view.pressedMs});
+    DropDraggedLabel(view, x, y);
+  }
+  // The window is up to date before a dialog opens.
+  FinishLabelClick(view, x, y);
 }
 
 void PressAtTime(CSonadexView& view, double ms) {
   if (!view.document().loaded) return;
-  view.StopPlayback();
-  view.PlaceLayout();
+  const ViewEdit edit(view, Playback::kStops);
   SetCursorAtTime(view.document(), ms);
   BeginPress(view, {.x = PointerAt(view, ms)});
 }
 
+// The drag point takes the time itself: by way of whole pixels the selection would differ from the
+// one in the other window.
 void MoveAtTime(CSonadexView& view, double ms) {
   if (!view.document().loaded) return;
-  FollowTime(view, ms);
-  view.Changed(DocumentChange::kCursor);
+  const ViewEdit edit(view, Playback::kGoesOn);
+  CChannel& channel = view.channel();
+  const std::int32_t x = PointerAt(view, ms);
+  TakeDragPoint(channel, channel.PointAtTime(ms), x, 0);
+  Drag(view, x);
 }
 
-void ReleaseAtTime(CSonadexView& view, double ms) {
-  if (!view.document().loaded) return;
-  FollowTime(view, ms);
-  FinishRelease(view);
+void ShowPointerAtTime(CSonadexView& view, double ms) {
+  view.otherPointerMs = ms;
+  view.Redraw();
 }
 
 }  // namespace cantorix

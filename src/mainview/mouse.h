@@ -18,7 +18,8 @@ void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 
 // On behalf of another window; no label is touched.
 void PressAtTime(CSonadexView& view, double ms);
-void MoveAtTime(CSonadexView& view, double ms);
-void ReleaseAtTime(CSonadexView& view, double ms);
+void MoveAtTime(CSonadexView& view, double ms);  // or release there
+// The pointer of a window that does not track: it leaves no more than a line at that time.
+void ShowPointerAtTime(CSonadexView& view, double ms);
 
 }  // namespace cantorix

@@ -52,7 +52,6 @@ void KeepOptions(CSonadexView& view, SettingsDialog dialog) {
   // Kept: without a valid configuration file nothing is written; the document has the values.
   PatchConfiguration(ConfigPath(host.programDirectory), dialog,
                      {host.application, document.settings});
-  view.LayOut();
   view.Changed(DocumentChange::kSettings);
 }
 

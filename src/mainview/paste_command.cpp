@@ -51,8 +51,8 @@ struct Pasted {
 
 Pasted Prepare(CSonadexView& view, const CChannel& channel, const CChannel& slot) {
   Pasted pasted;
-  pasted.replaced = view.selectionShown ? SelectedSpan(channel) : CursorSpan(channel);
-  if (view.selectionShown) RequireSomethingLeft(channel, pasted.replaced);
+  pasted.replaced = view.selectionShown() ? SelectedSpan(channel) : CursorSpan(channel);
+  if (view.selectionShown()) RequireSomethingLeft(channel, pasted.replaced);
   pasted.total = {
       channel.totalLength - pasted.replaced.length.samples + slot.totalLength,
       channel.totalDurationMs - pasted.replaced.length.ms + slot.totalDurationMs,
@@ -97,7 +97,7 @@ void Insert(CChannel& channel, const Clipboard& clipboard, std::size_t index, Pa
 }
 
 void PasteIntoRecording(CSonadexView& view) {
-  SaveUndoFile(view);
+  ViewEdit edit(view, UndoScope::kSamples);
   RequireItFits(view);
   const Clipboard& clipboard = view.services().clipboard;
   const auto channels = ChannelsInUse(view.document());
@@ -110,8 +110,7 @@ void PasteIntoRecording(CSonadexView& view) {
   }
   DropSelection(view);
   FollowScrollBar(view);
-  view.LayOut();
-  FinishSampleEdit(view);
+  FinishSampleEdit(view, edit);
 }
 
 void Place(CSonadexDoc& document, std::size_t index, CChannel& copy, const CChannel& slot) {
@@ -124,6 +123,7 @@ void Place(CSonadexDoc& document, std::size_t index, CChannel& copy, const CChan
 }
 
 void PasteAsRecording(CSonadexView& view) {
+  ViewEdit edit(view, Playback::kStops);
   const Clipboard& clipboard = view.services().clipboard;
   CSonadexDoc& document = view.document();
   const auto count = static_cast<std::size_t>(clipboard.channelCount);
@@ -138,15 +138,13 @@ void PasteAsRecording(CSonadexView& view) {
   view.undoAvailable = false;
   DropSelection(view);
   view.FollowStretch();
-  view.LayOut();
-  FinishSampleEdit(view);
+  FinishSampleEdit(view, edit);
 }
 
 }  // namespace
 
 void Paste(CSonadexView& view) {
   if (!view.services().clipboard.clipboardFull) return;
-  view.StopPlayback();
   if (view.document().loaded) return PasteIntoRecording(view);
   PasteAsRecording(view);
 }

@@ -28,9 +28,7 @@ class QuietDialogs : public ViewDialogs {
 
 class QuietWindow : public ViewListener, public PlaybackControl {
  public:
-  void ViewChanged() override {}
-  void LabelsChanged() override {}
-  void CursorMoved(MousePhase, double) override {}
+  void ViewChanged(const ViewNotice&) override {}
   void StopPlayback() override {}
 };
 

@@ -29,7 +29,7 @@ std::int64_t SumOf(const SampleSource& source, std::int64_t first, std::int64_t 
 
 // Nothing for a stretch without samples.
 std::optional<double> MeanOf(CSonadexView& view, const CChannel& channel) {
-  const EditSpan span = view.selectionShown ? SelectedSpan(channel) : VisibleSpan(channel);
+  const EditSpan span = view.selectionShown() ? SelectedSpan(channel) : VisibleSpan(channel);
   const SpanSource block(channel.samples.samples());
   const bool isFirst = &channel == &view.channel();
   const SampleSource& source = isFirst ? view.document().Samples() : block;
@@ -49,11 +49,11 @@ void SetReferenceOfAllChannels(CSonadexView& view) {
   const auto channels = ChannelsInUse(view.document());
   std::vector<std::optional<double>> means;
   for (const CChannel& channel : channels) means.push_back(MeanOf(view, channel));
-  SaveUndoFile(view, UndoScope::kFields);
+  ViewEdit edit(view, UndoScope::kFields);
   for (std::size_t i = 0; i < channels.size(); ++i) {
     if (means[i]) channels[i].referenceLevel = *means[i];
   }
-  view.document().SetModified(true);
+  edit.MarkModified();
   view.Changed(DocumentChange::kReference);
 }
 

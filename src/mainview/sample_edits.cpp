@@ -61,8 +61,7 @@ void SmoothBlock(std::span<std::int16_t> block, std::int16_t before, std::int16_
 }  // namespace
 
 void ClearToReference(CSonadexView& view) {
-  view.StopPlayback();
-  SaveUndoFile(view);
+  ViewEdit edit(view, UndoScope::kSamples);
   // Kept: refused only now, so that an undo file was written.
   if (view.document().samplesOnDisk()) Refuse(view, "long file error");
   // Kept: only the first channel is cleared.
@@ -71,7 +70,7 @@ void ClearToReference(CSonadexView& view) {
   const auto samples = channel.samples.samples();
   std::fill(samples.begin() + span.firstSample(), samples.begin() + span.endSample(),
             Low16(Truncate(channel.referenceLevel)));
-  FinishSampleEdit(view);
+  FinishSampleEdit(view, edit);
 }
 
 void ReferenceAndGain(CSonadexView& view) {
@@ -86,22 +85,19 @@ void ReferenceAndGain(CSonadexView& view) {
 }
 
 void ApplyReferenceAndGain(CSonadexView& view, const GainSettings& gain) {
-  view.StopPlayback();
-  SaveUndoFile(view);
+  ViewEdit edit(view, UndoScope::kSamples);
   const auto table = std::make_unique<GainTable>(gain);
-  RewriteSamples(view, [&table](std::int64_t, std::span<std::int16_t> samples) {
+  RewriteSamples(view, edit, [&table](std::int64_t, std::span<std::int16_t> samples) {
     for (std::int16_t& sample : samples) sample = (*table)[sample];
   });
-  FinishSampleEdit(view);
-  view.LayOut();
+  FinishSampleEdit(view, edit);
 }
 
 void Smooth(CSonadexView& view) {
-  view.StopPlayback();
-  SaveUndoFile(view);
+  ViewEdit edit(view, UndoScope::kSamples);
   const SampleSource& source = view.document().Samples();
   std::int16_t before = 0;
-  RewriteSamples(view, [&](std::int64_t position, std::span<std::int16_t> block) {
+  RewriteSamples(view, edit, [&](std::int64_t position, std::span<std::int16_t> block) {
     if (block.empty()) return;
     const std::int64_t end = position + std::ssize(block);
     std::int16_t after = 0;
@@ -114,7 +110,7 @@ void Smooth(CSonadexView& view) {
     if (end == source.length()) block.back() = last;
     before = last;
   });
-  FinishSampleEdit(view);
+  FinishSampleEdit(view, edit);
 }
 
 }  // namespace cantorix

@@ -11,8 +11,7 @@
 namespace cantorix {
 namespace {
 
-// Sets `touched` before the store is written to for the first time.
-void RewriteStore(CSonadexView& view, const BlockChange& change, bool& touched) {
+void RewriteStore(CSonadexView& view, ViewEdit& edit, const BlockChange& change) {
   SampleStore& store = *view.document().store();
   const std::int64_t count = store.length();
   const std::int64_t step = OneSecondOfSamples(view.channel().sampleRateHz);
@@ -23,22 +22,16 @@ void RewriteStore(CSonadexView& view, const BlockChange& change, bool& touched) 
     block.resize(static_cast<std::size_t>(std::min(step, count - done)));
     store.Read(done, block);
     change(done, block);
-    touched = true;
+    NoteSampleEdit(view, edit);
     store.Overwrite(done, block);
   }
 }
 
 }  // namespace
 
-void RewriteSamples(CSonadexView& view, const BlockChange& change) {
-  if (!view.document().samplesOnDisk()) return change(0, view.channel().samples.samples());
-  bool touched = false;
-  try {
-    RewriteStore(view, change, touched);
-  } catch (...) {
-    if (touched) FinishBrokenEdit(view);
-    throw;
-  }
+void RewriteSamples(CSonadexView& view, ViewEdit& edit, const BlockChange& change) {
+  if (view.document().samplesOnDisk()) return RewriteStore(view, edit, change);
+  change(0, view.channel().samples.samples());
 }
 
 }  // namespace cantorix

@@ -5,7 +5,7 @@
 #include <functional>
 #include <span>
 
-#include "mainview/sonadex_view.h"
+#include "mainview/view_edit.h"
 
 namespace cantorix {
 
@@ -15,7 +15,7 @@ using BlockChange = std::function<void(std::int64_t position, std::span<std::int
 // Gives every sample to `change`, from first to last: all at once from memory, one second at a time
 // from the disk store, with the status window and the user's wish to cancel between the blocks.
 // Throws Abandoned after a cancel and FileError when the store fails.
-// Kept: blocks that were written by then stay changed; the view has been told of it.
-void RewriteSamples(CSonadexView& view, const BlockChange& change);
+// Kept: blocks that were written by then stay changed; `edit` tells of it.
+void RewriteSamples(CSonadexView& view, ViewEdit& edit, const BlockChange& change);
 
 }  // namespace cantorix

@@ -112,7 +112,10 @@ VerticalScroll FittedVertically(const VerticalScroll& scroll, std::int32_t laidO
   ScrollBar bar;
   bar.range = fits ? clientHeight : laidOutHeight;
   bar.page = fits ? clientHeight + 1 : std::max(clientHeight - kHiddenRows, 0);
-  return {At(bar, scroll.bar.position), fits ? 0 : scroll.offset};
+  bar = At(bar, scroll.bar.position);
+  // A lower layout must not leave the view below its end.
+  const std::int32_t last = std::max(bar.range - bar.page, 0) + 1;
+  return {bar, fits ? 0 : std::max(scroll.offset, -last)};
 }
 
 }  // namespace cantorix

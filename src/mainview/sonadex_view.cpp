@@ -5,10 +5,16 @@
 #include <utility>
 
 #include "mainview/analysis_commands.h"
+#include "mainview/view_edit.h"
 #include "mainview/view_readouts.h"
 #include "platform/prompts.h"
 
 namespace cantorix {
+namespace {
+
+using enum DocumentChange;
+
+}  // namespace
 
 CSonadexView::CSonadexView(CSonadexDoc& document, ViewServices services)
     : document_(document), services_(std::move(services)) {
@@ -18,9 +24,10 @@ CSonadexView::CSonadexView(CSonadexDoc& document, ViewServices services)
 CSonadexView::~CSonadexView() { document_.Detach(*this); }
 
 void CSonadexView::Begin(PixelSize client) {
+  ViewEdit begin(*this, Playback::kGoesOn);
   try {
     LayOut(client);
-    FollowStretch();
+    TakeStretch();
     if (document_.loaded && document_.settings.display.automaticAnalysis != 0) {
       AnalysePitch(*this, Stretch::kAll);
     }
@@ -32,86 +39,94 @@ void CSonadexView::Begin(PixelSize client) {
 }
 
 void CSonadexView::LayOut(PixelSize client) {
+  PlaceStrips(client);
+  Redraw();
+}
+
+void CSonadexView::PlaceStrips(PixelSize client) {
   const std::int32_t height = LayOutView(document_, client, tierOffset).laidOutHeight;
   const VerticalScroll fitted = FittedVertically({vertical, tierOffset}, height, client.height);
   vertical = fitted.bar;
   tierOffset = fitted.offset;
   layout = LayOutView(document_, client, tierOffset);
-  Redraw();
 }
 
-void CSonadexView::PlaceLayout() { layout = LayOutView(document_, layout.client, tierOffset); }
-
-void CSonadexView::Redraw() {
-  redrawNeeded = true;
-  services_.listener.ViewChanged();
+void CSonadexView::Changed(DocumentChanges changes) {
+  const ViewEdit edit(*this, Playback::kGoesOn);
+  untold_.any = true;
+  untold_.notice.changes |= changes;
 }
 
-void CSonadexView::Changed(DocumentChange change) {
-  Refresh(change);
-  Redraw();
-  document_.Notify(change, this);
+// Everything at once: the own state first, then the window, then whoever else shows the document.
+void CSonadexView::Tell() {
+  Untold untold = std::exchange(untold_, {});
+  DocumentChanges& changes = untold.notice.changes;
+  if (untold.modified && document_.MarkModified()) changes |= kTitle;
+  if (!untold.any && changes.empty()) return;
+  Refresh(changes);
+  services_.listener.ViewChanged(untold.notice);
+  if (!changes.empty()) document_.Notify(changes, this);
+}
+
+void CSonadexView::SetMarker() {
+  markerSet_ = true;
+  selectionShown_ = document_.hasSelection = false;
+  Changed(kCursor);
+}
+
+void CSonadexView::SetSelection() {
+  markerSet_ = false;
+  selectionShown_ = document_.hasSelection = true;
+  Changed(kCursor);
+}
+
+void CSonadexView::DropMarks() {
+  markerSet_ = selectionShown_ = document_.hasSelection = false;
+  Changed(kCursor);
 }
 
 void CSonadexView::FollowStretch() {
-  channel().UpdateVisibleMs();
-  horizontal = HorizontalBarOf(channel());
-  zoomed = IsZoomed(horizontal);
+  TakeStretch();
+  Changed(kStretch);
 }
 
-void CSonadexView::DocumentChanged(DocumentChange change, const DocumentObserver* by) {
-  if (change == DocumentChange::kTitle) return;
-  switch (change) {
-    case DocumentChange::kSamples:
-      // The track and the undo file belong to the recording as it was.
-      pitch = {};
-      undoAvailable = false;
-      LayOut();
-      FollowStretch();
-      break;
-    case DocumentChange::kLabels:
-      undoAvailable = false;
-      LayOut();
-      break;
-    case DocumentChange::kReference:
-      undoAvailable = false;
-      break;
-    case DocumentChange::kStretch:
-      FollowStretch();
-      break;
-    case DocumentChange::kSettings:
-      LayOut();
-      break;
-    default:
-      break;
-  }
-  if (const auto* other = dynamic_cast<const CSonadexView*>(by)) TakeStateOf(*other, change);
-  Refresh(change);
-  if (change == DocumentChange::kCursor) ReadSelection(*this);
-  Redraw();
+void CSonadexView::TakeStretch() {
+  channel().UpdateVisibleMs();
+  horizontal = HorizontalBarOf(channel());
+  zoomed_ = IsZoomed(horizontal);
+}
+
+void CSonadexView::DocumentChanged(DocumentChanges changes, const DocumentObserver* by) {
+  // The track belongs to the samples, the undo file to the recording as it was.
+  if (changes.Has(kSamples)) pitch = {};
+  if (changes.HasAny(kSamples | kLabels | kReference)) undoAvailable = false;
+  if (changes.HasAny(kSamples | kStretch)) TakeStretch();
+  if (const auto* other = dynamic_cast<const CSonadexView*>(by)) TakeStateOf(*other, changes);
+  if (changes.HasOther(kTitle)) Refresh(changes);
+  services_.listener.ViewChanged({changes, {}});
 }
 
 // The parts of what the views share that are not in the document.
-void CSonadexView::TakeStateOf(const CSonadexView& other, DocumentChange change) {
-  if (change == DocumentChange::kCursor || change == DocumentChange::kSamples) {
-    markerSet = other.markerSet;
-    selectionShown = other.selectionShown;
+void CSonadexView::TakeStateOf(const CSonadexView& other, DocumentChanges changes) {
+  if (changes.HasAny(kCursor | kSamples)) {
+    markerSet_ = other.markerSet_;
+    selectionShown_ = other.selectionShown_;
   }
-  if (change == DocumentChange::kStretch || change == DocumentChange::kSamples) {
+  if (changes.HasAny(kStretch | kSamples)) {
     horizontal = other.horizontal;
-    zoomed = other.zoomed;
+    zoomed_ = other.zoomed_;
   }
 }
 
 // What depends on a change, whichever view made it.
-void CSonadexView::Refresh(DocumentChange change) {
-  const bool samples = change == DocumentChange::kSamples;
-  const bool tracks = samples || change == DocumentChange::kTracks;
-  // The label list shows times in the time base of the settings.
-  const bool list = change == DocumentChange::kLabels || change == DocumentChange::kSettings;
-  if (samples || list) services_.listener.LabelsChanged();
-  if (tracks || change == DocumentChange::kCursor) ReadCursor(*this);
-  if (tracks) ReadSelection(*this);
+void CSonadexView::Refresh(DocumentChanges changes) {
+  redrawNeeded = true;
+  if (changes.Has(kSamples)) otherPointerMs.reset();
+  if (changes.HasAny(kSamples | kLabels | kSettings)) PlaceStrips(layout.client);
+  const auto tracks = kSamples | kTracks;
+  if (changes.HasAny(tracks | kCursor)) ReadCursor(*this);
+  // Not before the button is released: a drag would walk through the track at every move.
+  if (changes.HasAny(tracks) || (changes.Has(kCursor) && !press.held)) ReadSelection(*this);
 }
 
 }  // namespace cantorix

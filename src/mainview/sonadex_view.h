@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "analysis/pitch.h"
@@ -70,35 +71,43 @@ class CSonadexView : public DocumentObserver {
   // The first update: an unzoomed view, laid out in a client area, with "Pitch All" when it is
   // automatic. A failure is shown.
   void Begin(PixelSize client);
-  // The view in a client area of another size, or again in the same one.
+  // The view in a client area of another size.
   void LayOut(PixelSize client);
-  void LayOut() { LayOut(layout.client); }
-  // Puts this view's rectangles into channel and tiers, where another view of the document may have
-  // put its own. What maps pixels or paints begins with it.
-  void PlaceLayout();
 
-  // Everything that is drawn is stale.
-  void Redraw();
-  // Something of the document has changed through this view: reads it out, draws it and tells the
-  // other views.
-  void Changed(DocumentChange change);
-  // The user does something that ends a playback in progress.
+  // What changes the view says so here, inside the scope of a ViewEdit (view_edit.h) that tells it;
+  // outside of one it is told at once. The layout of tiers and panes, the readouts and the other
+  // views of the document follow by themselves.
+  void Changed(DocumentChanges changes);
+  // This view alone looks different.
+  void Redraw() { Changed({}); }
   void StopPlayback() { services_.playback.StopPlayback(); }
-  // Scroll bar, `zoomed` and the visible ms in step with the channel's stretch, as after a zoom.
+
+  // The visible stretch is shorter than the recording.
+  bool zoomed() const { return zoomed_; }
+  // A cursor was placed without a selection.
+  bool markerSet() const { return markerSet_; }
+  // A selection exists in this view. The document notes the same for saving.
+  bool selectionShown() const { return selectionShown_; }
+
+  // The only ways to change these three: the channel's cursor is shown as a marker, its selection
+  // as a selection, or neither.
+  void SetMarker();
+  void SetSelection();
+  void DropMarks();
+  // Scroll bar, zoomed() and the visible ms in step with the channel's stretch, as after a zoom.
   void FollowStretch();
 
-  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
-  bool zoomed = false;          // the visible stretch is shorter than the recording
-  bool markerSet = false;       // a cursor was placed without a selection
-  bool selectionShown = false;  // a selection exists in this view
-  bool redrawNeeded = false;    // set by every change, consumed by the drawing
+  bool redrawNeeded = false;  // set by every change, consumed by the drawing
   bool undoAvailable = false;
   UndoScope undoScope = UndoScope::kSamples;  // of the edit that the undo file was saved for
-  std::int32_t tierOffset = 0;  // pixels, <= 0: vertical offset of tiers and panes
+  std::int32_t tierOffset = 0;                // pixels, <= 0: vertical offset of tiers and panes
   ScrollBar horizontal;
   ScrollBar vertical;
   double pressedMs = 0.0;  // cursor time of the last press
+  // Where the pointer of a window that does not track was used last.
+  std::optional<double> otherPointerMs;
   PressState press;
   Readouts readouts;
   LabelEntryState labelEntry;
@@ -107,11 +116,28 @@ class CSonadexView : public DocumentObserver {
   std::unique_ptr<UndoFile> undoFile;  // made by the first edit
 
  private:
-  void Refresh(DocumentChange change);
-  void TakeStateOf(const CSonadexView& other, DocumentChange change);
+  friend class ViewEdit;
+
+  // What has changed and was not told yet.
+  struct Untold {
+    bool any = false;
+    bool modified = false;
+    ViewNotice notice;
+  };
+
+  void Tell();
+  void Refresh(DocumentChanges changes);
+  void PlaceStrips(PixelSize client);
+  void TakeStretch();
+  void TakeStateOf(const CSonadexView& other, DocumentChanges changes);
 
   CSonadexDoc& document_;
   ViewServices services_;
+  bool zoomed_ = false;
+  bool markerSet_ = false;
+  bool selectionShown_ = false;
+  int openEdits_ = 0;
+  Untold untold_;
 };
 
 }  // namespace cantorix

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "mainview/editing.h"
 #include "mainview/label_commands.h"
 #include "mainview/label_import.h"
 #include "mainview/option_commands.h"
+#include "mainview/view_edit.h"
 #include "platform/bytes.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
@@ -44,9 +44,10 @@ bool AskForTiers(CSonadexView& view) {
   const TierSetups before = SetupsOf(document.channel().tiers);
   const auto entered = view.services().dialogs.AskTiers(before);
   if (!entered) return false;
+  ViewEdit edit(view, Playback::kGoesOn);
   TakeSetups(document, *entered);
   // Tiers are saved with the recording, so closing it has to ask.
-  if (SetupsOf(document.channel().tiers) != before) document.SetModified(true);
+  if (SetupsOf(document.channel().tiers) != before) edit.MarkModified();
   KeepOptions(view, SettingsDialog::kTiers);
   view.Changed(DocumentChange::kLabels);
   return true;
@@ -117,11 +118,9 @@ void ImportLabelLines(CSonadexView& view, int tier, std::string_view bytes,
                       const LabelImportOptions& options) {
   std::vector<Label> labels = ReadLabelLines(bytes, options);
   if (FindTier(view, tier) == nullptr || labels.empty()) return;
-  view.StopPlayback();
-  SaveUndoFile(view, UndoScope::kFields);
-  for (Label& label : labels) view.channel().AddLabel(tier, std::move(label));
   // Kept: an import does not mark the document modified.
-  view.LayOut();
+  const ViewEdit edit(view, UndoScope::kFields);
+  for (Label& label : labels) view.channel().AddLabel(tier, std::move(label));
   view.Changed(DocumentChange::kLabels);
 }
 

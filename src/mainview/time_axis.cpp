@@ -9,11 +9,6 @@
 namespace cantorix {
 namespace {
 
-double WidthOf(const CChannel& channel) {
-  return static_cast<double>(channel.waveformRect.right) -
-         static_cast<double>(channel.waveformRect.left);
-}
-
 // As the two comparisons, so that an end below 0 does not matter.
 double ClampedTo(double end, double x) {
   if (x > end) return end;
@@ -24,70 +19,59 @@ TimePoint Distance(const TimePoint& from, const TimePoint& to) {
   return {to.samples - from.samples, to.ms - from.ms};
 }
 
-void Select(CChannel& channel, const TimePoint& start, const TimePoint& end) {
-  channel.selectionStart = start;
-  channel.selectionEnd = end;
-  channel.selectionLength = Distance(start, end);
-}
-
-// The sample is read first: when the store cannot be read, the cursor stays where it was.
-void SetCursor(CSonadexDoc& document, const TimePoint& point) {
-  std::int16_t sample = 0;
-  document.Samples().Read(Truncate(point.samples), std::span(&sample, 1));
-  CChannel& channel = document.channel();
-  channel.cursor = point;
-  channel.cursorValue = static_cast<double>(sample) - channel.referenceLevel;
-  Select(channel, point, point);
-}
-
 }  // namespace
 
 double InsideRecordingMs(const CChannel& channel, double ms) {
   return std::min(ms, channel.totalDurationMs);
 }
 
-TimePoint PixelToTime(const CChannel& channel, double pixel) {
+TimePoint PixelToTime(const CChannel& channel, std::int32_t width, double pixel) {
   const double start = channel.visibleStart.samples;
-  const double width = WidthOf(channel);
-  const double offset = width > 0.0 ? (channel.visibleEnd.samples - start) / width * pixel : 0.0;
+  const double offset = width > 0 ? (channel.visibleEnd.samples - start) / width * pixel : 0.0;
   const double samples = ClampedTo(channel.totalLength, offset + start);
   return {samples, ClampedTo(channel.totalDurationMs, samples * channel.msPerSample())};
 }
 
-double TimeToPixel(CChannel& channel, double ms) {
+double TimeToPixel(CChannel& channel, std::int32_t width, double ms) {
   channel.UpdateVisibleMs();
   const double startMs = channel.visibleStart.ms;
   const double spanMs = channel.visibleEnd.ms - startMs;
-  return spanMs > 0.0 ? WidthOf(channel) / spanMs * (ms - startMs) : 0.0;
+  return spanMs > 0.0 ? width / spanMs * (ms - startMs) : 0.0;
 }
 
-AxisScale TimeAxisOf(CChannel& channel) {
+AxisScale TimeAxisOf(CChannel& channel, std::int32_t width) {
   channel.UpdateVisibleMs();
-  return {channel.visibleStart.ms, channel.visibleEnd.ms, kLeftMargin, WidthOf(channel)};
+  return {channel.visibleStart.ms, channel.visibleEnd.ms, kLeftMargin, static_cast<double>(width)};
 }
 
-void SetCursorAtPixel(CSonadexDoc& document, double pixel) {
-  SetCursor(document, PixelToTime(document.channel(), pixel));
+// The sample is read first: when the store cannot be read, the cursor stays where it was.
+void SetCursorAtPoint(CSonadexDoc& document, const TimePoint& point) {
+  std::int16_t sample = 0;
+  document.Samples().Read(Truncate(point.samples), std::span(&sample, 1));
+  CChannel& channel = document.channel();
+  channel.cursor = point;
+  channel.cursorValue = static_cast<double>(sample) - channel.referenceLevel;
+  SelectBetween(channel, point, point);
 }
 
 void SetCursorAtTime(CSonadexDoc& document, double ms) {
-  SetCursor(document, document.channel().PointAtTime(ms));
+  SetCursorAtPoint(document, document.channel().PointAtTime(ms));
 }
 
-void SetDragPoint(CChannel& channel, double pixel, std::int32_t x, std::int32_t y) {
-  channel.dragPoint = PixelToTime(channel, pixel);
-  channel.dragX = x;
-  channel.dragY = y;
+void SelectBetween(CChannel& channel, const TimePoint& start, const TimePoint& end) {
+  channel.selectionStart = start;
+  channel.selectionEnd = end;
+  channel.selectionLength = Distance(start, end);
 }
 
 void UpdateSelection(CChannel& channel) {
   const TimePoint& cursor = channel.cursor;
   const TimePoint& drag = channel.dragPoint;
-  if (cursor.ms < drag.ms) return Select(channel, cursor, drag);
-  if (cursor.ms > drag.ms) return Select(channel, drag, cursor);
-  Select(channel, drag, drag);
+  if (cursor.ms < drag.ms) return SelectBetween(channel, cursor, drag);
+  if (cursor.ms > drag.ms) return SelectBetween(channel, drag, cursor);
+  SelectBetween(channel, drag, drag);
 }
 
-void ClearSelection(CChannel& channel) { Select(channel, {}, {}); }
+void ClearSelection(CChannel& channel) { SelectBetween(channel, {}, {}); }
 
 }  // namespace cantorix

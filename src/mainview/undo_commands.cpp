@@ -1,5 +1,4 @@
 // undo_commands.cpp - the one step of undo: saving before an edit, and going back.
-#include "mainview/analysis_commands.h"
 #include "mainview/edit_steps.h"
 #include "mainview/editing.h"
 #include "mainview/view_commands.h"
@@ -44,15 +43,6 @@ void RestoreOrRefuse(CSonadexView& view) {
   }
 }
 
-// No sample has changed, so the tracks stay.
-void FinishFieldUndo(CSonadexView& view) {
-  view.document().SetModified(true);
-  if (view.document().settings.display.automaticAnalysis != 0) AnalysePitch(view, Stretch::kAll);
-  view.Changed(DocumentChange::kLabels);
-  view.Changed(DocumentChange::kReference);
-  view.Changed(DocumentChange::kStretch);
-}
-
 }  // namespace
 
 void SaveUndoFile(CSonadexView& view, UndoScope scope) {
@@ -68,14 +58,16 @@ void SaveUndoFile(CSonadexView& view, UndoScope scope) {
 }
 
 void Undo(CSonadexView& view) {
-  view.StopPlayback();
+  ViewEdit edit(view, Playback::kStops);
   RestoreOrRefuse(view);
+  edit.MarkModified();
   view.undoAvailable = false;
   DropSelection(view);
   view.FollowStretch();
-  view.LayOut();
-  if (view.undoScope == UndoScope::kSamples) return FinishSampleEdit(view);
-  FinishFieldUndo(view);
+  if (view.undoScope == UndoScope::kSamples) return FinishSampleEdit(view, edit);
+  // No sample has changed, so the tracks stay.
+  view.Changed(DocumentChange::kLabels | DocumentChange::kReference);
+  AnalyseIfAutomatic(view, edit);
 }
 
 }  // namespace cantorix

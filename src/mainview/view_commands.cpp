@@ -5,7 +5,6 @@
 
 #include "mainview/option_commands.h"
 #include "mainview/time_axis.h"
-#include "mainview/view_readouts.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -17,20 +16,8 @@ TimePoint InsideRecording(const CChannel& channel, const TimePoint& point) {
 }
 
 void Select(CSonadexView& view, const TimePoint& start, const TimePoint& end) {
-  CChannel& channel = view.channel();
-  channel.selectionStart = start;
-  channel.selectionEnd = end;
-  channel.selectionLength = {end.samples - start.samples, end.ms - start.ms};
-  view.selectionShown = true;
-  view.document().hasSelection = true;
-  view.markerSet = false;
-  ReadSelection(view);
-  view.Changed(DocumentChange::kCursor);
-}
-
-void ShowStretch(CSonadexView& view) {
-  view.FollowStretch();
-  view.Changed(DocumentChange::kStretch);
+  SelectBetween(view.channel(), start, end);
+  view.SetSelection();
 }
 
 }  // namespace
@@ -38,13 +25,13 @@ void ShowStretch(CSonadexView& view) {
 void ZoomView(CSonadexView& view, Zoom zoom) {
   view.StopPlayback();
   ApplyZoom(view.channel(), zoom, view.document().settings.zoomRangeMs);
-  ShowStretch(view);
+  view.FollowStretch();
 }
 
 void ZoomViewToTime(CSonadexView& view, double ms) {
   view.StopPlayback();
   ZoomToTime(view.channel(), ms, view.document().settings.zoomRangeMs);
-  ShowStretch(view);
+  view.FollowStretch();
 }
 
 void SetZoomRange(CSonadexView& view) {
@@ -66,12 +53,13 @@ void FollowScrollBar(CSonadexView& view) {
 }
 
 void ScrollViewVertically(CSonadexView& view, ScrollRequest request, std::int32_t trackPosition) {
-  const VerticalScroll scrolled =
-      ScrolledVertically({view.vertical, view.tierOffset}, request, trackPosition);
+  // However the bar was moved, that is the end of it: at either end the offset follows it.
+  const VerticalScroll scrolled = ScrolledVertically(
+      ScrolledVertically({view.vertical, view.tierOffset}, request, trackPosition),
+      ScrollRequest::kEnd, 0);
   view.vertical = scrolled.bar;
   view.tierOffset = scrolled.offset;
-  view.layout = LayOutView(view.document(), view.layout.client, view.tierOffset);
-  view.Redraw();
+  view.LayOut(view.layout.client);
 }
 
 void TurnWheel(CSonadexView& view, std::int32_t delta) {
@@ -103,21 +91,13 @@ void PlaceMarker(CSonadexView& view, double ms) {
   CChannel& channel = view.channel();
   SetCursorAtTime(view.document(), ms);
   channel.dragPoint = channel.cursor;
-  view.markerSet = true;
-  view.selectionShown = false;
-  view.document().hasSelection = false;
   view.pressedMs = channel.cursor.ms;
-  ReadSelection(view);
-  view.Changed(DocumentChange::kCursor);
+  view.SetMarker();
 }
 
 void DropSelection(CSonadexView& view) {
   for (CChannel& channel : view.document().channels) ClearSelection(channel);
-  view.selectionShown = false;
-  view.markerSet = false;
-  view.document().hasSelection = false;
-  ReadSelection(view);
-  view.Changed(DocumentChange::kCursor);
+  view.DropMarks();
 }
 
 }  // namespace cantorix

@@ -71,16 +71,18 @@ class Strips {
   std::int32_t left_, right_, top_;
 };
 
-void PlaceTiers(CChannel& channel, bool drawn, Strips& strips) {
-  for (Tier& tier : channel.tiers) {
-    tier.rect = drawn && tier.inUse ? strips.Next(HeightOf(tier)) : PixelRect{};
+std::array<PixelRect, kTierCount> TierStrips(const Tiers& tiers, bool drawn, Strips& strips) {
+  std::array<PixelRect, kTierCount> places;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    if (drawn && tiers[i].inUse) places[i] = strips.Next(HeightOf(tiers[i]));
   }
+  return places;
 }
 
 }  // namespace
 
-ViewLayout LayOutView(CSonadexDoc& document, PixelSize client, std::int32_t verticalOffset) {
-  CChannel& channel = document.channel();
+ViewLayout LayOutView(const CSonadexDoc& document, PixelSize client, std::int32_t verticalOffset) {
+  const CChannel& channel = document.channel();
   const DisplaySettings& display = document.settings.display;
   const std::int32_t left = kLeftMargin;
   const std::int32_t right = std::max(client.width - kRightMargin, left);
@@ -93,14 +95,13 @@ ViewLayout LayOutView(CSonadexDoc& document, PixelSize client, std::int32_t vert
   ViewLayout layout;
   layout.client = client;
   Strips strips(left, right, verticalOffset);
-  PlaceTiers(channel, display.drawTiers != 0, strips);
+  layout.tiers = TierStrips(channel.tiers, display.drawTiers != 0, strips);
   layout.audio = strips.Next(PaneHeight(shares.audio, available));
   layout.intensity = strips.Next(PaneHeight(shares.intensity, available));
   layout.pitch = strips.Next(PaneHeight(shares.pitch, available));
   layout.laidOutHeight = layout.pitch.bottom - verticalOffset + bottom;
   layout.timeAxis = {left, client.height - bottom, right, client.height - kReadoutStripHeight};
   layout.readouts = {0, client.height - kReadoutStripHeight, client.width, client.height};
-  channel.waveformRect = layout.audio;
   return layout;
 }
 

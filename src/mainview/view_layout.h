@@ -2,6 +2,7 @@
 // intensity and pitch; the time axis and the strip of readouts stay at the bottom edge.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "document/document.h"
@@ -13,21 +14,25 @@ inline constexpr std::int32_t kTimeAxisHeight = 26;  // pixels
 inline constexpr std::int32_t kLeastPaneHeight = 60;
 inline constexpr std::int32_t kReadoutStripHeight = 24;
 
-// In client pixels; right and bottom are just outside. A pane that is not drawn is empty.
+// In client pixels. What is not drawn is empty.
 struct ViewLayout {
   PixelSize client;
-  PixelRect audio;
+  std::array<PixelRect, kTierCount> tiers;
+  PixelRect audio;      // as wide as the time axis, drawn or not
   PixelRect intensity;  // only when it has a pane of its own
   PixelRect pitch;
   PixelRect timeAxis;
   PixelRect readouts;
   std::int32_t laidOutHeight = 0;  // of everything, readouts included
+
+  std::int32_t axisWidth() const { return audio.right - audio.left; }
+  const PixelRect& tier(int index) const { return tiers[static_cast<std::size_t>(index)]; }
 };
 
 // Lays out the view of `document` in a client area, tiers and panes moved by `verticalOffset`
-// (pixels, <= 0), and puts the rectangles into channel and tiers. The panes share what tiers, axis
+// (pixels, <= 0). The panes share what tiers, axis
 // and readouts leave, by the percents of the display settings: scaled up to fill it, never below
 // kLeastPaneHeight; percents above 100 together make the laid-out height exceed the client area.
-ViewLayout LayOutView(CSonadexDoc& document, PixelSize client, std::int32_t verticalOffset);
+ViewLayout LayOutView(const CSonadexDoc& document, PixelSize client, std::int32_t verticalOffset);
 
 }  // namespace cantorix

@@ -1,8 +1,11 @@
 // view_ports.h - what the main view needs from the window that shows it.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
+#include "document/document_observer.h"
 #include "document/label.h"
 
 namespace cantorix {
@@ -10,6 +13,14 @@ namespace cantorix {
 struct PixelSize {
   std::int32_t width = 0;
   std::int32_t height = 0;
+};
+
+// In client pixels; right and bottom are just outside.
+struct PixelRect {
+  std::int32_t left = 0;
+  std::int32_t top = 0;
+  std::int32_t right = 0;
+  std::int32_t bottom = 0;
 };
 
 class TextMeasurer {
@@ -21,17 +32,24 @@ class TextMeasurer {
 
 enum class MousePhase { kPress, kMove, kRelease };
 
-// Told of what changed; draws nothing while it is told.
+// The user's own press, move or release in a main view.
+struct PointerEvent {
+  MousePhase phase = MousePhase::kPress;
+  double ms = 0.0;  // cursor time of its press
+};
+
+// All that one thing done to a document or its view has changed.
+struct ViewNotice {
+  DocumentChanges changes;              // of the document; none: only the view looks different
+  std::optional<PointerEvent> pointer;  // an open spectrogram follows it
+};
+
+// The window that shows a view, told once of each thing that happened. Draws nothing and throws
+// nothing while it is told.
 class ViewListener {
  public:
   virtual ~ViewListener() = default;
-  // Something that is drawn has changed.
-  virtual void ViewChanged() = 0;
-  // Labels or tiers have changed: the label list window is brought up to date.
-  virtual void LabelsChanged() = 0;
-  // The user's own press, move or release in the main view, with the cursor time of its press: the
-  // spectrogram window follows when all windows track the mouse.
-  virtual void CursorMoved(MousePhase phase, double ms) = 0;
+  virtual void ViewChanged(const ViewNotice& notice) = 0;
 };
 
 // Sound in the program as a view and its commands see it.

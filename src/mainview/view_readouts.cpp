@@ -14,13 +14,13 @@ void ReadCursor(CSonadexView& view) {
   view.readouts.cursorMs = cursorMs;
   view.readouts.pitchHz = PitchAt(view.pitch, channel, cursorMs);
   view.readouts.intensityDb = IntensityAt(channel.intensity, channel, cursorMs);
-  view.readouts.durationMs = view.selectionShown || view.press.held ? lengthMs : 0.0;
+  view.readouts.durationMs = view.selectionShown() || view.press.held ? lengthMs : 0.0;
 }
 
 void ReadSelection(CSonadexView& view) {
   const CChannel& channel = view.channel();
   view.readouts.averagePitchHz =
-      view.selectionShown
+      view.selectionShown()
           ? AveragePitch(view.pitch, channel, channel.selectionStart.ms, channel.selectionEnd.ms)
           : 0.0;
 }

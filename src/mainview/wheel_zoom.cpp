@@ -18,7 +18,7 @@ void ZoomViewAround(CSonadexView& view, std::int32_t x, int steps) {
 
   const double shortest = std::min({kShortestZoomSamples, length, total});
   const double newLength = std::clamp(std::ldexp(length, -steps), shortest, total);
-  const double pointer = PixelToTime(channel, x - kLeftMargin).samples;
+  const double pointer = PixelToTime(channel, view.layout.axisWidth(), x - kLeftMargin).samples;
   const double newStart = std::clamp(pointer - (pointer - start) / length * newLength, 0.0,
                                      std::max(total - newLength, 0.0));
   channel.previousStart = start;
@@ -27,7 +27,6 @@ void ZoomViewAround(CSonadexView& view, std::int32_t x, int steps) {
   channel.visibleEnd.samples = newStart + newLength;
   channel.visibleLength.samples = newLength;
   view.FollowStretch();
-  view.Changed(DocumentChange::kStretch);
 }
 
 }  // namespace cantorix

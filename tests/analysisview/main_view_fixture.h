@@ -14,10 +14,8 @@ namespace cantorix {
 // Hands the main view's own presses, moves and releases to `cursorMoved`.
 class ForwardingListener : public ViewListener {
  public:
-  void ViewChanged() override {}
-  void LabelsChanged() override {}
-  void CursorMoved(MousePhase phase, double ms) override {
-    if (cursorMoved) cursorMoved(phase, ms);
+  void ViewChanged(const ViewNotice& notice) override {
+    if (cursorMoved && notice.pointer) cursorMoved(notice.pointer->phase, notice.pointer->ms);
   }
   std::function<void(MousePhase, double)> cursorMoved;
 };

@@ -34,11 +34,11 @@ TEST_F(SpectrogramTracking, APressPutsBothCursorsUnderThePointer) {
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
   EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
   EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 300.0);
-  EXPECT_TRUE(window.markerSet && view.markerSet);
+  EXPECT_TRUE(window.markerSet && view.markerSet());
   window.StepCursor(3, 2);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
   window.Release(150, 59);
-  EXPECT_FALSE(window.selectionShown || view.selectionShown);
+  EXPECT_FALSE(window.selectionShown || view.selectionShown());
 }
 
 // Every readout as one text.
@@ -78,12 +78,13 @@ TEST_F(SpectrogramTracking, AMoveOfMoreThanFivePixelsSelectsInBoth) {
   for (const Row& row : {Row{155, false, 300.0, 305.0}, Row{145, false, 295.0, 300.0},
                          Row{156, true, 300.0, 306.0}, Row{144, true, 294.0, 300.0},
                          Row{9000, true, 300.0, 699.0}, Row{-9000, true, 200.0, 300.0}}) {
-    window.selectionShown = view.selectionShown = false;
+    window.selectionShown = false;
+    view.DropMarks();
     window.Press(150, 59);
     window.Move(row.toX, 0);
     window.Release(row.toX, 0);
     EXPECT_EQ(window.selectionShown, row.selects) << row.toX;
-    EXPECT_EQ(view.selectionShown, row.selects) << row.toX;
+    EXPECT_EQ(view.selectionShown(), row.selects) << row.toX;
     EXPECT_EQ(window.markerSet, !row.selects) << row.toX;
     EXPECT_NEAR(window.selection.startMs, row.startMs, 1e-9) << row.toX;
     EXPECT_NEAR(window.selection.endMs, row.endMs, 1e-9) << row.toX;
@@ -98,7 +99,7 @@ TEST_F(SpectrogramTracking, OutsideThePlotNothingIsPressed) {
     window.Release(300, 50);
     EXPECT_FALSE(window.markerSet || window.selectionShown) << x << ", " << y;
   }
-  EXPECT_FALSE(view.markerSet);
+  EXPECT_FALSE(view.markerSet());
 }
 
 TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
@@ -114,20 +115,29 @@ TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
   EXPECT_NEAR(window.selection.endMs, 600.0, 1e-9);
 }
 
-TEST_F(SpectrogramTracking, GoesSeparateWaysUnlessAllWindowsTrackOrAfterAnEdit) {
-  const auto pressBoth = [this] {
-    window.Press(150, 59);
-    window.Release(150, 59);
-    EXPECT_NE(view.channel().cursor.ms, 300.0);
-    PressMouse(view, 40 + 400, 250);
-    ReleaseMouse(view, 40 + 400, 250);
-    EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
-  };
+// What other windows pass on is the user's choice; the main view passes its pointer to every
+// spectrogram of the same samples.
+TEST_F(SpectrogramTracking, WithoutTrackingTheMainViewShowsAMarkAndIsFollowedStill) {
   inMemory.settings.display.trackMouse = 0;
-  pressBoth();
-  inMemory.settings.display.trackMouse = 1;
+  window.Press(150, 59);
+  window.Move(160, 59);
+  window.Release(160, 59);
+  EXPECT_EQ(view.channel().cursor.ms, 0.0);
+  EXPECT_FALSE(view.markerSet() || view.selectionShown());
+  EXPECT_DOUBLE_EQ(view.otherPointerMs.value_or(-1.0), 310.0);
+  PressMouse(view, 40 + 400, 250);
+  ReleaseMouse(view, 40 + 400, 250);
+  EXPECT_DOUBLE_EQ(window.cursorMs, 400.0);
+  EXPECT_EQ(view.otherPointerMs, std::nullopt);
+}
+
+TEST_F(SpectrogramTracking, NothingIsPassedBetweenDifferentSamples) {
   CutTo(9000);
-  pressBoth();
+  window.Press(150, 59);
+  window.Release(150, 59);
+  EXPECT_FALSE(view.markerSet() || view.otherPointerMs);
+  PressMouse(view, 40 + 400, 250);
+  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
 }
 
 TEST_F(SpectrogramTracking, ArrowKeysStepByPixelsInsideThePicture) {
@@ -253,6 +263,9 @@ TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
   window.Move(250, 50);
   EXPECT_DOUBLE_EQ(mainDragMs, 400.0);
+  // The first move passes its press first.
+  EXPECT_DOUBLE_EQ(main.view.channel().selectionStart.ms, 300.0);
+  EXPECT_TRUE(main.view.selectionShown());
   window.Release(350, 50);
   window.Move(450, 50);
   EXPECT_DOUBLE_EQ(mainDragMs, 400.0);

@@ -163,7 +163,7 @@ TEST_F(AnalysisWindowsTest, AllWindowsTrackTheMouse) {
   CSpectrogramView& model = SpectrogramOf(view);
   const PixelRect& plot = model.plot;
   Drag(window.canvas(), {plot.left + 100, plot.top + 30}, {plot.left + 300, plot.top + 30});
-  EXPECT_TRUE(view.selectionShown);
+  EXPECT_TRUE(view.selectionShown());
   EXPECT_NEAR(view.channel().selectionStart.ms, model.selection.startMs, 1e-9);
   EXPECT_NEAR(view.channel().selectionEnd.ms, model.selection.endMs, 2000.0 / 500.0);
 

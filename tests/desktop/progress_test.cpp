@@ -102,9 +102,9 @@ TEST_F(BusyFrame, NoSecondOperationBegins) {
   CSonadexView& view = OpenSample();
   const ProgressScope scope(progress, "busy", 1.0);
   Perform(Command::kZoomIn);
-  EXPECT_FALSE(view.zoomed);
+  EXPECT_FALSE(view.zoomed());
   QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});
-  EXPECT_FALSE(view.markerSet);
+  EXPECT_FALSE(view.markerSet());
   EXPECT_FALSE(frame.OpenFile(SamplePath()));
   EXPECT_FALSE(frame.close());
 }

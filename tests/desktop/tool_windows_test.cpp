@@ -85,7 +85,7 @@ TEST_F(ToolWindows, TheLabelListShowsZoomsEditsAndDeletes) {
 
   list.table().selectRow(0);
   list.Zoom();
-  EXPECT_TRUE(view.zoomed);
+  EXPECT_TRUE(view.zoomed());
   list.Delete();
   EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
   EXPECT_TRUE(view.document().isModified());

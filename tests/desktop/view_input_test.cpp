@@ -25,9 +25,10 @@ class ViewInput : public DesktopTest {
 TEST_F(ViewInput, AClickPlacesTheMarkerUnderThePointer) {
   CSonadexView& view = OpenSample();
   QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {340, 200});
-  EXPECT_TRUE(view.markerSet);
-  EXPECT_FALSE(view.selectionShown);
-  EXPECT_DOUBLE_EQ(view.channel().cursor.ms, PixelToTime(view.channel(), 300).ms);
+  EXPECT_TRUE(view.markerSet());
+  EXPECT_FALSE(view.selectionShown());
+  EXPECT_DOUBLE_EQ(view.channel().cursor.ms,
+                   PixelToTime(view.channel(), view.layout.axisWidth(), 300).ms);
   EXPECT_FALSE(view.press.held);
 }
 
@@ -35,7 +36,7 @@ TEST_F(ViewInput, OnlyTheLeftButtonPlacesTheMarker) {
   CSonadexView& view = OpenSample();
   QTest::mouseClick(&Picture(), Qt::RightButton, {}, {340, 200});
   QTest::mouseClick(&Picture(), Qt::MiddleButton, {}, {340, 200});
-  EXPECT_FALSE(view.markerSet);
+  EXPECT_FALSE(view.markerSet());
 }
 
 TEST_F(ViewInput, ADragOfMoreThanFivePixelsSelectsInBothDirections) {
@@ -46,15 +47,15 @@ TEST_F(ViewInput, ADragOfMoreThanFivePixelsSelectsInBothDirections) {
   CSonadexView& view = OpenSample();
   for (const Row& row : {Row{300, 305, false}, Row{300, 306, true}, Row{500, 400, true}}) {
     SCOPED_TRACE(row.toX);
-    view.selectionShown = false;
+    view.DropMarks();
     Drag(row.fromX, row.toX);
-    EXPECT_EQ(view.selectionShown, row.selects);
-    EXPECT_EQ(view.markerSet, !row.selects);
+    EXPECT_EQ(view.selectionShown(), row.selects);
+    EXPECT_EQ(view.markerSet(), !row.selects);
     const auto [left, right] = std::minmax(row.fromX, row.toX);
     EXPECT_DOUBLE_EQ(view.channel().selectionStart.ms,
-                     PixelToTime(view.channel(), left - kLeftMargin).ms);
+                     PixelToTime(view.channel(), view.layout.axisWidth(), left - kLeftMargin).ms);
     EXPECT_DOUBLE_EQ(view.channel().selectionEnd.ms,
-                     PixelToTime(view.channel(), right - kLeftMargin).ms);
+                     PixelToTime(view.channel(), view.layout.axisWidth(), right - kLeftMargin).ms);
   }
 }
 
@@ -84,11 +85,12 @@ TEST_F(ViewInput, TheWheelScrollsByLinesForwardToTheRight) {
 
 TEST_F(ViewInput, CtrlAndTheWheelZoomAtThePointer) {
   CSonadexView& view = OpenSample();
-  const double under = PixelToTime(view.channel(), 300 - kLeftMargin).ms;
+  const double under = PixelToTime(view.channel(), view.layout.axisWidth(), 300 - kLeftMargin).ms;
   Wheel({300, 200}, {0, 240}, Qt::ControlModifier);
-  EXPECT_TRUE(view.zoomed);
+  EXPECT_TRUE(view.zoomed());
   EXPECT_NEAR(view.channel().visibleLength.samples, view.channel().totalLength / 4.0, 1e-6);
-  EXPECT_NEAR(PixelToTime(view.channel(), 300 - kLeftMargin).ms, under, 1e-6);
+  EXPECT_NEAR(PixelToTime(view.channel(), view.layout.axisWidth(), 300 - kLeftMargin).ms, under,
+              1e-6);
 }
 
 TEST_F(ViewInput, ShiftAndTheWheelScrollTiersAndPanes) {

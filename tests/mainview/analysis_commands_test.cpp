@@ -3,6 +3,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 #include "analysis/test_signals.h"
 #include "mainview/view_commands.h"
 #include "view_fixture.h"
@@ -62,21 +64,24 @@ TEST_F(AnalysisCommandsTest, CancelledRunLeavesNoTrack) {
   world.test.progress.CancelFromNow();
   AnalysePitch(view, Stretch::kAll);
   EXPECT_FALSE(view.pitch.PitchValid);
-  EXPECT_FALSE(document.channel().intensity.IntensityValid);
   EXPECT_EQ(view.readouts.pitchHz, 0.0);
-  EXPECT_EQ(view.readouts.intensityDb, 0.0);
   EXPECT_THAT(world.test.prompts.TakeTranscript(), IsEmpty());
 }
 
-TEST_F(AnalysisCommandsTest, EditsDropTheTracksUnlessTheyAreAutomatic) {
+TEST_F(AnalysisCommandsTest, PitchThatIsGivenUpOrRefusedEndsTheCommand) {
+  PlaceMarker(view, 1000.0);
+  AnalysePitch(view, Stretch::kAll);
+  const auto windows = [this] { return std::exchange(world.test.progress.texts, {}).size(); };
+  EXPECT_EQ(windows(), 2U);
+  SelectSpan(view, 0.0, 1099.0 / 16.0);  // too short for the method
   AnalysePitch(view, Stretch::kSelection);
-  AnalyseAfterEdit(view);
+  EXPECT_LE(windows(), 1U);
+  world.test.progress.CancelFromNow();
+  AnalysePitch(view, Stretch::kAll);
+  EXPECT_EQ(windows(), 1U);
   EXPECT_FALSE(view.pitch.PitchValid);
-  EXPECT_FALSE(document.channel().intensity.IntensityValid);
-  document.settings.display.automaticAnalysis = 1;
-  AnalyseAfterEdit(view);
-  EXPECT_TRUE(view.pitch.PitchValid);
-  EXPECT_EQ(view.pitch.range.end, 32'000.0);
+  // The intensity is still the one of the first command.
+  EXPECT_EQ(document.channel().intensity.range.end, 32'000.0);
 }
 
 TEST_F(AnalysisCommandsTest, AutomaticAnalysisRunsWhenAViewBegins) {

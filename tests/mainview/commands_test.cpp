@@ -17,15 +17,15 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// What a state holds, as letters: d a document, l loaded, z zoomed, m marker, s selection shown, v
-// selection to save, c changed, u undo, p clipboard, g log open, a sound, r recording into the
+// What a state holds, as letters: d a document, l loaded, z zoomed, m marker or s selection shown,
+// v selection to save, c changed, u undo, p clipboard, g log open, a sound, r recording into the
 // document, o into another one.
 using State = std::string_view;
 
-constexpr State kStates[] = {"",     "d",    "dp",           "dc",         "dg",    "da",  "dl",
-                             "dlz",  "dlm",  "dls",          "dlv",        "dlc",   "dlu", "du",
-                             "dlg",  "dlgm", "dlgs",         "dsm",        "dzsmv", "dla", "dlas",
-                             "dlao", "dlar", "dlzmsvcupgar", "dlzmsvcupga"};
+constexpr State kStates[] = {
+    "",     "d",   "dp",   "dc",   "dg",   "da",          "dl",         "dlz",        "dlm",
+    "dls",  "dlv", "dlc",  "dlu",  "du",   "dlg",         "dlgm",       "dlgs",       "dm",
+    "dzsv", "dla", "dlas", "dlao", "dlar", "dlzsvcupgar", "dlzsvcupga", "dlzmcupgar", "dlzmcupga"};
 
 struct Expectation {
   Command id;
@@ -149,7 +149,6 @@ Facts FactsIn(State state) {
   SoundInState sound(state);
   CSonadexDoc document(world.test.host);
   document.loaded = Holds(state, 'l');
-  document.hasSelection = Holds(state, 'v');
   document.SetModified(Holds(state, 'c'));
   world.clipboard.clipboardFull = Holds(state, 'p');
   world.logOpen = Holds(state, 'g');
@@ -157,9 +156,12 @@ Facts FactsIn(State state) {
                         world.listener,          sound, world.dialogs,
                         world.Services().openLog};
   CSonadexView view(document, services);
-  view.zoomed = Holds(state, 'z');
-  view.markerSet = Holds(state, 'm');
-  view.selectionShown = Holds(state, 's');
+  document.channel().totalLength = document.channel().visibleEnd.samples = 10.0;
+  document.channel().visibleStart.samples = Holds(state, 'z') ? 5.0 : 0.0;
+  view.FollowStretch();
+  if (Holds(state, 'm')) view.SetMarker();
+  if (Holds(state, 's')) view.SetSelection();
+  document.hasSelection = Holds(state, 'v');
   view.undoAvailable = Holds(state, 'u');
   return FactsOf(&view);
 }
@@ -241,7 +243,7 @@ TEST_F(RunCommandTest, RunsWhatIsEnabledAndNothingElse) {
 
   EXPECT_TRUE(RunCommand(recording.view, Command::kSelectAll));
   EXPECT_TRUE(RunCommand(recording.view, Command::kZoomIn));
-  EXPECT_TRUE(recording.view.zoomed && recording.view.selectionShown);
+  EXPECT_TRUE(recording.view.zoomed() && recording.view.selectionShown());
   world.logOpen = true;
   EXPECT_TRUE(RunCommand(recording.view, Command::kEnterDuration));
   ASSERT_EQ(world.log.entries.size(), 1U);

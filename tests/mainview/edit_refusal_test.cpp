@@ -21,7 +21,7 @@ struct State {
         durationMs(talk.document.channel().totalDurationMs),
         labels(LabelsOf(talk.document.channel(), 0)),
         modified(talk.document.isModified()),
-        selected(talk.view.selectionShown) {}
+        selected(talk.view.selectionShown()) {}
   bool operator==(const State&) const = default;
 
   Samples samples;

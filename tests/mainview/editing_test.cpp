@@ -5,6 +5,8 @@
 #include <random>
 
 #include "mainview/editing.h"
+#include "mainview/mouse.h"
+#include "mainview/view_commands.h"
 #include "mainview/view_fixture.h"
 
 namespace cantorix {
@@ -82,14 +84,11 @@ TEST_F(EditingTest, CutTakesTheSelectionOutAndClosesTheGap) {
       {"start", 0, 4, {4, 5, 6, 7, 8, 9}, 6.0, "c@3 d@4 e@6"},
       {"end", 6, 10, {0, 1, 2, 3, 4, 5}, 6.0, "a@2 b@3"},
       {"nothing", 3, 3, Ramp(10), 10.0, "a@2 b@3 c@7 d@8 e@10"},
-      // Lengths keep their fractions; the samples are those of the whole positions.
-      {"fractions", 2.25, 4.5, {0, 1, 4, 5, 6, 7, 8}, 7.75, "a@2 c@4.75 d@5.75 e@7.75"},
-      {"fraction within a sample",
-       2.25,
-       2.75,
-       {0, 1, 2, 3, 4, 5, 6, 7, 8},
-       9.5,
-       "a@2 b@2.5 c@6.5 d@7.5 e@9.5"},
+      // Samples go whole, and lengths and times with them.
+      {"fractions", 2.25, 4.5, {0, 1, 4, 5, 6, 7, 8, 9}, 8.0, "a@2 c@5 d@6 e@8"},
+      {"fractions the other way", 5.75, 7.5, {0, 1, 2, 3, 4, 7, 8, 9}, 8.0, "a@2 b@3 d@6 e@8"},
+      {"fraction within a sample", 2.25, 2.75, Ramp(10), 10.0, "a@2 b@3 c@7 d@8 e@10"},
+      {"label within a sample", 2.75, 3.5, {0, 1, 3, 4, 5, 6, 7, 8, 9}, 9.0, "a@2 c@6 d@7 e@9"},
       {"beyond the end", 8, 12, {0, 1, 2, 3, 4, 5, 6, 7}, 8.0, "a@2 b@3 c@7"},
   };
   for (const auto& row : rows) {
@@ -109,7 +108,7 @@ TEST_F(EditingTest, CutTakesTheSelectionOutAndClosesTheGap) {
     EXPECT_EQ(LabelsOf(talk.channel(), 0), row.labels);
     EXPECT_EQ(LabelsOf(talk.channel(), 1), "hidden@5");
     EXPECT_EQ(talk.channel().cursor.samples, 5.0);
-    EXPECT_FALSE(talk.view.selectionShown || talk.document.hasSelection);
+    EXPECT_FALSE(talk.view.selectionShown() || talk.document.hasSelection);
     EXPECT_TRUE(talk.document.isModified());
     EXPECT_TRUE(talk.view.undoAvailable);
     Undo(talk.view);
@@ -128,7 +127,7 @@ TEST_F(EditingTest, CutShowsTheStretchOfTheScrollBarAgain) {
   EXPECT_DOUBLE_EQ(talk.channel().visibleStart.samples, 300.0);
   EXPECT_DOUBLE_EQ(talk.channel().visibleEnd.samples, 450.0);
   EXPECT_DOUBLE_EQ(talk.channel().visibleEnd.ms, 450.0);
-  EXPECT_TRUE(talk.view.zoomed);
+  EXPECT_TRUE(talk.view.zoomed());
 }
 
 TEST_F(EditingTest, PasteInsertsAtTheCursorOrReplacesTheSelection) {
@@ -158,11 +157,66 @@ TEST_F(EditingTest, PasteInsertsAtTheCursorOrReplacesTheSelection) {
     EXPECT_EQ(talk.channel().totalLength, static_cast<double>(talk.samples().size()));
     EXPECT_EQ(talk.channel().totalDurationMs, talk.channel().totalLength);
     EXPECT_EQ(LabelsOf(talk.channel(), 0), row.labels);
-    EXPECT_FALSE(talk.view.selectionShown || talk.view.markerSet);
+    EXPECT_FALSE(talk.view.selectionShown() || talk.view.markerSet());
     EXPECT_TRUE(talk.view.undoAvailable && talk.document.isModified());
     Undo(talk.view);
     EXPECT_EQ(talk.samples(), Ramp(10));
     EXPECT_EQ(LabelsOf(talk.channel(), 0), "a@2 b@5");
+  }
+}
+
+TEST_F(EditingTest, LabelsTakeTheirTierIntoUse) {
+  CopyWholeOf(world, Ramp(4), 1000.0, 1.0);
+  world.clipboard.slots[0].tiers[6] = {"phones", {LabelOf(2.0, "p")}, 20, true};
+  ViewedRecording talk(world, Ramp(10));
+  talk.channel().tiers[6].labels = {LabelOf(5.0, "of before")};
+  PutCursor(talk, 3.0);
+  Paste(talk.view);
+  EXPECT_EQ(LabelsOf(talk.channel(), 6), "of before@5 p@5");
+  EXPECT_EQ(talk.channel().tiers[6].name, "phones");
+  EXPECT_TRUE(talk.channel().tiers[0].inUse && talk.channel().tiers[6].inUse);
+  EXPECT_EQ(talk.view.layout.tier(6).bottom, 40);  // shown below the tier at the top
+  EXPECT_FALSE(talk.channel().tiers[1].inUse);
+}
+
+std::vector<std::pair<double, std::string>> SortedLabels(const CChannel& channel) {
+  std::vector<std::pair<double, std::string>> labels;
+  for (const Label& label : channel.tiers[1].labels) labels.emplace_back(label.timeMs, label.text);
+  std::sort(labels.begin(), labels.end());
+  return labels;
+}
+
+// To the last bit, wherever the mouse was pressed and released.
+TEST_F(EditingTest, CutAndPasteAtTheSamePlaceGiveBackWhatWasThere) {
+  std::mt19937 random(23);
+  const auto pixel = [&random] { return static_cast<std::int32_t>(40 + random() % 600); };
+  for (const double rateHz : {1000.0, 11025.0, 44100.0}) {
+    ViewedRecording talk(world, Ramp(997), rateHz);
+    CChannel& channel = talk.channel();
+    for (int i = 0; i < 40; ++i) {
+      const double samples = i % 2 == 0 ? i * 25.4 : 997.0 / 600.0 * (pixel() - 40);
+      AddLabel(talk.document, 1, samples * channel.msPerSample(), std::to_string(i));
+    }
+    const auto labels = SortedLabels(channel);
+    const double ms = channel.totalDurationMs;
+    for (int round = 0; round < 300; ++round) {
+      const std::int32_t press = pixel();
+      const std::int32_t release = press + static_cast<std::int32_t>(random() % 500);
+      ZoomView(talk.view, Zoom::kHome);
+      if (round % 3 == 0) ZoomView(talk.view, Zoom::kIn);
+      PressMouse(talk.view, press, 400);
+      if (round % 7 == 0) MoveMouse(talk.view, press + 9, 400);  // and back: an empty selection
+      ReleaseMouse(talk.view, round % 7 == 0 ? press : release, 400);
+      if (!talk.view.selectionShown() || channel.selectionLength.samples > 996.0) continue;
+      SCOPED_TRACE(channel.selectionStart.samples);
+      SCOPED_TRACE(channel.selectionEnd.samples);
+      CutSelection(talk.view);
+      Paste(talk.view);  // the cursor is where the press was
+      ASSERT_EQ(talk.samples(), Ramp(997));
+      ASSERT_EQ(channel.totalLength, 997.0);
+      ASSERT_EQ(channel.totalDurationMs, ms);
+      ASSERT_EQ(SortedLabels(channel), labels);
+    }
   }
 }
 
@@ -214,15 +268,15 @@ TEST_F(EditingTest, PitchIsComputedAgainWhenItIsAutomaticAndElseDropped) {
     ViewedRecording talk(world, Ramp(4000), 8000.0);
     talk.document.settings.display.automaticAnalysis = automatic;
     talk.view.pitch.PitchValid = talk.channel().intensity.IntensityValid = true;
-    const int labelChanges = world.listener.labelChanges;
     SelectSamples(talk, 100.0, 2100.0);
+    world.listener.notices.clear();
     CutSelection(talk.view);
     EXPECT_EQ(talk.view.pitch.PitchValid, automatic == 1);
     EXPECT_EQ(talk.channel().intensity.IntensityValid, automatic == 1);
     if (automatic == 1) {
       EXPECT_EQ(talk.view.pitch.range.end, 2000.0);
     }
-    EXPECT_GT(world.listener.labelChanges, labelChanges);
+    EXPECT_TRUE(world.listener.notices.at(0).Has(DocumentChange::kSamples));
   }
 }
 

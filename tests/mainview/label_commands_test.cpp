@@ -63,8 +63,8 @@ TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
     EXPECT_EQ(Words(), c.words);
     EXPECT_TRUE(view.undoAvailable);
     EXPECT_TRUE(document.isModified());
-    EXPECT_EQ(listener.labelChanges, 1);
-    EXPECT_GE(listener.viewChanges, 1);
+    ASSERT_EQ(listener.notices.size(), 1U);
+    EXPECT_EQ(listener.notices[0], DocumentChange::kLabels | DocumentChange::kTitle);
     EXPECT_EQ(playback.stops, 1);
   }
   EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 0.25);
@@ -138,6 +138,23 @@ TEST_F(LabelCommandsTest, ClickInEntryModeAddsEditsOrDeletes) {
   EXPECT_EQ(LabelsOf(channel, kBreaks), "pause@0");
 }
 
+TEST_F(LabelCommandsTest, LabelsWithoutTextAreNotAddedAndDeletedWhenTheUserAgrees) {
+  ToggleLabelEntry(view);
+  const std::string before = Words();
+  dialog.WillGive(Answering(" \t", 4000.0));
+  Click(40 + 400, 10);
+  EXPECT_EQ(Words(), before);
+  for (const Answer answer : {Answer::kCancel, Answer::kOk}) {
+    dialog.WillGive(Answering("", 2000.0));
+    world.test.prompts.WillAnswer(answer);
+    Click(40 + 205, 28);
+    EXPECT_EQ(world.test.prompts.TakeTranscript(),
+              std::vector<std::string>{
+                  "ask ok/cancel: A label without text cannot be seen.\nDelete it ?"});
+    EXPECT_EQ(Words(), answer == Answer::kOk ? "two@6000" : before);
+  }
+}
+
 TEST_F(LabelCommandsTest, PressesThatAskNothing) {
   const std::string before = Words();
   Click(40 + 205, 28);  // entry mode is off
@@ -150,7 +167,7 @@ TEST_F(LabelCommandsTest, PressesThatAskNothing) {
   DragTo(40 + 403, 150);  // and back
   Press(40 + 400, 10);
   DragTo(40 + 500, 10);  // a drag over empty tier space selects
-  EXPECT_TRUE(view.selectionShown);
+  EXPECT_TRUE(view.selectionShown());
   dialog.WillCancel();
   Click(40 + 205, 28);  // a cancelled dialog
   dialog.WillCancel();
@@ -168,7 +185,7 @@ TEST_F(LabelCommandsTest, DraggedLabelStaysWhereItIsDropped) {
   EXPECT_EQ(tier(kWords).labels[0].timeMs, 2000.0);  // moved at the release only
   EXPECT_EQ(channel.selectionLength.ms, 0.0);
   DragTo(40 + 700, 80);  // below the tier
-  EXPECT_FALSE(view.selectionShown);
+  EXPECT_FALSE(view.selectionShown());
   EXPECT_FALSE(view.press.draggedLabel);
   EXPECT_EQ(Words(), "one@7000 two@6000");
   EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 1.0);

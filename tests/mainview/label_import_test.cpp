@@ -37,6 +37,13 @@ TEST(LabelImportTest, ReadsALabelFromEachLineThatBeginsLikeANumber) {
       {"exponent", "3e2\tx", kMs, {{300.0, "x"}}},
       {"text after the number", "4 ms, about\tx", kMs, {{4.0, "x"}}},
       {"decimal comma", "4,5\tx", kMs, {{4.0, "x"}}},
+      {"hexadecimal", "0x10\ta\n0X1p4", kMs, {{0.0, "a"}, {0.0, ""}}},
+      {"UTF-8 mark",
+       "\xEF\xBB\xBF"
+       "1\ta\n\xEF\xBB\xBF"
+       "2\tb",
+       kMs,
+       {{1.0, "a"}}},
       {"no tab", "7", kSeconds, {{7000.0, ""}}},
       {"empty text", "7\t", kMs, {{7.0, ""}}},
       {"other first characters", " 1\ta\n\t2\n-3\tb\n+4\tc\nx5\td\ninf\te\n", kMs, {}},

@@ -24,7 +24,7 @@ class LabelLayoutTest : public WideViewTest {
     label.alignment = alignment;
     label.verticalPosition = vertical;
     label.text = std::move(text);
-    return LabelRectangle(view, tier, label);
+    return LabelRectangle(view, 0, label);
   }
 };
 
@@ -72,10 +72,10 @@ TEST_F(LabelLayoutTest, FollowsTheStretchAndFitsALowTier) {
 }
 
 TEST_F(LabelLayoutTest, VerticalPositionIsTheFractionOfTheHeight) {
-  EXPECT_EQ(VerticalPositionAt(tier, 10), 0.25);
-  EXPECT_EQ(VerticalPositionAt(tier, -5), 0.0);
-  EXPECT_EQ(VerticalPositionAt(tier, 90), 1.0);
-  EXPECT_EQ(VerticalPositionAt(Tier{}, 3), 0.0);
+  EXPECT_EQ(VerticalPositionAt(view.layout.tier(0), 10), 0.25);
+  EXPECT_EQ(VerticalPositionAt(view.layout.tier(0), -5), 0.0);
+  EXPECT_EQ(VerticalPositionAt(view.layout.tier(0), 90), 1.0);
+  EXPECT_EQ(VerticalPositionAt({}, 3), 0.0);
 }
 
 }  // namespace

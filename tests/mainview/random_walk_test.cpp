@@ -168,7 +168,7 @@ class Walk {
     if (!subject.selection) return;
     clipboard_ = {true, subject.rateHz, Piece(subject.now, span)};
     Keep(subject);
-    if (Whole(subject.now.length - (span.end - span.start)) == 0) return;  // refused
+    if (subject.now.length == Count(span)) return;  // refused
     Remove(subject.now, span);
     subject.selection = false;
   }
@@ -196,7 +196,7 @@ class Walk {
     Keep(subject);
     if (clipboard_.rateHz != subject.rateHz) return;  // refused
     if (subject.selection) {
-      if (Whole(subject.now.length - (span.end - span.start)) == 0) return;  // refused
+      if (subject.now.length == Count(span)) return;  // refused
       Replace(subject.now, clipboard_.content, span);
     } else {
       const double at = std::min(cursor.samples, subject.now.length);
@@ -299,7 +299,7 @@ class Walk {
                                        Command::kZoomSelection, Command::kZoomFromCursor,
                                        Command::kHome,          Command::kUnZoom};
     const Command command = kZooms[Below(kZooms.size())];
-    const bool enabled = command == Command::kZoomOut          ? subject.program.view.zoomed
+    const bool enabled = command == Command::kZoomOut          ? subject.program.view.zoomed()
                          : command == Command::kZoomSelection  ? subject.selection
                          : command == Command::kZoomFromCursor ? subject.marker
                                                                : true;
@@ -323,8 +323,8 @@ class Walk {
       }
     }
     ASSERT_EQ(subject.program.view.undoAvailable, subject.undo);
-    ASSERT_EQ(subject.program.view.selectionShown, subject.selection);
-    ASSERT_EQ(subject.program.view.markerSet, subject.marker);
+    ASSERT_EQ(subject.program.view.selectionShown(), subject.selection);
+    ASSERT_EQ(subject.program.view.markerSet(), subject.marker);
     ASSERT_EQ(world_.clipboard.clipboardFull, clipboard_.full);
     ASSERT_GE(channel.visibleStart.samples, 0.0);
     ASSERT_DOUBLE_EQ(channel.visibleLength.samples,

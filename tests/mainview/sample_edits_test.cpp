@@ -33,12 +33,12 @@ TEST_F(SampleEditsTest, ClearSetsTheSelectionOfTheFirstChannelAloneIsKept) {
   talk.channel().referenceLevel = -2.9;
   talk.channel().selectionStart = {2.5, 2.5};
   talk.channel().selectionEnd = {5.75, 5.75};
-  talk.view.selectionShown = true;
+  talk.view.SetSelection();
   ClearToReference(talk.view);
   EXPECT_EQ(talk.samples(), (Samples{100, 101, -2, -2, -2, 105, 106, 107}));
   EXPECT_THAT(talk.document.channels[1].samples.samples(),
               ElementsAre(100, 101, 102, 103, 104, 105, 106, 107));
-  EXPECT_TRUE(talk.view.undoAvailable && talk.document.isModified() && talk.view.selectionShown);
+  EXPECT_TRUE(talk.view.undoAvailable && talk.document.isModified() && talk.view.selectionShown());
 }
 
 TEST_F(SampleEditsTest, GainWrapsAroundIsKept) {
@@ -141,7 +141,7 @@ TEST_F(SampleEditsTest, ReferenceIsTheMeanOfTheSelectionOrTheVisibleStretch) {
     talk.view.pitch.PitchValid = true;
     talk.channel().selectionStart = {1.0, 500.0};
     talk.channel().selectionEnd = {4.0, 2000.0};
-    talk.view.selectionShown = true;
+    talk.view.SetSelection();
     CSonadexView other(talk.document, world.Services());
     other.Begin({645, 500});
     other.pitch.PitchValid = other.undoAvailable = true;
@@ -150,7 +150,7 @@ TEST_F(SampleEditsTest, ReferenceIsTheMeanOfTheSelectionOrTheVisibleStretch) {
     EXPECT_TRUE(talk.view.pitch.PitchValid && talk.document.isModified());
     // No sample has changed: the other view keeps its track, though its undo is another's now.
     EXPECT_TRUE(other.pitch.PitchValid && !other.undoAvailable);
-    talk.view.selectionShown = false;
+    talk.view.DropMarks();
     talk.channel().visibleEnd = {2.0, 1000.0};
     SetReferenceOfAllChannels(talk.view);
     EXPECT_EQ(talk.channel().referenceLevel, 15.0);

@@ -23,37 +23,37 @@ TEST(TimeAxis, PixelsReachTheStretchAndStopAtTheRecording) {
         Row{"beyond the right edge", 0, 10000, 1001, 10000, 1000},
         Row{"stretch beyond the recording", 9000, 13000, 500, 10000, 1000},
         Row{"empty stretch", 3000, 3000, 400, 3000, 300}}) {
-    LayOut(channel, 10000, 10000, 1000);
+    SetLength(channel, 10000, 10000);
     Show(channel, row.start, row.end);
-    const TimePoint point = PixelToTime(channel, row.pixel);
+    const TimePoint point = PixelToTime(channel, 1000, row.pixel);
     EXPECT_DOUBLE_EQ(point.samples, row.samples) << row.name;
     EXPECT_DOUBLE_EQ(point.ms, row.ms) << row.name;
   }
-  LayOut(channel, 10000, 10000, 0);
-  EXPECT_EQ(PixelToTime(channel, 7).samples, 0.0) << "before the first layout";
+  SetLength(channel, 10000, 10000);
+  EXPECT_EQ(PixelToTime(channel, 0, 7).samples, 0.0) << "before the first layout";
 }
 
 TEST(TimeAxis, TimesFindTheirPixelOutsideTheStripToo) {
   CChannel channel;
-  LayOut(channel, 10000, 10000, 1000);
+  SetLength(channel, 10000, 10000);
   Show(channel, 2000, 6000);
   channel.visibleStart.ms = channel.visibleEnd.ms = -1.0;  // stale
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 300), 250);
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 100), -250);
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000), 2000);
+  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 300), 250);
+  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 100), -250);
+  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 1000), 2000);
   Show(channel, 2000, 2000);
-  EXPECT_EQ(TimeToPixel(channel, 300), 0.0);
+  EXPECT_EQ(TimeToPixel(channel, 1000, 300), 0.0);
 }
 
 TEST(TimeAxis, CursorTakesTheSampleUnderItAndTheSelectionToo) {
   RecordingFixture recording({10, -20, 30, -40}, 1000.0);
   for (CSonadexDoc* document : {&recording.inMemory, &recording.onDisk}) {
     CChannel& channel = document->channel();
-    LayOut(channel, 4, 1000, 400);
+    SetLength(channel, 4, 1000);
     channel.referenceLevel = 5.0;
     channel.selectionLength = {3, 3};
 
-    SetCursorAtPixel(*document, 199);  // sample 1.99
+    SetCursorAtPoint(*document, {1.99, 1.99});
     EXPECT_DOUBLE_EQ(channel.cursor.samples, 1.99);
     EXPECT_EQ(channel.cursorValue, -25.0);
     EXPECT_EQ(channel.selectionStart.samples, channel.cursor.samples);
@@ -76,10 +76,10 @@ TEST(TimeAxis, SelectionIsTheSameWhicheverWayItIsDragged) {
   RecordingFixture recording(testing::Samples(1000, 0), 1000.0);
   CSonadexDoc& document = recording.inMemory;
   CChannel& channel = document.channel();
-  LayOut(channel, 1000, 1000, 500);
+  SetLength(channel, 1000, 1000);
   for (const auto& [from, to] : {std::pair{100, 350}, std::pair{350, 100}}) {
-    SetCursorAtPixel(document, from);
-    SetDragPoint(channel, to, to + kLeftMargin, 17);
+    SetCursorAtPoint(document, PixelToTime(channel, 500, from));
+    channel.dragPoint = PixelToTime(channel, 500, to);
     UpdateSelection(channel);
     EXPECT_DOUBLE_EQ(channel.selectionStart.samples, 200) << from;
     EXPECT_DOUBLE_EQ(channel.selectionStart.ms, 200) << from;
@@ -87,10 +87,8 @@ TEST(TimeAxis, SelectionIsTheSameWhicheverWayItIsDragged) {
     EXPECT_DOUBLE_EQ(channel.selectionEnd.ms, 700) << from;
     EXPECT_DOUBLE_EQ(channel.selectionLength.samples, 500) << from;
     EXPECT_DOUBLE_EQ(channel.selectionLength.ms, 500) << from;
-    EXPECT_EQ(channel.dragX, to + kLeftMargin);
-    EXPECT_EQ(channel.dragY, 17);
   }
-  SetDragPoint(channel, 350, 0, 0);
+  channel.dragPoint = channel.cursor;
   UpdateSelection(channel);
   EXPECT_DOUBLE_EQ(channel.selectionStart.samples, 700);
   EXPECT_EQ(channel.selectionLength.samples, 0.0) << "back at the cursor";

@@ -21,7 +21,7 @@ PitchResult Track(std::vector<double> entries) {
 
 class TrackLookup : public ::testing::Test {
  protected:
-  TrackLookup() { LayOut(channel, 10000, 10000, 1000); }
+  TrackLookup() { SetLength(channel, 10000, 10000); }
   CChannel channel;
 };
 

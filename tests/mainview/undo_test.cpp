@@ -78,7 +78,7 @@ TEST_F(UndoTest, BringsBackSamplesLabelsAndEveryFieldWhereTheyWere) {
     channel.referenceLevel = 0.0;
     channel.cursor = {3.0, 0.375};
     channel.selectionEnd = channel.selectionLength = {5.0, 0.625};
-    talk.view.selectionShown = talk.view.markerSet = document.hasSelection = true;
+    talk.view.SetSelection();
     document.SetModified(false);
     Undo(talk.view);
 
@@ -98,7 +98,7 @@ TEST_F(UndoTest, BringsBackSamplesLabelsAndEveryFieldWhereTheyWere) {
     EXPECT_EQ(channel.visibleEnd.ms, 50.0);
     EXPECT_EQ(channel.cursor.samples, 3.0);
     EXPECT_EQ(channel.selectionLength.samples, 0.0);
-    EXPECT_FALSE(talk.view.selectionShown || talk.view.markerSet || document.hasSelection);
+    EXPECT_FALSE(talk.view.selectionShown() || talk.view.markerSet() || document.hasSelection);
     EXPECT_FALSE(talk.view.undoAvailable);
     EXPECT_TRUE(document.isModified());
     EXPECT_TRUE(document.foreignSource);

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 
+#include "mainview/label_list.h"
 #include "mainview/time_axis.h"
 #include "settings/config_file.h"
 #include "wide_view.h"
@@ -18,7 +19,7 @@ using testing::ElementsAre;
 using ViewCommandsTest = WideViewTest;
 
 TEST_F(ViewCommandsTest, NewViewIsUnzoomedAndReadsNothing) {
-  EXPECT_FALSE(view.zoomed || view.markerSet || view.selectionShown || view.undoAvailable);
+  EXPECT_FALSE(view.zoomed() || view.markerSet() || view.selectionShown() || view.undoAvailable);
   EXPECT_EQ(view.horizontal.page, kUnzoomedPage);
   EXPECT_EQ(view.horizontal.position, 0);
   EXPECT_TRUE(view.redrawNeeded);
@@ -46,7 +47,7 @@ TEST_F(ViewCommandsTest, ZoomsStopPlaybackAndSetTheBar) {
     SCOPED_TRACE(c.name);
     view.redrawNeeded = false;
     ZoomView(view, c.zoom);
-    EXPECT_EQ(view.zoomed, c.zoomed);
+    EXPECT_EQ(view.zoomed(), c.zoomed);
     EXPECT_EQ(view.horizontal.position, c.position);
     EXPECT_EQ(view.horizontal.page, c.page);
     EXPECT_TRUE(view.redrawNeeded);
@@ -55,7 +56,7 @@ TEST_F(ViewCommandsTest, ZoomsStopPlaybackAndSetTheBar) {
   ZoomViewToTime(view, 9900.0);
   EXPECT_EQ(channel.visibleStart.samples, 9400.0);
   EXPECT_EQ(channel.visibleEnd.samples, 10'000.0);
-  EXPECT_TRUE(view.zoomed);
+  EXPECT_TRUE(view.zoomed());
   EXPECT_EQ(playback.stops, ++stops);
 }
 
@@ -83,18 +84,18 @@ TEST_F(ViewCommandsTest, WheelStopsPlaybackAndScrollsALineTheScrollBarLeavesItRu
   EXPECT_EQ(playback.stops, 4);
   ScrollView(view, ScrollRequest::kTrack, 9000);
   EXPECT_EQ(view.horizontal.position, 9000);
-  EXPECT_TRUE(view.zoomed);
+  EXPECT_TRUE(view.zoomed());
   EXPECT_EQ(playback.stops, 4);
 }
 
 TEST_F(ViewCommandsTest, SelectionsEndWithTheRecordingAndReplaceTheMarker) {
   document.settings.zoomRangeMs = 3000.0;
   PlaceMarker(view, 9000.0);
-  EXPECT_TRUE(view.markerSet);
+  EXPECT_TRUE(view.markerSet());
   ZoomView(view, Zoom::kFromCursor);
   SelectWindow(view);
-  EXPECT_TRUE(view.selectionShown && document.hasSelection);
-  EXPECT_FALSE(view.markerSet);
+  EXPECT_TRUE(view.selectionShown() && document.hasSelection);
+  EXPECT_FALSE(view.markerSet());
   EXPECT_EQ(channel.selectionStart.samples, 9000.0);
   EXPECT_EQ(channel.selectionEnd.samples, 10'000.0);
   EXPECT_EQ(view.readouts.durationMs, 1000.0);
@@ -106,7 +107,7 @@ TEST_F(ViewCommandsTest, SelectionsEndWithTheRecordingAndReplaceTheMarker) {
 
   const double cursorMs = channel.cursor.ms;
   DropSelection(view);
-  EXPECT_FALSE(view.selectionShown || document.hasSelection || view.markerSet);
+  EXPECT_FALSE(view.selectionShown() || document.hasSelection || view.markerSet());
   EXPECT_EQ(channel.selectionEnd.ms, 0.0);
   EXPECT_EQ(channel.cursor.ms, cursorMs);
   EXPECT_EQ(view.readouts.durationMs, 0.0);
@@ -134,7 +135,8 @@ TEST_F(ViewCommandsTest, SettingsOfTheProgramReachLayoutAndLabelList) {
   listener = {};
   document.Notify(DocumentChange::kSettings);
   EXPECT_EQ(view.layout.pitch.bottom, view.layout.pitch.top);
-  EXPECT_EQ(listener.labelChanges, 1);  // its times follow the time base
+  ASSERT_EQ(listener.notices.size(), 1U);
+  EXPECT_TRUE(listener.notices[0].HasAny(kLabelListChanges));  // times follow the time base
 }
 
 TEST_F(ViewCommandsTest, VerticalScrollMovesTiersAndPanesUpwards) {
@@ -145,13 +147,36 @@ TEST_F(ViewCommandsTest, VerticalScrollMovesTiersAndPanesUpwards) {
   ASSERT_GT(view.layout.laidOutHeight, kWideClient.height);
   ScrollViewVertically(view, ScrollRequest::kTrack, 30);
   EXPECT_EQ(view.tierOffset, -30);
-  EXPECT_EQ(channel.tiers[2].rect.top, -30);
-  EXPECT_EQ(channel.waveformRect.top, -10);
+  EXPECT_EQ(view.layout.tier(2).top, -30);
+  EXPECT_EQ(view.layout.audio.top, -10);
   document.settings.display.audioPanePercent = 50;
   document.settings.display.pitchPanePercent = 50;
   view.LayOut({1045, 2000});
   EXPECT_EQ(view.tierOffset, 0);
-  EXPECT_EQ(channel.tiers[2].rect.top, 0);
+  EXPECT_EQ(view.layout.tier(2).top, 0);
+}
+
+TEST_F(ViewCommandsTest, VerticalScrollNeverLeavesTheEndOfTheLayout) {
+  document.settings.display.audioPanePercent = 200;
+  document.settings.display.pitchPanePercent = 200;
+  view.LayOut(kWideClient);
+  const std::int32_t last = view.vertical.range - view.vertical.page + 1;
+  const auto scroll = [this](ScrollRequest request) {
+    ScrollViewVertically(view, request);
+    EXPECT_EQ(view.tierOffset, -view.vertical.position);
+  };
+  for (int i = 0; i < 9; ++i) scroll(ScrollRequest::kPageForward);
+  EXPECT_EQ(view.tierOffset, -last);
+  scroll(ScrollRequest::kPageBack);
+  for (int i = 0; i < 40; ++i) ScrollViewVertically(view, ScrollRequest::kLineForward);
+  EXPECT_EQ(view.tierOffset, -last);
+  for (int i = 0; i < 80; ++i) ScrollViewVertically(view, ScrollRequest::kLineBack);
+  EXPECT_EQ(view.tierOffset, 0);
+
+  ScrollViewVertically(view, ScrollRequest::kTrack, last);
+  document.settings.display.pitchPanePercent = 50;
+  document.Notify(DocumentChange::kSettings);
+  EXPECT_EQ(view.tierOffset, -(view.vertical.range - view.vertical.page + 1));
 }
 
 TEST_F(ViewCommandsTest, ViewThatCannotAnalyseAtFirstSaysSoAndOpens) {

@@ -127,14 +127,13 @@ inline void SelectSamples(ViewedRecording& talk, double start, double end) {
   channel.selectionStart = {start, start * factor};
   channel.selectionEnd = {end, end * factor};
   channel.selectionLength = {end - start, end * factor - start * factor};
-  talk.view.selectionShown = talk.document.hasSelection = true;
+  talk.view.SetSelection();
 }
 
 // A marker there, and no selection.
 inline void PutCursor(ViewedRecording& talk, double samples) {
   talk.channel().cursor = {samples, samples * talk.channel().msPerSample()};
-  talk.view.selectionShown = talk.document.hasSelection = false;
-  talk.view.markerSet = true;
+  talk.view.SetMarker();
 }
 
 // Puts a recording's whole onto the clipboard, with a label where `labelMs` is not negative; it is

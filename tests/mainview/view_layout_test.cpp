@@ -24,18 +24,17 @@ class ViewLayoutTest : public testing::Test {
 
 TEST_F(ViewLayoutTest, StacksTiersAndPanesBetweenTheMargins) {
   const ViewLayout layout = LayOutView(document, {800, 600}, -10);
-  const CChannel& channel = document.channel();
-  EXPECT_EQ(channel.tiers[1].rect.top, -10);
-  EXPECT_EQ(channel.tiers[4].rect.top, 10);
-  EXPECT_EQ(channel.tiers[4].rect.bottom, 45);
-  EXPECT_EQ(HeightOf(channel.tiers[0].rect), 0);  // not in use
+  EXPECT_EQ(layout.tiers[1].top, -10);
+  EXPECT_EQ(layout.tiers[4].top, 10);
+  EXPECT_EQ(layout.tiers[4].bottom, 45);
+  EXPECT_EQ(HeightOf(layout.tiers[0]), 0);  // not in use
   EXPECT_EQ(layout.audio.top, 45);
   EXPECT_EQ(layout.pitch.top, layout.audio.bottom);
   EXPECT_LT(layout.laidOutHeight, 600);      // no vertical scrolling
   EXPECT_GE(layout.laidOutHeight, 600 - 3);  // the panes fill what is left
   EXPECT_EQ(layout.audio.left, kLeftMargin);
   EXPECT_EQ(layout.audio.right, 800 - kRightMargin);
-  EXPECT_EQ(channel.waveformRect.right - channel.waveformRect.left, 755);
+  EXPECT_EQ(layout.axisWidth(), 755);
   EXPECT_EQ(layout.readouts.bottom, 600);
   EXPECT_EQ(layout.timeAxis.bottom, layout.readouts.top);
 }
@@ -69,14 +68,14 @@ TEST_F(ViewLayoutTest, PanesShareByTheirPercents) {
     EXPECT_NEAR(HeightOf(layout.intensity), c.intensityShare * panes, 1.0);
     EXPECT_NEAR(HeightOf(layout.pitch), c.pitchShare * panes, 1.0);
     // The time axis is as wide without a waveform.
-    EXPECT_EQ(document.channel().waveformRect.right, 795);
+    EXPECT_EQ(layout.axisWidth(), 755);
   }
 }
 
 TEST_F(ViewLayoutTest, SmallWindowsAndDamagedSettingsKeepTheirSense) {
-  LayOutView(document, {0, 0}, 0);
-  EXPECT_EQ(document.channel().waveformRect.right, kLeftMargin);
-  EXPECT_GE(HeightOf(document.channel().waveformRect), kLeastPaneHeight);
+  const ViewLayout none = LayOutView(document, {0, 0}, 0);
+  EXPECT_EQ(none.axisWidth(), 0);
+  EXPECT_GE(HeightOf(none.audio), kLeastPaneHeight);
 
   for (Tier& tier : document.channel().tiers) {
     tier.inUse = true;
@@ -86,12 +85,11 @@ TEST_F(ViewLayoutTest, SmallWindowsAndDamagedSettingsKeepTheirSense) {
   document.settings.display.audioPanePercent = INT32_MAX;
   document.settings.display.pitchPanePercent = INT32_MIN;
   const ViewLayout layout = LayOutView(document, {32'000, 32'000}, -32'000);
-  EXPECT_EQ(HeightOf(document.channel().tiers[3].rect), 1);
+  EXPECT_EQ(HeightOf(layout.tiers[3]), 1);
   EXPECT_GT(layout.laidOutHeight, 32'000);
 
   document.settings.display.drawTiers = 0;
-  LayOutView(document, {800, 600}, 0);
-  EXPECT_EQ(HeightOf(document.channel().tiers[1].rect), 0);
+  EXPECT_EQ(HeightOf(LayOutView(document, {800, 600}, 0).tiers[1]), 0);
 }
 
 }  // namespace

@@ -16,7 +16,10 @@ class WheelZoom : public testing::Test {
     view.emplace(document, world.Services());
     view->Begin({845, 600});
   }
-  double Under() { return PixelToTime(document.channel(), kPointer - kLeftMargin).samples; }
+  double Under() {
+    return PixelToTime(document.channel(), view->layout.axisWidth(), kPointer - kLeftMargin)
+        .samples;
+  }
 
   ViewWorld world;
   CSonadexDoc document;
@@ -30,7 +33,7 @@ TEST_F(WheelZoom, TheTimeUnderThePointerStaysThere) {
     EXPECT_NEAR(Under(), before, 1e-6) << steps;
   }
   EXPECT_EQ(world.playback.stops, 5);
-  EXPECT_TRUE(view->zoomed);
+  EXPECT_TRUE(view->zoomed());
 }
 
 TEST_F(WheelZoom, StaysWithinTheRecordingAndAboveAFewSamples) {
@@ -39,7 +42,7 @@ TEST_F(WheelZoom, StaysWithinTheRecordingAndAboveAFewSamples) {
   ZoomViewAround(*view, kPointer, -100);
   EXPECT_DOUBLE_EQ(document.channel().visibleStart.samples, 0.0);
   EXPECT_DOUBLE_EQ(document.channel().visibleEnd.samples, 16000.0);
-  EXPECT_FALSE(view->zoomed);
+  EXPECT_FALSE(view->zoomed());
   EXPECT_DOUBLE_EQ(document.channel().previousEnd - document.channel().previousStart,
                    kShortestZoomSamples);
 }

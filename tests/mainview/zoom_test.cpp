@@ -12,7 +12,7 @@ constexpr double kRangeMs = 100.0;
 
 // 1 s at 10 kHz, showing [2000, 6000], the selection [2500, 3500], the cursor 10 ms before the end.
 void Prepare(CChannel& channel) {
-  LayOut(channel, 10000, 10000, 1000);
+  SetLength(channel, 10000, 10000);
   channel.previousStart = -5.0;
   channel.previousEnd = 10005.0;
   channel.selectionStart.samples = 2500;

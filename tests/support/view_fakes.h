@@ -24,14 +24,15 @@ class FixedTextMeasurer : public TextMeasurer {
   }
 };
 
+// What every notice said; the pointer's once more by themselves.
 class RecordingListener : public ViewListener {
  public:
-  void ViewChanged() override { ++viewChanges; }
-  void LabelsChanged() override { ++labelChanges; }
-  void CursorMoved(MousePhase phase, double ms) override { moves.emplace_back(phase, ms); }
+  void ViewChanged(const ViewNotice& notice) override {
+    notices.push_back(notice.changes);
+    if (notice.pointer) moves.emplace_back(notice.pointer->phase, notice.pointer->ms);
+  }
 
-  int viewChanges = 0;
-  int labelChanges = 0;
+  std::vector<DocumentChanges> notices;
   std::vector<std::pair<MousePhase, double>> moves;
 };
 

@@ -13,9 +13,9 @@ MainViewCanvas::MainViewCanvas(CSonadexView& view, DocumentWaveform& waveform)
 
 MainViewCanvas::~MainViewCanvas() { view_.document().Detach(*this); }
 
-void MainViewCanvas::DocumentChanged(DocumentChange change, const DocumentObserver*) {
+void MainViewCanvas::DocumentChanged(DocumentChanges changes, const DocumentObserver*) {
   // Cursor and selection are in the overlay, the title in the window's frame.
-  if (change != DocumentChange::kCursor && change != DocumentChange::kTitle) image_.Invalidate();
+  if (changes.HasOther(DocumentChange::kCursor | DocumentChange::kTitle)) image_.Invalidate();
 }
 
 MainViewCanvas::Key MainViewCanvas::KeyOf(const PaintStyle& style) const {
@@ -25,8 +25,6 @@ MainViewCanvas::Key MainViewCanvas::KeyOf(const PaintStyle& style) const {
 }
 
 void MainViewCanvas::Paint(QPainter& painter, const PaintStyle& style) {
-  // Another view of the document may have put its own rectangles into the channel.
-  view_.PlaceLayout();
   const PixelSize client = view_.layout.client;
   const Key key = KeyOf(style);
   if (key != key_) image_.Invalidate();

@@ -25,7 +25,7 @@ class MainViewCanvas : public DocumentObserver {
   // For a changed style.
   void Invalidate() { image_.Invalidate(); }
 
-  void DocumentChanged(DocumentChange change, const DocumentObserver* by) override;
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
  private:
   // What the image depends on beside the document's content and its own size.

@@ -56,7 +56,7 @@ Scene SceneOf(const MainViewPicture& picture, const PaintStyle& style) {
   scene.pitch = PaneOf(layout.pitch);
   scene.timeStrip = ToRectF(layout.timeAxis);
   scene.readouts = ToRectF(layout.readouts);
-  scene.time = TimeAxisOf(view.channel());
+  scene.time = TimeAxisOf(view.channel(), layout.axisWidth());
   scene.hasLevels = settings.display.drawIntensity != 0 && view.channel().intensity.IntensityValid;
   scene.levelsOverAudio = scene.hasLevels && scene.intensity.isEmpty() && !scene.audio.isEmpty();
   return scene;
@@ -87,9 +87,14 @@ void DrawValuePane(QPainter& painter, const Scene& scene, const QRectF& pane, co
   DrawFrame(painter, pane, scene.style);
 }
 
+const Tier& TierOf(const Scene& scene, int index) {
+  return scene.view.channel().tiers[static_cast<std::size_t>(index)];
+}
+
 void DrawTierStrips(QPainter& painter, const Scene& scene) {
-  for (const Tier& tier : scene.view.channel().tiers) {
-    if (tier.rect.bottom > tier.rect.top) DrawTierStrip(painter, tier, tier.rect, scene.style);
+  for (int i = 0; i < kTierCount; ++i) {
+    const PixelRect& strip = scene.view.layout.tier(i);
+    if (strip.bottom > strip.top) DrawTierStrip(painter, TierOf(scene, i), strip, scene.style);
   }
 }
 
@@ -111,8 +116,8 @@ void DrawZeroLine(QPainter& painter, const Scene& scene) {
   painter.drawLine(QLineF(scene.audio.left(), y, scene.audio.right(), y));
 }
 
-TierPlace PlaceOf(const Scene& scene, const Tier& tier) {
-  return {tier.rect, scene.time, scene.DataBottom()};
+TierPlace PlaceOf(const Scene& scene, int tier) {
+  return {scene.view.layout.tier(tier), scene.time, scene.DataBottom()};
 }
 
 int DraggedLabelOf(const CSonadexView& view, int tier) {
@@ -121,11 +126,10 @@ int DraggedLabelOf(const CSonadexView& view, int tier) {
 }
 
 void DrawAllLabels(QPainter& painter, const Scene& scene) {
-  const Tiers& tiers = scene.view.channel().tiers;
   for (int i = 0; i < kTierCount; ++i) {
-    const Tier& tier = tiers[static_cast<std::size_t>(i)];
-    if (tier.rect.bottom <= tier.rect.top) continue;
-    DrawTierLabels(painter, tier, PlaceOf(scene, tier), -1, scene.style);
+    const TierPlace place = PlaceOf(scene, i);
+    if (place.strip.bottom <= place.strip.top) continue;
+    DrawTierLabels(painter, TierOf(scene, i), place, -1, scene.style);
   }
 }
 
@@ -146,10 +150,11 @@ void DrawSelection(QPainter& painter, const Scene& scene) {
   painter.drawLine(QLineF(right, band.top(), right, band.bottom()));
 }
 
-void DrawCursor(QPainter& painter, const Scene& scene) {
-  const double x = scene.time.X(scene.view.channel().cursor.ms);
+// A line through all panes; dashed for the pointer of a window that does not track.
+void DrawCursor(QPainter& painter, const Scene& scene, double ms, Qt::PenStyle line) {
+  const double x = scene.time.X(ms);
   if (x < scene.time.left || x > scene.time.right()) return;
-  painter.setPen(QPen(scene.style.cursor, scene.style.hairline));
+  painter.setPen(QPen(scene.style.cursor, scene.style.hairline, line));
   painter.drawLine(QLineF(x, scene.client.top(), x, scene.timeStrip.top() + 3.0));
 }
 
@@ -158,13 +163,13 @@ void DrawDraggedLabel(QPainter& painter, const Scene& scene) {
   const CSonadexView& view = scene.view;
   const int index = view.labelEntry.currentTier;
   if (index < 0 || index >= kTierCount || DraggedLabelOf(view, index) < 0) return;
-  const Tier& tier = view.channel().tiers[static_cast<std::size_t>(index)];
-  painter.fillRect(ToRectF(tier.rect), scene.style.tier);
-  DrawTierLabels(painter, tier, PlaceOf(scene, tier), DraggedLabelOf(view, index), scene.style);
-  DrawLabel(painter, view.labelEntry.label, PlaceOf(scene, tier), scene.style);
+  const TierPlace place = PlaceOf(scene, index);
+  painter.fillRect(ToRectF(place.strip), scene.style.tier);
+  DrawTierLabels(painter, TierOf(scene, index), place, DraggedLabelOf(view, index), scene.style);
+  DrawLabel(painter, view.labelEntry.label, place, scene.style);
   const double x = scene.time.X(view.labelEntry.label.timeMs);
   painter.setPen(QPen(scene.style.selectionEdge, scene.style.hairline, Qt::DashLine));
-  painter.drawLine(QLineF(x, tier.rect.bottom, x, scene.DataBottom()));
+  painter.drawLine(QLineF(x, place.strip.bottom, x, scene.DataBottom()));
 }
 
 void PaintBackground(QPainter& painter, const Scene& scene) {
@@ -219,8 +224,9 @@ void PaintOverlay(QPainter& painter, const Scene& scene) {
   painter.setClipRect(scene.client, Qt::IntersectClip);
   if (view.document().loaded) {
     DrawDraggedLabel(painter, scene);
-    if (view.selectionShown) DrawSelection(painter, scene);
-    if (view.markerSet) DrawCursor(painter, scene);
+    if (view.selectionShown()) DrawSelection(painter, scene);
+    if (view.markerSet()) DrawCursor(painter, scene, view.channel().cursor.ms, Qt::SolidLine);
+    if (view.otherPointerMs) DrawCursor(painter, scene, *view.otherPointerMs, Qt::DashLine);
   }
   painter.restore();
   DrawReadouts(painter, scene.readouts,

@@ -22,7 +22,7 @@ PitchPicture PitchWindowPicture::Now(PixelSize client) const {
   // The selection that the track was made of would only colour everything.
   const bool coversAll =
       channel.selectionStart.ms <= time.low && channel.selectionEnd.ms >= time.high;
-  if (view_.selectionShown && !coversAll) {
+  if (view_.selectionShown() && !coversAll) {
     picture.selection = AxisSelection{channel.selectionStart.ms, channel.selectionEnd.ms};
   }
   return picture;

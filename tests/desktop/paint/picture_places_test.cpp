@@ -129,7 +129,8 @@ TEST(MainViewPicture, AnImpulseStandsAtItsTime) {
     painter.end();
     const PixelRect& pane = recording.view.layout.audio;
     const int row = static_cast<int>((pane.top + (pane.bottom - pane.top) * 0.25) * ratio);
-    const double expected = TimeAxisOf(recording.channel()).X(6000.0 / kFixtureRateHz * 1000.0);
+    const double expected =
+        TimeAxisOf(recording.channel(), pane.right - pane.left).X(6000.0 / kFixtureRateHz * 1000.0);
     int found = -1;
     for (int x = static_cast<int>(pane.left * ratio); x < pane.right * ratio; ++x) {
       if (IsColor(image, x, row, style.waveform)) found = x;
@@ -169,7 +170,7 @@ TEST(MainViewPicture, CursorAndSelectionStandAtTheirTimes) {
   AnalysedRecording analysed(ToneFrom(0.0, 150.0, 1000.0), kClient);
   CSonadexView& view = analysed.recording.view;
   const PaintStyle style = StyleOf(PaletteKind::kLight);
-  const AxisScale time = TimeAxisOf(view.channel());
+  const AxisScale time = TimeAxisOf(view.channel(), view.layout.axisWidth());
   const int row = view.layout.pitch.bottom - 10;
   const auto paint = [&] {
     QImage image = Canvas(kClient);
@@ -180,12 +181,12 @@ TEST(MainViewPicture, CursorAndSelectionStandAtTheirTimes) {
   };
   const QImage plain = paint();
   view.channel().cursor.ms = 640.0;
-  view.markerSet = true;
+  view.SetMarker();
   const QImage withCursor = paint();
   EXPECT_TRUE(IsColor(withCursor, static_cast<int>(time.X(640.0)), row, style.cursor));
 
-  view.markerSet = false;
-  view.selectionShown = true;
+  view.DropMarks();
+  view.SetSelection();
   view.channel().selectionStart.ms = 250.0;
   view.channel().selectionEnd.ms = 500.0;
   const QImage selected = paint();

@@ -20,7 +20,7 @@ using Paint = std::function<void(QPainter&, AnalysedRecording&, PixelSize)>;
 
 void MainView(QPainter& painter, AnalysedRecording& analysed, PixelSize) {
   CSonadexView& view = analysed.recording.view;
-  view.markerSet = true;
+  view.SetMarker();
   PaintMainView(painter, {view, analysed.waveform.Pyramid()}, StyleOf(PaletteKind::kLight));
 }
 
