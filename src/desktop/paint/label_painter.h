@@ -8,6 +8,7 @@
 #include "desktop/paint/paint_style.h"
 #include "document/label.h"
 #include "mainview/axis_scale.h"
+#include "mainview/view_ports.h"
 
 namespace cantorix {
 
