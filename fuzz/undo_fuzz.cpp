@@ -57,7 +57,7 @@ void Try(QuietHost& host, std::span<const std::byte> input, bool isLong) {
   document.channel().tiers[4].labels.clear();
   Hold(document, 2, 1);
   const Bytes before = Written(document);
-  const bool restored = undo.Restore(document) == UndoOutcome::kRestored;
+  const bool restored = undo.Restore(document, UndoScope::kSamples) == UndoOutcome::kRestored;
   const Bytes after = Written(document);
   if (!restored) {
     if (after != before) std::abort();

@@ -78,8 +78,8 @@ TEST_F(Frame, AFurtherWindowSharesStretchAndSelection) {
   ASSERT_NE(&first, &second);
   Perform(Command::kZoomIn);
   SelectSpan(second, 100.0, 300.0);
-  EXPECT_TRUE(first.zoomed);
-  EXPECT_TRUE(first.selectionShown);
+  EXPECT_TRUE(first.zoomed());
+  EXPECT_TRUE(first.selectionShown());
   // The first of two windows closes without a question, also of a modified document.
   second.document().SetModified(true);
   frame.activeFrame()->close();
@@ -166,7 +166,7 @@ TEST_F(Frame, AnEmptyDocumentShowsAndLoadsNothing) {
   ASSERT_NE(frame.activeView(), nullptr);
   EXPECT_FALSE(frame.activeView()->document().loaded);
   QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});
-  EXPECT_FALSE(frame.activeView()->markerSet);
+  EXPECT_FALSE(frame.activeView()->markerSet());
   EXPECT_FALSE(Picture().grab().isNull());
 }
 

@@ -56,7 +56,6 @@ TEST_F(MainViewCanvasTest, EveryOtherChangeIsPaintedAnew) {
       {"labels",
        [](ViewedRecording& r) {
          AddLabel(r.document, 0, 300.0, "x");
-         r.view.LayOut();
          r.view.Changed(DocumentChange::kLabels);
        }},
       {"settings",
