@@ -2,9 +2,9 @@
 // playback, saves the undo file, changes, marks the document modified and refreshes, and leaves the
 // document as it was when a step fails. What they throw: Abandoned, after the message when there is
 // one (a refusal, a cancel, no memory), and FileError when samples cannot be read or written.
-// Positions are cut to whole samples, so that what was cut and is pasted where it was brings samples,
-// length and labels back exactly. Labels of tiers in use move with the samples, those of other tiers
-// stay.
+// Positions are cut to whole samples, so that what was cut and is pasted where it was brings
+// samples, length and labels back exactly. Labels of tiers in use move with the samples, those of
+// other tiers stay.
 #pragma once
 
 #include "mainview/sonadex_view.h"
@@ -26,8 +26,9 @@ void Smooth(CSonadexView& view);
 void SetReferenceOfAllChannels(CSonadexView& view);
 void Undo(CSonadexView& view);
 
-// Saves the undo file for an edit that may change what `scope` says. Throws Abandoned when it cannot be created or the user cancels; when it was
-// created and not written, says so and the edit goes on without undo.
+// Saves the undo file for an edit that may change what `scope` says. Throws Abandoned when it
+// cannot be created or the user cancels; when it was created and not written, says so and the edit
+// goes on without undo.
 void SaveUndoFile(CSonadexView& view, UndoScope scope = UndoScope::kSamples);
 
 }  // namespace cantorix
