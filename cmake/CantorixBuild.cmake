@@ -41,17 +41,11 @@ function(cantorix_library name)
   target_link_libraries(cantorix_${name} PUBLIC ${ARG_LINKS} PRIVATE cantorix_options)
 endfunction()
 
-# cantorix_test(NAME [STORED_RECORDINGS] SOURCES file... LINKS library...): the test program of one
-# folder. STORED_RECORDINGS: it opens recordings that other tests open too, and opening is
-# exclusive, so its tests run one after the other.
+# cantorix_test(NAME SOURCES file... LINKS library...): the test program of one folder.
 function(cantorix_test name)
-  cmake_parse_arguments(ARG "STORED_RECORDINGS" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(test_${name} ${ARG_SOURCES})
   target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_test_support cantorix_options
                         cantorix_test_options GTest::gmock GTest::gtest_main)
-  set(properties TIMEOUT 300)
-  if(ARG_STORED_RECORDINGS)
-    list(APPEND properties RESOURCE_LOCK stored_recordings)
-  endif()
-  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

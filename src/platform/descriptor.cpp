@@ -11,6 +11,18 @@
 #include "platform/file_error.h"
 
 namespace cantorix {
+namespace {
+
+Lock TryLock(int descriptor, int kind) {
+  if (::flock(descriptor, kind | LOCK_NB) == 0) return Lock::kTaken;
+  return errno == EWOULDBLOCK ? Lock::kHeld : Lock::kUnknown;
+}
+
+void RequireLock(Lock lock) {
+  if (lock == Lock::kHeld) throw FileError("Another program is using it.");
+}
+
+}  // namespace
 
 Descriptor::~Descriptor() {
   if (number_ >= 0) ::close(number_);
@@ -37,10 +49,11 @@ void RequireRegularFile(int descriptor) {
   RequireRegular(status.st_mode);
 }
 
-void LockExclusively(int descriptor) {
-  if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) return;
-  if (errno == EWOULDBLOCK) throw FileError("Another program is using it.");
-}
+Lock TryExclusiveLock(int descriptor) { return TryLock(descriptor, LOCK_EX); }
+
+void LockExclusively(int descriptor) { RequireLock(TryExclusiveLock(descriptor)); }
+
+void LockShared(int descriptor) { RequireLock(TryLock(descriptor, LOCK_SH)); }
 
 bool NamesFile(int folder, const std::string& name, int descriptor) {
   struct stat named {};

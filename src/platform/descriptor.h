@@ -39,9 +39,18 @@ Descriptor OpenAt(int folder, const std::string& name, int flags, unsigned mode 
 void RequireRegular(unsigned mode);
 void RequireRegularFile(int descriptor);
 
-// Takes the exclusive lock without waiting. Throws "Another program is using it." when it is held;
-// file systems without locks count as success.
+// What an attempt to lock, which never waits, came to.
+enum class Lock {
+  kTaken,
+  kHeld,     // by somebody else
+  kUnknown,  // the file system has no locks
+};
+Lock TryExclusiveLock(int descriptor);
+
+// Both throw "Another program is using it." when the lock is held; file systems without locks count
+// as success. A shared lock is refused only beside an exclusive one.
 void LockExclusively(int descriptor);
+void LockShared(int descriptor);
 
 // Whether `name` in `folder` is, at this moment, the open file itself.
 bool NamesFile(int folder, const std::string& name, int descriptor);

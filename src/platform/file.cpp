@@ -21,16 +21,12 @@ Descriptor OpenRegular(const std::string& path, int flags) {
   return descriptor;
 }
 
-Descriptor OpenExclusively(const std::string& path, int flags) {
-  Descriptor descriptor = OpenRegular(path, flags);
-  LockExclusively(descriptor.number());
-  return descriptor;
-}
-
 }  // namespace
 
 File File::OpenForReading(const std::string& path) {
-  return File(OpenExclusively(path, O_RDONLY).Release(), path);
+  Descriptor descriptor = OpenRegular(path, O_RDONLY);
+  LockShared(descriptor.number());
+  return File(descriptor.Release(), path);
 }
 
 File File::OpenUnlocked(const std::string& path) {
@@ -38,7 +34,16 @@ File File::OpenUnlocked(const std::string& path) {
 }
 
 File File::OpenForUpdate(const std::string& path) {
-  return File(OpenExclusively(path, O_RDWR | O_CREAT).Release(), path);
+  Descriptor descriptor = OpenRegular(path, O_RDWR | O_CREAT);
+  LockExclusively(descriptor.number());
+  return File(descriptor.Release(), path);
+}
+
+File File::CreateTemporary(const std::string& path) {
+  Descriptor descriptor = OpenAt(AT_FDCWD, path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+  if (!descriptor.isOpen()) ThrowErrno();
+  LockExclusively(descriptor.number());
+  return File(descriptor.Release(), path);
 }
 
 File File::Create(const std::string& path) {

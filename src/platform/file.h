@@ -1,7 +1,7 @@
 // file.h - an open file of the host: positioned reads and writes that say why they failed.
-// Exclusive means a non-blocking lock: a file that another process holds counts as one that cannot
-// be opened. File systems without locks count as success. Saving over a file goes through
-// safe_file.h instead.
+// Readers share a lock, a writer has one alone, and nobody waits for one: a file that is held
+// against us counts as one that cannot be opened. File systems without locks count as success.
+// Saving over a file goes through safe_file.h instead.
 #pragma once
 
 #include <cstddef>
@@ -14,14 +14,18 @@ namespace cantorix {
 class File {
  public:
   // Each throws FileError when the file cannot be opened, created or locked.
+  // Takes the shared lock: any number of readers, and no writer beside them.
   static File OpenForReading(const std::string& path);
-  // The same without a lock, for a file that is only ever replaced as a whole: readers of it do not
-  // shut each other out.
+  // The same without a lock, for a file that is only ever replaced as a whole: its readers keep no
+  // writer out.
   static File OpenUnlocked(const std::string& path);
   // Creates or truncates, after the lock is held: a refused file keeps its bytes.
   static File Create(const std::string& path);
   // Opens or creates without truncating, for reading and writing.
   static File OpenForUpdate(const std::string& path);
+  // Makes a file that was not there, for this user alone. Whatever has the name already, a symbolic
+  // link included, makes it fail and stays as it is.
+  static File CreateTemporary(const std::string& path);
 
   File() = default;
   ~File();
