@@ -6,8 +6,10 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <set>
 
 #include "app/configuration_commands.h"
+#include "mainview/leftover_files.h"
 #include "platform/descriptor.h"
 #include "platform/prompts.h"
 #include "platform/services.h"
@@ -84,6 +86,15 @@ void MakeFirstConfiguration(const Application& application) {
   WriteConfiguration(path, {{}, DefaultDocumentSettings()});
 }
 
+void ClearLeftovers(const Application& application) {
+  ClearTemporaryFiles(application.host.programDirectory, application.temporaryDirectory);
+  std::set<std::string> folders;
+  for (const std::string& path : application.recentFiles.paths()) {
+    folders.insert(std::filesystem::path(path).parent_path().string());
+  }
+  for (const std::string& folder : folders) ClearUnfinishedSaves(folder);
+}
+
 }  // namespace
 
 StartUpResult StartUp(Application& application, const std::string& currentDirectory) {
@@ -94,6 +105,7 @@ StartUpResult StartUp(Application& application, const std::string& currentDirect
     if (result != StartUpResult::kReady) return result;
   }
   MakeTemporaryDirectory(application);
+  ClearLeftovers(application);
   application.host.recordingRateHz = kFirstRecordingRateHz;
   MakeFirstConfiguration(application);
   ReadApplicationSettings(application.host);

@@ -15,8 +15,9 @@ enum class StartUpResult {
 
 // Runs the start-up: the program directory from the profile or, on a first run, `currentDirectory`
 // (absolute); a trial write there, with the folder chooser when it fails; the temporary directory;
-// the recording rate; a configuration file of the defaults where none stands; the application's
-// part of it. On any result but kReady the program must end.
+// the clearing of what killed programs left there and beside the recent files; the recording rate;
+// a configuration file of the defaults where none stands; the application's part of it. On any
+// result but kReady the program must end.
 StartUpResult StartUp(Application& application, const std::string& currentDirectory);
 
 // Whether a small file can be written and deleted in `directory`. It is called "xxx", or "xxx1" and

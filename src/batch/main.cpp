@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <string>
 
@@ -14,6 +15,7 @@
 #include "batch/program_directory.h"
 #include "batch/run_settings.h"
 #include "batch/verbs.h"
+#include "mainview/leftover_files.h"
 #include "platform/abandon.h"
 
 namespace cantorix::batch {
@@ -43,8 +45,19 @@ Outcome WorkOnFiles(const Run& run) {
   return FileQueue(run, std::move(measure), std::move(outputs)).Work();
 }
 
+// What killed runs left, where this one writes.
+void ClearLeftovers(const Request& request, const std::string& programDirectory) {
+  ClearTemporaryFiles(programDirectory, programDirectory + "/tmp/");
+  if (request.output.empty()) return;
+  const std::filesystem::path output = std::filesystem::absolute(request.output);
+  std::error_code unknown;
+  const bool isFolder = std::filesystem::is_directory(output, unknown);
+  ClearUnfinishedSaves(isFolder ? output : output.parent_path());
+}
+
 Outcome Work(const Request& request, Console& console, const std::atomic<bool>& interrupted) {
   const ProgramDirectory programDirectory(request.programDirectory);
+  ClearLeftovers(request, programDirectory.path());
   const Settings settings = RunSettings(request, programDirectory.path());
   const Run run{request, settings, programDirectory.path(), console, interrupted};
   return IsListing(request.verb) ? WorkOnListing(run) : WorkOnFiles(run);

@@ -1,7 +1,10 @@
 // program_directory.h - the folder of the configuration and of the temporary files of a run.
 #pragma once
 
+#include <optional>
 #include <string>
+
+#include "platform/leftovers.h"
 
 namespace cantorix::batch {
 
@@ -9,15 +12,12 @@ class ProgramDirectory {
  public:
   // An empty `path` makes a private temporary folder, removed at the end. Throws FileError.
   explicit ProgramDirectory(const std::string& path);
-  ~ProgramDirectory();
-  ProgramDirectory(const ProgramDirectory&) = delete;
-  ProgramDirectory& operator=(const ProgramDirectory&) = delete;
 
   const std::string& path() const { return path_; }
 
  private:
   std::string path_;
-  bool isPrivate_;
+  std::optional<PrivateFolder> private_;
 };
 
 }  // namespace cantorix::batch

@@ -1,20 +1,24 @@
 // sample_store.cpp - naming, filling and reading the disk store.
 #include "document/sample_store.h"
 
-#include <unistd.h>
-
 #include <stdexcept>
 #include <vector>
 
 #include "document/sample_bytes.h"
 #include "platform/claimed_file.h"
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 
 namespace cantorix {
 namespace {
 
+constexpr const char* kStoreName = "$$TempFile";
+
 File CreateStoreFile(const std::string& programDirectory, int& counter) {
-  return ClaimFile([&] { return programDirectory + "/$$TempFile" + std::to_string(++counter); });
+  const auto nextPath = [&] {
+    return programDirectory + "/" + kStoreName + std::to_string(++counter);
+  };
+  return ClaimFile(nextPath, Leftover::kReplaced);
 }
 
 }  // namespace
@@ -22,9 +26,9 @@ File CreateStoreFile(const std::string& programDirectory, int& counter) {
 SampleStore::SampleStore(const std::string& programDirectory, int& counter)
     : file_(CreateStoreFile(programDirectory, counter)) {}
 
-SampleStore::~SampleStore() {
-  if (file_.isOpen()) ::unlink(file_.path().c_str());
-}
+SampleStore::~SampleStore() { DeleteClaimed(file_); }
+
+bool SampleStore::IsStoreName(std::string_view name) { return IsNumberedName(name, kStoreName); }
 
 void SampleStore::Put(std::int64_t start, std::span<const std::int16_t> samples) {
   std::vector<std::int16_t> scratch;

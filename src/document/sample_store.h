@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/file.h"
 #include "platform/sample_source.h"
@@ -19,6 +20,9 @@ class SampleStore : public SampleSource {
   ~SampleStore() override;
   SampleStore(const SampleStore&) = delete;
   SampleStore& operator=(const SampleStore&) = delete;
+
+  // Whether a file of the program directory is a store by its name.
+  static bool IsStoreName(std::string_view name);
 
   const std::string& path() const { return file_.path(); }
   // Both throw FileError naming the store when its bytes cannot be written.

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <limits>
 #include <optional>
 #include <tuple>
@@ -16,15 +15,17 @@
 #include "platform/bytes.h"
 #include "platform/claimed_file.h"
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 
 namespace cantorix {
 namespace {
 
+constexpr const char* kEnding = "@@tmp";
 constexpr std::size_t kLongestTitle = 240;  // bytes; leaves room for the ending in a file name
 
 std::string StemOf(std::string directory, std::string title) {
   std::replace(title.begin(), title.end(), '/', '_');
-  return std::move(directory) + std::string(CutText(title, kLongestTitle)) + "@@tmp";
+  return std::move(directory) + std::string(CutText(title, kLongestTitle)) + kEnding;
 }
 
 // Bytes of a native save before the samples.
@@ -67,19 +68,18 @@ class PlaceOfSamples {
 UndoFile::UndoFile(std::string temporaryDirectory, std::string title)
     : stem_(StemOf(std::move(temporaryDirectory), std::move(title))) {}
 
-UndoFile::~UndoFile() {
-  if (!HasItsName(file_)) return;
-  std::error_code ignored;
-  std::filesystem::remove(path(), ignored);
+UndoFile::~UndoFile() { DeleteClaimed(file_); }
+
+bool UndoFile::IsUndoName(std::string_view name) {
+  const std::size_t ending = name.rfind(kEnding);
+  return ending != std::string_view::npos && IsNumberedName(name.substr(ending), kEnding);
 }
 
 void UndoFile::Claim() {
   if (HasItsName(file_)) return;
-  names_ = 0;
-  file_ = ClaimFile([this] {
-    ++names_;
-    return names_ == 1 ? stem_ : stem_ + std::to_string(names_);
-  });
+  int names = 0;
+  const auto nextPath = [&] { return ++names == 1 ? stem_ : stem_ + std::to_string(names); };
+  file_ = ClaimFile(nextPath, Leftover::kReplaced);
 }
 
 void UndoFile::Save(CSonadexDoc& document) {

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "document/document.h"
@@ -26,6 +27,9 @@ class UndoFile {
   ~UndoFile();
   UndoFile(const UndoFile&) = delete;
   UndoFile& operator=(const UndoFile&) = delete;
+
+  // Whether a file of the temporary directory is an undo file by its name.
+  static bool IsUndoName(std::string_view name);
 
   // Empty until the file was claimed.
   const std::string& path() const { return file_.path(); }
@@ -56,7 +60,6 @@ class UndoFile {
   void RestoreSamples(CSonadexDoc& document, const File& file) const;
 
   std::string stem_;
-  int names_ = 0;  // tried so far
   File file_;
   Remembered remembered_;
 };

@@ -17,6 +17,8 @@ namespace {
 
 constexpr int kMaxLinks = 40;    // as many as the system itself follows
 constexpr int kMaxRetries = 50;  // of a name that changes hands between opening and locking
+constexpr const char* kSiblingPrefix = ".cantorix-save-";
+constexpr const char* kHexDigits = "0123456789abcdef";
 constexpr const char* kAccessList = "system.posix_acl_access";
 
 [[noreturn]] void ThrowInUse() { throw FileError("Another program is using it."); }
@@ -110,9 +112,15 @@ std::string SiblingName(const std::string& targetName) {
   // FNV-1a: a short name also for a target whose own name is as long as names can be.
   std::uint64_t hash = 0xCBF29CE484222325U;
   for (const char c : targetName) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-  std::string name = ".cantorix-save-";
-  for (int shift = 60; shift >= 0; shift -= 4) name += "0123456789abcdef"[hash >> shift & 15U];
+  std::string name = kSiblingPrefix;
+  for (int shift = 60; shift >= 0; shift -= 4) name += kHexDigits[hash >> shift & 15U];
   return name;
+}
+
+bool IsSiblingName(std::string_view name) {
+  constexpr std::size_t kPrefixBytes = std::char_traits<char>::length(kSiblingPrefix);
+  return name.size() == kPrefixBytes + 16 && name.starts_with(kSiblingPrefix) &&
+         name.find_first_not_of(kHexDigits, kPrefixBytes) == std::string_view::npos;
 }
 
 Descriptor CreateSibling(const SavePlace& place, const std::string& siblingName, unsigned mode) {

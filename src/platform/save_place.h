@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/descriptor.h"
 
@@ -27,6 +28,7 @@ Descriptor LockTarget(const SavePlace& place);
 // name alone: there is one sibling per target, and one that a killed program left behind is
 // cleared away by the next save of the same file.
 std::string SiblingName(const std::string& targetName);
+bool IsSiblingName(std::string_view name);
 
 // Creates the sibling, empty, readable and writable here, and locks it. `mode` goes through the
 // umask. Not open, with errno set, when the folder does not allow a new file. Throws FileError when

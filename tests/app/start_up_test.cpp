@@ -3,9 +3,11 @@
 
 #include <filesystem>
 #include <limits>
+#include <set>
 #include <utility>
 
 #include "app_fixture.h"
+#include "platform/file.h"
 
 namespace cantorix {
 namespace {
@@ -103,6 +105,31 @@ TEST_F(StartUpTest, AFirstRunKeepsItsOptionsBecauseTheDefaultsAreThere) {
   WriteBytes(path, std::vector<std::byte>(3));
   ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
   EXPECT_EQ(ReadBytes(path).size(), 3U) << "a file that is no record is the user's";
+}
+
+TEST_F(StartUpTest, ClearsWhatKilledProgramsLeftAndNothingElse) {
+  const TemporaryFolder talks;
+  std::filesystem::create_directory(folder / "tmp");
+  const std::string unfinished = ".cantorix-save-0123456789abcdef";
+  for (const char* name : {"$$TempFile1", "$$TempFile27", "$$TempFile", "my$$TempFile1",
+                           "tmp/talk@@tmp", "tmp/talk@@tmp2", "tmp/a@@tmp@@tmp", "tmp/held@@tmp",
+                           "tmp/talk@@tmp.qrv", "tmp/Recording-20261121-140000-16000Hz-1.raw"}) {
+    WriteBytes(folder / name, std::vector<std::byte>(3));
+  }
+  WriteBytes(folder / unfinished, std::vector<std::byte>(3));
+  WriteBytes(talks / unfinished, std::vector<std::byte>(3));
+  WriteBytes(talks / "talk.qrv", std::vector<std::byte>(3));
+  app.recentFiles.Add(talks / "talk.qrv");
+  const File held = File::OpenForReading(folder / "tmp/held@@tmp");
+  ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("tmp", "my$$TempFile1", "CantorixConf.cfg"));
+  std::set<std::string> kept;
+  for (const auto& entry : std::filesystem::directory_iterator(folder / "tmp")) {
+    kept.insert(entry.path().filename());
+  }
+  EXPECT_THAT(kept,
+              ElementsAre("Recording-20261121-140000-16000Hz-1.raw", "held@@tmp", "talk@@tmp.qrv"));
+  EXPECT_THAT(talks.Names(), ElementsAre("talk.qrv"));
 }
 
 TEST_F(StartUpTest, TakesTheApplicationBlockAndAUsableRecordingRate) {

@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "platform/ini_profile_store.h"
+#include "support/environment_variable.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -66,42 +66,17 @@ TEST(IniProfileStore, ReportsWhatCannotBeKept) {
   EXPECT_FALSE(IniProfileStore("").WriteText("S", "e", "t"));
 }
 
-class Variable {
- public:
-  Variable(const char* name, const char* value) : name_(name) {
-    const char* const old = std::getenv(name);
-    if (old != nullptr) old_ = old;
-    if (value == nullptr) {
-      ::unsetenv(name);
-    } else {
-      ::setenv(name, value, 1);
-    }
-  }
-  ~Variable() {
-    if (old_) {
-      ::setenv(name_, old_->c_str(), 1);
-    } else {
-      ::unsetenv(name_);
-    }
-  }
-  Variable(const Variable&) = delete;
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
-
 TEST(UserProfilePath, FollowsTheUsersFolders) {
-  const Variable home("HOME", "/home/me");
+  const EnvironmentVariable home("HOME", "/home/me");
   {
-    const Variable configured("XDG_CONFIG_HOME", "/cfg");
+    const EnvironmentVariable configured("XDG_CONFIG_HOME", "/cfg");
     EXPECT_EQ(UserProfilePath(), "/cfg/Orvanta/Cantorix.ini");
   }
   {
-    const Variable relative("XDG_CONFIG_HOME", "cfg");
+    const EnvironmentVariable relative("XDG_CONFIG_HOME", "cfg");
     EXPECT_EQ(UserProfilePath(), "/home/me/.config/Orvanta/Cantorix.ini");
   }
-  const Variable unset("XDG_CONFIG_HOME", nullptr);
+  const EnvironmentVariable unset("XDG_CONFIG_HOME", nullptr);
   EXPECT_EQ(UserProfilePath(), "/home/me/.config/Orvanta/Cantorix.ini");
 }
 

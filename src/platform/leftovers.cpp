@@ -1,0 +1,104 @@
+// leftovers.cpp - recognising what has no owner any more, and deleting it.
+#include "platform/leftovers.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <vector>
+
+#include "platform/file_error.h"
+
+namespace cantorix {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kOwnPart = 6;  // characters that mkdtemp chooses
+constexpr int kMaxTries = 100;       // of a folder that somebody takes for a leftover
+
+// Whether the file is this user's, of the kind `type`, and its lock is to be had. The lock is kept.
+bool IsAbandoned(const Descriptor& file, mode_t type) {
+  struct stat status {};
+  if (!file.isOpen() || ::fstat(file.number(), &status) != 0) return false;
+  return (status.st_mode & S_IFMT) == type && status.st_uid == ::geteuid() &&
+         TryExclusiveLock(file.number()) == Lock::kTaken;
+}
+
+std::vector<std::string> NamesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code failure;
+  for (fs::directory_iterator at(folder, failure), end; !failure && at != end;
+       at.increment(failure)) {
+    names.push_back(at->path().filename().string());
+  }
+  return names;
+}
+
+Descriptor OpenFolder(const std::string& path) {
+  return OpenAt(AT_FDCWD, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+}
+
+void RemoveLeftoverFolders(const fs::path& parent, const std::string& prefix) {
+  for (const std::string& name : NamesIn(parent)) {
+    if (!name.starts_with(prefix) || name.size() != prefix.size() + kOwnPart) continue;
+    const std::string path = parent / name;
+    const Descriptor folder = OpenFolder(path);
+    std::error_code stays;
+    if (IsAbandoned(folder, S_IFDIR)) fs::remove_all(path, stays);
+  }
+}
+
+}  // namespace
+
+bool RemoveLeftover(int folder, const std::string& name) {
+  const Descriptor file = OpenAt(folder, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW);
+  return IsAbandoned(file, S_IFREG) && NamesFile(folder, name, file.number()) &&
+         ::unlinkat(folder, name.c_str(), 0) == 0;
+}
+
+void RemoveLeftovers(const std::string& folder, bool (*isTemporary)(std::string_view name)) {
+  const Descriptor place = OpenAt(AT_FDCWD, folder, O_RDONLY | O_DIRECTORY);
+  if (!place.isOpen()) return;
+  for (const std::string& name : NamesIn(folder)) {
+    if (isTemporary(name)) RemoveLeftover(place.number(), name);
+  }
+}
+
+PrivateFolder::PrivateFolder(const std::string& prefix) {
+  const fs::path parent = fs::temp_directory_path();
+  RemoveLeftoverFolders(parent, prefix);
+  for (int tries = 1;; ++tries) {
+    path_ = (parent / prefix).string() + std::string(kOwnPart, 'X');
+    if (::mkdtemp(path_.data()) == nullptr) {
+      throw FileError(parent.string() + ": " + SystemReason(errno));
+    }
+    lock_ = OpenFolder(path_);
+    // Before the lock was taken, another program may have cleared the folder away as a leftover.
+    const bool isOwn = lock_.isOpen() && TryExclusiveLock(lock_.number()) != Lock::kHeld &&
+                       NamesFile(AT_FDCWD, path_, lock_.number());
+    if (isOwn) return;
+    if (tries == kMaxTries) throw FileError(path_ + ": " + SystemReason(EBUSY));
+  }
+}
+
+PrivateFolder::~PrivateFolder() {
+  try {
+    fs::remove_all(path_);
+  } catch (const std::exception&) {
+    // What stays is found and deleted by the next program that makes such a folder.
+  }
+}
+
+bool IsNumberedName(std::string_view text, std::string_view prefix) {
+  if (!text.starts_with(prefix)) return false;
+  text.remove_prefix(prefix.size());
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+}  // namespace cantorix
