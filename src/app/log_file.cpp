@@ -40,14 +40,10 @@ void BeepAndSay(Prompts& prompts, const char* message) {
 // The bytes of a file; nothing, after the message, when there are none to be had.
 std::optional<std::string> ReadWhole(const std::string& path, Prompts& prompts) {
   try {
-    const File file = File::OpenForReading(path);
-    std::string text(static_cast<std::size_t>(file.Size()), '\0');
-    if (text.empty()) {
-      BeepAndSay(prompts, "The file has zero length.");
-      return std::nullopt;
-    }
-    file.ReadExactly(0, std::as_writable_bytes(std::span(text)));
-    return text;
+    std::string text = ReadWholeFile(path);
+    if (!text.empty()) return text;
+    BeepAndSay(prompts, "The file has zero length.");
+    return std::nullopt;
   } catch (const FileError&) {
     BeepAndSay(prompts, kOpenError);
     return std::nullopt;

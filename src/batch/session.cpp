@@ -1,6 +1,8 @@
 // session.cpp - opening one file with the run's settings.
 #include "batch/session.h"
 
+#include <limits>
+
 namespace cantorix::batch {
 
 Session::Session(const Run& run, const std::string& file)
@@ -13,6 +15,7 @@ Session::Session(const Run& run, const std::string& file)
             .memory = memory_,
             .programDirectory = run.programDirectory,
             .application = run.settings.application,
+            .channelEntries = std::numeric_limits<int>::max(),
             // Measuring leaves the configuration alone.
             .documentsWriteConfiguration = false} {}
 

@@ -29,6 +29,9 @@ bool Convert(Session& session) {
   const std::string& path = session.request().output;
   try {
     Save(session, path);
+  } catch (const SaveRefused& refusal) {
+    session.prompts().Say(std::string("Error in save operation. ") + refusal.what());
+    return false;
   } catch (const FileError& error) {
     session.prompts().Say(CouldNotBeSaved(path, error.what()));
     return false;

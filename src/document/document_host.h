@@ -20,7 +20,8 @@ struct DocumentHost {
   ApplicationSettings application;
   double currentRateHz = 11025.0;  // channel 0's rate of the recording opened last
   double recordingRateHz = 11025.0;
-  int storeCounter = 0;  // counted up before each disk-store name
+  int channelEntries = 10;  // that a user can choose from when a file has more channels
+  int storeCounter = 0;     // counted up before each disk-store name
   // Whether a closing document writes the configuration file.
   bool documentsWriteConfiguration = true;
   // Told of every path that a document was saved under by a name of the user's; may be empty.

@@ -39,7 +39,7 @@ void SetForeignFields(CSonadexDoc& document, double rateHz, double lengthSamples
 
 int ChooseChannelOrAbandon(CSonadexDoc& document, int channelCount) {
   if (channelCount == 1) return 0;
-  const int offered = std::min(channelCount, kChannelEntries);
+  const int offered = std::min(channelCount, document.host().channelEntries);
   const std::optional<int> chosen =
       document.host().prompts.ChooseChannel(kChannelQuestion, offered);
   if (!chosen) throw Abandoned(AbandonReason::kCancelled);

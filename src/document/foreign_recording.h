@@ -8,9 +8,6 @@ namespace cantorix {
 
 class CSonadexDoc;
 
-// Entries of the list in the channel dialog.
-inline constexpr int kChannelEntries = 10;
-
 // "Channel #1" for the entry 0 of that list.
 std::string ChannelEntry(int entry);
 
@@ -19,8 +16,8 @@ std::string ChannelEntry(int entry);
 void SetForeignFields(CSonadexDoc& document, double rateHz, double lengthSamples);
 
 // The channel to read, counted from 0, of a file with `channelCount` >= 1; with more than one the
-// user is asked, among the first kChannelEntries at most. Throws Abandoned when the user cancels,
-// FileError when the answer names a channel that is not offered.
+// user is asked, among as many of the first as the program around the document lists. Throws
+// Abandoned when the user cancels, FileError when the answer names a channel that is not offered.
 int ChooseChannelOrAbandon(CSonadexDoc& document, int channelCount);
 
 // Notes that `channel`, counted from 0, was taken out of the several channels of the file at

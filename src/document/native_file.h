@@ -36,8 +36,9 @@ bool ReadNative(CSonadexDoc& document, const File& file);
 void WriteNative(const ByteSink& sink, const CSonadexDoc& document,
                  const std::optional<NativeRange>& range, Progress& progress);
 
-// Replaces the file at `path` by the recording or its range. Throws FileError, and Abandoned when
-// the user cancels; an earlier file stands then, and where there was none, a cancelled one stays as
+// Replaces the file at `path` by the recording or its range. Throws FileError, SaveRefused for a
+// range without a sample and for numbers that no recording can have, and Abandoned when the user
+// cancels; an earlier file stands then, and where there was none, a cancelled one stays as
 // far as it got.
 void SaveNative(CSonadexDoc& document, const std::string& path,
                 const std::optional<NativeRange>& range);

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "document/channel.h"
 #include "document/label.h"
@@ -62,6 +63,15 @@ inline constexpr std::array<ChannelField<double>, 2> kWholeFields{{
     {84, &CChannel::displayLow},
     {88, &CChannel::displayHigh},
 }};
+
+// A field of the channel header that no recording can have.
+struct ImpossibleField {
+  const char* name;
+  std::size_t at;  // in the channel header
+};
+// The first of length, rate and duration that is impossible; nothing when all are possible.
+std::optional<ImpossibleField> FindImpossible(double lengthSamples, double rateHz,
+                                              double durationMs);
 
 // Tier header.
 inline constexpr std::size_t kTierHeaderBytes = 264;

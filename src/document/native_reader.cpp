@@ -2,7 +2,6 @@
 // Nothing in a file is believed before it was compared with the file's own size.
 #include <algorithm>
 #include <array>
-#include <limits>
 
 #include "document/native_file.h"
 #include "document/native_layout.h"
@@ -65,20 +64,9 @@ bool IsNative(const File& file) {
 
 // Refuses what no recording can have. That the file holds `totalLength` samples is not looked at.
 void RequirePossible(const CChannel& channel, std::int64_t at) {
-  constexpr double kLongest = 9007199254740992.0;  // up to here doubles count every sample
-  constexpr double kHighestRate = std::numeric_limits<std::uint32_t>::max();
-  constexpr double kSlowestMs = 1000.0;  // per sample; sound is not slower
-  // Written so that NaN is refused too.
-  const auto isWithin = [](double x, double high) { return x >= 0.0 && x <= high; };
-  if (!isWithin(channel.totalLength, kLongest)) {
-    ThrowImpossible("length", at + static_cast<std::int64_t>(kLengthAt));
-  }
-  if (!isWithin(channel.sampleRateHz, kHighestRate) || channel.sampleRateHz == 0.0) {
-    ThrowImpossible("sample rate", at + static_cast<std::int64_t>(kRateAt));
-  }
-  if (!isWithin(channel.totalDurationMs, (channel.totalLength + 1.0) * kSlowestMs)) {
-    ThrowImpossible("duration", at + static_cast<std::int64_t>(kDurationAt));
-  }
+  const auto impossible =
+      FindImpossible(channel.totalLength, channel.sampleRateHz, channel.totalDurationMs);
+  if (impossible) ThrowImpossible(impossible->name, at + static_cast<std::int64_t>(impossible->at));
 }
 
 // Gives the number of tiers that follow.

@@ -9,6 +9,7 @@
 #include "document/sample_writer.h"
 #include "platform/abandon.h"
 #include "platform/bytes.h"
+#include "platform/file_error.h"
 #include "platform/numbers.h"
 #include "platform/safe_file.h"
 
@@ -105,6 +106,15 @@ void WriteTier(const ByteSink& sink, const Tier& tier, const Extent& extent) {
   for (const Label* label : chosen) WriteLabel(sink, *label, extent.originMs);
 }
 
+// Refuses what the reader would.
+void RequireReadable(const CChannel& channel, const std::optional<NativeRange>& range) {
+  const Extent extent = ExtentOf(channel, range);
+  if (range && !(extent.lengthSamples >= 1.0)) throw SaveRefused("There is no sample to write.");
+  const auto impossible =
+      FindImpossible(extent.lengthSamples, channel.sampleRateHz, extent.durationMs);
+  if (impossible) throw SaveRefused(std::string("The ") + impossible->name + " is not possible.");
+}
+
 }  // namespace
 
 NativeRange SelectionRange(const CChannel& channel) {
@@ -125,6 +135,7 @@ void WriteNative(const ByteSink& sink, const CSonadexDoc& document,
 
 void SaveNative(CSonadexDoc& document, const std::string& path,
                 const std::optional<NativeRange>& range) {
+  RequireReadable(document.channel(), range);
   ReplaceFile(path, [&](const ByteSink& sink) {
     WriteNative(sink, document, range, document.host().progress);
     if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);

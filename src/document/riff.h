@@ -16,11 +16,14 @@ struct RiffHeader {
   std::int64_t formatOffset = 0;       // of the chunk's content in the file
   std::int64_t formatBytes = 0;        // that the chunk claims; 0 when there is none
   double dataLength = 0.0;             // bytes, never more than the file's length
+  double promisedLength = 0.0;         // bytes that the header claims
   std::int64_t dataOffset = 0;         // of the first sample
 };
 
-// Walks the chunks up to the first "data". Nothing when the file is no RIFF "WAVE" file or has no
-// "data". Throws FileError when the file cannot be read.
+// Walks the chunks up to the first "data". Where a recorder that died or a stream has left the
+// length open, as 0 or 0xFFFFFFFF, it is what follows in the file; RF64 and BW64 files give sizes
+// past 4 GiB in a chunk of their own. Nothing when the file is no "WAVE" file or has no "data".
+// Throws FileError when the file cannot be read.
 std::optional<RiffHeader> ReadRiffHeader(const File& file);
 
 }  // namespace cantorix

@@ -41,22 +41,30 @@ FileRequest DerivedRequest(const CSonadexDoc& document, const std::string& title
   return request;
 }
 
-// Runs `write`; false, after the report, when the file at `path` could not be written.
-bool Written(CSonadexDoc& document, const std::string& path, const std::function<void()>& write) {
+enum class Outcome { kWritten, kFailed, kRefused };
+
+// Runs `write`, and reports when the file at `path` was not written.
+Outcome Write(CSonadexDoc& document, const std::string& path, const std::function<void()>& write) {
+  Outcome outcome = Outcome::kFailed;
+  std::string reason;
   try {
     write();
-    return true;
+    return Outcome::kWritten;
+  } catch (const SaveRefused& refusal) {
+    outcome = Outcome::kRefused;
+    reason = refusal.what();
   } catch (const FileError& error) {
-    document.host().prompts.Message(CouldNotBeSaved(path, error.what()));
-    return false;
+    reason = error.what();
   }
+  document.host().prompts.Message(CouldNotBeSaved(path, reason));
+  return outcome;
 }
 
 // The native file of the whole recording, or of its selection when one is noted for saving.
 bool WriteTo(CSonadexDoc& document, const std::string& path) {
   std::optional<NativeRange> range;
   if (document.hasSelection) range = SelectionRange(document.channel());
-  return Written(document, path, [&] { SaveNative(document, path, range); });
+  return Write(document, path, [&] { SaveNative(document, path, range); }) == Outcome::kWritten;
 }
 
 void CountAsNative(CSonadexDoc& document) {
@@ -70,9 +78,13 @@ bool Export(CSonadexDoc& document, const std::string& title,
   FileRequest request = DerivedRequest(document, title, "Export ");
   request.defaultExtension = "wav";
   request.filter = kWaveFilter;
-  const auto choice = document.host().prompts.ChooseFileToSave(request);
+  Prompts& prompts = document.host().prompts;
+  const auto choice = prompts.ChooseFileToSave(request);
   if (!choice) return false;
-  return Written(document, choice->path, [&] { ExportWave(document, choice->path, range); });
+  const Outcome outcome =
+      Write(document, choice->path, [&] { ExportWave(document, choice->path, range); });
+  if (outcome == Outcome::kRefused) prompts.Message(kSaveError);
+  return outcome == Outcome::kWritten;
 }
 
 }  // namespace

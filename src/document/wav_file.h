@@ -19,9 +19,9 @@ class File;
 
 // Reads channel 0 of a new document. False when the content is not a WAV file of a coding above, or
 // has no samples, no rate, or frames that are not exactly its channels. Asks for the channel when
-// there are several. Samples that the header promises and the file does not have read as 0. Throws
-// FileError when the file or the disk store fails, Abandoned when the user cancels or memory runs
-// out.
+// there are several. Samples that the header promises and the file does not have read as 0, which
+// the user is told once. Throws FileError when the file or the disk store fails, Abandoned when the
+// user cancels or memory runs out.
 bool ReadWave(CSonadexDoc& document, const File& file);
 
 // The bytes of a recording that go into a WAV file, two to a sample.
@@ -40,9 +40,8 @@ void WriteWave(const ByteSink& sink, const CSonadexDoc& document, WaveBytes byte
                Progress& progress);
 
 // Replaces the file at `path` by a WAV file of the whole recording, or of `range` of it (samples).
-// What does not fit a WAV file is refused with a message and Abandoned. Throws FileError, and
-// Abandoned when the user cancels; an earlier file stands then, and where there was none, a
-// cancelled one stays as far as it got.
+// Throws FileError, SaveRefused for what no WAV file can hold, and Abandoned when the user cancels;
+// an earlier file stands then, and where there was none, a cancelled one stays as far as it got.
 void ExportWave(CSonadexDoc& document, const std::string& path,
                 const std::optional<SampleRange>& range);
 

@@ -10,6 +10,7 @@
 #include "document/wav_file.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
+#include "platform/prompts.h"
 
 namespace cantorix {
 namespace {
@@ -143,6 +144,20 @@ class ChannelReader {
   std::vector<std::byte> raw_;
 };
 
+// Says that the file is shorter than its header promises.
+void TellOfMissing(CSonadexDoc& document, const File& file, const RiffHeader& header,
+                   std::size_t frameBytes) {
+  const auto frames = [frameBytes](double bytes) {
+    return Truncate(std::max(bytes, 0.0) / static_cast<double>(frameBytes));
+  };
+  const std::int64_t promised = frames(header.promisedLength);
+  const std::int64_t held = frames(static_cast<double>(file.Size() - header.dataOffset));
+  if (held >= promised) return;
+  document.host().prompts.Message("The file is incomplete: its header promises " +
+                                  std::to_string(promised) + " samples, " + std::to_string(held) +
+                                  " are there. Missing samples read as 0.");
+}
+
 }  // namespace
 
 bool ReadWave(CSonadexDoc& document, const File& file) {
@@ -159,6 +174,7 @@ bool ReadWave(CSonadexDoc& document, const File& file) {
   LoadSamples(
       document, document.channel().totalDurationMs, format->rateHz, Truncate(length),
       [&](std::int64_t position, std::span<std::int16_t> out) { reader.Read(position, out); });
+  TellOfMissing(document, file, *header, format->frameBytes);
   if (format->channels > 1) NameExtractedChannel(document, file.path(), channel);
   return true;
 }

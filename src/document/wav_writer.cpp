@@ -7,10 +7,9 @@
 #include "document/document.h"
 #include "document/sample_writer.h"
 #include "document/wav_file.h"
-#include "platform/abandon.h"
 #include "platform/bytes.h"
+#include "platform/file_error.h"
 #include "platform/numbers.h"
-#include "platform/prompts.h"
 #include "platform/safe_file.h"
 
 namespace cantorix {
@@ -56,6 +55,15 @@ WaveBytes BytesOf(const CChannel& channel, const std::optional<SampleRange>& ran
   return {start * kSampleBytes, count * kSampleBytes};
 }
 
+// Written so that a rate that is not a number is refused too.
+void RequireReadable(const CChannel& channel, WaveBytes bytes) {
+  if (bytes.count == 0) throw SaveRefused("There is no sample to write.");
+  if (bytes.count > kMaxWaveBytes) throw SaveRefused("A WAV file cannot hold so many samples.");
+  if (!(channel.sampleRateHz >= 1.0)) {
+    throw SaveRefused("A WAV file cannot hold a sample rate below 1 Hz.");
+  }
+}
+
 }  // namespace
 
 void WriteWave(const ByteSink& sink, const CSonadexDoc& document, WaveBytes bytes,
@@ -70,10 +78,7 @@ void WriteWave(const ByteSink& sink, const CSonadexDoc& document, WaveBytes byte
 void ExportWave(CSonadexDoc& document, const std::string& path,
                 const std::optional<SampleRange>& range) {
   const WaveBytes bytes = BytesOf(document.channel(), range);
-  if (bytes.count > kMaxWaveBytes) {
-    document.host().prompts.Message("Error in save operation.");
-    throw Abandoned(AbandonReason::kFailed);
-  }
+  RequireReadable(document.channel(), bytes);
   ReplaceFile(path, [&](const ByteSink& sink) {
     WriteWave(sink, document, bytes, document.host().progress);
     if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);

@@ -84,10 +84,7 @@ std::optional<std::string> ChooseLabelFile(CSonadexView& view) {
 // Kept: a file that cannot be read adds nothing, as an empty one does, and nothing is said.
 std::string BytesOrNothing(const std::string& path) {
   try {
-    const File file = File::OpenForReading(path);
-    std::string bytes(static_cast<std::size_t>(file.Size()), '\0');
-    file.ReadExactly(0, std::as_writable_bytes(std::span(bytes)));
-    return bytes;
+    return ReadWholeFile(path);
   } catch (const FileError&) {
     return {};
   }

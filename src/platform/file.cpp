@@ -96,7 +96,10 @@ void File::Close() {
 }
 
 std::string ReadWholeFile(const std::string& path) {
-  const File file = File::OpenForReading(path);
+  return ReadWholeFile(File::OpenForReading(path));
+}
+
+std::string ReadWholeFile(const File& file) {
   std::string bytes(static_cast<std::size_t>(file.Size()), '\0');
   file.ReadExactly(0, std::as_writable_bytes(std::span(bytes)));
   return bytes;

@@ -53,7 +53,8 @@ class File {
   std::string path_;
 };
 
-// All bytes of a file. Throws FileError.
+// All bytes of an open file, or of the one at `path`, opened for reading. Throws FileError.
+std::string ReadWholeFile(const File& file);
 std::string ReadWholeFile(const std::string& path);
 
 // Reverses the bytes of each sample on a big-endian machine; does nothing elsewhere. Little-endian

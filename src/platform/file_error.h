@@ -14,6 +14,12 @@ class FileError : public std::runtime_error {
   explicit FileError(const std::string& reason) : std::runtime_error(reason) {}
 };
 
+// What would be written could not be read back, so nothing was.
+class SaveRefused : public FileError {
+ public:
+  using FileError::FileError;
+};
+
 // The sentence for an errno value: "No such file or directory.".
 std::string SystemReason(int errorNumber);
 

@@ -67,12 +67,8 @@ std::string Unescape(std::string_view text) {
 Lines ReadLines(const std::string& path) {
   std::error_code missing;
   if (!fs::exists(path, missing) && !missing) return {};
-  const File file = File::OpenUnlocked(path);
-  std::string text(static_cast<std::size_t>(file.Size()), '\0');
-  text.resize(file.ReadSome(0, std::as_writable_bytes(std::span(text))));
-
   Lines lines;
-  std::istringstream stream(text);
+  std::istringstream stream(ReadWholeFile(File::OpenUnlocked(path)));
   for (std::string line; std::getline(stream, line);) {
     if (line.ends_with('\r')) line.pop_back();
     lines.push_back(line);

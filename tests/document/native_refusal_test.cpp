@@ -121,6 +121,40 @@ TEST(SaveNative, CancelledKeepsTheOldFileAndANewOneAsFarAsItGot) {
             Bytes(file.bytes.begin(), file.bytes.begin() + oneSecond));
 }
 
+TEST(SaveNative, RefusesWhatCouldNotBeReadBack) {
+  const double nan = std::nan("");
+  struct Row {
+    const char* reason;
+    std::optional<NativeRange> range;
+    double CChannel::*field = nullptr;
+    double value = 0.0;
+  };
+  const char* const kEmpty = "There is no sample to write.";
+  const Row rows[] = {
+      {kEmpty, RangeOf(4.0, 4.0)},
+      {kEmpty, RangeOf(4.0, 4.9)},
+      {kEmpty, RangeOf(6.0, 4.0)},
+      {kEmpty, RangeOf(11.0, 12.0)},
+      {kEmpty, RangeOf(nan, nan)},
+      {"The sample rate is not possible.", std::nullopt, &CChannel::sampleRateHz, 0.0},
+      {"The length is not possible.", std::nullopt, &CChannel::totalLength, nan},
+      {"The duration is not possible.", std::nullopt, &CChannel::totalDurationMs, -1.0},
+  };
+  for (const Row& row : rows) {
+    TestHost host;
+    CSonadexDoc document(host.host);
+    FillWithRamp(document, 10.0);
+    if (row.field != nullptr) document.channel().*row.field = row.value;
+    try {
+      SaveNative(document, host.folder / "new", row.range);
+      ADD_FAILURE() << "not refused: " << row.reason;
+    } catch (const SaveRefused& refusal) {
+      EXPECT_STREQ(refusal.what(), row.reason);
+    }
+    EXPECT_THAT(host.folder.Names(), IsEmpty());
+  }
+}
+
 TEST(SaveNative, FailsWithTheReasonAndLeavesTheOldFile) {
   TestHost host;
   CSonadexDoc document(host.host);

@@ -193,6 +193,22 @@ TEST_F(SaveCommandsTest, ReportsAPathThatCannotBeWritten) {
   EXPECT_EQ(remembered_.size(), 0U);
 }
 
+TEST_F(SaveCommandsTest, RefusesASelectionWithoutASample) {
+  document_.channel().selectionEnd = document_.channel().selectionStart;
+  const Bytes earlier(3, std::byte{7});
+  WriteBytes(chosen_, earlier);
+  for (const auto command : {SaveSelectionAs, ExportSelectionAsWave}) {
+    host_.prompts.WillChooseFile(chosen_);
+    EXPECT_FALSE(command(document_));
+    EXPECT_THAT(
+        host_.prompts.TakeTranscript(),
+        ElementsAre(testing::_,
+                    "message: " + chosen_ + " could not be saved. There is no sample to write.",
+                    "message: Error in save operation."));
+    EXPECT_EQ(ReadBytes(chosen_), earlier);
+  }
+}
+
 TEST_F(SaveCommandsTest, FailedCopyForgetsTheSelectionIsKept) {
   host_.prompts.WillChooseFile(impossible_);
   EXPECT_FALSE(SaveCopyAs(document_));

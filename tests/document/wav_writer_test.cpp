@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 
 #include "document/sample_access.h"
@@ -81,8 +82,7 @@ TEST(WavWriter, ExportsTheTruncatedRangeFromMemoryAndStoreAlike) {
       {SampleRange{0.0, 1000.5}, 0, 1000},
       {SampleRange{100.9, 300.8}, 100, 199},
       {SampleRange{990.0, 2000.0}, 990, 10},  // ends with the recording
-      {SampleRange{2000.0, 3000.0}, 1000, 0},
-      {SampleRange{5.5, 5.5}, 5, 0},
+      {SampleRange{5.5, 6.5}, 5, 1},
       {SampleRange{-3.0, 4.0}, 0, 7},
   };
   for (const bool onDisk : {false, true}) {
@@ -135,14 +135,49 @@ TEST(WavWriter, CancelledLeavesTheEarlierFileOrAnIncompleteNewOne) {
   EXPECT_EQ(ReadBytes(host.folder / "new.wav").size(), 44U + 3 * 2 * 100);
 }
 
-TEST(WavWriter, RefusesMoreThanTheFormatCanHold) {
-  TestHost host;
-  CSonadexDoc document(host.host);
+TEST(WavWriter, RefusesWhatCouldNotBeReadBack) {
+  struct Row {
+    const char* reason;
+    std::optional<SampleRange> range;
+    double rateHz;
+    std::int64_t samples;
+  };
+  const char* const kEmpty = "There is no sample to write.";
+  const char* const kSlow = "A WAV file cannot hold a sample rate below 1 Hz.";
   constexpr std::int64_t kTooMany = kMaxWaveBytes / 2 + 1;
-  document.channel().totalLength = static_cast<double>(kTooMany);
-  EXPECT_THROW(ExportWave(document, host.folder / "out.wav", std::nullopt), Abandoned);
-  EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre("message: Error in save operation."));
-  EXPECT_TRUE(host.folder.Names().empty());
+  const Row rows[] = {
+      {kEmpty, SampleRange{5.5, 5.5}, 100.0, 10},
+      {kEmpty, SampleRange{5.0, 5.9}, 100.0, 10},
+      {kEmpty, SampleRange{20.0, 30.0}, 100.0, 10},
+      {kEmpty, SampleRange{6.0, 4.0}, 100.0, 10},
+      {kEmpty, SampleRange{std::nan(""), std::nan("")}, 100.0, 10},
+      {kEmpty, std::nullopt, 100.0, 0},
+      {kSlow, std::nullopt, 0.999, 10},
+      {kSlow, std::nullopt, std::nan(""), 10},
+      {"A WAV file cannot hold so many samples.", std::nullopt, 100.0, kTooMany},
+  };
+  for (const Row& row : rows) {
+    TestHost host;
+    CSonadexDoc document(host.host);
+    FillWithRamp(document, 10, false);
+    document.channel().totalLength = static_cast<double>(row.samples);
+    document.channel().sampleRateHz = row.rateHz;
+    try {
+      ExportWave(document, host.folder / "out.wav", row.range);
+      ADD_FAILURE() << "not refused: " << row.reason;
+    } catch (const SaveRefused& refusal) {
+      EXPECT_STREQ(refusal.what(), row.reason);
+    }
+    EXPECT_TRUE(host.folder.Names().empty());
+  }
+  TestHost host;
+  CSonadexDoc slowest(host.host);
+  FillWithRamp(slowest, 1, false);
+  slowest.channel().sampleRateHz = 1.0;
+  ExportWave(slowest, host.folder / "out.wav", std::nullopt);
+  CSonadexDoc copy(host.host);
+  EXPECT_TRUE(copy.OnOpenDocument(host.folder / "out.wav"));
+  EXPECT_EQ(SamplesOf(copy), SamplesOf(slowest));
 }
 
 TEST(WavWriter, ThrowsWhereTheFileCannotBeMade) {
