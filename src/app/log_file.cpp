@@ -99,7 +99,9 @@ bool SaveLog(LogTable& log, const std::string& path, Prompts& prompts) {
   try {
     const std::string text = LogText(log);
     file->Write(std::as_bytes(std::span(text)));
-    file->Commit();
+    if (file->Commit() == Durability::kPerhapsNotYet) {
+      prompts.Message(SavedButPerhapsNotOnDisk(path));
+    }
   } catch (const FileError& error) {
     prompts.Message(CouldNotBeSaved(path, error.what()));
     return false;

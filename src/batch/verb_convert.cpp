@@ -9,18 +9,17 @@
 namespace cantorix::batch {
 namespace {
 
-void Save(Session& session, const std::string& path) {
+Durability Save(Session& session, const std::string& path) {
   CSonadexDoc& document = session.document();
   const CChannel& channel = document.channel();
   const Request& request = session.request();
   const bool whole = !request.fromMs && !request.toMs;
   if (path.ends_with(".wav")) {
-    ExportWave(document, path, whole ? std::nullopt : std::optional(session.Range()));
-    return;
+    return ExportWave(document, path, whole ? std::nullopt : std::optional(session.Range()));
   }
   const NativeRange range{channel.PointAtTime(request.fromMs.value_or(0.0)),
                           channel.PointAtTime(request.toMs.value_or(channel.totalDurationMs))};
-  SaveNative(document, path, whole ? std::nullopt : std::optional(range));
+  return SaveNative(document, path, whole ? std::nullopt : std::optional(range));
 }
 
 }  // namespace
@@ -28,7 +27,9 @@ void Save(Session& session, const std::string& path) {
 bool Convert(Session& session) {
   const std::string& path = session.request().output;
   try {
-    Save(session, path);
+    if (Save(session, path) == Durability::kPerhapsNotYet) {
+      session.prompts().Say(SavedButPerhapsNotOnDisk(path));
+    }
   } catch (const SaveRefused& refusal) {
     session.prompts().Say(std::string("Error in save operation. ") + refusal.what());
     return false;

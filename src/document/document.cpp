@@ -1,6 +1,7 @@
 // document.cpp - life of a document and the place of its samples.
 #include "document/document.h"
 
+#include <new>
 #include <utility>
 
 #include "document/open_pipeline.h"
@@ -46,8 +47,13 @@ CSonadexDoc::CSonadexDoc(DocumentHost& host)
 
 CSonadexDoc::~CSonadexDoc() {
   if (!host_.documentsWriteConfiguration || !writesConfiguration) return;
-  // Kept: the last document closed decides what the file holds, and a failed write is not reported.
-  WriteConfiguration(ConfigPath(host_.programDirectory), {host_.application, settings});
+  try {
+    // Kept: the last document closed decides what the file holds, and a failed write is not
+    // reported.
+    WriteConfiguration(ConfigPath(host_.programDirectory), {host_.application, settings});
+  } catch (const std::bad_alloc&) {
+    // Without memory for the record the file stays as it is, and the program goes on.
+  }
 }
 
 bool CSonadexDoc::OnOpenDocument(const std::string& path) {

@@ -10,6 +10,7 @@
 #include "platform/byte_sink.h"
 #include "platform/file.h"
 #include "platform/progress.h"
+#include "platform/safe_file.h"
 
 namespace cantorix {
 
@@ -40,7 +41,7 @@ void WriteNative(const ByteSink& sink, const CSonadexDoc& document,
 // range without a sample and for numbers that no recording can have, and Abandoned when the user
 // cancels; an earlier file stands then, and where there was none, a cancelled one stays as
 // far as it got.
-void SaveNative(CSonadexDoc& document, const std::string& path,
-                const std::optional<NativeRange>& range);
+Durability SaveNative(CSonadexDoc& document, const std::string& path,
+                      const std::optional<NativeRange>& range);
 
 }  // namespace cantorix

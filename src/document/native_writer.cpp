@@ -133,10 +133,10 @@ void WriteNative(const ByteSink& sink, const CSonadexDoc& document,
   WriteSamples(sink, document, extent.firstSample, Truncate(extent.lengthSamples), progress);
 }
 
-void SaveNative(CSonadexDoc& document, const std::string& path,
-                const std::optional<NativeRange>& range) {
+Durability SaveNative(CSonadexDoc& document, const std::string& path,
+                      const std::optional<NativeRange>& range) {
   RequireReadable(document.channel(), range);
-  ReplaceFile(path, [&](const ByteSink& sink) {
+  return ReplaceFile(path, [&](const ByteSink& sink) {
     WriteNative(sink, document, range, document.host().progress);
     if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);
   });

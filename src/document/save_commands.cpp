@@ -43,12 +43,15 @@ FileRequest DerivedRequest(const CSonadexDoc& document, const std::string& title
 
 enum class Outcome { kWritten, kFailed, kRefused };
 
-// Runs `write`, and reports when the file at `path` was not written.
-Outcome Write(CSonadexDoc& document, const std::string& path, const std::function<void()>& write) {
+// Runs `write`, and reports when the file at `path` was not written, or perhaps not for good.
+Outcome Write(CSonadexDoc& document, const std::string& path,
+              const std::function<Durability()>& write) {
   Outcome outcome = Outcome::kFailed;
   std::string reason;
   try {
-    write();
+    if (write() == Durability::kPerhapsNotYet) {
+      document.host().prompts.Message(SavedButPerhapsNotOnDisk(path));
+    }
     return Outcome::kWritten;
   } catch (const SaveRefused& refusal) {
     outcome = Outcome::kRefused;
@@ -64,7 +67,8 @@ Outcome Write(CSonadexDoc& document, const std::string& path, const std::functio
 bool WriteTo(CSonadexDoc& document, const std::string& path) {
   std::optional<NativeRange> range;
   if (document.hasSelection) range = SelectionRange(document.channel());
-  return Write(document, path, [&] { SaveNative(document, path, range); }) == Outcome::kWritten;
+  return Write(document, path, [&] { return SaveNative(document, path, range); }) ==
+         Outcome::kWritten;
 }
 
 void CountAsNative(CSonadexDoc& document) {
@@ -82,7 +86,7 @@ bool Export(CSonadexDoc& document, const std::string& title,
   const auto choice = prompts.ChooseFileToSave(request);
   if (!choice) return false;
   const Outcome outcome =
-      Write(document, choice->path, [&] { ExportWave(document, choice->path, range); });
+      Write(document, choice->path, [&] { return ExportWave(document, choice->path, range); });
   if (outcome == Outcome::kRefused) prompts.Message(kSaveError);
   return outcome == Outcome::kWritten;
 }

@@ -11,6 +11,7 @@
 #include "analysis/sample_range.h"
 #include "platform/byte_sink.h"
 #include "platform/progress.h"
+#include "platform/safe_file.h"
 
 namespace cantorix {
 
@@ -42,7 +43,7 @@ void WriteWave(const ByteSink& sink, const CSonadexDoc& document, WaveBytes byte
 // Replaces the file at `path` by a WAV file of the whole recording, or of `range` of it (samples).
 // Throws FileError, SaveRefused for what no WAV file can hold, and Abandoned when the user cancels;
 // an earlier file stands then, and where there was none, a cancelled one stays as far as it got.
-void ExportWave(CSonadexDoc& document, const std::string& path,
-                const std::optional<SampleRange>& range);
+Durability ExportWave(CSonadexDoc& document, const std::string& path,
+                      const std::optional<SampleRange>& range);
 
 }  // namespace cantorix

@@ -75,11 +75,11 @@ void WriteWave(const ByteSink& sink, const CSonadexDoc& document, WaveBytes byte
   WriteSamples(sink, document, bytes.first / kSampleBytes, bytes.count / kSampleBytes, progress);
 }
 
-void ExportWave(CSonadexDoc& document, const std::string& path,
-                const std::optional<SampleRange>& range) {
+Durability ExportWave(CSonadexDoc& document, const std::string& path,
+                      const std::optional<SampleRange>& range) {
   const WaveBytes bytes = BytesOf(document.channel(), range);
   RequireReadable(document.channel(), bytes);
-  ReplaceFile(path, [&](const ByteSink& sink) {
+  return ReplaceFile(path, [&](const ByteSink& sink) {
     WriteWave(sink, document, bytes, document.host().progress);
     if (document.host().progress.Cancelled()) throw Abandoned(AbandonReason::kCancelled);
   });

@@ -17,4 +17,8 @@ std::string CouldNotBeSaved(const std::string& path, const std::string& reason) 
   return path + " could not be saved. " + reason;
 }
 
+std::string SavedButPerhapsNotOnDisk(const std::string& path) {
+  return path + " is saved, but perhaps not yet on disk: its folder could not be synced.";
+}
+
 }  // namespace cantorix

@@ -26,5 +26,7 @@ std::string SystemReason(int errorNumber);
 // The two file-error reports, whole.
 std::string CouldNotBeOpened(const std::string& path, const std::string& reason);
 std::string CouldNotBeSaved(const std::string& path, const std::string& reason);
+// The warning after a save whose folder could not be synced.
+std::string SavedButPerhapsNotOnDisk(const std::string& path);
 
 }  // namespace cantorix

@@ -1,6 +1,7 @@
 // progress.h - the status text and bar of a long operation, and the user's way to cancel it.
 #pragma once
 
+#include <exception>
 #include <string_view>
 
 #include "platform/abandon.h"
@@ -30,7 +31,13 @@ class ProgressScope {
       : progress_(progress) {
     progress_.Begin(text, totalUnits);
   }
-  ~ProgressScope() { progress_.End(); }
+  ~ProgressScope() {
+    try {
+      progress_.End();
+    } catch (const std::exception&) {
+      // A status window that could not be ended, for want of memory say, ends no operation.
+    }
+  }
   ProgressScope(const ProgressScope&) = delete;
   ProgressScope& operator=(const ProgressScope&) = delete;
 

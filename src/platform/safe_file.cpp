@@ -38,11 +38,13 @@ void SyncContent(int descriptor) {
   if (second < 0 || (::close(second) != 0 && errno != EINTR)) ThrowErrno();
 }
 
-void SyncFolder(int folder, int file) {
-  if (::fsync(folder) == 0) return;
+// The file has its name already, so a failure is no failure of the save.
+Durability SyncFolder(int folder, int file) {
+  if (::fsync(folder) == 0) return Durability::kOnDisk;
   // The descriptor of a folder that cannot be listed does not sync; its file system does.
-  if (errno == EBADF && ::syncfs(file) == 0) return;
-  if (errno != EINVAL && errno != ENOTSUP) ThrowErrno();
+  if (errno == EBADF && ::syncfs(file) == 0) return Durability::kOnDisk;
+  const bool cannotSync = errno == EINVAL || errno == ENOTSUP;
+  return cannotSync ? Durability::kOnDisk : Durability::kPerhapsNotYet;
 }
 
 // Writes the first `size` bytes of `from` over `target`. What can fail for want of space is tried
@@ -90,8 +92,8 @@ struct SafeFile::State {
   void Append(std::span<const std::byte> bytes);
   void Flush();
   // Gives the gathered file the target's name.
-  void ReplaceTarget();
-  void TakeFreeName();
+  Durability ReplaceTarget();
+  Durability TakeFreeName();
   void WriteOut(std::span<const std::byte> bytes);
   void RequireOwnSibling() const;
 
@@ -155,20 +157,21 @@ void SafeFile::State::WriteOut(std::span<const std::byte> bytes) {
 
 // A folder may refuse to let a name change hands although it took a new file, as a sticky one does
 // for the file of another user, or a target may be mounted by itself: then it is written over.
-void SafeFile::State::ReplaceTarget() {
+Durability SafeFile::State::ReplaceTarget() {
   const int folder = place.folder.number();
   CopyOwnershipAndMode(target.number(), gathered.number());
   SyncContent(gathered.number());
   RequireOwnSibling();
   if (::renameat(folder, siblingName.c_str(), folder, place.name.c_str()) != 0) {
     if (!IsRefusal(errno) && errno != EBUSY) ThrowErrno();
-    return WriteOver(target.number(), gathered.number(), flushed);
+    WriteOver(target.number(), gathered.number(), flushed);
+    return Durability::kOnDisk;
   }
   siblingName.clear();
-  SyncFolder(folder, gathered.number());
+  return SyncFolder(folder, gathered.number());
 }
 
-void SafeFile::State::TakeFreeName() {
+Durability SafeFile::State::TakeFreeName() {
   const int folder = place.folder.number();
   SyncContent(gathered.number());
   RequireOwnSibling();
@@ -177,7 +180,7 @@ void SafeFile::State::TakeFreeName() {
     ThrowErrno();
   }
   siblingName.clear();
-  SyncFolder(folder, gathered.number());
+  return SyncFolder(folder, gathered.number());
 }
 
 // Where locks do not work, another save may have taken the sibling for a stale one.
@@ -197,15 +200,12 @@ std::int64_t SafeFile::written() const {
   return state_->flushed + static_cast<std::int64_t>(state_->buffer.size());
 }
 
-void SafeFile::Commit() {
+Durability SafeFile::Commit() {
   state_->Flush();
-  if (!state_->target.isOpen()) {
-    state_->TakeFreeName();
-  } else if (!state_->siblingName.empty()) {
-    state_->ReplaceTarget();
-  } else {
-    WriteOver(state_->target.number(), state_->gathered.number(), state_->flushed);
-  }
+  if (!state_->target.isOpen()) return state_->TakeFreeName();
+  if (!state_->siblingName.empty()) return state_->ReplaceTarget();
+  WriteOver(state_->target.number(), state_->gathered.number(), state_->flushed);
+  return Durability::kOnDisk;
 }
 
 void SafeFile::KeepIfNew() {
@@ -214,13 +214,13 @@ void SafeFile::KeepIfNew() {
   state_->TakeFreeName();
 }
 
-void ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
+Durability ReplaceFile(const std::string& path, std::span<const std::byte> bytes) {
   SafeFile file(path);
   file.Write(bytes);
-  file.Commit();
+  return file.Commit();
 }
 
-void ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write) {
+Durability ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write) {
   SafeFile file(path);
   try {
     write([&file](std::span<const std::byte> bytes) { file.Write(bytes); });
@@ -228,7 +228,7 @@ void ReplaceFile(const std::string& path, const std::function<void(const ByteSin
     if (abandoned.reason() == AbandonReason::kCancelled) file.KeepIfNew();
     throw;
   }
-  file.Commit();
+  return file.Commit();
 }
 
 }  // namespace cantorix

@@ -20,6 +20,12 @@
 
 namespace cantorix {
 
+// Whether a file that has taken its place is known to have reached the disk.
+enum class Durability {
+  kOnDisk,
+  kPerhapsNotYet,  // the folder could not be synced: a power cut may bring the earlier file back
+};
+
 class SafeFile {
  public:
   // Locks the target and begins. Throws FileError when the path cannot be opened for writing or
@@ -36,7 +42,7 @@ class SafeFile {
 
   // Puts the new file in the target's place and syncs. Throws FileError; the earlier file stands,
   // also one that another program has put under a new name meanwhile.
-  void Commit();
+  Durability Commit();
   // After a cancel: keeps the incomplete file when there was no earlier one, else drops it. Throws
   // FileError when what there is cannot be kept.
   void KeepIfNew();
@@ -47,11 +53,11 @@ class SafeFile {
 };
 
 // Makes `bytes` the whole content of the file at `path`. Throws FileError; the earlier file stands.
-void ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
+Durability ReplaceFile(const std::string& path, std::span<const std::byte> bytes);
 
 // Replaces the file at `path` by what `write` gives to its sink. When `write` leaves by a cancel,
 // an earlier file stands and a new one stays as far as it got; when by anything else, nothing
 // changes.
-void ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write);
+Durability ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write);
 
 }  // namespace cantorix

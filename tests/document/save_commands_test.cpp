@@ -7,6 +7,7 @@
 #include "document/native_io.h"
 #include "document/wav_file.h"
 #include "platform/abandon.h"
+#include "support/folder_sync_failure.h"
 
 namespace cantorix {
 namespace {
@@ -207,6 +208,20 @@ TEST_F(SaveCommandsTest, RefusesASelectionWithoutASample) {
                     "message: Error in save operation."));
     EXPECT_EQ(ReadBytes(chosen_), earlier);
   }
+}
+
+TEST_F(SaveCommandsTest, SaysThatASaveIsPerhapsNotOnDiskAndCountsItAsSaved) {
+  const FolderSyncFailure failure;
+  EXPECT_TRUE(SaveDocument(document_));
+  EXPECT_THAT(host_.prompts.TakeTranscript(),
+              ElementsAre("message: " + path_ +
+                          " is saved, but perhaps not yet on disk: its "
+                          "folder could not be synced."));
+  EXPECT_EQ(ReadBytes(path_), Whole());
+  EXPECT_FALSE(document_.isModified());
+  host_.prompts.WillChooseFile(chosen_);
+  EXPECT_TRUE(ExportAsWave(document_));
+  EXPECT_EQ(host_.prompts.TakeTranscript().size(), 2U);
 }
 
 TEST_F(SaveCommandsTest, FailedCopyForgetsTheSelectionIsKept) {

@@ -16,6 +16,7 @@
 #include "platform/file.h"
 #include "platform/file_error.h"
 #include "support/child_process.h"
+#include "support/folder_sync_failure.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -193,6 +194,17 @@ TEST(SafeFile, IsRefusedWhileAnotherWriterHoldsTheTarget) {
   }
   ReplaceFile(folder / "old", Filled(2, 2));
   EXPECT_EQ(ReadBytes(folder / "old"), Filled(2, 2));
+}
+
+TEST(SafeFile, SaysWhenItsFolderCouldNotBeSynced) {
+  const TemporaryFolder folder;
+  for (const char* name : {"old", "new"}) {
+    WriteBytes(folder / "old", Filled(5, 1));
+    EXPECT_EQ(ReplaceFile(folder / "old", Filled(6, 2)), Durability::kOnDisk);
+    const FolderSyncFailure failure;
+    EXPECT_EQ(ReplaceFile(folder / name, Filled(7, 3)), Durability::kPerhapsNotYet) << name;
+    EXPECT_EQ(ReadBytes(folder / name), Filled(7, 3)) << name;
+  }
 }
 
 TEST(SafeFile, SparesAFileThatAppearedUnderItsNewName) {
