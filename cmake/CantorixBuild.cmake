@@ -15,6 +15,10 @@ target_compile_options(cantorix_options INTERFACE
   # The warning of g++ 12 about texts joined with + is a false one.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_compile_definitions(cantorix_options INTERFACE _FILE_OFFSET_BITS=64)
+# What is shipped watches its stack and its copies, and maps its tables of calls read-only.
+target_compile_options(cantorix_options INTERFACE $<$<CONFIG:Release>:-fstack-protector-strong>)
+target_compile_definitions(cantorix_options INTERFACE $<$<CONFIG:Release>:_FORTIFY_SOURCE=2>)
+target_link_options(cantorix_options INTERFACE $<$<CONFIG:Release>:-Wl,-z,relro,-z,now>)
 if(CANTORIX_SANITIZERS)
   target_compile_options(cantorix_options INTERFACE
     -fsanitize=${CANTORIX_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)

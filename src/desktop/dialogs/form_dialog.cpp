@@ -170,7 +170,9 @@ PrintSizeGroup FormDialog::AddPrintSize(QFormLayout* form, PrintUnits units) {
 }
 
 void FormDialog::AddNote(QFormLayout* form, const QString& text) {
-  form->addRow(new QLabel(text, this));
+  auto* const note = new QLabel(text, this);
+  note->setTextFormat(Qt::PlainText);
+  form->addRow(note);
 }
 
 void FormDialog::AddButtons(const QString& extra, std::function<void()> onExtra) {

@@ -110,8 +110,11 @@ void LabelDialog::KeepToLimit() {
 }
 
 void LabelDialog::ShowLooks() {
-  font_->setToolTip(
-      QStringLiteral("%1, %2 pixels").arg(Shown(label_.font.faceName())).arg(label_.font.height()));
+  const QString face = Shown(label_.font.faceName());
+  // A tooltip has no format of plain text: a name that looks like markup would be taken for it.
+  font_->setToolTip(QStringLiteral("<span>%1, %2 pixels</span>")
+                        .arg(face.toHtmlEscaped())
+                        .arg(label_.font.height()));
   QPixmap swatch(kSwatch, kSwatch);
   swatch.fill(ColourOf(label_.colour));
   colour_->setIcon(swatch);

@@ -56,6 +56,7 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(220, 120);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  note_->setTextFormat(Qt::PlainText);
   note_->setAutoFillBackground(true);
   note_->setBackgroundRole(QPalette::ToolTipBase);
   note_->setForegroundRole(QPalette::ToolTipText);
