@@ -10,6 +10,7 @@
 
 #include "document/native_file.h"
 #include "document/native_fixture.h"
+#include "document/sample_access.h"
 #include "platform/bytes.h"
 #include "support/test_host.h"
 
@@ -37,12 +38,6 @@ template <typename T>
 Bytes With(Bytes bytes, std::size_t at, T value) {
   StoreLittle(std::span<std::byte>(bytes), at, value);
   return bytes;
-}
-
-inline std::vector<std::int16_t> SamplesOf(const CSonadexDoc& document) {
-  std::vector<std::int16_t> samples(static_cast<std::size_t>(document.Samples().length()));
-  document.Samples().Read(0, samples);
-  return samples;
 }
 
 inline Label LabelAt(double timeMs, const std::string& text) {

@@ -2,60 +2,23 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <limits>
-#include <memory>
 #include <numeric>
 
-#include "document/sample_access.h"
 #include "document/sample_conversion.h"
-#include "document/wav_file.h"
-#include "document/wav_fixture.h"
+#include "document/wav_io.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
-#include "support/test_host.h"
 
 namespace cantorix {
 namespace {
 
-using fixture::Bytes;
-using fixture::Chunk;
-using fixture::FormatBytes;
-using fixture::Riff;
-using fixture::Samples16;
-using fixture::Wav;
 using ::testing::ElementsAre;
-using Values = std::vector<std::int16_t>;
 
 constexpr const char* kChannelOfTwo =
     "channel of 2: This file has multiple data channels.\n"
     "Only one channel can be read at a time.\n"
     "Please select which channel you wish to read.";
-
-// A document read from `bytes`; none when they are declined.
-std::unique_ptr<CSonadexDoc> Read(TestHost& host, const Bytes& bytes) {
-  WriteBytes(host.folder / "in.wav", bytes);
-  auto document = std::make_unique<CSonadexDoc>(host.host);
-  if (!ReadWave(*document, File::OpenForReading(host.folder / "in.wav"))) return nullptr;
-  return document;
-}
-
-Bytes Floats(std::initializer_list<float> values) {
-  ByteBuilder data;
-  for (const float value : values) data.I32({std::bit_cast<std::int32_t>(value)});
-  return data.bytes;
-}
-
-Bytes Doubles(std::initializer_list<double> values) { return ByteBuilder().F64(values).bytes; }
-Bytes Raw(std::initializer_list<std::int64_t> values) { return ByteBuilder().U8(values).bytes; }
-
-// The content of an extensible "fmt " chunk.
-Bytes Extensible(int bits, int subFormat) {
-  ByteBuilder body;
-  body.bytes = FormatBytes({.tag = 0xFFFE, .bits = bits});
-  body.I16({22, bits}).I32({4, subFormat}).I16({0, 16}).I32({0xAA000080, 0x719B3800});
-  return body.bytes;
-}
 
 TEST(WavReader, ConvertsEveryCoding) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -103,7 +66,7 @@ TEST(WavReader, ConvertsEveryCoding) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     TestHost host;
-    const auto document = Read(host, row.file);
+    const auto document = ReadWav(host, row.file);
     ASSERT_TRUE(document);
     EXPECT_EQ(SamplesOf(*document), row.expected);
     EXPECT_EQ(document->channel().totalLength, static_cast<double>(row.expected.size()));
@@ -136,7 +99,7 @@ TEST(WavReader, DecodesEveryCodeOfTheTelephoneCodings) {
 
 TEST(WavReader, SetsTheFieldsOfAForeignRecording) {
   TestHost host;
-  const auto document = Read(host, Wav({.rateHz = 16000}, Bytes(64)));
+  const auto document = ReadWav(host, Wav({.rateHz = 16000}, Bytes(64)));
   ASSERT_TRUE(document);
   const CChannel& channel = document->channel();
   EXPECT_EQ(channel.sampleRateHz, 16000.0);
@@ -187,7 +150,7 @@ TEST(WavReader, WalksTheChunksLeniently) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     TestHost host;
-    const auto document = Read(host, row.file);
+    const auto document = ReadWav(host, row.file);
     ASSERT_EQ(document != nullptr, row.isRead);
     if (row.isRead) {
       EXPECT_THAT(SamplesOf(*document), ElementsAre(7, 8));
@@ -215,138 +178,20 @@ TEST(WavReader, LeavesFormatsAloneThatItCannotReadExactly) {
   for (const auto& format : formats) {
     SCOPED_TRACE(testing::PrintToString(FormatBytes(format)));
     TestHost host;
-    EXPECT_EQ(Read(host, Wav(format, Bytes(200))), nullptr);
+    EXPECT_EQ(ReadWav(host, Wav(format, Bytes(200))), nullptr);
   }
   TestHost host;
-  EXPECT_EQ(Read(host, Wav({}, {})), nullptr);
-  EXPECT_EQ(Read(host, Wav({}, Bytes(1))), nullptr) << "not one whole sample";
-  EXPECT_EQ(Read(host, Riff({Chunk("fmt ", Extensible(24, 2)), Chunk("data", Bytes(9))})), nullptr);
-}
-
-std::string Incomplete(std::int64_t promised, std::int64_t held) {
-  return "message: The file is incomplete: its header promises " + std::to_string(promised) +
-         " samples, " + std::to_string(held) + " are there. Missing samples read as 0.";
-}
-
-TEST(WavReader, TakesSamplesThatAreNotThereForZeroAndSaysSoOnceIsKept) {
-  struct Row {
-    const char* name;
-    fixture::WavFormat format;
-    Bytes data;
-    std::int64_t claimed;
-    Values first;           // what is there
-    double totalLength;     // of it and the zeros
-    std::int64_t promised;  // in the message; 0: there is none
-  };
-  // Each header has 44 bytes; the length is capped at the whole file's, not at what is left of it.
-  const Row rows[] = {
-      {"16 bit", {}, Raw({1, 0, 2, 0, 3}), 12, {1, 2}, 6.0, 6},
-      {"8 bit", {.bits = 8}, Raw({129}), 3, {256}, 3.0, 3},
-      {"24 bit", {.bits = 24}, Raw({0, 1, 0, 0, 2}), 9, {1}, 3.0, 3},
-      {"float", {.tag = 3, .bits = 32}, Floats({0.5F}), 8, {16384}, 2.0, 2},
-      {"mu-law", {.tag = 7, .bits = 8}, Raw({0x80}), 2, {32124}, 2.0, 2},
-      {"more than the file", {}, Raw({1, 0}), 0xFFFFFFFE, {1}, 23.0, 0x7FFFFFFF},
-      {"half a sample more", {}, Raw({1, 0}), 3, {1}, 1.5, 0},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    TestHost host;
-    const auto document = Read(
-        host, Riff({Chunk("fmt ", FormatBytes(row.format)), Chunk("data", row.data, row.claimed)}));
-    ASSERT_TRUE(document);
-    EXPECT_EQ(document->channel().totalLength, row.totalLength);
-    Values expected = row.first;
-    expected.resize(static_cast<std::size_t>(row.totalLength));
-    EXPECT_EQ(SamplesOf(*document), expected);
-    std::vector<std::string> said;
-    if (row.promised != 0) said.push_back(Incomplete(row.promised, std::ssize(row.first)));
-    EXPECT_EQ(host.prompts.TakeTranscript(), said);
-  }
-}
-
-// A chunk "ds64" that gives the samples `dataBytes`.
-Bytes LongSizes(std::int64_t dataBytes, std::size_t size = 28) {
-  ByteBuilder body;
-  body.I32({1000, 0, dataBytes, dataBytes >> 32, 0, 0, 0});
-  body.bytes.resize(size);
-  return Chunk("ds64", body.bytes);
-}
-
-TEST(WavReader, TakesALengthFromWhereTheFileKeepsIt) {
-  constexpr std::int64_t kOpen = 0xFFFFFFFF;
-  const Bytes format = Chunk("fmt ", FormatBytes({}));
-  const Bytes list = Chunk("LIST", Samples16({5}));
-  const auto data = [](std::int64_t claimed) { return Chunk("data", Samples16({7, 8}), claimed); };
-  const Values both{7, 8};
-  const Values withList{7, 8, 0x494C, 0x5453, 2, 0, 5};
-  struct Row {
-    const char* name;
-    Bytes file;
-    Values expected;  // none: another format
-  };
-  const Row rows[] = {
-      {"0, as a recorder that died leaves it", Riff({format, data(0)}), both},
-      {"0 and a chunk: it is empty", Riff({format, Chunk("data", {}), list}), {}},
-      {"0 and nothing behind", Riff({format, Chunk("data", {})}), {}},
-      {"open, as a stream leaves it", Riff({format, data(kOpen)}), both},
-      {"open, and everything belongs to it", Riff({format, data(kOpen), list}), withList},
-      {"open and nothing behind", Riff({format, Chunk("data", {}, kOpen)}), {}},
-      {"RF64", Riff({LongSizes(4), format, data(kOpen), list}, "RF64"), both},
-      {"BW64", Riff({LongSizes(4), format, data(kOpen), list}, "BW64"), both},
-      {"RF64 with a size of its own", Riff({LongSizes(2), format, data(4), list}, "RF64"), both},
-      {"RF64 without sizes", Riff({format, data(kOpen)}, "RF64"), both},
-      {"RF64 with sizes cut short", Riff({LongSizes(4, 24), format, data(kOpen)}, "RF64"), both},
-      {"RF64, open too", Riff({LongSizes(-1), format, data(kOpen)}, "RF64"), both},
-      {"RF64, 0", Riff({LongSizes(0), format, data(kOpen)}, "RF64"), both},
-      {"RIFF has no such sizes", Riff({LongSizes(2), format, data(kOpen)}), both},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.name);
-    TestHost host;
-    const auto document = Read(host, row.file);
-    ASSERT_EQ(document != nullptr, !row.expected.empty());
-    if (document != nullptr) {
-      EXPECT_EQ(SamplesOf(*document), row.expected);
-    }
-  }
-  // More than 4 GiB, of which little is there.
-  TestHost host;
-  const auto cut = Read(host, Riff({LongSizes(10'000'000'000), format, data(kOpen)}, "RF64"));
-  ASSERT_TRUE(cut);
-  EXPECT_EQ(cut->channel().totalLength, 42.0);  // of the whole file's 84 bytes
-  EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(Incomplete(5'000'000'000, 2)));
-}
-
-TEST(WavReader, SurvivesACutAtEveryByte) {
-  const Bytes whole = Riff({Chunk("fmt ", Extensible(16, 1)), Chunk("LIST", Bytes(6)),
-                            Chunk("data", Samples16({1, 2, 3}))});
-  const std::size_t header = whole.size() - 6;
-  for (std::size_t size = 0; size <= whole.size(); ++size) {
-    SCOPED_TRACE(size);
-    TestHost host;
-    const auto document = Read(host, Bytes(whole.begin(), whole.begin() + std::ptrdiff_t(size)));
-    // One byte of a little-endian size is enough when the others are zero.
-    ASSERT_EQ(document != nullptr, size > header - 4);
-    if (document == nullptr) continue;
-    Values expected{1, 2, 3};
-    std::int64_t held = 3;
-    for (std::size_t i = 0; i < 3; ++i) {
-      if (header + 2 * i + 2 > size) {
-        expected[i] = 0;
-        --held;
-      }
-    }
-    EXPECT_EQ(SamplesOf(*document), expected);
-    const auto said = held == 3 ? std::vector<std::string>{} : std::vector{Incomplete(3, held)};
-    EXPECT_EQ(host.prompts.TakeTranscript(), said);
-  }
+  EXPECT_EQ(ReadWav(host, Wav({}, {})), nullptr);
+  EXPECT_EQ(ReadWav(host, Wav({}, Bytes(1))), nullptr) << "not one whole sample";
+  EXPECT_EQ(ReadWav(host, Riff({Chunk("fmt ", Extensible(24, 2)), Chunk("data", Bytes(9))})),
+            nullptr);
 }
 
 TEST(WavReader, TakesOneChannelOutOfSeveral) {
   const Bytes file = Wav({.channels = 2}, Samples16({1, -1, 2, -2, 3}));
   TestHost host;
   host.prompts.WillChooseChannel(1);
-  const auto second = Read(host, file);
+  const auto second = ReadWav(host, file);
   ASSERT_TRUE(second);
   // The frame that the file ends in is not whole, so it is not counted.
   EXPECT_EQ(second->channel().totalLength, 2.5);
@@ -355,9 +200,9 @@ TEST(WavReader, TakesOneChannelOutOfSeveral) {
   EXPECT_TRUE(second->extractedChannel);
 
   host.prompts.WillCancel();
-  EXPECT_THROW(Read(host, file), Abandoned);
+  EXPECT_THROW(ReadWav(host, file), Abandoned);
   host.prompts.WillChooseChannel(2);
-  EXPECT_THROW(Read(host, file), FileError);
+  EXPECT_THROW(ReadWav(host, file), FileError);
   EXPECT_THAT(host.prompts.TakeTranscript(),
               ElementsAre(kChannelOfTwo, kChannelOfTwo, kChannelOfTwo));
 }
@@ -376,7 +221,7 @@ TEST(WavReader, OffersAsManyChannelsAsTheProgramLists) {
     TestHost host;
     if (row.listed > 0) host.host.channelEntries = row.listed;
     host.prompts.WillChooseChannel(row.chosen);
-    const auto document = Read(host, Wav({.channels = 12, .bits = 8}, data));
+    const auto document = ReadWav(host, Wav({.channels = 12, .bits = 8}, data));
     ASSERT_TRUE(document);
     EXPECT_EQ(SamplesOf(*document), row.expected);
     EXPECT_EQ(document->channelSuffixedName, "in.wav::Channel" + std::to_string(row.chosen + 1));
@@ -391,7 +236,7 @@ TEST(WavReader, DeinterleavesAcrossItsBlocks) {
   for (std::size_t i = 0; i < kFrames; ++i) data.I16({-7, static_cast<std::int16_t>(i), 7});
   TestHost host;
   host.prompts.WillChooseChannel(1);
-  const auto document = Read(host, Wav({.channels = 3}, data.bytes));
+  const auto document = ReadWav(host, Wav({.channels = 3}, data.bytes));
   ASSERT_TRUE(document);
   Values expected(kFrames);
   for (std::size_t i = 0; i < kFrames; ++i) expected[i] = static_cast<std::int16_t>(i);
