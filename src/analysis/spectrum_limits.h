@@ -20,4 +20,9 @@ inline constexpr std::int64_t kLongestLpcFrame = 1LL << 24U;
 // The whole kHz within half of the rate, in Hz: 5000 at 11025 Hz, 0 below 2000 Hz.
 inline std::int32_t HighestRangeHz(double rateHz) { return TruncateToInt32(rateHz) / 2000 * 1000; }
 
+// The most LPC coefficients of a spectrum: one for each kHz of the rate and 10 more.
+inline std::int64_t MostLpcCoefficients(double rateHz) {
+  return Truncate(rateHz * 0.0005 + rateHz * 0.0005 + 10.0);
+}
+
 }  // namespace cantorix

@@ -26,11 +26,6 @@ constexpr const char* kOrderTooHigh =
 constexpr const char* kOutOfMemory = "Out of memory.";
 constexpr std::uint64_t kSampleBufferBytes = 65536;
 
-// One coefficient for each kHz of the rate and 10 more.
-std::int64_t MostCoefficients(double rateHz) {
-  return Truncate(rateHz * 0.0005 + rateHz * 0.0005 + 10.0);
-}
-
 bool IsRate(double rateHz) { return rateHz > 0.0 && std::isfinite(rateHz); }
 
 }  // namespace
@@ -84,7 +79,7 @@ bool CFFTLPCView::SettingsFit(const FftLpcSettings& settings, double rateHz) con
     prompts.Message(kRangeTooHigh);
     return false;
   }
-  if (settings.lpcOrder > MostCoefficients(rateHz)) {
+  if (settings.lpcOrder > MostLpcCoefficients(rateHz)) {
     prompts.Message(kOrderTooHigh);
     return false;
   }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <utility>
@@ -52,10 +53,15 @@ std::optional<std::string> ReadWhole(const std::string& path, Prompts& prompts) 
 
 }  // namespace
 
-// Kept: a TAB within a cell is written as it is. Programs that read these files know no quotes.
+// Kept: a TAB within a cell is written as it is. Programs that read these files know no quotes. A
+// line end would break the row: it becomes a blank.
 void AppendLogLine(std::string& text, const LogTable::Row& cells, std::size_t columns) {
   for (std::size_t column = 0; column < columns; ++column) {
-    if (column < cells.size()) text += cells[column];
+    if (column < cells.size()) {
+      const auto isEnd = [](char c) { return c == '\r' || c == '\n'; };
+      std::replace_copy_if(cells[column].begin(), cells[column].end(), std::back_inserter(text),
+                           isEnd, ' ');
+    }
     text += kTab;
   }
   text += kLineEnd;

@@ -1,14 +1,17 @@
 // batch_prompts.cpp - answers from the options.
 #include "batch/batch_prompts.h"
 
+#include "mainview/editing.h"
+
 namespace cantorix::batch {
 
 void BatchPrompts::Say(const std::string& text) {
-  ++linesSaid_;
+  // The edit that lost its undo goes on: no reason to take it for one that failed.
+  if (text != kUndoNotWritten) ++reasonsSaid_;
   if (interrupted_) return;
   // The report of a failed open begins with the path, and so does every line here.
-  const bool named = text.starts_with(file_ + " ");
-  console_.Report(file_, named ? text.substr(file_.size() + 1) : text);
+  const bool named = text.starts_with(opened_ + " ");
+  console_.Report(file_, named ? text.substr(opened_.size() + 1) : text);
 }
 
 void BatchPrompts::Decline(const std::string& text) {

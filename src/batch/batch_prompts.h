@@ -18,7 +18,11 @@ class BatchPrompts : public Prompts {
   // Once `interrupted` is set nothing more is said: what fails then fails for that reason.
   BatchPrompts(Console& console, std::string file, const Request& request,
                const std::atomic<bool>& interrupted)
-      : console_(console), file_(std::move(file)), request_(request), interrupted_(interrupted) {}
+      : console_(console),
+        file_(file),
+        opened_(std::move(file)),
+        request_(request),
+        interrupted_(interrupted) {}
 
   void Beep() override {}
   void Message(const std::string& text) override;
@@ -31,8 +35,10 @@ class BatchPrompts : public Prompts {
 
   // Whether a question had no answer among the options, which was said then.
   bool declined() const { return declined_; }
-  // How many lines were said about the file so far, or would have been but for an interrupt.
-  int linesSaid() const { return linesSaid_; }
+  // How many reasons for a failure were said so far, or would have been but for an interrupt.
+  int reasonsSaid() const { return reasonsSaid_; }
+  // The file is opened from its copy at `path`; messages that begin with that path are about it.
+  void OpensFrom(const std::string& path) { opened_ = path; }
   // One line about the file.
   void Say(const std::string& text);
 
@@ -42,10 +48,11 @@ class BatchPrompts : public Prompts {
 
   Console& console_;
   std::string file_;
+  std::string opened_;  // path under which the document knows it
   const Request& request_;
   const std::atomic<bool>& interrupted_;
   bool declined_ = false;
-  int linesSaid_ = 0;
+  int reasonsSaid_ = 0;
 };
 
 }  // namespace cantorix::batch

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "batch/grammar.h"
+#include "batch/printable.h"
 
 namespace cantorix::batch {
 
@@ -16,7 +17,7 @@ CommandLine ParseCommandLine(int argc, const char* const* argv) {
     grammar.app().exit(help);
     return {{}, 0};
   } catch (const CLI::Error& error) {
-    std::fprintf(stderr, "cantorix-batch: %s (--help explains)\n", error.what());
+    std::fprintf(stderr, "cantorix-batch: %s (--help explains)\n", Printable(error.what()).c_str());
     return {{}, 2};
   }
 }

@@ -7,18 +7,12 @@
 #include <cstdio>
 #include <new>
 
+#include "batch/printable.h"
+
 namespace cantorix::batch {
 namespace {
 
 constexpr int kBarWidth = 24;
-
-// Breaks become blanks: an error is one line.
-std::string OneLine(std::string_view text) {
-  std::string line(text);
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  return line;
-}
 
 }  // namespace
 
@@ -26,8 +20,8 @@ void Console::Report(std::string_view file, std::string_view reason) noexcept {
   const std::lock_guard lock(mutex_);
   Clear();
   try {
-    const std::string place = file.empty() ? "" : OneLine(file) + ": ";
-    std::fprintf(stderr, "cantorix-batch: %s%s\n", place.c_str(), OneLine(reason).c_str());
+    const std::string place = file.empty() ? "" : Printable(file) + ": ";
+    std::fprintf(stderr, "cantorix-batch: %s%s\n", place.c_str(), Printable(reason).c_str());
   } catch (const std::bad_alloc&) {
     std::fputs("cantorix-batch: There is not enough memory.\n", stderr);
   }
@@ -46,7 +40,7 @@ void Console::ShowProgress(std::string_view file, std::string_view text, double 
     count = std::to_string(filesDone_ + 1) + "/" + std::to_string(fileCount_) + " ";
   }
   std::fprintf(stderr, "\r\x1b[K[%s] %3.0f %% %s%s %s", bar.data(), shown * 100.0, count.c_str(),
-               OneLine(text).c_str(), OneLine(file).c_str());
+               Printable(text).c_str(), Printable(file).c_str());
   std::fflush(stderr);
   lineShown_ = true;
 }

@@ -15,8 +15,8 @@ class Console {
   // Before the first file: how many are to come.
   void Expect(std::size_t fileCount) { fileCount_ = fileCount; }
 
-  // "cantorix-batch: FILE: reason", on one line whatever breaks `reason` has. Never throws: without
-  // memory for the line it says that there is none.
+  // "cantorix-batch: FILE: reason", on one printable line whatever the two hold. Never throws:
+  // without memory for the line it says that there is none.
   void Report(std::string_view file, std::string_view reason) noexcept;
   void ShowProgress(std::string_view file, std::string_view text, double fraction);
   // Wipes the progress line, so that other output can follow.

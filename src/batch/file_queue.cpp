@@ -1,8 +1,6 @@
 // file_queue.cpp - threads over the files, and the order of their output.
 #include "batch/file_queue.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <new>
@@ -10,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "batch/own_output.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
 
@@ -37,10 +36,11 @@ std::string ReasonOf(const std::exception_ptr& failure) {
 
 std::vector<std::string> OutputPaths(const Request& request, const std::string& suffix) {
   std::vector<std::string> paths(request.files.size());
-  if (request.output.empty()) return paths;
+  if (request.output.empty() || IsStream(request.output)) return paths;
   const std::filesystem::path output = request.output;
   if (request.files.size() == 1 && !std::filesystem::is_directory(output)) {
     paths[0] = request.output;
+    RequireNoRecording(request, paths[0]);
     return paths;
   }
   std::filesystem::create_directories(output);
@@ -51,18 +51,21 @@ std::vector<std::string> OutputPaths(const Request& request, const std::string& 
     if (!taken.insert(paths[i]).second) {
       throw WrongUsage("two of the files would both be written to " + paths[i]);
     }
+    RequireNoRecording(request, paths[i]);
   }
   return paths;
 }
 
-FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> outputs)
+FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> outputs,
+                     const OutputStream& stream)
     : run_(run),
       measure_(std::move(measure)),
       outputs_(std::move(outputs)),
       namesFile_(measure_.namesFiles && outputs_.size() > 1 && outputs_.front().empty()),
-      standardOutput_(STDOUT_FILENO, run.interrupted),
-      table_(standardOutput_, namesFile_ && !measure_.header.empty() ? "file\t" + measure_.header
-                                                                     : measure_.header) {}
+      stream_(stream),
+      streamSink_(stream.descriptor(), run.interrupted),
+      table_(streamSink_, namesFile_ && !measure_.header.empty() ? "file\t" + measure_.header
+                                                                 : measure_.header) {}
 
 Outcome FileQueue::Work() {
   const auto jobs = std::min(static_cast<std::size_t>(run_.request.jobs), outputs_.size());
@@ -159,7 +162,7 @@ FileQueue::Ending FileQueue::Pour(SpoolSink& spool) {
   } catch (const Abandoned&) {
     return {};
   } catch (const FileError& error) {
-    run_.console.Report("standard output", error.what());
+    run_.console.Report(stream_.name(), error.what());
     return Outcome::kFailed;
   }
 }

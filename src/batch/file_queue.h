@@ -13,6 +13,7 @@
 
 #include "batch/outcome.h"
 #include "batch/session.h"
+#include "batch/stream_place.h"
 #include "batch/text_sink.h"
 
 namespace cantorix::batch {
@@ -26,12 +27,15 @@ struct Measure {
 };
 
 // Where each file's result goes: the request's output, or one file each in the folder it names.
-// Empty texts mean standard output. Throws WrongUsage when two files would meet.
+// Empty texts mean the stream that they share. Throws WrongUsage when two files would meet, or when
+// one is a recording of the run.
 std::vector<std::string> OutputPaths(const Request& request, const std::string& suffix);
 
 class FileQueue {
  public:
-  FileQueue(const Run& run, Measure measure, std::vector<std::string> outputs);
+  // `stream` takes the results that have no file of their own.
+  FileQueue(const Run& run, Measure measure, std::vector<std::string> outputs,
+            const OutputStream& stream);
   // Works through all files. After an interrupt that left a file without its result, one line says
   // so and the outcome is kFailed.
   Outcome Work();
@@ -49,7 +53,7 @@ class FileQueue {
   Ending WorkOn(std::size_t index, TextSink& sink);
   Ending WorkIntoFile(std::size_t index);
   void WorkIntoSpool(std::size_t index);
-  // Writes the results whose turn has come to standard output; with the lock held.
+  // Writes the results whose turn has come to the stream; with the lock held.
   void PourFinished();
   Ending Pour(SpoolSink& spool);
   bool OpenAndWrite(std::size_t index, TextSink& sink);
@@ -61,14 +65,15 @@ class FileQueue {
   Measure measure_;
   std::vector<std::string> outputs_;
   bool namesFile_;  // in every row of a table that several files share
-  StreamSink standardOutput_;
+  const OutputStream& stream_;
+  StreamSink streamSink_;
   HeaderedSink table_;
   std::atomic<std::size_t> next_ = 0;
   std::atomic<bool> stopped_ = false;  // by a failure that ends the whole run
   std::mutex turnMutex_;               // of all that follows
   std::condition_variable turnChanged_;
   std::map<std::size_t, Result> finished_;  // and not yet written
-  std::size_t turn_ = 0;                    // the file whose result goes to standard output next
+  std::size_t turn_ = 0;                    // the file whose result goes to the stream next
   std::size_t ended_ = 0;                   // files that no interrupt kept from their end
   Outcome worst_ = Outcome::kDone;
   std::exception_ptr failure_;

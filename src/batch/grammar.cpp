@@ -1,7 +1,10 @@
 // grammar.cpp - what the verbs have in common.
 #include "batch/grammar.h"
 
+#include <map>
+
 #include "batch/option_texts.h"
+#include "batch/stream_place.h"
 
 namespace cantorix::batch {
 namespace {
@@ -24,7 +27,7 @@ Tables are tab-separated with a header line; times are in milliseconds.
 Exit status: 0 all done, 1 some file failed, 2 wrong usage.)";
 
 std::string WithKnownEnding(const std::string& path) {
-  const bool known = path.ends_with(".qrv") || path.ends_with(".wav");
+  const bool known = HasEnding(path, ".qrv") || HasEnding(path, ".wav") || IsStream(path);
   return known ? "" : "the name must end in .qrv or .wav: " + path;
 }
 
@@ -109,8 +112,9 @@ void Grammar::AddOpening(CLI::App* app) {
 void Grammar::AddFiles(CLI::App* app) {
   app->add_option("FILE", request_.files, "Recordings")->required();
   app->add_option("-o,--output", request_.output,
-                  "File to write, or folder when there are several files")
+                  "File to write, or folder when there are several files; - is standard output")
       ->type_name("OUT");
+  AddForce(app);
   app->add_option("-j,--jobs", request_.jobs, "Files at a time")
       ->type_name("N")
       ->check(CLI::Range(1, 256));
@@ -123,12 +127,29 @@ void Grammar::AddInput(CLI::App* app, const char* name) {
 }
 
 CLI::Option* Grammar::AddSavedFile(CLI::App* app, const char* option, const char* description) {
+  const std::map<std::string, bool> formats{{"qrv", false}, {"wav", true}};
+  app->add_option("--format", request_.asWave,
+                  "Instead of the one that the name ends in; streams get qrv")
+      ->type_name("qrv|wav")
+      ->transform(CLI::CheckedTransformer(formats).description(""));
+  AddForce(app);
   return app->add_option(option, request_.output, description)->required()->check(WithKnownEnding);
 }
 
 void Grammar::AddRange(CLI::App* app) {
-  app->add_option("--from", request_.fromMs, "Start of the stretch")->type_name("MS");
-  app->add_option("--to", request_.toMs, "End of the stretch")->type_name("MS");
+  AddTime(app, "--from", request_.fromMs, "Start of the stretch");
+  AddTime(app, "--to", request_.toMs, "End of the stretch");
+}
+
+CLI::Option* Grammar::AddTime(CLI::App* app, const char* option, std::optional<double>& ms,
+                              const char* description) {
+  // Judged with the recording, whose length the refusal names.
+  const auto keep = [&ms](const std::string& text) { ms = NumberOrNan(text); };
+  return app->add_option_function<std::string>(option, keep, description)->type_name("MS");
+}
+
+void Grammar::AddForce(CLI::App* app) {
+  app->add_flag("--force", request_.force, "The output may take the place of the recording itself");
 }
 
 void Grammar::AddStyle(CLI::App* app) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -42,10 +43,15 @@ class Grammar {
   void AddInput(CLI::App* app, const char* name);
   CLI::Option* AddSavedFile(CLI::App* app, const char* option, const char* description);
   void AddRange(CLI::App* app);
+  // The option is a time in a recording, NaN when its text is no number.
+  CLI::Option* AddTime(CLI::App* app, const char* option, std::optional<double>& ms,
+                       const char* description);
   // --exact or --log: how the numbers of a table are written.
   void AddStyle(CLI::App* app);
 
  private:
+  void AddForce(CLI::App* app);
+
   CLI::App app_;
   Request request_;
   std::string input_;                        // of the verbs that take one recording

@@ -12,7 +12,7 @@ void DeclareSpectrum(Grammar& grammar) {
                               Verb::kSpectrum);
   grammar.AddFiles(app);
   auto* place = app->add_option_group("Place");
-  auto* at = place->add_option("--at", request.atMs, "Start of the frame")->type_name("MS");
+  auto* at = grammar.AddTime(place, "--at", request.atMs, "Start of the frame");
   grammar.AddRange(place);
   place->require_option(1, 2);
   at->excludes(place->get_option("--from"), place->get_option("--to"));

@@ -12,18 +12,29 @@
 namespace cantorix::batch {
 namespace {
 
+void AppendEscape(std::string& quoted, unsigned number) {
+  char escape[8];
+  std::snprintf(escape, sizeof escape, "\\u%04x", number);
+  quoted += escape;
+}
+
 std::string Quoted(std::string_view bytes) {
+  const std::string text = ToUtf8(bytes);
   std::string quoted = "\"";
-  for (const char c : ToUtf8(bytes)) {
-    if (c == '"' || c == '\\') {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    // Control characters are escaped, those from 128 to 159, which some terminals obey, too.
+    const auto next = static_cast<unsigned char>(text[i + 1]);
+    if (byte == '"' || byte == '\\') {
       quoted += '\\';
-      quoted += c;
-    } else if (static_cast<unsigned char>(c) < 0x20) {
-      char escape[8];
-      std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
-      quoted += escape;
+      quoted += text[i];
+    } else if (byte < 0x20 || byte == 0x7F) {
+      AppendEscape(quoted, byte);
+    } else if (byte == 0xC2 && next < 0xA0) {
+      AppendEscape(quoted, next);
+      ++i;
     } else {
-      quoted += c;
+      quoted += text[i];
     }
   }
   return quoted + '"';

@@ -2,6 +2,7 @@
 #include "batch/log_rows.h"
 
 #include "app/log_file.h"
+#include "batch/printable.h"
 
 namespace cantorix::batch {
 namespace {
@@ -20,7 +21,9 @@ std::string LogCaptions(std::size_t values) {
 }
 
 bool LogRows::Append(const LogEntry& entry) {
-  AppendLogLine(pending_, LogTable::RowOf(entry), kSourceAndHeading + values_);
+  LogTable::Row row = LogTable::RowOf(entry);
+  for (std::string& cell : row) cell = Printable(cell, Tabs::kStay);
+  AppendLogLine(pending_, row, kSourceAndHeading + values_);
   if (pending_.size() >= kPieceBytes) Flush();
   return false;
 }

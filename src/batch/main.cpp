@@ -14,6 +14,7 @@
 #include "batch/outcome.h"
 #include "batch/program_directory.h"
 #include "batch/run_settings.h"
+#include "batch/stream_place.h"
 #include "batch/verbs.h"
 #include "mainview/leftover_files.h"
 #include "platform/abandon.h"
@@ -24,8 +25,14 @@ namespace {
 // The verbs that need no recording.
 Outcome WorkOnListing(const Run& run) {
   const Request& request = run.request;
-  std::unique_ptr<TextSink> sink = std::make_unique<StreamSink>(STDOUT_FILENO, run.interrupted);
-  if (!request.output.empty()) sink = std::make_unique<FileSink>(request.output);
+  const bool intoFile = !request.output.empty() && !IsStream(request.output);
+  const OutputStream stream(intoFile ? "" : request.output, run.interrupted);
+  std::unique_ptr<TextSink> sink;
+  if (intoFile) {
+    sink = std::make_unique<FileSink>(request.output);
+  } else {
+    sink = std::make_unique<StreamSink>(stream.descriptor(), run.interrupted);
+  }
   if (request.verb == Verb::kCommands) {
     ShowCommands(request.html, *sink);
   } else if (request.verb == Verb::kConfigShow) {
@@ -40,9 +47,11 @@ Outcome WorkOnListing(const Run& run) {
 
 Outcome WorkOnFiles(const Run& run) {
   Measure measure = MeasureFor(run.request);
-  auto outputs = WritesRecording(run.request.verb) ? std::vector<std::string>(1)
-                                                   : OutputPaths(run.request, measure.suffix);
-  return FileQueue(run, std::move(measure), std::move(outputs)).Work();
+  const std::string& output = run.request.output;
+  const bool saves = WritesRecording(run.request.verb);
+  auto outputs = saves ? std::vector<std::string>(1) : OutputPaths(run.request, measure.suffix);
+  const OutputStream stream(saves || !IsStream(output) ? "" : output, run.interrupted);
+  return FileQueue(run, std::move(measure), std::move(outputs), stream).Work();
 }
 
 // What killed runs left, where this one writes.

@@ -2,6 +2,7 @@
 #include "batch/measures.h"
 
 #include "batch/log_rows.h"
+#include "batch/own_output.h"
 #include "batch/verbs.h"
 
 namespace cantorix::batch {
@@ -35,7 +36,10 @@ Measure LogFor(const Request& request) {
 }
 
 Measure SavingBy(bool (*save)(Session&)) {
-  const auto write = [save](Session& session, bool, TextSink&) { return save(session); };
+  const auto write = [save](Session& session, bool, TextSink&) {
+    RequireNotForeign(session);
+    return save(session);
+  };
   return {"", "", write};
 }
 

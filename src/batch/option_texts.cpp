@@ -2,8 +2,10 @@
 #include "batch/option_texts.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace cantorix::batch {
 namespace {
@@ -49,6 +51,20 @@ std::vector<std::string> Split(std::string_view text, char separator, std::size_
   }
   parts.emplace_back(text);
   return parts;
+}
+
+bool HasEnding(std::string_view path, std::string_view ending) {
+  const auto same = [](char small, char any) {
+    return small == (any >= 'A' && any <= 'Z' ? any - 'A' + 'a' : any);
+  };
+  return path.size() >= ending.size() &&
+         std::equal(ending.begin(), ending.end(), path.end() - std::ssize(ending), same);
+}
+
+double NumberOrNan(const std::string& text) {
+  double number = 0.0;
+  return CLI::detail::lexical_cast(text, number) ? number
+                                                 : std::numeric_limits<double>::quiet_NaN();
 }
 
 Assignment ParseAssignment(const std::string& text) {

@@ -13,6 +13,11 @@ namespace cantorix::batch {
 // The parts between the separators; at most `most` of them, the last one whole.
 std::vector<std::string> Split(std::string_view text, char separator, std::size_t most);
 
+// Whether `path` ends in `ending`, which is in small letters, in letters of any size.
+bool HasEnding(std::string_view path, std::string_view ending);
+// The number that `text` is, NaN when it is none.
+double NumberOrNan(const std::string& text);
+
 // "GROUP.FIELD=VALUE"
 Assignment ParseAssignment(const std::string& text);
 // "HEADER,RATE,8|16,low|high,binary|ascii"

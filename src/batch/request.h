@@ -76,6 +76,8 @@ struct Request {
   std::optional<GenericParameters> generic;
   std::optional<double> fromMs, toMs;  // a range; without one the whole recording
   int jobs = 1;                        // files at a time
+  bool force = false;                  // the output may take the place of a recording
+  std::optional<bool> asWave;          // format of a saved recording; else its name says it
   bool exact = false;                  // 17 significant digits instead of one decimal
   bool json = false;
   bool log = false;   // rows of the measurement log instead of a table

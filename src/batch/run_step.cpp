@@ -1,6 +1,7 @@
 // run_step.cpp
 #include "batch/run_step.h"
 
+#include "batch/stretch.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
@@ -10,26 +11,24 @@
 namespace cantorix::batch {
 namespace {
 
-// A time taken from a table with one decimal may lie so far behind the end.
-constexpr double kRoundingMs = 0.1;
-
 void SayStep(Session& session, const EditStep& step, const std::string& reason) {
   session.prompts().Say("step \"" + step.text + "\": " + reason);
 }
 
 bool InRecording(BatchView& batch, const EditStep& step, double ms) {
-  const double endMs = batch.view().channel().totalDurationMs;
-  if (ms >= 0.0 && ms <= endMs + kRoundingMs) return true;
-  SayStep(batch.session(), step, "the recording ends at " + FormatOneDecimal(endMs) + " ms");
+  const CChannel& channel = batch.view().channel();
+  if (IsInRecording(channel, ms)) return true;
+  SayStep(batch.session(), step,
+          "the recording ends at " + FormatOneDecimal(channel.totalDurationMs) + " ms");
   return false;
 }
 
-// A step that ran and said nothing on the way is done; what says something has not done it.
+// A step that ran and gave no reason against it is done.
 bool Done(BatchView& batch, const EditStep& step, const std::function<void()>& action) {
   const BatchPrompts& prompts = batch.session().prompts();
-  const int linesBefore = prompts.linesSaid();
+  const int reasonsBefore = prompts.reasonsSaid();
   const bool ran = Guarded(batch.view(), action);
-  if (prompts.linesSaid() != linesBefore) return false;
+  if (prompts.reasonsSaid() != reasonsBefore) return false;
   if (!ran) SayStep(batch.session(), step, "could not be done");
   return ran;
 }

@@ -1,7 +1,10 @@
 // session.cpp - opening one file with the run's settings.
 #include "batch/session.h"
 
+#include <filesystem>
 #include <limits>
+
+#include "batch/stream_place.h"
 
 namespace cantorix::batch {
 
@@ -20,21 +23,31 @@ Session::Session(const Run& run, const std::string& file)
             .documentsWriteConfiguration = false} {}
 
 bool Session::Open() {
+  const std::string place = ReadablePlace();
   document_ = std::make_unique<CSonadexDoc>(host_);
   document_->settings = run_.settings.document;
-  if (document_->OnOpenDocument(file_)) return true;
+  if (document_->OnOpenDocument(place)) {
+    RequireStretch(run_.request, document_->channel());
+    return true;
+  }
   const OpenFailure& failure = document_->openFailure;
-  if (!failure.shown && !prompts_.declined())
+  if (!failure.shown && !prompts_.declined()) {
     prompts_.Say("could not be opened. " + failure.reason);
+  }
   return false;
 }
 
-SampleRange Session::Range() const {
-  const CChannel& channel = document_->channel();
-  SampleRange range{0.0, channel.totalLength};
-  if (run_.request.fromMs) range.start = channel.PointAtTime(*run_.request.fromMs).samples;
-  if (run_.request.toMs) range.end = channel.PointAtTime(*run_.request.toMs).samples;
-  return range;
+std::string Session::ReadablePlace() {
+  std::error_code unknown;
+  const bool isPipe =
+      std::filesystem::is_fifo(file_, unknown) || std::filesystem::is_socket(file_, unknown);
+  if (!isPipe) return file_;
+  pipeCopy_ = std::make_unique<ProgramDirectory>("");
+  const std::string copy =
+      pipeCopy_->path() + "/" + std::filesystem::path(file_).filename().string();
+  SavePipe(file_, copy, run_.interrupted);
+  prompts_.OpensFrom(copy);
+  return copy;
 }
 
 }  // namespace cantorix::batch

@@ -9,7 +9,9 @@
 #include "batch/batch_prompts.h"
 #include "batch/console.h"
 #include "batch/console_progress.h"
+#include "batch/program_directory.h"
 #include "batch/request.h"
+#include "batch/stretch.h"
 #include "document/document.h"
 #include "platform/host_services.h"
 #include "settings/settings.h"
@@ -30,6 +32,7 @@ class Session {
   Session(const Run& run, const std::string& file);
 
   // Opens the file with the run's settings. False when it could not be read; the reason is out.
+  // Throws WrongUsage when the options name what it does not have.
   bool Open();
 
   const Request& request() const { return run_.request; }
@@ -37,16 +40,21 @@ class Session {
   Progress& progress() { return progress_; }
   CSonadexDoc& document() { return *document_; }
   BatchPrompts& prompts() { return prompts_; }
+  const std::atomic<bool>& interrupted() const { return run_.interrupted; }
   // The stretch that the options choose, in samples, or the whole recording.
-  SampleRange Range() const;
+  SampleRange Range() const { return StretchOf(run_.request, document_->channel()); }
 
  private:
+  // Where the file's bytes can be read: there, or in a copy of what the pipe gave.
+  std::string ReadablePlace();
+
   const Run& run_;
   std::string file_;
   BatchPrompts prompts_;
   ConsoleProgress progress_;
   HostMemoryProbe memory_;
   DocumentHost host_;
+  std::unique_ptr<ProgramDirectory> pipeCopy_;  // of a pipe, which can be read but once
   std::unique_ptr<CSonadexDoc> document_;
 };
 

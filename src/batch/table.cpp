@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "batch/printable.h"
 #include "platform/numbers.h"
 
 namespace cantorix::batch {
@@ -13,7 +14,7 @@ constexpr std::size_t kPieceBytes = 1U << 16U;
 }  // namespace
 
 TableRows::TableRows(TextSink& sink, bool exact, std::string fileName)
-    : sink_(sink), exact_(exact), fileName_(std::move(fileName)) {}
+    : sink_(sink), exact_(exact), fileName_(Printable(fileName)) {}
 
 void TableRows::Append(std::initializer_list<double> values) {
   for (const double value : values) Cell(value);
@@ -27,7 +28,7 @@ void TableRows::Cell(double value) {
 
 void TableRows::Cell(std::string_view text) {
   BeginCell();
-  pending_.append(text);
+  pending_.append(Printable(text));
 }
 
 void TableRows::Header(std::initializer_list<std::string_view> names) {

@@ -20,7 +20,7 @@ class TableRows {
   // The header line of a table whose columns depend on the file, naming the file's column, too.
   void Header(std::initializer_list<std::string_view> names);
   void BeginHeader();
-  // A row or header cell by cell; EndRow closes it.
+  // A row or header cell by cell; EndRow closes it. Texts are made printable.
   void Cell(double value);
   void Cell(std::string_view text);
   void EndRow();

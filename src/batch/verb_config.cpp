@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "batch/json.h"
+#include "batch/printable.h"
 #include "batch/verbs.h"
 #include "platform/text.h"
 #include "settings/field_text.h"
@@ -25,7 +26,7 @@ std::string AsRow(const Field& field, const Settings& settings) {
   std::string row(field.group);
   row.append(".").append(field.name).append("\t").append(std::to_string(field.offset));
   row.append("\t").append(StorageName(field.storage)).append("\t");
-  row.append(ToUtf8(FieldText(settings, field))).append("\t").append(field.unit);
+  row.append(Printable(ToUtf8(FieldText(settings, field)))).append("\t").append(field.unit);
   return row.append("\t").append(field.description).append("\n");
 }
 

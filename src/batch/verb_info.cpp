@@ -3,6 +3,7 @@
 #include <string>
 
 #include "batch/json.h"
+#include "batch/printable.h"
 #include "batch/verbs.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
@@ -13,7 +14,7 @@ namespace {
 std::string Line(std::string_view name, std::string_view value) {
   std::string line(name);
   line.resize(10, ' ');
-  return line.append(value) += '\n';
+  return line.append(Printable(value)) += '\n';
 }
 
 std::string AsLines(const std::string& file, const CSonadexDoc& document) {

@@ -1,7 +1,5 @@
 // verb_labels.cpp - the labels of the tiers in use with the pitch and intensity at their times,
 // taken from the tracks of the whole recording.
-#include <algorithm>
-
 #include "batch/batch_view.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
@@ -13,17 +11,9 @@
 namespace cantorix::batch {
 namespace {
 
-// A cell of a table holds no separators.
-std::string AsCell(const std::string& text) {
-  std::string cell = ToUtf8(text);
-  std::replace_if(
-      cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
-  return cell;
-}
-
 void AppendLabel(const CSonadexView& view, const Tier& tier, const Label& label, TableRows& rows) {
-  rows.Cell(AsCell(tier.name));
-  rows.Cell(AsCell(label.text));
+  rows.Cell(ToUtf8(tier.name));
+  rows.Cell(ToUtf8(label.text));
   rows.Cell(label.timeMs);
   rows.Cell(PitchAt(view.pitch, view.channel(), label.timeMs));
   rows.Cell(IntensityAt(view.channel().intensity, view.channel(), label.timeMs));

@@ -1,9 +1,12 @@
 // verb_spectrum.cpp - two tables: the spectra over frequency, then the formants.
+#include "analysis/spectrum_limits.h"
 #include "analysisview/fft_lpc_log.h"
 #include "analysisview/fft_lpc_view.h"
 #include "batch/log_rows.h"
+#include "batch/outcome.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "platform/numbers.h"
 
 namespace cantorix::batch {
 namespace {
@@ -12,6 +15,29 @@ SpectrumPlace PlaceOf(const Session& session, const CChannel& channel) {
   const auto& atMs = session.request().atMs;
   if (!atMs) return {0.0, session.Range()};
   return {channel.PointAtTime(*atMs).samples, {}};
+}
+
+// Throws WrongUsage, naming the option, for what does not fit the recording's rate.
+void RequireFit(const CSonadexDoc& document) {
+  const double rateHz = document.channel().sampleRateHz;
+  const auto refuse = [&](const char* option, std::int64_t most, std::int32_t given) {
+    throw WrongUsage(std::string(option) + " may be " + std::to_string(most) + " at most, not " +
+                     std::to_string(given) + ", at the recording's rate of " +
+                     FormatOneDecimal(rateHz) + " Hz");
+  };
+  const FftLpcSettings& settings = document.settings.fftLpc;
+  if (settings.rangeHz > HighestRangeHz(rateHz)) {
+    refuse("--fmax", HighestRangeHz(rateHz), settings.rangeHz);
+  }
+  if (settings.lpcOrder > MostLpcCoefficients(rateHz)) {
+    refuse("--lpc", MostLpcCoefficients(rateHz), settings.lpcOrder);
+  }
+}
+
+bool Analyse(Session& session, CFFTLPCView& view) {
+  RequireFit(session.document());
+  return view.AnalyseSpectrum(PlaceOf(session, session.document().channel()),
+                              session.request().displayPoints);
 }
 
 void WriteTables(const Spectrum& spectrum, TableRows& rows) {
@@ -34,9 +60,7 @@ void WriteTables(const Spectrum& spectrum, TableRows& rows) {
 bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink) {
   CSonadexDoc& document = session.document();
   CFFTLPCView view(document);
-  const SpectrumPlace place = PlaceOf(session, document.channel());
-  // The view says what does not fit.
-  if (!view.AnalyseSpectrum(place, session.request().displayPoints)) return false;
+  if (!Analyse(session, view)) return false;
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   WriteTables(view.spectrum(), rows);
   rows.Flush();
@@ -46,8 +70,7 @@ bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink) {
 bool LogSpectrum(Session& session, TextSink& sink) {
   CSonadexDoc& document = session.document();
   CFFTLPCView view(document);
-  const SpectrumPlace place = PlaceOf(session, document.channel());
-  if (!view.AnalyseSpectrum(place, session.request().displayPoints)) return false;
+  if (!Analyse(session, view)) return false;
   LogRows rows(sink, kSpectrumValues);
   rows.Append(FftLpcFormantsEntry(document.title(), view.spectrum()));
   AppendAll(

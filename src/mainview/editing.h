@@ -7,6 +7,8 @@
 // other tiers stay.
 #pragma once
 
+#include <string_view>
+
 #include "mainview/sonadex_view.h"
 
 namespace cantorix {
@@ -25,6 +27,10 @@ void Smooth(CSonadexView& view);
 // The reference level of every channel becomes the mean of its selection, or of what is visible.
 void SetReferenceOfAllChannels(CSonadexView& view);
 void Undo(CSonadexView& view);
+
+// What is said when an edit goes on without undo.
+inline constexpr std::string_view kUndoNotWritten =
+    "Unable to save to a temp. file for Undo function.\nUndo is not available.";
 
 // Saves the undo file for an edit that may change what `scope` says. Throws Abandoned when it
 // cannot be created or the user cancels; when it was created and not written, says so and the edit

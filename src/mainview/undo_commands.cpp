@@ -9,8 +9,6 @@ namespace cantorix {
 namespace {
 
 constexpr const char* kNotCreated = "Error in saving the temp file";
-constexpr const char* kNotWritten =
-    "Unable to save to a temp. file for Undo function.\nUndo is not available.";
 constexpr const char* kNotRead = "Error in reading the temp file";
 constexpr const char* kWrongType = "Wrong temp file type";
 // Kept: the text names 20 channels, the test stops at 1, so that a document of two is not restored.
@@ -52,7 +50,7 @@ void SaveUndoFile(CSonadexView& view, UndoScope scope) {
   try {
     view.undoFile->Save(view.document());
   } catch (const FileError&) {
-    return view.prompts().Message(kNotWritten);
+    return view.prompts().Message(std::string(kUndoNotWritten));
   }
   view.undoAvailable = true;
 }

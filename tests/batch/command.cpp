@@ -1,37 +1,66 @@
 // command.cpp
 #include "batch/command.h"
 
+#include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
+#include <cstdint>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
+#include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix::batch {
+namespace {
+
+void AppendLittle(std::string& bytes, std::uint32_t value, int width) {
+  for (int i = 0; i < width; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
+}
+
+[[noreturn]] void Become(const Words& words, const CommandHost& host, int input,
+                         const std::string& out, const std::string& err) {
+  const std::string program = host.program.empty() ? CANTORIX_BATCH_PROGRAM : host.program;
+  std::vector<char*> argv{const_cast<char*>("cantorix-batch")};
+  for (const auto& word : words) argv.push_back(const_cast<char*>(word.c_str()));
+  argv.push_back(nullptr);
+  if (!std::freopen(out.c_str(), "wb", stdout) || !std::freopen(err.c_str(), "wb", stderr) ||
+      ::dup2(input, STDIN_FILENO) < 0) {
+    ::_exit(126);
+  }
+  std::optional<FileSizeLimit> limit;
+  if (host.largestFile > 0) limit.emplace(host.largestFile);
+  ::execv(program.c_str(), argv.data());
+  ::_exit(127);
+}
+
+}  // namespace
 
 std::string FileText(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-CommandResult RunBatch(const std::vector<std::string>& words) {
+void PutFile(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+CommandResult RunBatch(const Words& words, const CommandHost& host) {
   const TemporaryFolder folder;
   const std::string out = folder / "out";
   const std::string err = folder / "err";
+  std::array<int, 2> pipe{};
+  if (::pipe2(pipe.data(), O_CLOEXEC) != 0) return {};
   const pid_t child = ::fork();
-  if (child == 0) {
-    std::vector<char*> argv{const_cast<char*>("cantorix-batch")};
-    for (const auto& word : words) argv.push_back(const_cast<char*>(word.c_str()));
-    argv.push_back(nullptr);
-    if (!std::freopen(out.c_str(), "wb", stdout) || !std::freopen(err.c_str(), "wb", stderr)) {
-      ::_exit(126);
-    }
-    ::execv(CANTORIX_BATCH_PROGRAM, argv.data());
-    ::_exit(127);
-  }
+  if (child == 0) Become(words, host, pipe[0], out, err);
+  ::close(pipe[0]);
+  EXPECT_EQ(::write(pipe[1], host.input.data(), host.input.size()), std::ssize(host.input));
+  ::close(pipe[1]);
   int status = 0;
   ::waitpid(child, &status, 0);
   CommandResult result;
@@ -39,6 +68,47 @@ CommandResult RunBatch(const std::vector<std::string>& words) {
   result.out = FileText(out);
   result.err = FileText(err);
   return result;
+}
+
+std::string Filled(std::string text, const std::string& folder) {
+  for (std::size_t at; (at = text.find('@')) != std::string::npos;) text.replace(at, 1, folder);
+  return text;
+}
+
+void Check(const std::string& folder, const std::vector<Case>& cases) {
+  for (const Case& row : cases) {
+    Words words = row.words;
+    for (std::string& word : words) word = Filled(word, folder);
+    const CommandResult result = RunBatch(words);
+    const std::string name = testing::PrintToString(words);
+    EXPECT_EQ(result.exitCode, row.exitCode) << name;
+    EXPECT_EQ(result.out, Filled(row.out, folder)) << name;
+    EXPECT_EQ(result.err, Filled(row.err, folder)) << name;
+  }
+}
+
+std::string Wave(const std::vector<int>& samples, int rateHz, int channels) {
+  const auto rate = static_cast<std::uint32_t>(rateHz);
+  const auto frame = static_cast<std::uint32_t>(2 * channels);
+  const auto bytes = static_cast<std::uint32_t>(samples.size()) * frame;
+  std::string file = "RIFF";
+  AppendLittle(file, bytes, 4);
+  file += "WAVEfmt ";
+  AppendLittle(file, 16, 4);
+  AppendLittle(file, 1, 2);
+  AppendLittle(file, static_cast<std::uint32_t>(channels), 2);
+  AppendLittle(file, rate, 4);
+  AppendLittle(file, rate * frame, 4);
+  AppendLittle(file, frame, 2);
+  AppendLittle(file, 16, 2);
+  file += "data";
+  AppendLittle(file, bytes, 4);
+  for (const int sample : samples) {
+    for (int c = 0; c < channels; ++c) {
+      AppendLittle(file, static_cast<std::uint32_t>(sample + c), 2);
+    }
+  }
+  return file;
 }
 
 }  // namespace cantorix::batch

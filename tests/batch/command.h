@@ -1,10 +1,14 @@
-// command.h - runs the built batch program and gives back all that it said.
+// command.h - runs the built batch program and gives back all that it said; cases of it as rows of
+// a table.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
 namespace cantorix::batch {
+
+using Words = std::vector<std::string>;
 
 struct CommandResult {
   int exitCode = -1;  // -1 when a signal ended it
@@ -12,9 +16,29 @@ struct CommandResult {
   std::string err;
 };
 
-std::string FileText(const std::string& path);
+struct CommandHost {
+  std::string input{};          // comes through a pipe
+  std::size_t largestFile = 0;  // bytes; a larger one cannot be written; 0: no limit
+  std::string program{};        // empty: cantorix-batch
+};
 
-// Runs `cantorix-batch` with the given words.
-CommandResult RunBatch(const std::vector<std::string>& words);
+std::string FileText(const std::string& path);
+void PutFile(const std::string& path, const std::string& bytes);
+
+CommandResult RunBatch(const Words& words, const CommandHost& host = {});
+
+// A command and all that it must say. "@" stands for the folder of the test.
+struct Case {
+  Words words;
+  int exitCode = 0;
+  std::string out;
+  std::string err;
+};
+void Check(const std::string& folder, const std::vector<Case>& cases);
+std::string Filled(std::string text, const std::string& folder);
+
+// A 16-bit WAV of the samples, every one in each of the channels; channel c counts from 0 and its
+// samples are c higher. With the RIFF length as the program itself writes it.
+std::string Wave(const std::vector<int>& samples, int rateHz, int channels = 1);
 
 }  // namespace cantorix::batch

@@ -17,7 +17,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 using Row = std::vector<std::string>;
-using Words = std::vector<std::string>;
 
 const std::string kSample = SamplesDirectory() + "/vowels.qrv";
 
@@ -57,7 +56,7 @@ Row ValuesOf(const LogTable& log, std::size_t row, const std::string& heading, s
   return {cells.begin() + 2, cells.begin() + 2 + static_cast<std::ptrdiff_t>(count)};
 }
 
-struct Case {
+struct LogCase {
   Words words;
   std::string heading;
   std::size_t values;
@@ -67,7 +66,7 @@ struct Case {
 TEST(BatchLog, HoldsTheRowsOfTheTables) {
   const std::string pitch = "Pitch All Entry: time, pitch, intensity";
   const std::string labels = ": Tier, Label's Text, Time, pitch, Intensity";
-  const Case cases[] = {
+  const LogCase cases[] = {
       {{"pitch", kSample}, pitch, 3, 1},
       {{"pitch", kSample, "--from", "301.7", "--to", "1702.3"}, pitch, 3, 1},
       {{"labels", kSample}, "Labels All Entry" + labels, 5, 5},
@@ -77,7 +76,7 @@ TEST(BatchLog, HoldsTheRowsOfTheTables) {
        6,
        6},
   };
-  for (const Case& row : cases) {
+  for (const LogCase& row : cases) {
     const std::string name = testing::PrintToString(row.words);
     const std::vector<Row> table = TableOf(row.words);
     const LogTable log = LogOf(row.words + Words{"--log"});

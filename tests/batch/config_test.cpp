@@ -1,0 +1,106 @@
+// config_test.cpp - the settings of a run: where they come from, and how they are listed.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <sstream>
+
+#include "batch/command.h"
+#include "settings/field_table.h"
+#include "support/samples.h"
+#include "support/temporary_folder.h"
+
+namespace cantorix::batch {
+namespace {
+
+using testing::HasSubstr;
+
+double DoubleAt(const std::string& bytes, std::size_t offset) {
+  double value = 0.0;
+  std::memcpy(&value, bytes.data() + offset, sizeof value);
+  return value;
+}
+
+TEST(BatchConfig, ComesFromTheRecordThenFromSetThenFromTheVerb) {
+  const TemporaryFolder folder;
+  const std::string still = folder / "still.wav";
+  const std::string record = folder / "my.cfg";
+  PutFile(still, Wave(std::vector<int>(2000, 0), 1000));
+  ASSERT_EQ(RunBatch({"config", "default", record, "--set", "intensity.stepMs=200"}).exitCode, 0);
+  const std::string bytes = FileText(record);
+  ASSERT_EQ(bytes.size(), 1152U);
+  EXPECT_EQ(DoubleAt(bytes, 104), 11025.0);
+  EXPECT_EQ(bytes[932], static_cast<char>(200));
+  EXPECT_EQ(RunBatch({"config", "default", "--set", "intensity.stepMs=200"}).out, bytes);
+  // (2000 - 20.5) / step frames.
+  const auto rows = [&](Words words) {
+    words.insert(words.begin(), {"intensity", still});
+    const std::string out = RunBatch(words).out;
+    return std::count(out.begin(), out.end(), '\n') - 1;
+  };
+  EXPECT_EQ(rows({}), 197);
+  EXPECT_EQ(rows({"--config", record}), 9);
+  EXPECT_EQ(rows({"--config", record, "--set", "intensity.stepMs=100"}), 19);
+  EXPECT_EQ(rows({"--step", "20", "--config", record, "--set", "intensity.stepMs=100"}), 98);
+  PutFile(folder / "CantorixConf.cfg", bytes);
+  EXPECT_EQ(rows({"--program-dir", folder.path()}), 9);
+  PutFile(record, "short");
+  const CommandResult broken = RunBatch({"config", "show", record});
+  EXPECT_EQ(broken.exitCode, 1);
+  EXPECT_EQ(broken.err,
+            "cantorix-batch: " + record + ": Error in reading the configuration file.\n");
+}
+
+TEST(BatchConfig, IsListedFieldByField) {
+  const TemporaryFolder folder;
+  const std::string name = "tiers.name3=one\x1b\ttwo";
+  const std::string out = RunBatch({"config", "show", "--set", name}).out;
+  const std::string lines[] = {
+      "field\toffset\ttype\tvalue\tunit\tmeaning\n"
+      "application.memoryMinutes\t16\tint32\t5\tmin\trecordings of this length and more go to a "
+      "file\n",
+      "\ndocument.referenceRateHz\t104\tdouble\t11025\tHz\trate of a new document and of "
+      "recording\n",
+      "\nzoom.rangeMs\t184\tint32\t1000\tms\trange to zoom from the cursor\n",
+      "\ntiers.name3\t336\ttext\tone\\x1b two\t\tname of tier 3 in new documents\n",
+  };
+  for (const std::string& line : lines) EXPECT_THAT(out, HasSubstr(line));
+  // The JSON has the same names and values in the same order.
+  std::string json = "{";
+  std::istringstream table(out.substr(out.find('\n') + 1));
+  std::size_t count = 0;
+  for (std::string field, place, type, value, rest; std::getline(table, field, '\t'); ++count) {
+    std::getline(table, place, '\t');
+    std::getline(table, type, '\t');
+    std::getline(table, value, '\t');
+    std::getline(table, rest);
+    if (type == "text")
+      value = field == "tiers.name3" ? "\"one\\u001b\\u0009two\"" : '"' + value + '"';
+    json += (count == 0 ? "\"" : ", \"") + field + "\": " + value;
+  }
+  EXPECT_EQ(count, Fields().size());
+  EXPECT_EQ(RunBatch({"config", "show", "--json", "--set", name}).out, json + "}\n");
+}
+
+TEST(BatchCommands, AreThoseOfThePageThatIsShipped) {
+  const std::string page = FileText(SamplesDirectory() + "/../docs/manual/commands.html");
+  EXPECT_EQ(RunBatch({"commands", "--html"}).out, page)
+      << "run cantorix-batch commands --html -o docs/manual/commands.html";
+  const TemporaryFolder folder;
+  EXPECT_EQ(RunBatch({"commands", "-o", folder / "commands.tsv"}).out, "");
+  const std::string table = FileText(folder / "commands.tsv");
+  EXPECT_THAT(table, testing::StartsWith("menu\ttext\tkey\tneeds\ttip\tstatus\n"));
+  std::istringstream lines(table.substr(table.find('\n') + 1));
+  for (std::string line; std::getline(lines, line);) {
+    std::vector<std::string> cells;
+    std::istringstream text(line);
+    for (std::string cell; std::getline(text, cell, '\t');) cells.push_back(cell);
+    ASSERT_GE(cells.size(), 4U) << line;
+    const std::string key = cells[2].empty() ? "" : "<kbd>" + cells[2] + "</kbd>";
+    EXPECT_THAT(page, HasSubstr("</td><td>" + key + "</td><td>" + cells[3] + "</td><td>")) << line;
+  }
+  EXPECT_THAT(table, HasSubstr("\nFile\t&Save\tCtrl+S\tmodified\tSave\tSave the document\n"));
+}
+
+}  // namespace
+}  // namespace cantorix::batch
