@@ -10,7 +10,7 @@ for purpose in "$@"; do
     desktop) packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core) ;;
     tests) packages+=(libgtest-dev libgmock-dev alsa-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
-    package) packages+=(dpkg-dev file desktop-file-utils appstream shared-mime-info) ;;
+    package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;

@@ -195,6 +195,21 @@ TEST_F(OpenTest, CutNativeFileIsReportedAndNotTriedFurther) {
               ElementsAre(::testing::StartsWith("message: " + path + " could not be opened. ")));
 }
 
+TEST_F(OpenTest, EveryFormatHasItsSlot) {
+  const auto slotsOf = [](std::span<const Reader> readers) {
+    std::string slots;
+    for (const Reader& reader : readers) {
+      slots += std::string(reader.name) + (reader.kind == ReaderKind::kThreeWay ? "?, " : ", ");
+    }
+    return slots;
+  };
+  EXPECT_EQ(slotsOf(StandardReaders().byContent),
+            "QRV_PC, labelled foreign 1, QRV_Mac, labelled foreign 2, KWZ_PC, KWZ_Mac, QRVMACX, "
+            "KWZ_PC_FLOAT_24?, KWZ_PC_FLOAT?, Datalyn 1, Datalyn 2, foreign 3, AIFF/AIFC, WAV, "
+            "CSL NSP, NIST SPHERE, SUN au, ESPS/xwave, ");
+  EXPECT_EQ(slotsOf(StandardReaders().generic), "integer binary, ASCII, ");
+}
+
 TEST_F(OpenTest, UnknownContentPassesEverySlotToTheQuestion) {
   host.prompts.WillAnswer(Answer::kOk);
   EXPECT_FALSE(document.OnOpenDocument(path));

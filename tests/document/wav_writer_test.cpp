@@ -89,6 +89,7 @@ TEST(WavWriter, ExportsTheTruncatedRangeFromMemoryAndStoreAlike) {
     TestHost host;
     CSonadexDoc document(host.host);
     FillWithRamp(document, 1000, onDisk);
+    ASSERT_EQ(document.samplesOnDisk(), onDisk);
     for (const Row& row : rows) {
       ExportWave(document, host.folder / "out.wav", row.range);
       EXPECT_EQ(ReadBytes(host.folder / "out.wav"), Expected(row.first, row.count))

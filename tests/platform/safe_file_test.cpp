@@ -117,6 +117,24 @@ TEST(SafeFile, KeepsACancelledFileOnlyWhenItIsNew) {
   EXPECT_THAT(folder.Names(), UnorderedElementsAre("old", "new"));
 }
 
+TEST(SafeFile, LeavesNoDescriptorBehind) {
+  const TemporaryFolder folder;
+  WriteBytes(folder / "held", Filled(5, 1));
+  const auto open = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto before = open();
+  ReplaceFile(folder / "new", Filled(3, 7));
+  ReplaceFile(folder / "new", Filled(4, 7));
+  SafeFile(folder / "new").Write(Filled(3, 7));
+  {
+    const File held = File::OpenForReading(folder / "held");
+    EXPECT_NE(ReasonOf([&] { ReplaceFile(folder / "held", Filled(3, 7)); }), "");
+  }
+  EXPECT_NE(ReasonOf([&] { ReplaceFile(folder.path(), Filled(3, 7)); }), "");
+  EXPECT_EQ(open(), before);
+}
+
 TEST(SafeFile, ReplacesTheFileThatALinkNames) {
   const TemporaryFolder folder;
   std::filesystem::create_directory(folder / "far");
