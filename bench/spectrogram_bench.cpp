@@ -6,6 +6,7 @@
 
 #include "analysis/spectrogram_column.h"
 #include "analysis/test_signals.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

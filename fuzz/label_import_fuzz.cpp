@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "document/label.h"
 #include "mainview/label_import.h"
 
 namespace {

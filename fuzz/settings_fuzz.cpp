@@ -11,6 +11,7 @@
 #include "platform/bytes.h"
 #include "settings/field_text.h"
 #include "settings/record.h"
+#include "settings/settings.h"
 
 namespace {
 

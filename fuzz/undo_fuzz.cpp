@@ -9,6 +9,7 @@
 #include <span>
 #include <vector>
 
+#include "document/label.h"
 #include "document/native_file.h"
 #include "mainview/undo_file.h"
 #include "quiet_host.h"

@@ -7,6 +7,7 @@
 #include "analysis/sample_window.h"
 #include "analysis/square_sum.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

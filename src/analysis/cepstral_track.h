@@ -16,9 +16,10 @@
 #include "analysis/sample_range.h"
 #include "platform/progress.h"
 #include "platform/sample_source.h"
-#include "settings/settings.h"
 
 namespace cantorix {
+
+struct PitchSettings;
 
 struct CepstralFraming {
   SampleRange range;

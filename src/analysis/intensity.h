@@ -12,9 +12,10 @@
 #include "analysis/intensity_track.h"
 #include "platform/progress.h"
 #include "platform/sample_source.h"
-#include "settings/settings.h"
 
 namespace cantorix {
+
+struct IntensitySettings;
 
 // Levels in dB re a mean square of 1 in 16-bit sample units (relative mode: re the quietest frame)
 // over `range`, whose sample 0 is the recording's sample trunc(range.start); samples outside the

@@ -8,6 +8,7 @@
 #include "analysis/autocorrelation_pitch.h"
 #include "analysis/cepstral_track.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -11,9 +11,10 @@
 #include "analysis/sample_range.h"
 #include "platform/progress.h"
 #include "platform/sample_source.h"
-#include "settings/settings.h"
 
 namespace cantorix {
+
+struct PitchSettings;
 
 struct PitchResult {
   std::vector<double> PitchTrack;  // Hz, 0 = unvoiced; count() entries and 5 more of 0

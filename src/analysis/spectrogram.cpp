@@ -12,6 +12,7 @@
 #include "analysis/spectrogram_column.h"
 #include "analysis/spectrum_limits.h"
 #include "platform/clones.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -15,9 +15,10 @@
 #include "analysis/sample_range.h"
 #include "platform/progress.h"
 #include "platform/sample_source.h"
-#include "settings/settings.h"
 
 namespace cantorix {
+
+struct SpectrogramSettings;
 
 struct SpectrogramRequest {
   SampleRange range;          // samples; column c stands at range.start + c * length / columns

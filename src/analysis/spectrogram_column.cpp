@@ -7,6 +7,7 @@
 
 #include "analysis/spectrum_limits.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "mainview/mouse.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -8,6 +8,7 @@
 #include "mainview/analysis_commands.h"
 #include "mainview/track_lookup.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {
@@ -21,9 +22,12 @@ WindowServices WithMainView(WindowServices services, CSonadexView& mainView) {
 
 CPitchView::CPitchView(CSonadexView& mainView, WindowServices services)
     : AnalysisWindow(mainView.document(), WithMainView(std::move(services), mainView)),
-      view_(mainView) {
+      view_(mainView),
+      settings_(std::make_unique<PitchSettings>()) {
   TakeTrack();
 }
+
+CPitchView::~CPitchView() = default;
 
 bool CPitchView::computed() const { return view_.pitch.count() > 0; }
 
@@ -39,7 +43,7 @@ void CPitchView::Update() {
 void CPitchView::TakeTrack() {
   // A track always fits the recording: an edit drops it or makes a new one.
   Tried(true);
-  settings_ = document().settings.pitch;
+  *settings_ = document().settings.pitch;
   if (!computed()) return;
   range_ = view_.pitch.range;
   wholeRecording_ = IsWholeRecording(range_);
@@ -56,7 +60,7 @@ bool CPitchView::SettingsMatch() const {
     return std::tie(s.method, s.windowMs, s.stepMs, s.highHz, s.lowHz, s.thresholdPercent,
                     s.deviationHz, s.voicingLevel, s.tolerancePercent);
   };
-  return !computed() || computedWith(settings_) == computedWith(document().settings.pitch);
+  return !computed() || computedWith(*settings_) == computedWith(document().settings.pitch);
 }
 
 AxisScale CPitchView::TimeAxis() const {

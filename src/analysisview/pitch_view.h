@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "mainview/axis_scale.h"
 
 namespace cantorix {
+
+struct PitchSettings;
 
 // What stands beside the track, each 0 or 1; for as long as the window is open.
 struct PitchStrips {
@@ -24,6 +27,7 @@ struct PitchStrips {
 class CPitchView : public AnalysisWindow {
  public:
   explicit CPitchView(CSonadexView& mainView, WindowServices services = {});
+  ~CPitchView() override;
 
   WindowKind kind() const override { return WindowKind::kPitch; }
   bool computed() const override;

@@ -12,6 +12,7 @@
 #include "analysisview/analysis_window.h"
 #include "analysisview/spectrogram_log.h"
 #include "mainview/axis_scale.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 
-#include "document/label.h"
 #include "mainview/axis_scale.h"
 #include "mainview/view_ports.h"
 

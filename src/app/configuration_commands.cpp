@@ -5,6 +5,7 @@
 
 #include "platform/prompts.h"
 #include "settings/config_file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

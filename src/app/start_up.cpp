@@ -14,6 +14,7 @@
 #include "platform/prompts.h"
 #include "platform/services.h"
 #include "settings/config_file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

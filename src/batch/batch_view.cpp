@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "document/label.h"
 #include "mainview/view_commands.h"
 
 namespace cantorix::batch {

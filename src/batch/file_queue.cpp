@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "batch/own_output.h"
+#include "batch/run.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
 

@@ -5,6 +5,7 @@
 
 #include "batch/option_texts.h"
 #include "batch/stream_place.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 namespace {

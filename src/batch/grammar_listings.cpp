@@ -1,6 +1,8 @@
 // grammar_listings.cpp - the verbs that need no recording.
 #include "batch/grammar.h"
 
+#include "settings/settings.h"
+
 namespace cantorix::batch {
 
 void DeclareListings(Grammar& grammar) {

@@ -3,6 +3,7 @@
 
 #include "app/log_file.h"
 #include "batch/printable.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 namespace {

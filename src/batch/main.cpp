@@ -13,6 +13,7 @@
 #include "batch/measures.h"
 #include "batch/outcome.h"
 #include "batch/program_directory.h"
+#include "batch/run.h"
 #include "batch/run_settings.h"
 #include "batch/stream_place.h"
 #include "batch/verbs.h"

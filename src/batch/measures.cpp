@@ -4,6 +4,7 @@
 #include "batch/log_rows.h"
 #include "batch/own_output.h"
 #include "batch/verbs.h"
+#include "document/label.h"
 
 namespace cantorix::batch {
 namespace {

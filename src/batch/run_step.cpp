@@ -2,11 +2,13 @@
 #include "batch/run_step.h"
 
 #include "batch/stretch.h"
+#include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 namespace {

@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <limits>
 
+#include "batch/run.h"
 #include "batch/stream_place.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 
@@ -21,6 +23,12 @@ Session::Session(const Run& run, const std::string& file)
             .channelEntries = std::numeric_limits<int>::max(),
             // Measuring leaves the configuration alone.
             .documentsWriteConfiguration = false} {}
+
+const Request& Session::request() const { return run_.request; }
+
+const std::atomic<bool>& Session::interrupted() const { return run_.interrupted; }
+
+SampleRange Session::Range() const { return StretchOf(run_.request, document_->channel()); }
 
 bool Session::Open() {
   const std::string place = ReadablePlace();

@@ -14,18 +14,10 @@
 #include "batch/stretch.h"
 #include "document/document.h"
 #include "platform/host_services.h"
-#include "settings/settings.h"
 
 namespace cantorix::batch {
 
-// What all files of a run share, read-only but for the console.
-struct Run {
-  const Request& request;
-  Settings settings;             // from the record and the options
-  std::string programDirectory;  // for the disk stores
-  Console& console;
-  const std::atomic<bool>& interrupted;
-};
+struct Run;
 
 class Session {
  public:
@@ -35,14 +27,14 @@ class Session {
   // Throws WrongUsage when the options name what it does not have.
   bool Open();
 
-  const Request& request() const { return run_.request; }
+  const Request& request() const;
   const std::string& file() const { return file_; }
   Progress& progress() { return progress_; }
   CSonadexDoc& document() { return *document_; }
   BatchPrompts& prompts() { return prompts_; }
-  const std::atomic<bool>& interrupted() const { return run_.interrupted; }
+  const std::atomic<bool>& interrupted() const;
   // The stretch that the options choose, in samples, or the whole recording.
-  SampleRange Range() const { return StretchOf(run_.request, document_->channel()); }
+  SampleRange Range() const;
 
  private:
   // Where the file's bytes can be read: there, or in a copy of what the pipe gave.

@@ -7,6 +7,7 @@
 #include "platform/text.h"
 #include "settings/field_text.h"
 #include "settings/record.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 namespace {

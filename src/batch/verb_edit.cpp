@@ -3,6 +3,7 @@
 
 #include "batch/run_step.h"
 #include "batch/verbs.h"
+#include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/label_import.h"

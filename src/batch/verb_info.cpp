@@ -5,6 +5,7 @@
 #include "batch/json.h"
 #include "batch/printable.h"
 #include "batch/verbs.h"
+#include "document/label.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
 

@@ -3,6 +3,7 @@
 #include "batch/batch_view.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 

@@ -4,6 +4,7 @@
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "document/label.h"
 #include "mainview/log_commands.h"
 #include "mainview/track_lookup.h"
 #include "platform/text.h"

@@ -5,6 +5,7 @@
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "mainview/log_commands.h"
+#include "settings/settings.h"
 
 namespace cantorix::batch {
 

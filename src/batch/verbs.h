@@ -5,6 +5,10 @@
 #include "batch/session.h"
 #include "batch/text_sink.h"
 
+namespace cantorix {
+struct Settings;
+}
+
 namespace cantorix::batch {
 
 // The verbs that measure: rows or lines to `sink`, without the table's header line. With

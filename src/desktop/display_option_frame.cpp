@@ -13,6 +13,7 @@
 
 #include "desktop/command_keys.h"
 #include "mainview/option_commands.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -17,6 +17,8 @@ class QSpinBox;
 
 namespace cantorix {
 
+struct DisplaySettings;
+
 class CDisplayOptionFrame : public QWidget {
  public:
   CDisplayOptionFrame(QWidget* owner, FrameHost& host);

@@ -12,6 +12,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/table_rows.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

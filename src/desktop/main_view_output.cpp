@@ -14,6 +14,7 @@
 #include "desktop/picture_sheet.h"
 #include "desktop/qt_text.h"
 #include "mainview/document_waveform.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

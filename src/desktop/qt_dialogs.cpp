@@ -9,6 +9,7 @@
 #include "desktop/dialogs/spectrogram_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/qt_prompts.h"
+#include "mainview/dialog_answers.h"
 
 namespace cantorix {
 namespace {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "document/label.h"
 #include "platform/text.h"
 
 namespace cantorix {

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "settings/settings.h"
+#include "settings/application_settings.h"
 
 namespace cantorix {
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "document/label.h"
 #include "platform/abandon.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
@@ -15,6 +16,8 @@ CChannel::CChannel() {
   static constexpr std::array kNames{"tones", "words", "breaks", "misc"};
   for (std::size_t i = 0; i < kNames.size(); ++i) tiers[i].name = kNames[i];
 }
+
+CChannel::~CChannel() = default;
 
 CChannel& CChannel::operator=(const CChannel& other) {
   if (this == &other) return *this;

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "analysis/intensity_track.h"
-#include "document/label.h"
 #include "document/sample_block.h"
+#include "document/tier.h"
 
 namespace cantorix {
 
@@ -26,7 +26,7 @@ struct TimePoint {
 class CChannel {
  public:
   CChannel();
-  virtual ~CChannel() = default;
+  virtual ~CChannel();
   // Copies the samples (into a block of its own), the time and display fields, both texts and the
   // two work blocks. The tiers, the scratch labels and the intensity track stay as they are: an
   // assigned channel keeps its own labels. Throws Abandoned when memory runs out; the target must

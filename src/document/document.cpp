@@ -6,6 +6,7 @@
 
 #include "document/open_pipeline.h"
 #include "settings/config_file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {
@@ -36,8 +37,10 @@ DocumentSettings NewDocumentSettings(const std::string& programDirectory) {
 }  // namespace
 
 CSonadexDoc::CSonadexDoc(DocumentHost& host)
-    : host_(host), memorySource_(std::make_unique<ChannelSource>(channels[0])) {
-  settings = NewDocumentSettings(host.programDirectory);
+    : ownSettings_(std::make_unique<DocumentSettings>(NewDocumentSettings(host.programDirectory))),
+      settings(*ownSettings_),
+      host_(host),
+      memorySource_(std::make_unique<ChannelSource>(channels[0])) {
   memoryLimitMinutes = host.application.memoryMinutes;
   channel().sampleRateHz = settings.referenceRateHz;
   for (std::size_t i = 0; i < settings.tierNames.size(); ++i) {

@@ -14,9 +14,11 @@
 #include "document/document_observer.h"
 #include "document/label_import_options.h"
 #include "document/sample_store.h"
-#include "settings/settings.h"
+#include "platform/generic_parameters.h"
 
 namespace cantorix {
+
+struct DocumentSettings;
 
 inline constexpr int kChannelSlots = 20;
 
@@ -68,6 +70,10 @@ class CSonadexDoc {
   // Tells all but `by`.
   void Notify(DocumentChanges changes, const DocumentObserver* by = nullptr);
 
+ private:
+  std::unique_ptr<DocumentSettings> ownSettings_;
+
+ public:
   std::array<CChannel, kChannelSlots> channels;
   std::int32_t channelCount = 1;
   bool loaded = false;
@@ -84,7 +90,8 @@ class CSonadexDoc {
   double savedLength = 0.0;         // samples
   double savedDurationMs = 0.0;
   GenericParameters genericRead;  // preset before each generic read
-  DocumentSettings settings;
+  // Behind a reference, as most of the program does not depend on every setting.
+  DocumentSettings& settings;
   LabelImportOptions labelImport;   // the next import begins with them
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open
 

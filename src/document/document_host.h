@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "settings/settings.h"
+#include "settings/application_settings.h"
 
 namespace cantorix {
 

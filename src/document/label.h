@@ -1,15 +1,14 @@
-// label.h - a label and the tier that holds it.
+// label.h - a label with its text, looks and time.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
+
+#include "document/label_alignment.h"
 
 namespace cantorix {
-
-enum LabelAlignment : std::int32_t { kAlignLeft = 0, kAlignCentre = 1, kAlignRight = 2 };
 
 // The 60 bytes of a font description, kept verbatim: height, width, escapement, orientation and
 // weight as 32-bit little-endian integers; italic, underline, strike-out, character set, output
@@ -48,18 +47,6 @@ struct Label {
 
   bool operator==(const Label&) const = default;
 };
-
-struct Tier {
-  std::string name;            // at most 255 bytes in the native file
-  std::vector<Label> labels;   // in insertion order
-  std::int32_t tierWord = 20;  // height in pixels
-  bool inUse = false;          // only tiers in use are drawn, saved, listed and offered
-
-  std::int32_t labelCount() const { return static_cast<std::int32_t>(labels.size()); }
-};
-
-inline constexpr int kTierCount = 10;
-using Tiers = std::array<Tier, kTierCount>;
 
 // Whether a label lies in [startMs, endMs], both ends included.
 bool LabelInRange(const Label& label, double startMs, double endMs);

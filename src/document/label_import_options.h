@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "document/label.h"
+#include "document/label_alignment.h"
 
 namespace cantorix {
 

@@ -7,6 +7,7 @@
 #include "analysis/intensity.h"
 #include "mainview/view_edit.h"
 #include "platform/prompts.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -1,6 +1,8 @@
 // clipboard.cpp
 #include "mainview/clipboard.h"
 
+#include "document/label.h"
+
 namespace cantorix {
 
 void Clipboard::Empty() {

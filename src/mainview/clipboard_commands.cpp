@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "document/label.h"
 #include "document/sample_bytes.h"
 #include "mainview/clipboard.h"
 #include "mainview/edit_span.h"

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "mainview/commands.h"
+#include "mainview/label_entry_state.h"
 #include "platform/abandon.h"
 #include "platform/prompts.h"
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "document/label.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -78,7 +79,9 @@ Tiers TiersInside(const CChannel& channel, const EditSpan& span) {
   Tiers tiers;
   for (std::size_t i = 0; i < tiers.size(); ++i) {
     const Tier& source = channel.tiers[i];
-    tiers[i] = {source.name, {}, source.tierWord, source.inUse};
+    tiers[i].name = source.name;
+    tiers[i].tierWord = source.tierWord;
+    tiers[i].inUse = source.inUse;
     if (!source.inUse) continue;
     std::copy_if(source.labels.begin(), source.labels.end(), std::back_inserter(tiers[i].labels),
                  [&](const Label& label) { return span.Holds(label); });

@@ -8,6 +8,7 @@
 #include "platform/abandon.h"
 #include "platform/prompts.h"
 #include "platform/services.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

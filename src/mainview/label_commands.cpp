@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "document/label.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/view_edit.h"
 #include "platform/prompts.h"
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "document/label.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
 #include "platform/text.h"

@@ -9,6 +9,8 @@
 
 namespace cantorix {
 
+struct Label;
+
 // The labels of the whole file `bytes`, in its order; times are not compared with the recording.
 // A UTF-8 mark at its start is skipped. Lines end at every CR and every LF. A line is ignored
 // unless it begins with a digit or a point, has fewer than 1000 bytes and a time that is a finite

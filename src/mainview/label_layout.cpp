@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "document/label.h"
 #include "mainview/time_axis.h"
 #include "platform/numbers.h"
 

@@ -1,6 +1,7 @@
 // label_list.cpp
 #include "mainview/label_list.h"
 
+#include "document/label.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"
 

@@ -1,7 +1,10 @@
 // label_press.cpp - the mouse in label entry mode, and what it hits in the tiers.
 #include <utility>
 
+#include "document/label.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/label_commands.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/label_layout.h"
 #include "mainview/time_axis.h"
 

@@ -5,10 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "document/label.h"
 #include "mainview/time_axis.h"
 #include "mainview/track_lookup.h"
 #include "platform/bytes.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "mainview/label_commands.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_edit.h"
 #include "platform/numbers.h"

@@ -2,6 +2,7 @@
 #include "mainview/option_commands.h"
 
 #include "settings/config_file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "document/label.h"
 #include "mainview/clipboard.h"
 #include "mainview/edit_span.h"
 #include "mainview/edit_steps.h"
@@ -11,6 +12,7 @@
 #include "mainview/view_commands.h"
 #include "platform/numbers.h"
 #include "platform/prompts.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

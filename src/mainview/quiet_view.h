@@ -9,21 +9,17 @@ namespace cantorix {
 
 class QuietDialogs : public ViewDialogs {
  public:
-  std::optional<LabelAnswer> AskLabel(const Label&, bool) override { return {}; }
-  std::optional<TierSetups> AskTiers(const TierSetups&) override { return {}; }
+  std::optional<LabelAnswer> AskLabel(const Label&, bool) override;
+  std::optional<TierSetups> AskTiers(const TierSetups&) override;
   std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
-                                                  const LabelImportOptions&) override {
-    return {};
-  }
-  std::optional<GainSettings> AskGain(const GainSettings&) override { return {}; }
-  std::optional<std::int32_t> AskZoomRange(std::int32_t) override { return {}; }
-  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override { return {}; }
-  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override {
-    return {};
-  }
-  std::optional<PitchSettings> AskPitch(const PitchSettings&) override { return {}; }
-  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override { return {}; }
-  std::optional<std::int32_t> AskLogStep(std::int32_t) override { return {}; }
+                                                  const LabelImportOptions&) override;
+  std::optional<GainSettings> AskGain(const GainSettings&) override;
+  std::optional<std::int32_t> AskZoomRange(std::int32_t) override;
+  std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override;
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override;
+  std::optional<PitchSettings> AskPitch(const PitchSettings&) override;
+  std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override;
+  std::optional<std::int32_t> AskLogStep(std::int32_t) override;
 };
 
 class QuietWindow : public ViewListener, public PlaybackControl {

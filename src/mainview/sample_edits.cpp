@@ -11,6 +11,7 @@
 #include "mainview/sample_rewrite.h"
 #include "platform/numbers.h"
 #include "platform/prompts.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -5,9 +5,11 @@
 #include <utility>
 
 #include "mainview/analysis_commands.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/view_edit.h"
 #include "mainview/view_readouts.h"
 #include "platform/prompts.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {
@@ -17,7 +19,10 @@ using enum DocumentChange;
 }  // namespace
 
 CSonadexView::CSonadexView(CSonadexDoc& document, ViewServices services)
-    : document_(document), services_(std::move(services)) {
+    : ownLabelEntry_(std::make_unique<LabelEntryState>()),
+      labelEntry(*ownLabelEntry_),
+      document_(document),
+      services_(std::move(services)) {
   document_.Attach(*this);
 }
 

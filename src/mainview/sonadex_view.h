@@ -23,6 +23,7 @@
 namespace cantorix {
 
 struct Clipboard;
+struct LabelEntryState;
 
 // What a view is given by the program around it. All of it outlives the view.
 struct ViewServices {
@@ -42,14 +43,6 @@ struct PressState {
   std::int32_t y = 0;
   bool moved = false;         // more than kClickPixels away at least once
   bool draggedLabel = false;  // the press took a label along, so that nothing is selected
-};
-
-// Label entry by the mouse.
-struct LabelEntryState {
-  bool enabled = false;
-  int currentTier = -1;   // the tier under the last press; -1: none
-  int pressedLabel = -1;  // its label under the press; -1: none
-  Label label;            // a copy of that label, moved along while it is dragged
 };
 
 class CSonadexView : public DocumentObserver {
@@ -99,6 +92,10 @@ class CSonadexView : public DocumentObserver {
 
   void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
+ private:
+  std::unique_ptr<LabelEntryState> ownLabelEntry_;
+
+ public:
   bool redrawNeeded = false;  // set by every change, consumed by the drawing
   bool undoAvailable = false;
   UndoScope undoScope = UndoScope::kSamples;  // of the edit that the undo file was saved for
@@ -110,7 +107,7 @@ class CSonadexView : public DocumentObserver {
   std::optional<double> otherPointerMs;
   PressState press;
   Readouts readouts;
-  LabelEntryState labelEntry;
+  LabelEntryState& labelEntry;
   PitchResult pitch;
   ViewLayout layout;
   std::unique_ptr<UndoFile> undoFile;  // made by the first edit

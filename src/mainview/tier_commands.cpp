@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "document/label.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/label_commands.h"
 #include "mainview/label_import.h"
 #include "mainview/option_commands.h"
@@ -14,6 +16,7 @@
 #include "platform/file.h"
 #include "platform/file_error.h"
 #include "platform/prompts.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

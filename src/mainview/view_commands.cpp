@@ -6,6 +6,7 @@
 #include "mainview/option_commands.h"
 #include "mainview/time_axis.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -1,38 +1,28 @@
 // view_dialogs.h - the dialogs of a document's view that give values back, as one interface. Each
 // is filled from `preset` and gives nothing when the user cancels. The desktop shows them and keeps
-// one open until its values are accepted (settings/option_rules.h); tests script the answers.
+// one open until its values are accepted (settings/option_rules.h); tests script the answers. Who
+// asks or answers includes dialog_answers.h and settings.h.
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "document/label.h"
-#include "document/label_import_options.h"
-#include "settings/settings.h"
-
 namespace cantorix {
 
-// One line of the "Tiers Option" dialog.
-struct TierSetup {
-  std::string name;
-  std::int32_t height = 20;  // pixels, 1 and more
-  bool inUse = false;
-
-  bool operator==(const TierSetup&) const = default;
-};
-using TierSetups = std::array<TierSetup, kTierCount>;
-
-struct LabelAnswer {
-  Label label;
-  bool remove = false;  // the user pressed Delete
-};
-
-struct LabelImportAnswer {
-  std::string tierName;
-  LabelImportOptions options;
-};
+struct FftLpcSettings;
+struct GainSettings;
+struct IntensitySettings;
+struct Label;
+struct LabelAnswer;
+struct LabelImportAnswer;
+struct LabelImportOptions;
+struct PitchSettings;
+struct SpectrogramSettings;
+struct TierSetup;
+using TierSetups = std::array<TierSetup, 10>;  // one for each tier
 
 class ViewDialogs {
  public:

@@ -6,9 +6,10 @@
 #include <string_view>
 
 #include "document/document_observer.h"
-#include "document/label.h"
 
 namespace cantorix {
+
+struct FontDescription;
 
 struct PixelSize {
   std::int32_t width = 0;

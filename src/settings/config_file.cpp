@@ -6,6 +6,7 @@
 #include "platform/file.h"
 #include "platform/file_error.h"
 #include "platform/safe_file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "settings/settings.h"
+
 namespace cantorix {
 namespace {
 

@@ -10,9 +10,9 @@
 #include <string_view>
 #include <variant>
 
-#include "settings/settings.h"
-
 namespace cantorix {
+
+struct Settings;
 
 enum class Storage {
   kInt32,            // std::int32_t

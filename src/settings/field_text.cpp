@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "settings/record.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

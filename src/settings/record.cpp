@@ -9,6 +9,7 @@
 
 #include "platform/bytes.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -10,7 +10,6 @@
 #include <string_view>
 
 #include "settings/field_table.h"
-#include "settings/settings.h"
 
 namespace cantorix {
 

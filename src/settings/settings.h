@@ -10,21 +10,9 @@
 #include <string>
 
 #include "platform/generic_parameters.h"
+#include "settings/application_settings.h"
 
 namespace cantorix {
-
-// Place of a window's normal geometry in pixels; a width or height of 0 means the default place.
-struct WindowPlacement {
-  std::int32_t x = 0;
-  std::int32_t y = 0;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-};
-
-struct ApplicationSettings {
-  std::int32_t memoryMinutes = 5;  // recordings of this length and more go to the disk store
-  WindowPlacement mainView, fftLpc, spectrogram, log, labelList;
-};
 
 struct DisplaySettings {
   std::int32_t automaticAnalysis = 0;  // pitch and intensity of the whole file after opening

@@ -8,6 +8,7 @@
 #include "analysis/square_sum.h"
 #include "analysis/test_signals.h"
 #include "platform/numbers.h"
+#include "settings/settings.h"
 #include "support/cancelling_progress.h"
 
 namespace cantorix {

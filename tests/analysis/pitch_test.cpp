@@ -7,6 +7,7 @@
 
 #include "analysis/cepstral_track.h"
 #include "analysis/plain_cepstrum.h"
+#include "settings/settings.h"
 #include "support/cancelling_progress.h"
 
 namespace cantorix {

@@ -9,6 +9,7 @@
 #include "analysis/formants.h"
 #include "analysis/plain_frames.h"
 #include "analysis/spectrogram_column.h"
+#include "settings/settings.h"
 #include "support/cancelling_progress.h"
 
 namespace cantorix {

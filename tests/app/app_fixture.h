@@ -7,6 +7,7 @@
 
 #include "app/application.h"
 #include "settings/config_file.h"
+#include "settings/settings.h"
 #include "support/cancelling_progress.h"
 #include "support/fake_services.h"
 #include "support/scripted_prompts.h"

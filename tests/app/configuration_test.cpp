@@ -7,6 +7,7 @@
 
 #include "app/configuration_commands.h"
 #include "app_fixture.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -8,6 +8,7 @@
 
 #include "app_fixture.h"
 #include "platform/file.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -6,6 +6,7 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/display_option_frame.h"
 #include "document/document.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/view_commands.h"
 
 namespace cantorix {

@@ -17,6 +17,7 @@
 #include "desktop/dialogs/spectrogram_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/qt_text.h"
+#include "mainview/dialog_answers.h"
 #include "support/scripted_prompts.h"
 
 namespace cantorix {

@@ -16,6 +16,7 @@
 #include "desktop/main_view_output.h"
 #include "mainview/view_commands.h"
 #include "platform/file_error.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

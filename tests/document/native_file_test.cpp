@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "document/label.h"
 #include "document/native_io.h"
 #include "platform/bytes.h"
 

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "document/label.h"
+#include "document/tier.h"
 #include "support/byte_builder.h"
 
 namespace cantorix::fixture {

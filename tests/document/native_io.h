@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "document/label.h"
 #include "document/native_file.h"
 #include "document/native_fixture.h"
 #include "document/sample_access.h"

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "document/label.h"
 #include "document/native_io.h"
 #include "document/wav_file.h"
 #include "platform/abandon.h"

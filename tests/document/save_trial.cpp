@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "document/label.h"
 #include "document/native_file.h"
 #include "platform/file_error.h"
 #include "platform/prompts.h"

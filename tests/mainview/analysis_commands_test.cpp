@@ -7,6 +7,7 @@
 
 #include "analysis/test_signals.h"
 #include "mainview/view_commands.h"
+#include "settings/settings.h"
 #include "view_fixture.h"
 
 namespace cantorix {

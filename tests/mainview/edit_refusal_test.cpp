@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "document/label.h"
 #include "mainview/editing.h"
 #include "mainview/view_fixture.h"
 #include "platform/abandon.h"

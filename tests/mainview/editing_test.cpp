@@ -4,10 +4,12 @@
 
 #include <random>
 
+#include "document/label.h"
 #include "mainview/editing.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
 #include "mainview/view_fixture.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {
@@ -167,7 +169,10 @@ TEST_F(EditingTest, PasteInsertsAtTheCursorOrReplacesTheSelection) {
 
 TEST_F(EditingTest, LabelsTakeTheirTierIntoUse) {
   CopyWholeOf(world, Ramp(4), 1000.0, 1.0);
-  world.clipboard.slots[0].tiers[6] = {"phones", {LabelOf(2.0, "p")}, 20, true};
+  Tier& phones = world.clipboard.slots[0].tiers[6];
+  phones.name = "phones";
+  phones.labels = {LabelOf(2.0, "p")};
+  phones.inUse = true;
   ViewedRecording talk(world, Ramp(10));
   talk.channel().tiers[6].labels = {LabelOf(5.0, "of before")};
   PutCursor(talk, 3.0);

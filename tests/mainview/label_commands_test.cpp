@@ -6,12 +6,16 @@
 
 #include <functional>
 
+#include "document/label.h"
 #include "label_fixture.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/editing.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/label_list.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
 #include "platform/abandon.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "document/label.h"
 #include "wide_view.h"
 
 namespace cantorix {

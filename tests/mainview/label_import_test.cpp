@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "document/label.h"
+
 namespace cantorix {
 namespace {
 

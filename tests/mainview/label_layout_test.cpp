@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "document/label.h"
 #include "mainview/view_commands.h"
 #include "wide_view.h"
 

@@ -3,8 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include "document/label.h"
 #include "label_fixture.h"
 #include "mainview/view_commands.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -6,6 +6,8 @@
 
 #include <filesystem>
 
+#include "document/label.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/view_commands.h"
 #include "platform/file_error.h"
 #include "wide_view.h"

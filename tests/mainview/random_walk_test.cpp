@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"

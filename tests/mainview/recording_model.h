@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "document/label.h"
+
 namespace cantorix {
 
 struct ModelLabel {

@@ -3,7 +3,9 @@
 
 #include <span>
 
+#include "document/label.h"
 #include "label_fixture.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/label_commands.h"
 #include "settings/config_file.h"
 

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "document/label.h"
 #include "document/native_file.h"
 #include "mainview/editing.h"
 #include "mainview/view_fixture.h"

@@ -13,6 +13,7 @@
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
 #include "platform/abandon.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

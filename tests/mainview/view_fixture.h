@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "document/label.h"
 #include "mainview/clipboard.h"
 #include "mainview/editing.h"
 #include "mainview/sonadex_view.h"

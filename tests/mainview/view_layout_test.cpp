@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "mainview/time_axis.h"
+#include "settings/settings.h"
 #include "support/test_host.h"
 
 namespace cantorix {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/file.h"
+#include "settings/settings.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {

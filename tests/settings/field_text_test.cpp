@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "settings/settings.h"
+
 namespace cantorix {
 namespace {
 

@@ -8,6 +8,7 @@
 
 #include "platform/bytes.h"
 #include "settings/record.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

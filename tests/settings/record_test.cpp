@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/bytes.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

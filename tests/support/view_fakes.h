@@ -10,9 +10,12 @@
 #include <utility>
 #include <vector>
 
+#include "document/label.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/log_entry.h"
 #include "mainview/view_dialogs.h"
 #include "mainview/view_ports.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

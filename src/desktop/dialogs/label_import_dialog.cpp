@@ -9,6 +9,8 @@
 #include <algorithm>
 
 #include "desktop/qt_text.h"
+#include "document/label.h"
+#include "mainview/dialog_answers.h"
 
 namespace cantorix {
 

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/qt_text.h"
+#include "mainview/dialog_answers.h"
 #include "platform/bytes.h"
 
 namespace cantorix {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "desktop/dialogs/form_dialog.h"
+#include "document/tier.h"
 #include "mainview/view_dialogs.h"
 
 class QGridLayout;

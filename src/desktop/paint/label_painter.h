@@ -7,6 +7,7 @@
 
 #include "desktop/paint/paint_style.h"
 #include "document/label.h"
+#include "document/tier.h"
 #include "mainview/axis_scale.h"
 #include "mainview/view_ports.h"
 

@@ -10,8 +10,10 @@
 #include "desktop/paint/readout_painter.h"
 #include "desktop/paint/signal_strips.h"
 #include "desktop/paint/window_strips.h"
+#include "mainview/label_entry_state.h"
 #include "mainview/readout_texts.h"
 #include "mainview/time_axis.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

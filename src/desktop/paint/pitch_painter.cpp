@@ -7,6 +7,7 @@
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/signal_strips.h"
 #include "mainview/track_lookup.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

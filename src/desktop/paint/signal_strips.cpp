@@ -9,6 +9,7 @@
 
 #include "desktop/paint/picture_axis.h"
 #include "mainview/track_columns.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

@@ -7,6 +7,7 @@
 #include <QPrinter>
 
 #include "desktop/picture_sheet.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

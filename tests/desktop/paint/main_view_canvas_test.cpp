@@ -6,7 +6,9 @@
 #include <algorithm>
 
 #include "desktop/paint/paint_fixture.h"
+#include "document/label.h"
 #include "mainview/view_commands.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

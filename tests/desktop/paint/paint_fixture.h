@@ -10,8 +10,10 @@
 #include "analysis/pitch.h"
 #include "desktop/paint/paint_style.h"
 #include "desktop/qt_text.h"
+#include "document/label.h"
 #include "mainview/document_waveform.h"
 #include "mainview/view_fixture.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 

@@ -12,6 +12,7 @@
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/paint/spectrum_painter.h"
 #include "desktop/paint/text_recorder.h"
+#include "document/label.h"
 
 namespace cantorix {
 namespace {

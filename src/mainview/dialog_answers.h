@@ -1,0 +1,34 @@
+// dialog_answers.h - what the dialogs of labels and tiers are filled with and give back.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "document/label.h"
+#include "document/label_import_options.h"
+#include "document/tier.h"
+
+namespace cantorix {
+
+// One line of the "Tiers Option" dialog.
+struct TierSetup {
+  std::string name;
+  std::int32_t height = 20;  // pixels, 1 and more
+  bool inUse = false;
+
+  bool operator==(const TierSetup&) const = default;
+};
+using TierSetups = std::array<TierSetup, kTierCount>;
+
+struct LabelAnswer {
+  Label label;
+  bool remove = false;  // the user pressed Delete
+};
+
+struct LabelImportAnswer {
+  std::string tierName;
+  LabelImportOptions options;
+};
+
+}  // namespace cantorix
