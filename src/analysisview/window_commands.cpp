@@ -1,4 +1,4 @@
-// window_commands.cpp
+// window_commands.cpp - the rows of the table, and what carries them out.
 #include "analysisview/window_commands.h"
 
 #include <algorithm>

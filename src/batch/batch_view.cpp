@@ -1,4 +1,4 @@
-// batch_view.cpp
+// batch_view.cpp - the window of a view without a screen.
 #include "batch/batch_view.h"
 
 #include <filesystem>

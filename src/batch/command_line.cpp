@@ -1,4 +1,4 @@
-// command_line.cpp
+// command_line.cpp - the parser's own errors become lines of the program.
 #include "batch/command_line.h"
 
 #include <cstdio>

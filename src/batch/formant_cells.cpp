@@ -1,4 +1,4 @@
-// formant_cells.cpp
+// formant_cells.cpp - "-" where there is none, 0 where the column is silent.
 #include "batch/formant_cells.h"
 
 namespace cantorix::batch {

@@ -1,4 +1,4 @@
-// log_rows.cpp
+// log_rows.cpp - captions first, then rows as they come.
 #include "batch/log_rows.h"
 
 #include "app/log_file.h"

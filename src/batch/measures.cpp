@@ -1,4 +1,4 @@
-// measures.cpp
+// measures.cpp - one entry for each verb.
 #include "batch/measures.h"
 
 #include "batch/log_rows.h"

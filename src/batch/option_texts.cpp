@@ -1,4 +1,4 @@
-// option_texts.cpp
+// option_texts.cpp - texts taken apart, with an error that names the option.
 #include "batch/option_texts.h"
 
 #include <CLI/CLI.hpp>

@@ -1,4 +1,4 @@
-// run_step.cpp
+// run_step.cpp - each step of `edit` to the command that it names.
 #include "batch/run_step.h"
 
 #include "batch/stretch.h"

@@ -1,4 +1,4 @@
-// stream_place.cpp
+// stream_place.cpp - which places are streams, and a pipe written down.
 #include "batch/stream_place.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// stretch.cpp
+// stretch.cpp - the one rule for every verb, and the line that names the recording's length.
 #include "batch/stretch.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// about_box.cpp
+// about_box.cpp - the texts of the box.
 #include "desktop/about_box.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// child_frame.cpp
+// child_frame.cpp - view, area and title of one document, and the question when it closes.
 #include "desktop/child_frame.h"
 
 #include <QAction>

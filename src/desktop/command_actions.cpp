@@ -1,4 +1,4 @@
-// command_actions.cpp
+// command_actions.cpp - rows of the table as actions in menus and tool bar.
 #include "desktop/command_actions.h"
 
 #include <QMainWindow>

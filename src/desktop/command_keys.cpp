@@ -1,4 +1,4 @@
-// command_keys.cpp
+// command_keys.cpp - the keys that a text field would swallow, claimed before it sees them.
 #include "desktop/command_keys.h"
 
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-// display_option_frame.cpp
+// display_option_frame.cpp - one box per option, written through to the document in front.
 #include "desktop/display_option_frame.h"
 
 #include <QButtonGroup>

@@ -1,4 +1,4 @@
-// file_filter.cpp
+// file_filter.cpp - quoted pieces between bars, taken apart into texts and patterns.
 #include "desktop/file_filter.h"
 
 #include "desktop/qt_text.h"

@@ -1,4 +1,4 @@
-// frame_commands.cpp
+// frame_commands.cpp - one function for each command of the frame.
 #include "desktop/frame_commands.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-// label_list_frame.cpp
+// label_list_frame.cpp - rows, their keys and their menu.
 #include "desktop/label_list_frame.h"
 
 #include <QHBoxLayout>

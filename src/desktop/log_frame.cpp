@@ -1,4 +1,4 @@
-// log_frame.cpp
+// log_frame.cpp - the frame that shows and hides with the log, and the form with its table.
 #include "desktop/log_frame.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// log_model.cpp
+// log_model.cpp - cells and headings as the toolkit asks for them.
 #include "desktop/log_model.h"
 
 #include "desktop/qt_text.h"

@@ -1,4 +1,4 @@
-// main_view_output.cpp
+// main_view_output.cpp - each output command to its file or page.
 #include "desktop/main_view_output.h"
 
 #include <QPageSetupDialog>

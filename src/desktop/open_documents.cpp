@@ -1,4 +1,4 @@
-// open_documents.cpp
+// open_documents.cpp - a path that is open already is not opened twice.
 #include "desktop/open_documents.h"
 
 #include <filesystem>

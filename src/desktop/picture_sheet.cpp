@@ -1,4 +1,4 @@
-// picture_sheet.cpp
+// picture_sheet.cpp - endings, sizes of sheets and places on a page.
 #include "desktop/picture_sheet.h"
 
 #include <QPrinter>

@@ -1,4 +1,4 @@
-// qt_shell_opener.cpp
+// qt_shell_opener.cpp - one call of the desktop.
 #include "desktop/qt_shell_opener.h"
 
 #include <QDesktopServices>

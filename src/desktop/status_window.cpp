@@ -1,4 +1,4 @@
-// status_window.cpp
+// status_window.cpp - text, bar and place of the window.
 #include "desktop/status_window.h"
 
 #include <QGuiApplication>

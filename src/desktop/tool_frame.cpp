@@ -1,4 +1,4 @@
-// tool_frame.cpp
+// tool_frame.cpp - the place taken when shown and remembered when moved.
 #include "desktop/tool_frame.h"
 
 namespace cantorix {

@@ -1,4 +1,4 @@
-// save_commands.cpp
+// save_commands.cpp - names asked for, writers called, failures shown.
 #include "document/save_commands.h"
 
 #include <algorithm>

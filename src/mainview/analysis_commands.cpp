@@ -1,4 +1,4 @@
-// analysis_commands.cpp
+// analysis_commands.cpp - a stretch, the run, and where its result goes.
 #include "mainview/analysis_commands.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// axis_ticks.cpp
+// axis_ticks.cpp - the step that fits, then the ticks within the axis.
 #include "mainview/axis_ticks.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// clipboard.cpp
+// clipboard.cpp - what emptying gives back.
 #include "mainview/clipboard.h"
 
 #include "document/label.h"

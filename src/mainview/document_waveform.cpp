@@ -1,4 +1,4 @@
-// document_waveform.cpp
+// document_waveform.cpp - the pyramid dropped when the samples change.
 #include "mainview/document_waveform.h"
 
 namespace cantorix {

@@ -1,4 +1,4 @@
-// edit_span.cpp
+// edit_span.cpp - clamping, and times that stand for whole samples.
 #include "mainview/edit_span.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// edit_steps.cpp
+// edit_steps.cpp - refusals before an edit, the steps after it.
 #include "mainview/edit_steps.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// label_layout.cpp
+// label_layout.cpp - boxes of texts, and which of them holds a point.
 #include "mainview/label_layout.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// label_list.cpp
+// label_list.cpp - rows tier by tier; one that no longer fits its label does nothing.
 #include "mainview/label_list.h"
 
 #include "document/label.h"

@@ -1,4 +1,4 @@
-// log_commands.cpp
+// log_commands.cpp - each kind of row from cursor, selection, tracks and labels.
 #include "mainview/log_commands.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-// mouse.cpp
+// mouse.cpp - press, move and release in their order of rules.
 #include "mainview/mouse.h"
 
 #include <algorithm>

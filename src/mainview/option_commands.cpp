@@ -1,4 +1,4 @@
-// option_commands.cpp
+// option_commands.cpp - one dialog, one group of settings, one patch of the file for each entry.
 #include "mainview/option_commands.h"
 
 #include "settings/config_file.h"

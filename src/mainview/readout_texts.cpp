@@ -1,4 +1,4 @@
-// readout_texts.cpp
+// readout_texts.cpp - the six pairs as texts, and where they stand.
 #include "mainview/readout_texts.h"
 
 #include "platform/numbers.h"

@@ -1,4 +1,4 @@
-// sample_rewrite.cpp
+// sample_rewrite.cpp - blocks of one second of the store, or the memory block in one go.
 #include "mainview/sample_rewrite.h"
 
 #include <algorithm>

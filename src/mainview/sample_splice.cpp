@@ -1,4 +1,4 @@
-// sample_splice.cpp
+// sample_splice.cpp - the rest moved up over a cut, or three pieces laid end to end.
 #include "mainview/sample_splice.h"
 
 #include <algorithm>

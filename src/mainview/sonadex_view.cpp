@@ -1,4 +1,4 @@
-// sonadex_view.cpp
+// sonadex_view.cpp - what follows a change, and who is told of it.
 #include "mainview/sonadex_view.h"
 
 #include <exception>

@@ -1,4 +1,4 @@
-// time_axis.cpp
+// time_axis.cpp - pixels to times and back in the stated order of doubles.
 #include "mainview/time_axis.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// track_columns.cpp
+// track_columns.cpp - the entries around a column, and their extent.
 #include "mainview/track_columns.h"
 
 #include <algorithm>

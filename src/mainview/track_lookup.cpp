@@ -1,4 +1,4 @@
-// track_lookup.cpp
+// track_lookup.cpp - an entry's index in the stated order of doubles, and its value.
 #include "mainview/track_lookup.h"
 
 #include "platform/numbers.h"

@@ -1,4 +1,4 @@
-// view_commands.cpp
+// view_commands.cpp - each command as a few calls of the rules.
 #include "mainview/view_commands.h"
 
 #include <algorithm>

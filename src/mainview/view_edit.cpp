@@ -1,4 +1,4 @@
-// view_edit.cpp
+// view_edit.cpp - what a scope begins with and tells when it ends.
 #include "mainview/view_edit.h"
 
 #include "mainview/editing.h"

@@ -1,4 +1,4 @@
-// view_layout.cpp
+// view_layout.cpp - strips from the top down, the fixed ones from the bottom up.
 #include "mainview/view_layout.h"
 
 #include <algorithm>

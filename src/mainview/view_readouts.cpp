@@ -1,4 +1,4 @@
-// view_readouts.cpp
+// view_readouts.cpp - cursor and selection turned into the numbers of the strip.
 #include "mainview/view_readouts.h"
 
 #include "mainview/time_axis.h"

@@ -1,4 +1,4 @@
-// waveform_pyramid.cpp
+// waveform_pyramid.cpp - levels built from the one below, and the extent of any piece.
 #include "mainview/waveform_pyramid.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// wheel_zoom.cpp
+// wheel_zoom.cpp - the stretch grown or shrunk around the pointer.
 #include "mainview/wheel_zoom.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// zoom.cpp
+// zoom.cpp - each zoom as a new stretch inside the recording.
 #include "mainview/zoom.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// command.cpp
+// command.cpp - pipes to the program's standard files, and its exit code.
 #include "batch/command.h"
 
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-// axis_ticks_test.cpp
+// axis_ticks_test.cpp - steps, texts and ends of axes.
 #include "mainview/axis_ticks.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// track_columns_test.cpp
+// track_columns_test.cpp - entries and extents under a column.
 #include "mainview/track_columns.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// samples.cpp
+// samples.cpp - the path, as the build gives it.
 #include "support/samples.h"
 
 namespace cantorix {

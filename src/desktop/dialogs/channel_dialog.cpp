@@ -1,4 +1,4 @@
-// channel_dialog.cpp
+// channel_dialog.cpp - one entry for each channel.
 #include "desktop/dialogs/channel_dialog.h"
 
 #include <QDialogButtonBox>

@@ -1,4 +1,4 @@
-// fft_lpc_dialog.cpp
+// fft_lpc_dialog.cpp - the fields in their groups, filled, checked and read.
 #include "desktop/dialogs/fft_lpc_dialog.h"
 
 #include <QButtonGroup>

@@ -1,4 +1,4 @@
-// generic_dialog.cpp
+// generic_dialog.cpp - the fields of header, rate and format, filled and read.
 #include "desktop/dialogs/generic_dialog.h"
 
 #include <QButtonGroup>

@@ -1,4 +1,4 @@
-// label_dialog.cpp
+// label_dialog.cpp - text, font, colour and line, with Delete where the label exists.
 #include "desktop/dialogs/label_dialog.h"
 
 #include <QButtonGroup>

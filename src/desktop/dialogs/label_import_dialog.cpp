@@ -1,4 +1,4 @@
-// label_import_dialog.cpp
+// label_import_dialog.cpp - the choice of tier, unit and alignment.
 #include "desktop/dialogs/label_import_dialog.h"
 
 #include <QButtonGroup>

@@ -1,4 +1,4 @@
-// print_size_group.cpp
+// print_size_group.cpp - width, height and unit as one group of fields.
 #include "desktop/dialogs/print_size_group.h"
 
 #include <QAbstractButton>

@@ -1,4 +1,4 @@
-// spectrogram_dialog.cpp
+// spectrogram_dialog.cpp - the fields in their groups, filled, checked and read.
 #include "desktop/dialogs/spectrogram_dialog.h"
 
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-// tiers_dialog.cpp
+// tiers_dialog.cpp - ten lines of box, name and height.
 #include "desktop/dialogs/tiers_dialog.h"
 
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-// cached_picture.cpp
+// cached_picture.cpp - the image, and when it no longer fits.
 #include "desktop/paint/cached_picture.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// label_painter.cpp
+// label_painter.cpp - a strip, then its texts, boxes and lines.
 #include "desktop/paint/label_painter.h"
 
 #include <QFontMetrics>

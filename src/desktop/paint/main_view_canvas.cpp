@@ -1,4 +1,4 @@
-// main_view_canvas.cpp
+// main_view_canvas.cpp - which change makes which layer stale.
 #include "desktop/paint/main_view_canvas.h"
 
 #include "desktop/qt_text.h"

@@ -1,4 +1,4 @@
-// main_view_painter.cpp
+// main_view_painter.cpp - three passes: background, data, overlay.
 #include "desktop/paint/main_view_painter.h"
 
 #include <algorithm>

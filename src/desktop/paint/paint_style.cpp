@@ -1,4 +1,4 @@
-// paint_style.cpp
+// paint_style.cpp - the two palettes and the black and white of prints.
 #include "desktop/paint/paint_style.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// picture_axis.cpp
+// picture_axis.cpp - ticks as lines and texts, and which texts give way.
 #include "desktop/paint/picture_axis.h"
 
 #include <algorithm>

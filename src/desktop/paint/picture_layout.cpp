@@ -1,4 +1,4 @@
-// picture_layout.cpp
+// picture_layout.cpp - the layout of another size for as long as a picture is painted.
 #include "desktop/paint/picture_layout.h"
 
 namespace cantorix {

@@ -1,4 +1,4 @@
-// picture_text.cpp
+// picture_text.cpp - boxes measured from the fonts that draw them.
 #include "desktop/paint/picture_text.h"
 
 #include <QFontMetricsF>

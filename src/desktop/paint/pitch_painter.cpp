@@ -1,4 +1,4 @@
-// pitch_painter.cpp
+// pitch_painter.cpp - background with axes, the track with its gaps, then the cursor.
 #include "desktop/paint/pitch_painter.h"
 
 #include <algorithm>

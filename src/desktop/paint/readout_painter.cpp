@@ -1,4 +1,4 @@
-// readout_painter.cpp
+// readout_painter.cpp - pairs of label and value from left to right.
 #include "desktop/paint/readout_painter.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// spectrogram_image.cpp
+// spectrogram_image.cpp - levels to table entries, the highest frequency on top.
 #include "desktop/paint/spectrogram_image.h"
 
 #include <span>

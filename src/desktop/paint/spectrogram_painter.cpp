@@ -1,4 +1,4 @@
-// spectrogram_painter.cpp
+// spectrogram_painter.cpp - the image stretched over the plot, dots of formants, then the cursor.
 #include "desktop/paint/spectrogram_painter.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// spectrum_painter.cpp
+// spectrum_painter.cpp - background with axes, the two curves, then the cursor.
 #include "desktop/paint/spectrum_painter.h"
 
 #include <QPolygonF>

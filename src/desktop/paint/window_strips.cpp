@@ -1,4 +1,4 @@
-// window_strips.cpp
+// window_strips.cpp - strips from the top down, then cursor, selection and readouts.
 #include "desktop/paint/window_strips.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// analysis_canvas.cpp
+// analysis_canvas.cpp - events of the toolkit as calls of the model.
 #include "desktop/windows/analysis_canvas.h"
 
 #include <QKeyEvent>

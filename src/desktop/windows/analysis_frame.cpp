@@ -1,4 +1,4 @@
-// analysis_frame.cpp
+// analysis_frame.cpp - the strip of commands, the timer, and failures shown.
 #include "desktop/windows/analysis_frame.h"
 
 #include <QClipboard>

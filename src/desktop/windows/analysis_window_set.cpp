@@ -1,4 +1,4 @@
-// analysis_window_set.cpp
+// analysis_window_set.cpp - windows found again, made and taken along by their view.
 #include "desktop/windows/analysis_window_set.h"
 
 #include <QMdiArea>

@@ -1,4 +1,4 @@
-// fft_lpc_frame.cpp
+// fft_lpc_frame.cpp - model, picture and strip put together.
 #include "desktop/windows/fft_lpc_frame.h"
 
 namespace cantorix {

@@ -1,4 +1,4 @@
-// picture_output.cpp
+// picture_output.cpp - size and colours of a sheet, then one way out for each command.
 #include "desktop/windows/picture_output.h"
 
 #include <QClipboard>

@@ -1,4 +1,4 @@
-// pitch_frame.cpp
+// pitch_frame.cpp - model, picture and strip put together.
 #include "desktop/windows/pitch_frame.h"
 
 namespace cantorix {

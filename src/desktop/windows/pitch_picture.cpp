@@ -1,4 +1,4 @@
-// pitch_picture.cpp
+// pitch_picture.cpp - what the painter needs, taken from model and document.
 #include "desktop/windows/pitch_picture.h"
 
 namespace cantorix {

@@ -1,4 +1,4 @@
-// spectrogram_frame.cpp
+// spectrogram_frame.cpp - the fields for colours and dynamic range beside the commands.
 #include "desktop/windows/spectrogram_frame.h"
 
 #include <QComboBox>

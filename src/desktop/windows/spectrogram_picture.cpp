@@ -1,4 +1,4 @@
-// spectrogram_picture.cpp
+// spectrogram_picture.cpp - what the painter needs, and when the levels become a new image.
 #include "desktop/windows/spectrogram_picture.h"
 
 #include "desktop/paint/spectrogram_image.h"

@@ -1,4 +1,4 @@
-// window_actions.cpp
+// window_actions.cpp - rows of the table as actions, in groups.
 #include "desktop/windows/window_actions.h"
 
 namespace cantorix {

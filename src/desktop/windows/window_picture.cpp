@@ -1,4 +1,4 @@
-// window_picture.cpp
+// window_picture.cpp - the kept image, and the same picture on other devices.
 #include "desktop/windows/window_picture.h"
 
 #include <cmath>

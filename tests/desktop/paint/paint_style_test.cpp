@@ -1,4 +1,4 @@
-// paint_style_test.cpp
+// paint_style_test.cpp - colours that can be told apart in both palettes.
 #include "desktop/paint/paint_style.h"
 
 #include <gtest/gtest.h>

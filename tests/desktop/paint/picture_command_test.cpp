@@ -1,4 +1,4 @@
-// picture_command_test.cpp
+// picture_command_test.cpp - the option that draws a recording into a file.
 #include "desktop/picture_command.h"
 
 #include <gtest/gtest.h>

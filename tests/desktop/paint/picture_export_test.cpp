@@ -1,4 +1,4 @@
-// picture_export_test.cpp
+// picture_export_test.cpp - one picture in each kind of file.
 #include "desktop/paint/picture_export.h"
 
 #include <gtest/gtest.h>
