@@ -75,21 +75,31 @@ std::vector<double> FrameLevels(SampleWindow& samples, const Framing& framing,
 }
 
 // Kept: the extremes start at these values and change by strict comparison only, so a recording of
-// silence keeps the maximum's, and one without a frame both.
-void FindExtremes(const std::vector<double>& levels, IntensityResult& result) {
+// silence keeps the maximum's, and one without a frame both. False when the user cancelled.
+bool FindExtremes(const std::vector<double>& levels, ProgressScope& progress,
+                  IntensityResult& result) {
   result.IntensityMax = -1e9;
   result.IntensityMin = 1e9;
+  auto done = static_cast<double>(levels.size());
   for (const double level : levels) {
+    if (progress.Cancelled(done++)) return false;
     if (level > result.IntensityMax) result.IntensityMax = level;
     if (level < result.IntensityMin) result.IntensityMin = level;
   }
+  return true;
 }
 
-// Kept: with a silent frame the others become infinite and the silent ones NaN.
-void MakeRelative(std::vector<double>& levels, IntensityResult& result) {
-  for (double& level : levels) level -= result.IntensityMin;
+// Kept: with a silent frame the others become infinite and the silent ones NaN. False when the user
+// cancelled.
+bool MakeRelative(std::vector<double>& levels, ProgressScope& progress, IntensityResult& result) {
+  double done = 2.0 * static_cast<double>(levels.size());
+  for (double& level : levels) {
+    if (progress.Cancelled(done++)) return false;
+    level -= result.IntensityMin;
+  }
   result.IntensityMax -= result.IntensityMin;
   result.IntensityMin = 0.0;
+  return true;
 }
 
 }  // namespace
@@ -110,8 +120,9 @@ IntensityResult ComputeIntensity(const SampleSource& samples, const SampleRange&
     SampleWindow window(samples, Truncate(range.start));
     std::vector<double> levels = FrameLevels(window, framing, scope);
     if (std::ssize(levels) < framing.count()) return result;
-    FindExtremes(levels, result);
-    if (relative) MakeRelative(levels, result);
+    if (!FindExtremes(levels, scope, result)) return result;
+    if (relative && !MakeRelative(levels, scope, result)) return result;
+    if (scope.Cancelled(units)) return result;  // the bar's end, also with a part of a frame left
     result.IntensityTrack = LevelTrack(std::move(levels), framing.step, framing.window,
                                        std::max<std::int64_t>(Truncate(length), 0));
   } catch (const std::bad_alloc&) {

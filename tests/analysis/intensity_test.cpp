@@ -213,20 +213,24 @@ TEST(ComputeIntensity, RefusesSettingsThatNeverEndOrOutgrowTheRecording) {
   }
 }
 
-TEST(ComputeIntensity, ShowsItsTextAndEndsWhenTheUserCancels) {
+TEST(ComputeIntensity, FillsItsBarUnlessTheUserCancels) {
   const Samples x = Noise(20000, 3000);
   for (const int relative : {0, 1}) {
-    for (const int cancelAt : {1, 197, 198, 199}) {  // of 197 frames
+    const int passes = relative == 0 ? 2 : 3;
+    const int steps = passes * 197 + 1;  // of 197 frames and the part of one that is left
+    for (const int cancelAt : {1, 198, steps - 1, steps, steps + 1}) {
       CancellingProgress progress(cancelAt);
       const auto result =
           ComputeIntensity(SpanSource(x), Whole(x), 10000.0, {20.0, 10.0, relative}, progress);
       EXPECT_EQ(progress.texts,
                 std::vector<std::string>{" Processing Intensity...(Press mouse to cancel)"});
-      EXPECT_EQ(progress.totals[0], (relative == 0 ? 2.0 : 3.0) * (20000.0 - 200.5) / 100.0);
-      EXPECT_EQ(progress.done.size(), std::min(cancelAt, 197)) << "one step a frame";
+      EXPECT_EQ(progress.totals[0], passes * (20000.0 - 200.5) / 100.0);
+      EXPECT_EQ(progress.done.size(), std::min(cancelAt, steps));
+      EXPECT_TRUE(std::is_sorted(progress.done.begin(), progress.done.end()));
+      EXPECT_EQ(progress.done.back() == progress.totals[0], cancelAt >= steps);
       EXPECT_EQ(progress.endCount, 1);
-      EXPECT_EQ(result.IntensityValid, cancelAt > 197) << cancelAt;
-      EXPECT_EQ(result.IntensityTrack.size(), cancelAt > 197 ? 20000 : 0);
+      EXPECT_EQ(result.IntensityValid, cancelAt > steps) << cancelAt;
+      EXPECT_EQ(result.IntensityTrack.size(), cancelAt > steps ? 20000 : 0);
     }
   }
 }
