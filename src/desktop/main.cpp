@@ -3,28 +3,42 @@
 #include <QApplication>
 #include <QLocale>
 #include <clocale>
+#include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "desktop/picture_command.h"
 #include "desktop/program.h"
+#include "desktop/qt_messages.h"
+#include "desktop/start_arguments.h"
 
 namespace {
 
 // No window is opened, so none of the user's screens is asked for.
 int DrawPicture(int argc, char** argv, const std::vector<std::string>& arguments) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  cantorix::DropQtRemarks();
   QGuiApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   return cantorix::RunPictureCommand(arguments);
+}
+
+std::unique_ptr<QApplication> FindDisplay(int& argc, char** argv) {
+  const cantorix::DisplaySearch search;
+  return std::make_unique<QApplication>(argc, argv);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> given(argv + 1, argv + argc);
+  if (const auto answer = cantorix::AnswerWithoutWindow(given)) {
+    std::cout << *answer;
+    return 0;
+  }
   if (cantorix::AsksForPicture(given)) return DrawPicture(argc, argv, given);
-  QApplication application(argc, argv);
+  const auto application = FindDisplay(argc, argv);
   // Numbers have a decimal point, whatever the user's locale.
   QLocale::setDefault(QLocale::c());
   std::setlocale(LC_NUMERIC, "C");

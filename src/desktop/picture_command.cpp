@@ -24,9 +24,6 @@ namespace cantorix {
 namespace {
 
 constexpr int kMostPixels = 20000;  // of a side
-constexpr const char* kUsage =
-    "usage: cantorix --picture main|pitch|spectrum|spectrogram OUT.png|svg|pdf|bmp\n"
-    "                [--size WxH] [--scale N] [--dark] [--select FROM:TO] [--at MS] FILE\n";
 
 struct Request {
   std::string kind, out, file;
@@ -250,7 +247,7 @@ int RunPictureCommand(std::span<const std::string> arguments) {
       if (kind.name == request->kind) return Draw(*request, kind);
     }
   }
-  std::cerr << kUsage;
+  std::cerr << "usage: " << kPictureUsage;
   return 2;
 }
 
