@@ -2,8 +2,10 @@
 // to slow a run down.
 #include "desktop/qt_progress.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
+#include <QMenu>
+#include <QMenuBar>
 
 #include "desktop/qt_text.h"
 
@@ -44,13 +46,27 @@ bool IsInput(QEvent::Type type) {
 
 }  // namespace
 
+// The menu bar opens by its mnemonics, and an open menu takes the keys: "Close Status Window" is
+// there. Every other command waits for the end of the operation by itself.
+bool UsesMenus(const QObject* receiver, QEvent::Type type) {
+  switch (type) {
+    case QEvent::Shortcut:
+      return qobject_cast<const QMenuBar*>(receiver) != nullptr;
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return qobject_cast<const QMenu*>(receiver) != nullptr;
+    default:
+      return false;
+  }
+}
+
 // Sees every event of the program before its receiver does.
 class QtProgress::InputFilter : public QObject {
  public:
   bool pressed = false;
 
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (!IsInput(event->type())) return false;
+  bool eventFilter(QObject* receiver, QEvent* event) override {
+    if (!IsInput(event->type()) || UsesMenus(receiver, event->type())) return false;
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) {
       pressed = true;
     }
@@ -71,7 +87,7 @@ void QtProgress::SetOwner(QWidget* owner) {
 
 void QtProgress::Begin(std::string_view text, double totalUnits) {
   if (operations_.empty()) {
-    cancelled_ = false;
+    cancelled_ = windowClosed_ = false;
     sinceLook_.start();
   }
   operations_.push_back({Shown(text), totalUnits});
@@ -93,14 +109,21 @@ void QtProgress::End() {
   }
 }
 
+void QtProgress::BeginWait() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+
+void QtProgress::EndWait() { QApplication::restoreOverrideCursor(); }
+
 void QtProgress::CloseWindow() {
+  windowClosed_ = true;
   if (window_) window_->hide();
 }
 
 void QtProgress::Look(double doneUnits) {
   if (!window_) window_ = std::make_unique<CStatusWindow>(owner_);
   const Operation& operation = operations_.back();
-  if (!window_->isVisible()) window_->ShowText(operation.text, operation.totalUnits);
+  if (!window_->isVisible() && !windowClosed_) {
+    window_->ShowText(operation.text, operation.totalUnits);
+  }
   window_->SetDone(doneUnits);
   filter_->pressed = false;
   QCoreApplication::instance()->installEventFilter(filter_.get());

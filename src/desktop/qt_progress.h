@@ -1,5 +1,6 @@
 // qt_progress.h - progress of a long operation on the interface thread, with a mouse press as the
-// user's way out. While one runs, windows are painted and nothing else that the user does counts.
+// user's way out. While one runs, windows are painted, the menus can be read with the keys, and
+// nothing else that the user does counts.
 #pragma once
 
 #include <QElapsedTimer>
@@ -25,12 +26,15 @@ class QtProgress : public Progress {
   void Begin(std::string_view text, double totalUnits) override;
   bool Step(double doneUnits) override;
   void End() override;
+  // The wait cursor.
+  void BeginWait() override;
+  void EndWait() override;
 
   // An operation is running, so none may begin from an event.
   bool running() const { return !operations_.empty(); }
   // The status window; null until an operation showed it.
   const CStatusWindow* window() const { return window_.get(); }
-  // "Close Status Window".
+  // "Close Status Window": it stays away until the next operation, which goes on meanwhile.
   void CloseWindow();
 
  private:
@@ -48,6 +52,7 @@ class QtProgress : public Progress {
   QWidget* owner_ = nullptr;
   QElapsedTimer sinceLook_;
   bool cancelled_ = false;
+  bool windowClosed_ = false;  // by the user, for the operations that run
 };
 
 }  // namespace cantorix

@@ -9,6 +9,7 @@
 #include "document/wav_file.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
+#include "platform/progress.h"
 #include "platform/prompts.h"
 
 namespace cantorix {
@@ -41,6 +42,12 @@ FileRequest DerivedRequest(const CSonadexDoc& document, const std::string& title
   return request;
 }
 
+// The user is shown that it takes its time.
+Durability WriteInSight(CSonadexDoc& document, const std::function<Durability()>& write) {
+  const WaitScope wait(document.host().progress);
+  return write();
+}
+
 enum class Outcome { kWritten, kFailed, kRefused };
 
 // Runs `write`, and reports when the file at `path` was not written, or perhaps not for good.
@@ -49,7 +56,7 @@ Outcome Write(CSonadexDoc& document, const std::string& path,
   Outcome outcome = Outcome::kFailed;
   std::string reason;
   try {
-    if (write() == Durability::kPerhapsNotYet) {
+    if (WriteInSight(document, write) == Durability::kPerhapsNotYet) {
       document.host().prompts.Message(SavedButPerhapsNotOnDisk(path));
     }
     return Outcome::kWritten;

@@ -22,6 +22,23 @@ class Progress {
   // Whether the user has cancelled, for a step that shows nothing: the last one before what was
   // made takes its place.
   virtual bool Cancelled() { return false; }
+
+  // Something is written that takes its time, with or without a status text: the user is shown that
+  // it does. Balanced.
+  virtual void BeginWait() {}
+  virtual void EndWait() {}
+};
+
+// Lets the user see for the length of a scope that the program is at work.
+class WaitScope {
+ public:
+  explicit WaitScope(Progress& progress) : progress_(progress) { progress_.BeginWait(); }
+  ~WaitScope() { progress_.EndWait(); }
+  WaitScope(const WaitScope&) = delete;
+  WaitScope& operator=(const WaitScope&) = delete;
+
+ private:
+  Progress& progress_;
 };
 
 // Shows a status text for the length of a scope.

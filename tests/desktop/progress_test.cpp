@@ -109,6 +109,35 @@ TEST_F(BusyFrame, NoSecondOperationBegins) {
   EXPECT_FALSE(frame.close());
 }
 
+TEST_F(BusyFrame, TheStatusWindowClosesByTheKeysOfItsMenuUntilTheNextOperation) {
+  OpenSample();
+  for (const bool closes : {true, false}) {
+    const ProgressScope scope(progress, "busy", 1.0);
+    EXPECT_FALSE(CancelledWithin(progress, 60));
+    ASSERT_TRUE(progress.window()->isVisible());
+    if (!closes) continue;
+    QTimer::singleShot(0, &frame, [this] {
+      QTest::keyClick(&frame, Qt::Key_W, Qt::AltModifier);
+      auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      menu->setActiveAction(&frame.actions().ActionOf(Command::kCloseStatusWindow));
+      QTest::keyClick(menu, Qt::Key_Return);
+    });
+    EXPECT_FALSE(CancelledWithin(progress, 100));
+    EXPECT_FALSE(progress.window()->isVisible());
+    EXPECT_TRUE(progress.running());
+  }
+}
+
+TEST_F(ProgressTest, WaitingShowsTheWaitCursor) {
+  {
+    const WaitScope wait(progress);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  }
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(BusyFrame, AWindowThatOpensMeanwhileBeginsAfterwards) {
   CSonadexDoc& document = OpenSample().document();
   frame.OpenNewWindow(document);

@@ -241,6 +241,8 @@ TEST_F(SaveCommandsTest, CancelledWritingOfAStoreLeavesTheEarlierFile) {
   host_.progress = CancellingProgress(1);
   EXPECT_THROW(SaveDocument(document_), Abandoned);
   EXPECT_EQ(ReadBytes(path_), earlier);
+  EXPECT_EQ(host_.progress.waits, 1) << "the user sees that it takes its time";
+  EXPECT_EQ(host_.progress.waiting, 0);
   EXPECT_TRUE(document_.isModified());
 }
 

@@ -28,10 +28,14 @@ class CancellingProgress : public Progress {
     return static_cast<int>(done.size()) >= cancelAtStep_;
   }
   void End() override { ++endCount; }
+  void BeginWait() override { ++waits, ++waiting; }
+  void EndWait() override { --waiting; }
 
   std::vector<std::string> texts;  // one per operation begun
   std::vector<double> totals;      // its units
   std::vector<double> done;        // one per step
+  int waits = 0;                   // begun
+  int waiting = 0;                 // begun and not ended
   int endCount = 0;                // equals texts.size() when every operation was ended
 
  private:
