@@ -11,70 +11,91 @@ namespace {
 constexpr std::uint32_t kToLog = kPictureThere | kPictureCurrent | kWindowLogOpen;
 constexpr std::uint32_t kInSpectra = kInFftLpc | kInSpectrogram;
 constexpr std::uint32_t kWithStrips = kInSpectrogram | kInPitch;
-constexpr const char* kEnteringText = "Entering into the log...(Press mouse to cancel)";
-constexpr auto kNoLog = std::nullopt;
-constexpr auto kNoSwitch = std::nullopt;
+
+// The rows of a log command into the open log; a long run of them can be stopped.
+template <WindowLog kLog>
+void Enter(AnalysisWindow& window) {
+  const std::vector<LogEntry> rows = window.LogRows(kLog);
+  ProgressScope scope(window.host().progress, kEnteringText, static_cast<double>(rows.size()));
+  double entered = 0.0;
+  for (const LogEntry& row : rows) {
+    if (window.openLog()->Append(row) || scope.Cancelled(++entered)) return;
+  }
+}
+
+template <WindowSwitch kSwitch>
+void Turn(AnalysisWindow& window) {
+  window.Toggle(kSwitch);
+}
+
+void Compute(AnalysisWindow& window) { window.Update(); }
+
+template <auto kAction>
+constexpr auto& ByWidget = Call<WindowActionsHost, kAction>;
+using Widget = WindowActionsHost;
+
+template <WindowLog kLog>
+constexpr WindowCommandRow LogRow(WindowCommand id, std::uint32_t windows, std::string_view text,
+                                  std::string_view key, std::string_view tip,
+                                  std::uint32_t conditions) {
+  return {id, windows, WindowGroup::kLog, text, key, tip, kToLog | conditions, Enter<kLog>};
+}
+
+template <WindowSwitch kSwitch>
+constexpr WindowCommandRow SwitchRow(WindowCommand id, std::uint32_t windows, std::string_view text,
+                                     std::string_view tip) {
+  return {id, windows, WindowGroup::kSwitches, text, "", tip, 0, Turn<kSwitch>, kSwitch};
+}
 
 // clang-format off
 constexpr WindowCommandRow kRows[] = {
-    {WindowCommand::kEnterMarker, kInAll, "Enter &Marker", "Ctrl+Shift+M",
-     "Enter the values at the marker into the log", kToLog | kMarkerThere,
-     WindowLog::kMarker, kNoSwitch},
-    {WindowCommand::kEnterFormants, kInFftLpc, "Enter &Formants", "Ctrl+Shift+F",
-     "Enter the formants and their bandwidths into the log", kToLog | kFormantsThere,
-     WindowLog::kFormantsHere, kNoSwitch},
-    {WindowCommand::kEnterFormants, kInSpectrogram, "Enter &Formants", "Ctrl+Shift+F",
-     "Enter the formants at the marker into the log", kToLog | kMarkerThere | kFormantsThere,
-     WindowLog::kFormantsHere, kNoSwitch},
-    {WindowCommand::kEnterFormantsAll, kInSpectrogram, "Enter Formants &All", "Ctrl+Shift+A",
-     "Enter the formants of every column into the log", kToLog | kFormantsThere,
-     WindowLog::kFormantsAll, kNoSwitch},
-    {WindowCommand::kEnterEntireFrame, kInFftLpc, "Enter &Entire Frame", "Ctrl+Shift+E",
-     "Enter both levels over all frequencies into the log", kToLog,
-     WindowLog::kEntireFrame, kNoSwitch},
-    {WindowCommand::kEnterEntireFrame, kInSpectrogram, "Enter &Entire Frame", "Ctrl+Shift+E",
-     "Enter the levels of the column at the marker into the log", kToLog | kMarkerThere,
-     WindowLog::kEntireFrame, kNoSwitch},
-    {WindowCommand::kUpdate, kInAll, "&Update", "F5",
-     "Compute again from the recording as it is now", kUpdatePossible, kNoLog, kNoSwitch},
-    {WindowCommand::kOptions, kInAll, "&Options...", "",
-     "Change the settings of this analysis", 0, kNoLog, kNoSwitch},
-    {WindowCommand::kDrawLpc, kInFftLpc, "&LPC", "",
-     "Draw the LPC envelope", 0, kNoLog, WindowSwitch::kDrawLpc},
-    {WindowCommand::kRelativeLevel, kInFftLpc, "&Relative", "",
-     "Let the level axis end at the highest level, or at the level of the options", 0, kNoLog,
-     WindowSwitch::kRelativeLevel},
-    {WindowCommand::kDrawFormants, kInSpectrogram, "Fo&rmants", "",
-     "Draw the formants", 0, kNoLog, WindowSwitch::kDrawFormants},
-    {WindowCommand::kDrawAudio, kWithStrips, "A&udio", "",
-     "Draw the waveform", 0, kNoLog, WindowSwitch::kDrawAudio},
-    {WindowCommand::kDrawIntensity, kWithStrips, "&Intensity", "",
-     "Draw the intensity", 0, kNoLog, WindowSwitch::kDrawIntensity},
-    {WindowCommand::kDrawLabels, kWithStrips, "La&bels", "",
-     "Draw the labels", 0, kNoLog, WindowSwitch::kDrawLabels},
-    {WindowCommand::kSavePicture, kInAll, "&Save Picture...", "Ctrl+Shift+S",
-     "Save the picture as PNG, BMP, SVG or PDF", kPictureThere, kNoLog, kNoSwitch},
-    {WindowCommand::kCopyPicture, kInAll, "&Copy Picture", "Ctrl+Shift+C",
-     "Copy the picture to the clipboard", kPictureThere, kNoLog, kNoSwitch},
-    {WindowCommand::kCopyReadouts, kInAll, "Copy &Readouts", "Ctrl+Shift+R",
-     "Copy the values at the marker and the settings as text", kPictureThere, kNoLog, kNoSwitch, false},
-    {WindowCommand::kPrint, kInAll, "&Print...", "",
-     "Print the picture", kPictureThere, kNoLog, kNoSwitch},
-    {WindowCommand::kCloseWindow, kInAll, "Close &Window", "Ctrl+Shift+W",
-     "Close this window; the recording stays open", 0, kNoLog, kNoSwitch, false},
+    LogRow<WindowLog::kMarker>(WindowCommand::kEnterMarker, kInAll, "Enter &Marker",
+     "Ctrl+Shift+M", "Enter the values at the marker into the log", kMarkerThere),
+    LogRow<WindowLog::kFormantsHere>(WindowCommand::kEnterFormants, kInFftLpc, "Enter &Formants",
+     "Ctrl+Shift+F", "Enter the formants and their bandwidths into the log", kFormantsThere),
+    LogRow<WindowLog::kFormantsHere>(WindowCommand::kEnterFormants, kInSpectrogram,
+     "Enter &Formants", "Ctrl+Shift+F", "Enter the formants at the marker into the log",
+     kMarkerThere | kFormantsThere),
+    LogRow<WindowLog::kFormantsAll>(WindowCommand::kEnterFormantsAll, kInSpectrogram,
+     "Enter Formants &All", "Ctrl+Shift+A", "Enter the formants of every column into the log",
+     kFormantsThere),
+    LogRow<WindowLog::kEntireFrame>(WindowCommand::kEnterEntireFrame, kInFftLpc,
+     "Enter &Entire Frame", "Ctrl+Shift+E", "Enter both levels over all frequencies into the log",
+     0),
+    LogRow<WindowLog::kEntireFrame>(WindowCommand::kEnterEntireFrame, kInSpectrogram,
+     "Enter &Entire Frame", "Ctrl+Shift+E",
+     "Enter the levels of the column at the marker into the log", kMarkerThere),
+    {WindowCommand::kUpdate, kInAll, WindowGroup::kCompute, "&Update", "F5",
+     "Compute again from the recording as it is now", kUpdatePossible, Compute},
+    {WindowCommand::kOptions, kInAll, WindowGroup::kCompute, "&Options...", "",
+     "Change the settings of this analysis", 0, ByWidget<&Widget::ShowOptions>},
+    SwitchRow<WindowSwitch::kDrawLpc>(WindowCommand::kDrawLpc, kInFftLpc, "&LPC",
+     "Draw the LPC envelope"),
+    SwitchRow<WindowSwitch::kRelativeLevel>(WindowCommand::kRelativeLevel, kInFftLpc, "&Relative",
+     "Let the level axis end at the highest level, or at the level of the options"),
+    SwitchRow<WindowSwitch::kDrawFormants>(WindowCommand::kDrawFormants, kInSpectrogram,
+     "Fo&rmants", "Draw the formants"),
+    SwitchRow<WindowSwitch::kDrawAudio>(WindowCommand::kDrawAudio, kWithStrips, "A&udio",
+     "Draw the waveform"),
+    SwitchRow<WindowSwitch::kDrawIntensity>(WindowCommand::kDrawIntensity, kWithStrips,
+     "&Intensity", "Draw the intensity"),
+    SwitchRow<WindowSwitch::kDrawLabels>(WindowCommand::kDrawLabels, kWithStrips, "La&bels",
+     "Draw the labels"),
+    {WindowCommand::kSavePicture, kInAll, WindowGroup::kOutput, "&Save Picture...", "Ctrl+Shift+S",
+     "Save the picture as PNG, BMP, SVG or PDF", kPictureThere, ByWidget<&Widget::SavePicture>},
+    {WindowCommand::kCopyPicture, kInAll, WindowGroup::kOutput, "&Copy Picture", "Ctrl+Shift+C",
+     "Copy the picture to the clipboard", kPictureThere, ByWidget<&Widget::CopyPicture>},
+    {WindowCommand::kCopyReadouts, kInAll, WindowGroup::kOutput, "Copy &Readouts", "Ctrl+Shift+R",
+     "Copy the values at the marker and the settings as text", kPictureThere,
+     ByWidget<&Widget::CopyReadouts>, {}, false},
+    {WindowCommand::kPrint, kInAll, WindowGroup::kOutput, "&Print...", "",
+     "Print the picture", kPictureThere, ByWidget<&Widget::Print>},
+    {WindowCommand::kCloseWindow, kInAll, WindowGroup::kOutput, "Close &Window", "Ctrl+Shift+W",
+     "Close this window; the recording stays open", 0, ByWidget<&Widget::CloseWindow>, {}, false},
 };
 // clang-format on
 
 std::uint32_t BitOf(WindowKind kind) { return 1U << static_cast<std::uint32_t>(kind); }
-
-// A long run of rows can be stopped.
-void Enter(const std::vector<LogEntry>& rows, LogSink& sink, Progress& progress) {
-  ProgressScope scope(progress, kEnteringText, static_cast<double>(rows.size()));
-  double entered = 0.0;
-  for (const LogEntry& row : rows) {
-    if (sink.Append(row) || scope.Cancelled(++entered)) return;
-  }
-}
 
 }  // namespace
 
@@ -102,20 +123,10 @@ std::uint32_t ConditionsOf(const AnalysisWindow& window) {
   return conditions;
 }
 
-bool RunWindowCommand(AnalysisWindow& window, WindowCommand command) {
+bool RunWindowCommand(AnalysisWindow& window, WindowCommand command, WindowActionsHost* widget) {
   const WindowCommandRow* const row = RowOf(window.kind(), command);
   if (row == nullptr || !IsEnabled(*row, ConditionsOf(window))) return false;
-  if (row->log) {
-    Enter(window.LogRows(*row->log), *window.openLog(), window.host().progress);
-    return true;
-  }
-  if (row->checkedWith) {
-    window.Toggle(*row->checkedWith);
-    return true;
-  }
-  if (command != WindowCommand::kUpdate) return false;
-  window.Update();
-  return true;
+  return row->carrier.RunOn(window) || (widget != nullptr && row->carrier.RunOn(*widget));
 }
 
 }  // namespace cantorix

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "analysisview/analysis_window.h"
+#include "mainview/carrier.h"
 
 namespace cantorix {
 
@@ -49,16 +50,32 @@ enum WindowKinds : std::uint32_t {
   kInAll = kInFftLpc | kInSpectrogram | kInPitch,
 };
 
+// What the table leaves to the widget of the window.
+class WindowActionsHost {
+ public:
+  virtual ~WindowActionsHost() = default;
+  virtual void ShowOptions() = 0;
+  virtual void SavePicture() = 0;
+  virtual void CopyPicture() = 0;
+  virtual void CopyReadouts() = 0;
+  virtual void Print() = 0;
+  virtual void CloseWindow() = 0;
+};
+
+// Commands of a group stand together, with a separator between groups.
+enum class WindowGroup { kLog, kCompute, kSwitches, kOutput };
+
 struct WindowCommandRow {
   WindowCommand id;
   std::uint32_t windows;
+  WindowGroup group;
   std::string_view text;         // with its mnemonic
   std::string_view accelerator;  // empty: none
   std::string_view toolTip;
   std::uint32_t conditions;
-  std::optional<WindowLog> log;             // the rows that it enters
-  std::optional<WindowSwitch> checkedWith;  // the switch that it turns
-  bool onStrip = true;                      // false: in the context menu only
+  Carrier<AnalysisWindow, WindowActionsHost> carrier;
+  std::optional<WindowSwitch> checkedWith = {};  // the switch that its check mark shows
+  bool onStrip = true;                           // false: in the context menu only
 };
 
 // In the order of the tool strip.
@@ -74,9 +91,9 @@ inline bool IsEnabled(const WindowCommandRow& row, std::uint32_t conditions) {
   return (row.conditions & ~conditions) == 0;
 }
 
-// Carries out a command that needs no widget: enters rows until the log wants no more, turns a
-// switch or computes again. Returns false for the others, which the widget carries out, and for one
-// that is not enabled. Throws as the computation of the window does.
-bool RunWindowCommand(AnalysisWindow& window, WindowCommand command);
+// Carries out a command that is enabled: on the model, or by `widget`; a null widget carries
+// nothing out. Returns whether it was carried out. Throws as the computation of the window does.
+bool RunWindowCommand(AnalysisWindow& window, WindowCommand command,
+                      WindowActionsHost* widget = nullptr);
 
 }  // namespace cantorix

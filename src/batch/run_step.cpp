@@ -43,7 +43,7 @@ bool RunByCommand(BatchView& batch, const EditStep& step, Command command) {
     SayStep(batch.session(), step, "needs " + FactNames(missing));
     return false;
   }
-  return Done(batch, step, [&] { row.handler(view); });
+  return Done(batch, step, [&] { row.carrier.RunOn(view); });
 }
 
 bool AddLabel(BatchView& batch, const EditStep& step) {

@@ -21,8 +21,6 @@ class AnalysisWindows {
  public:
   virtual ~AnalysisWindows() = default;
 
-  // Whether windows of a kind can be opened; their commands stay disabled otherwise.
-  virtual bool Offers(AnalysisKind kind) const = 0;
   // Analyses and shows the result in the view's window of that kind, which is opened when there is
   // none. Throws Abandoned when the user cancels.
   virtual void Open(CSonadexView& view, const AnalysisRequest& request) = 0;

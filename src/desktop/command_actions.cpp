@@ -18,12 +18,6 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-QString ToolTip(const CommandRow& row) {
-  QString tip = Text(row.toolTip);
-  if (!row.accelerator.empty()) tip += " (" + Text(row.accelerator) + ')';
-  return tip;
-}
-
 // Without a document a menu shows what needs none.
 bool IsShown(const CommandRow& row, const CSonadexView* view) {
   return view != nullptr || row.needs == 0U;
@@ -46,7 +40,7 @@ void CommandActions::AddRow(const CommandRow& row) {
   auto* const action = new QAction(Text(row.text), &window_);
   action->setIcon(IconOf(row.id));
   action->setIconVisibleInMenu(false);
-  action->setToolTip(ToolTip(row));
+  action->setToolTip(Text(row.toolTip));
   action->setStatusTip(Text(row.status));
   if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
   // A menu that has a place of its own for an entry may not move it to another one.
@@ -80,7 +74,7 @@ void CommandActions::Refresh(const CSonadexView* view) {
   for (const CommandRow& row : CommandTable()) {
     QAction* const action = actions_[row.id];
     action->setText(Text(MenuText(row, view)));
-    action->setEnabled(IsEnabled(row, facts) && callbacks_.offers(row.id));
+    action->setEnabled(IsEnabled(row, facts));
     if (row.id == Command::kRecentFiles || row.menu == Menu::kNone) continue;
     action->setVisible(IsShown(row, view));
     hasEntry[row.menu] = hasEntry[row.menu] || IsShown(row, view);

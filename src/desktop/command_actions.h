@@ -20,8 +20,6 @@ class CommandActions {
  public:
   struct Callbacks {
     std::function<void(Command)> perform;
-    // Whether the program as it is built and run can carry a command out at all.
-    std::function<bool(Command)> offers;
     std::function<void(const std::string&)> openRecent;
   };
 

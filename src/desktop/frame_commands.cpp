@@ -16,182 +16,127 @@
 namespace cantorix {
 namespace {
 
-// Where the package puts what goes with the program.
+// Where the package puts what goes with the program; the build has the same folder.
 std::string InstalledDirectory() {
   return (QCoreApplication::applicationDirPath() + "/../share/cantorix").toStdString();
 }
 
-std::optional<AnalysisRequest> AnalysisOf(Command command) {
-  switch (command) {
-    case Command::kFftLpc:
-      return AnalysisRequest{AnalysisKind::kFftLpc, std::nullopt};
-    case Command::kFftLpcSelection:
-      return AnalysisRequest{AnalysisKind::kFftLpc, Stretch::kSelection};
-    case Command::kSpectrogramAll:
-      return AnalysisRequest{AnalysisKind::kSpectrogram, Stretch::kAll};
-    case Command::kSpectrogramSelection:
-      return AnalysisRequest{AnalysisKind::kSpectrogram, Stretch::kSelection};
-    case Command::kSpectrogramWindow:
-      return AnalysisRequest{AnalysisKind::kSpectrogram, Stretch::kWindow};
-    case Command::kPitchAll:
-      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kAll};
-    case Command::kPitchSelection:
-      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kSelection};
-    case Command::kPitchWindow:
-      return AnalysisRequest{AnalysisKind::kPitch, Stretch::kWindow};
-    default:
-      return std::nullopt;
-  }
-}
-
-// Commands that need a sound card, which the table's facts keep disabled without one.
-bool IsSound(Command command) {
-  switch (command) {
-    case Command::kRecord:
-    case Command::kPlayAll:
-    case Command::kPlaySelection:
-    case Command::kPlayWindow:
-    case Command::kRecordPlayOptions:
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace
 
-bool FrameCommands::HasWindows(AnalysisKind kind) const {
-  return frame_.analysisWindows() != nullptr && frame_.analysisWindows()->Offers(kind);
-}
-
-bool FrameCommands::Offers(Command command) const {
-  // A pitch track can be seen in the main view, too.
-  const auto analysis = AnalysisOf(command);
-  if (analysis && analysis->kind != AnalysisKind::kPitch) return HasWindows(analysis->kind);
-  if (IsOutput(command)) return frame_.output() != nullptr;
-  return !IsSound(command);
-}
-
 void FrameCommands::Perform(Command command) {
-  if (services_.progress.running()) return;
+  const CommandRow& row = RowOf(command);
+  if (services_.progress.running() && !row.whileBusy) return;
   CSonadexView* const view = frame_.activeView();
-  if (!Offers(command) || !IsEnabled(RowOf(command), FactsOf(view))) return;
-  if (IsOutput(command)) {
-    frame_.output()->Perform(command, view, frame_);
-  } else if (view != nullptr && (RowOf(command).handler != nullptr || AnalysisOf(command))) {
-    PerformOnView(command, *view);
-  } else if (!PerformFile(command) && !PerformLog(command) && !PerformWindow(command)) {
-    PerformConfiguration(command);
-  }
+  if (!IsEnabled(row, FactsOf(view))) return;
+  FrameActions& actions = *this;
+  if (!row.carrier.RunOn(actions) && view != nullptr) RunCommand(*view, command);
   frame_.Refresh();
 }
 
-void FrameCommands::PerformOnView(Command command, CSonadexView& view) {
-  const auto analysis = AnalysisOf(command);
-  if (analysis && HasWindows(analysis->kind)) {
-    Guarded(view, [&] { frame_.analysisWindows()->Open(view, *analysis); });
-  } else {
-    RunCommand(view, command);
-  }
-}
-
-bool FrameCommands::PerformFile(Command command) {
-  switch (command) {
-    case Command::kNew:
-      frame_.NewDocument();
-      return true;
-    case Command::kOpen:
-      if (const auto path = ChooseRecording(services_.application)) frame_.OpenFile(*path);
-      return true;
-    case Command::kClose:
-      frame_.CloseDocument(frame_.activeView()->document());
-      return true;
-    case Command::kExit:
-      frame_.close();
-      return true;
-    case Command::kHelpTopics: {
-      std::error_code failure;
-      OpenManual(std::filesystem::current_path(failure).string(), services_.opener,
-                 services_.application.prompts(), InstalledDirectory());
-      return true;
-    }
-    case Command::kAbout:
-      ShowAboutBox(&frame_);
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool FrameCommands::PerformLog(Command command) {
-  Application& application = services_.application;
-  switch (command) {
-    case Command::kLogNew:
-      if (NewLog(application)) frame_.ShowLog();
-      return true;
-    case Command::kLogOpen:
-      if (OpenLogFile(application)) frame_.ShowLog();
-      return true;
-    case Command::kLogSave:
-      SaveOpenLog(application);
-      return true;
-    case Command::kLogSaveAs:
-      SaveOpenLogAs(application);
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool FrameCommands::PerformWindow(Command command) {
-  switch (command) {
-    case Command::kToolBar:
-      frame_.ToggleToolBar();
-      return true;
-    case Command::kStatusBar:
-      frame_.ToggleStatusBar();
-      return true;
-    case Command::kViewLabels:
-      frame_.ShowLabelList();
-      return true;
-    case Command::kDisplayOptions:
-      frame_.ShowDisplayOptions();
-      return true;
-    case Command::kNewWindow:
-      frame_.OpenNewWindow(frame_.activeView()->document());
-      return true;
-    case Command::kCascade:
-    case Command::kTile:
-    case Command::kArrangeIcons:
-      frame_.ArrangeWindows(command);
-      return true;
-    case Command::kCloseStatusWindow:
-      services_.progress.CloseWindow();
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool FrameCommands::PerformConfiguration(Command command) {
-  DocumentHost& host = services_.application.host;
+void FrameCommands::OnView(const std::function<void(CSonadexView&)>& action) {
   CSonadexView* const view = frame_.activeView();
-  switch (command) {
-    case Command::kLoadConfiguration:
-      if (LoadConfiguration(host, view == nullptr ? nullptr : &view->document()) &&
-          view != nullptr) {
-        view->document().Notify(DocumentChange::kSettings);
-      }
-      return true;
-    case Command::kSaveConfiguration:
-      SaveConfiguration(host, view->document());
-      return true;
-    case Command::kRevertConfiguration:
-      RevertConfiguration(host, frame_.documents().All());
-      return true;
-    default:
-      return false;
+  if (view != nullptr) Guarded(*view, [&] { action(*view); });
+}
+
+// File
+void FrameCommands::NewDocument() { frame_.NewDocument(); }
+
+void FrameCommands::OpenRecording() {
+  if (const auto path = ChooseRecording(services_.application)) frame_.OpenFile(*path);
+}
+
+void FrameCommands::OpenRecentFile() {
+  const std::vector<std::string> paths = services_.application.recentFiles.paths();
+  if (!paths.empty()) frame_.OpenFile(paths.front());
+}
+
+void FrameCommands::CloseDocument() { frame_.CloseDocument(frame_.activeView()->document()); }
+
+void FrameCommands::SavePicture() {
+  OnView([this](CSonadexView& view) { frame_.output()->SavePicture(view, frame_); });
+}
+
+void FrameCommands::SaveScreen() {
+  OnView([this](CSonadexView& view) { frame_.output()->SaveScreen(view, frame_); });
+}
+
+void FrameCommands::LoadConfiguration() {
+  CSonadexView* const view = frame_.activeView();
+  CSonadexDoc* const document = view == nullptr ? nullptr : &view->document();
+  if (cantorix::LoadConfiguration(services_.application.host, document) && document != nullptr) {
+    document->Notify(DocumentChange::kSettings);
   }
 }
+
+void FrameCommands::SaveConfiguration() {
+  cantorix::SaveConfiguration(services_.application.host, frame_.activeView()->document());
+}
+
+void FrameCommands::RevertConfiguration() {
+  cantorix::RevertConfiguration(services_.application.host, frame_.documents().All());
+}
+
+void FrameCommands::Print() {
+  OnView([this](CSonadexView& view) { frame_.output()->Print(view, frame_); });
+}
+
+void FrameCommands::PrintScreen() {
+  OnView([this](CSonadexView& view) { frame_.output()->PrintScreen(view, frame_); });
+}
+
+void FrameCommands::PreviewPrint() {
+  OnView([this](CSonadexView& view) { frame_.output()->Preview(view, frame_); });
+}
+
+void FrameCommands::SetUpPrinter() { frame_.output()->SetUp(frame_); }
+
+void FrameCommands::Exit() { frame_.close(); }
+
+// View
+void FrameCommands::ToggleToolBar() { frame_.ToggleToolBar(); }
+void FrameCommands::ToggleStatusBar() { frame_.ToggleStatusBar(); }
+
+// Analysis
+void FrameCommands::ShowSpectrum() { Analyse({AnalysisKind::kFftLpc, std::nullopt}); }
+void FrameCommands::ShowMeanSpectrum(Stretch stretch) { Analyse({AnalysisKind::kFftLpc, stretch}); }
+void FrameCommands::ShowSpectrogram(Stretch stretch) {
+  Analyse({AnalysisKind::kSpectrogram, stretch});
+}
+void FrameCommands::ShowPitch(Stretch stretch) { Analyse({AnalysisKind::kPitch, stretch}); }
+
+void FrameCommands::Analyse(const AnalysisRequest& request) {
+  OnView([&](CSonadexView& view) { frame_.analysisWindows()->Open(view, request); });
+}
+
+// Floating windows and logs
+void FrameCommands::ShowLabelList() { frame_.ShowLabelList(); }
+void FrameCommands::ShowDisplayOptions() { frame_.ShowDisplayOptions(); }
+
+void FrameCommands::NewLog() {
+  if (cantorix::NewLog(services_.application)) frame_.ShowLog();
+}
+
+void FrameCommands::OpenLog() {
+  if (OpenLogFile(services_.application)) frame_.ShowLog();
+}
+
+void FrameCommands::SaveLog() { SaveOpenLog(services_.application); }
+void FrameCommands::SaveLogAs() { SaveOpenLogAs(services_.application); }
+
+// Window
+void FrameCommands::NewWindow() { frame_.OpenNewWindow(frame_.activeView()->document()); }
+void FrameCommands::CascadeWindows() { frame_.CascadeWindows(); }
+void FrameCommands::TileWindows() { frame_.TileWindows(); }
+void FrameCommands::ArrangeIcons() { frame_.ArrangeIcons(); }
+void FrameCommands::CloseStatusWindow() { services_.progress.CloseWindow(); }
+
+// Help
+void FrameCommands::ShowManual() {
+  std::error_code failure;
+  OpenManual(std::filesystem::current_path(failure).string(), services_.opener,
+             services_.application.prompts(), InstalledDirectory());
+}
+
+void FrameCommands::ShowAbout() { ShowAboutBox(&frame_); }
 
 }  // namespace cantorix

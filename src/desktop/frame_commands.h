@@ -1,8 +1,8 @@
-// frame_commands.h - the commands that the main frame carries out itself: files, windows, logs,
-// configuration, help. Those of a view run through its own table.
+// frame_commands.h - where commands begin in the desktop program, and those of them that the table
+// leaves to the frame: files, printing, analysis windows, logs, configuration, windows, help.
 #pragma once
 
-#include <optional>
+#include <functional>
 
 #include "desktop/analysis_windows.h"
 #include "desktop/desktop_services.h"
@@ -12,24 +12,57 @@ namespace cantorix {
 
 class CMainFrame;
 
-class FrameCommands {
+class FrameCommands : private FrameActions {
  public:
   FrameCommands(CMainFrame& frame, const DesktopServices& services)
       : frame_(frame), services_(services) {}
 
-  // Whether this program can carry a command out at all.
-  bool Offers(Command command) const;
-  // Carries out an enabled command, whoever's it is.
+  // Carries out an enabled command, whoever's it is; while an operation runs, only what may run
+  // beside one.
   void Perform(Command command);
 
  private:
-  bool HasWindows(AnalysisKind kind) const;
-  void PerformOnView(Command command, CSonadexView& view);
-  // Each returns whether the command was one of its kind.
-  bool PerformFile(Command command);
-  bool PerformLog(Command command);
-  bool PerformWindow(Command command);
-  bool PerformConfiguration(Command command);
+  void NewDocument() override;
+  void OpenRecording() override;
+  void OpenRecentFile() override;
+  void CloseDocument() override;
+  void SavePicture() override;
+  void SaveScreen() override;
+  void LoadConfiguration() override;
+  void SaveConfiguration() override;
+  void RevertConfiguration() override;
+  void Print() override;
+  void PrintScreen() override;
+  void PreviewPrint() override;
+  void SetUpPrinter() override;
+  void Exit() override;
+  void ToggleToolBar() override;
+  void ToggleStatusBar() override;
+  // Kept off by their facts: this program has no sound.
+  void Record() override {}
+  void Play(Stretch) override {}
+  void ShowRecordPlayOptions() override {}
+  void ShowSpectrum() override;
+  void ShowMeanSpectrum(Stretch stretch) override;
+  void ShowSpectrogram(Stretch stretch) override;
+  void ShowPitch(Stretch stretch) override;
+  void ShowLabelList() override;
+  void ShowDisplayOptions() override;
+  void NewLog() override;
+  void OpenLog() override;
+  void SaveLog() override;
+  void SaveLogAs() override;
+  void NewWindow() override;
+  void CascadeWindows() override;
+  void TileWindows() override;
+  void ArrangeIcons() override;
+  void CloseStatusWindow() override;
+  void ShowManual() override;
+  void ShowAbout() override;
+
+  // On the view in front, with failures shown; nothing without one.
+  void OnView(const std::function<void(CSonadexView&)>& action);
+  void Analyse(const AnalysisRequest& request);
 
   CMainFrame& frame_;
   const DesktopServices& services_;

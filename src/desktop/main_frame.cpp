@@ -20,7 +20,6 @@ CMainFrame::CMainFrame(DesktopServices services)
       commands_(*this, services_),
       area_(new QMdiArea(this)),
       actions_(*this, {[this](Command command) { commands_.Perform(command); },
-                       [this](Command command) { return commands_.Offers(command); },
                        [this](const std::string& path) { OpenFile(path); }}),
       keyboardPanes_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),

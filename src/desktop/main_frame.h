@@ -45,7 +45,8 @@ class CMainFrame : public QMainWindow, private FrameHost {
   std::vector<CChildFrame*> FramesOf(const CSonadexDoc& document) const;
   OpenDocuments& documents() { return documents_; }
 
-  // What opens analysis windows and what prints; null offers neither. They outlive the frame.
+  // What opens analysis windows and what prints: there before a command of theirs is carried out,
+  // and for as long as the frame lives. Null windows are told nothing.
   void SetAnalysisWindows(AnalysisWindows* windows) { analysisWindows_ = windows; }
   void SetOutput(DocumentOutput* output) { output_ = output; }
   AnalysisWindows* analysisWindows() const { return analysisWindows_; }
@@ -58,8 +59,9 @@ class CMainFrame : public QMainWindow, private FrameHost {
   void ShowDisplayOptions();
   void ToggleToolBar();
   void ToggleStatusBar();
-  // kCascade, kTile or kArrangeIcons.
-  void ArrangeWindows(Command how);
+  void CascadeWindows();
+  void TileWindows();
+  void ArrangeIcons();
 
   CommandActions& actions() { return actions_; }
   CDisplayOptionFrame& displayOptions() { return *displayOptions_; }

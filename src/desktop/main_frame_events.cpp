@@ -54,9 +54,11 @@ void CMainFrame::ToggleToolBar() { actions_.toolBar().setVisible(actions_.toolBa
 
 void CMainFrame::ToggleStatusBar() { statusBar()->setVisible(statusBar()->isHidden()); }
 
-void CMainFrame::ArrangeWindows(Command how) {
-  if (how == Command::kCascade) return area_->cascadeSubWindows();
-  if (how == Command::kTile) return area_->tileSubWindows();
+void CMainFrame::CascadeWindows() { area_->cascadeSubWindows(); }
+
+void CMainFrame::TileWindows() { area_->tileSubWindows(); }
+
+void CMainFrame::ArrangeIcons() {
   int left = 0;
   for (CChildFrame* const frame : Frames()) {
     if (!frame->isMinimized()) continue;

@@ -40,33 +40,7 @@ PaintPicture PainterOf(const QPixmap& pixmap) {
 MainViewOutput::MainViewOutput(Prompts& prompts, WaveformOf waveformOf)
     : prompts_(prompts), waveformOf_(std::move(waveformOf)) {}
 
-void MainViewOutput::Perform(Command command, CSonadexView* view, QWidget& window) {
-  if (command == Command::kPrintSetup) return SetUp(window);
-  if (view == nullptr) return;
-  Guarded(*view, [&] { PerformOn(command, *view, window); });
-}
-
-void MainViewOutput::PerformOn(Command command, CSonadexView& view, QWidget& window) {
-  switch (command) {
-    case Command::kSaveAsBmp:
-      return SavePicture(view, window);
-    case Command::kSaveScreenAsBmp:
-      return SaveScreen(view, window);
-    case Command::kPrint:
-      return Print(view, window, [&] { PrintView(view); });
-    case Command::kPrintScreen: {
-      const QPixmap screen = window.grab();  // before a dialog stands in front of it
-      return Print(view, window,
-                   [&] { PrintPicture(printer(), InchesOf(window.size()), PainterOf(screen)); });
-    }
-    case Command::kPrintPreview:
-      return Preview(view, window);
-    default:
-      return;
-  }
-}
-
-void MainViewOutput::SavePicture(CSonadexView& view, const QWidget& window) {
+void MainViewOutput::SavePicture(CSonadexView& view, QWidget& window) {
   const PixelSize size = view.layout.client;
   SavePictureAs(prompts_,
                 SaveRequest(view, "Save As bmp",
@@ -91,7 +65,18 @@ QPrinter& MainViewOutput::printer() {
   return *printer_;
 }
 
-void MainViewOutput::Print(CSonadexView& view, QWidget& window, const std::function<void()>& page) {
+void MainViewOutput::Print(CSonadexView& view, QWidget& window) {
+  PrintPage(view, window, [&] { PrintView(view); });
+}
+
+void MainViewOutput::PrintScreen(CSonadexView& view, QWidget& window) {
+  const QPixmap screen = window.grab();  // before a dialog stands in front of it
+  PrintPage(view, window,
+            [&] { PrintPicture(printer(), InchesOf(window.size()), PainterOf(screen)); });
+}
+
+void MainViewOutput::PrintPage(CSonadexView& view, QWidget& window,
+                               const std::function<void()>& page) {
   printer().setDocName(Shown(view.document().title()));
   QPrintDialog dialog(&printer(), &window);
   if (dialog.exec() == QDialog::Accepted) page();

@@ -14,8 +14,9 @@ class DocumentWaveform;
 class Prompts;
 
 // Files show the view as it is on the screen; paper takes it in the print size of the display
-// settings. Both are drawn in the light palette. The main frame leaves as it is on the screen. What
-// fails is shown, also when samples cannot be read.
+// settings. Both are drawn in the light palette. The main frame leaves as it is on the screen. Says
+// so when a file could not be written; throws FileError when a print fails or samples cannot be
+// read.
 class MainViewOutput : public DocumentOutput {
  public:
   // The waveform that the windows of an open document share.
@@ -23,21 +24,21 @@ class MainViewOutput : public DocumentOutput {
 
   MainViewOutput(Prompts& prompts, WaveformOf waveformOf);
 
-  void Perform(Command command, CSonadexView* view, QWidget& window) override;
+  void SavePicture(CSonadexView& view, QWidget& window) override;
+  void SaveScreen(CSonadexView& view, QWidget& window) override;
+  void Print(CSonadexView& view, QWidget& window) override;
+  void PrintScreen(CSonadexView& view, QWidget& window) override;
+  void Preview(CSonadexView& view, QWidget& window) override;
+  void SetUp(QWidget& window) override;
 
   // The printer with its paper as they were last set up, for all that is printed. Made when it is
   // first asked for, because looking for printers takes its time.
   QPrinter& printer();
 
  private:
-  void PerformOn(Command command, CSonadexView& view, QWidget& window);
-  void SavePicture(CSonadexView& view, const QWidget& window);
-  void SaveScreen(CSonadexView& view, QWidget& window);
   // Asks for the printer, then prints `page`.
-  void Print(CSonadexView& view, QWidget& window, const std::function<void()>& page);
-  void Preview(CSonadexView& view, QWidget& window);
+  void PrintPage(CSonadexView& view, QWidget& window, const std::function<void()>& page);
   void PrintView(CSonadexView& view);
-  void SetUp(QWidget& window);
 
   Prompts& prompts_;
   WaveformOf waveformOf_;

@@ -26,8 +26,8 @@ std::string_view MenuText(const CommandRow& row, const CSonadexView* view) {
 
 bool RunCommand(CSonadexView& view, Command command) {
   const CommandRow& row = RowOf(command);
-  if (row.handler == nullptr || !IsEnabled(row, FactsOf(&view))) return false;
-  return Guarded(view, [&] { row.handler(view); });
+  if (row.carrier.IsFor<FrameActions>() || !IsEnabled(row, FactsOf(&view))) return false;
+  return Guarded(view, [&] { row.carrier.RunOn(view) || row.carrier.RunOn(view.document()); });
 }
 
 bool Guarded(CSonadexView& view, const std::function<void()>& action) {

@@ -1,6 +1,6 @@
 // command_table.cpp - the rows of all commands: one long table.
-// A command that works on a view or its document has its handler here; windows, printing, sound and
-// what concerns the whole program are the frame's.
+// A command that works on a view or its document names the function; windows, printing, sound and
+// what concerns the whole program are members of the frame's actions.
 #include <array>
 
 #include "document/save_commands.h"
@@ -27,19 +27,19 @@ constexpr Facts kHeard = kLoaded | fact::kSound;
 
 constexpr bool kSeparator = true;
 
+// Of a document, whatever it returns.
 template <auto kFunction>
-void OnDocument(CSonadexView& view) {
-  kFunction(view.document());
+void OnDocument(CSonadexDoc& document) {
+  kFunction(document);
 }
+
+template <auto kAction, auto... kArguments>
+constexpr auto& ByFrame = Call<FrameActions, kAction, kArguments...>;
+using Frame = FrameActions;
 
 template <Zoom kZoom>
 void ZoomBy(CSonadexView& view) {
   ZoomView(view, kZoom);
-}
-
-template <Stretch kStretch>
-void PitchOf(CSonadexView& view) {
-  AnalysePitch(view, kStretch);
 }
 
 void IntensityOfAll(CSonadexView& view) { AnalyseIntensity(view, Stretch::kAll); }
@@ -52,11 +52,11 @@ void Enter(CSonadexView& view) {
 constexpr std::array kTable{
     // File
     CommandRow{Command::kNew, Menu::kFile, "&New", "Ctrl+N", kAnyTime, "Open an empty document",
-               "New", nullptr, false, 1},
+               "New", ByFrame<&Frame::NewDocument>, false, 1},
     CommandRow{Command::kOpen, Menu::kFile, "&Open...", "Ctrl+O", kAnyTime, "Open a recording",
-               "Open", nullptr, false, 1},
+               "Open", ByFrame<&Frame::OpenRecording>, false, 1},
     CommandRow{Command::kClose, Menu::kFile, "&Close", "", kOwn, "Close the document", "Close",
-               nullptr},
+               ByFrame<&Frame::CloseDocument>},
     CommandRow{Command::kSave, Menu::kFile, "&Save", "Ctrl+S", kOwn | fact::kModified,
                "Save the document", "Save", OnDocument<SaveDocument>, kSeparator, 1},
     CommandRow{Command::kSaveAs, Menu::kFile, "Save &As...", "", kLoaded,
@@ -74,32 +74,34 @@ constexpr std::array kTable{
                kLoaded | fact::kDocumentSelection, "Write the selection as a WAV file",
                "Export Selection as Wave", OnDocument<ExportSelectionAsWave>},
     CommandRow{Command::kSaveAsBmp, Menu::kFile, "Save As bmp...", "", kLoaded,
-               "Save the picture of the recording as a bitmap file", "Save As bmp", nullptr,
-               kSeparator},
+               "Save the picture of the recording as a bitmap file", "Save As bmp",
+               ByFrame<&Frame::SavePicture>, kSeparator},
     CommandRow{Command::kSaveScreenAsBmp, Menu::kFile, "Save Screen As bmp...", "", kLoaded,
                "Save the window as it is on the screen as a bitmap file", "Save Screen As bmp",
-               nullptr},
+               ByFrame<&Frame::SaveScreen>},
     CommandRow{Command::kLoadConfiguration, Menu::kFile, "Load Configuration...", "", kAnyTime,
-               "Take all settings from a configuration file", "Load Configuration", nullptr,
-               kSeparator},
+               "Take all settings from a configuration file", "Load Configuration",
+               ByFrame<&Frame::LoadConfiguration>, kSeparator},
     CommandRow{Command::kSaveConfiguration, Menu::kFile, "Save Configuration...", "", kOwn,
                "Keep all settings in a configuration file of a name of yours", "Save Configuration",
-               nullptr},
+               ByFrame<&Frame::SaveConfiguration>},
     CommandRow{Command::kRevertConfiguration, Menu::kFile, "Revert to Default Configuration", "",
                kAnyTime, "Go back to the settings of a first run",
-               "Revert to Default Configuration", nullptr},
+               "Revert to Default Configuration", ByFrame<&Frame::RevertConfiguration>},
     CommandRow{Command::kPrint, Menu::kFile, "&Print...", "Ctrl+P", kLoaded, "Print the recording",
-               "Print", nullptr, kSeparator, 1},
+               "Print", ByFrame<&Frame::Print>, kSeparator, 1},
     CommandRow{Command::kPrintScreen, Menu::kFile, "Print Screen...", "", kLoaded,
-               "Print the window as it is on the screen", "Print Screen", nullptr},
+               "Print the window as it is on the screen", "Print Screen",
+               ByFrame<&Frame::PrintScreen>},
     CommandRow{Command::kPrintPreview, Menu::kFile, "Print Pre&view", "", kLoaded,
-               "Show what would be printed", "Print Preview", nullptr},
+               "Show what would be printed", "Print Preview", ByFrame<&Frame::PreviewPrint>},
     CommandRow{Command::kPrintSetup, Menu::kFile, "Print Setup...", "", kAnyTime,
-               "Choose printer and paper", "Print Setup", nullptr},
+               "Choose printer and paper", "Print Setup", ByFrame<&Frame::SetUpPrinter>},
     CommandRow{Command::kRecentFiles, Menu::kFile, "Recent File", "", kAnyTime,
-               "Open this recording again", "Recent File", nullptr, kSeparator},
+               "Open this recording again", "Recent File", ByFrame<&Frame::OpenRecentFile>,
+               kSeparator},
     CommandRow{Command::kExit, Menu::kFile, "E&xit", "", kAnyTime, "Close all documents and leave",
-               "Exit", nullptr, kSeparator},
+               "Exit", ByFrame<&Frame::Exit>, kSeparator},
 
     // Edit
     CommandRow{Command::kUndo, Menu::kEdit, "&Undo", "Ctrl+Z", kLoaded | fact::kUndo,
@@ -122,9 +124,9 @@ constexpr std::array kTable{
 
     // View
     CommandRow{Command::kToolBar, Menu::kView, "Toolbar", "", kAnyTime, "Show or hide the tool bar",
-               "Toolbar", nullptr},
+               "Toolbar", ByFrame<&Frame::ToggleToolBar>},
     CommandRow{Command::kStatusBar, Menu::kView, "Status Bar", "", kAnyTime,
-               "Show or hide the status bar", "Status Bar", nullptr},
+               "Show or hide the status bar", "Status Bar", ByFrame<&Frame::ToggleStatusBar>},
 
     // Zoom
     CommandRow{Command::kZoomIn, Menu::kZoom, "In", "Ctrl+B", kLoaded, "Show less and larger",
@@ -148,38 +150,42 @@ constexpr std::array kTable{
 
     // Record/Play
     CommandRow{Command::kRecord, Menu::kRecordPlay, "Record", "Ctrl+R",
-               kOwn | fact::kSound | fact::kRecordAllowed, "Start recording", "Record", nullptr,
-               false, 4},
+               kOwn | fact::kSound | fact::kRecordAllowed, "Start recording", "Record",
+               ByFrame<&Frame::Record>, false, 4},
     CommandRow{Command::kPlayAll, Menu::kRecordPlay, "Play All", "Ctrl+Y", kHeard,
-               "Play the whole file", "Play All", nullptr, kSeparator, 4},
+               "Play the whole file", "Play All", ByFrame<&Frame::Play, Stretch::kAll>, kSeparator,
+               4},
     CommandRow{Command::kPlaySelection, Menu::kRecordPlay, "Play Selection", "Ctrl+U",
                kHeard | fact::kSelection, "Play the selected section of the file", "Play Selection",
-               nullptr, false, 4},
+               ByFrame<&Frame::Play, Stretch::kSelection>, false, 4},
     CommandRow{Command::kPlayWindow, Menu::kRecordPlay, "Play Window", "", kHeard,
                "Play the section of the file displayed in the current window", "Play Window",
-               nullptr, false, 4},
+               ByFrame<&Frame::Play, Stretch::kWindow>, false, 4},
 
     // Analysis
     CommandRow{Command::kFftLpc, Menu::kAnalysis, "FFT/LPC", "Ctrl+F", kMarked,
-               "Perform FFT & LPC analysis", "FFT/LPC", nullptr, false, 5},
+               "Perform FFT & LPC analysis", "FFT/LPC", ByFrame<&Frame::ShowSpectrum>, false, 5},
     CommandRow{Command::kFftLpcSelection, Menu::kAnalysis, "FFT/LPC Selection", "", kSelected,
                "Perform FFT & LPC analysis averaged over the selection", "FFT/LPC Selection",
-               nullptr},
+               ByFrame<&Frame::ShowMeanSpectrum, Stretch::kSelection>},
     CommandRow{Command::kSpectrogramAll, Menu::kAnalysis, "Spectrogram All", "Ctrl+G", kLoaded,
-               "Perform spectrogram on the whole file", "Spectrogram All", nullptr, kSeparator},
+               "Perform spectrogram on the whole file", "Spectrogram All",
+               ByFrame<&Frame::ShowSpectrogram, Stretch::kAll>, kSeparator},
     CommandRow{Command::kSpectrogramSelection, Menu::kAnalysis, "Spectrogram Selection", "Ctrl+H",
-               kSelected, "Perform spectrogram on the selection", "Spectrogram Selection", nullptr},
+               kSelected, "Perform spectrogram on the selection", "Spectrogram Selection",
+               ByFrame<&Frame::ShowSpectrogram, Stretch::kSelection>},
     CommandRow{Command::kSpectrogramWindow, Menu::kAnalysis, "Spectrogram Window", "", kLoaded,
-               "Perform spectrogram on the window", "Spectrogram Window", nullptr, false, 5},
+               "Perform spectrogram on the window", "Spectrogram Window",
+               ByFrame<&Frame::ShowSpectrogram, Stretch::kWindow>, false, 5},
     CommandRow{Command::kPitchAll, Menu::kAnalysis, "Pitch All", "Ctrl+L", kLoaded,
-               "Perform pitch and intensity of the whole file", "Pitch All", PitchOf<Stretch::kAll>,
-               kSeparator, 5},
+               "Perform pitch and intensity of the whole file", "Pitch All",
+               ByFrame<&Frame::ShowPitch, Stretch::kAll>, kSeparator, 5},
     CommandRow{Command::kPitchSelection, Menu::kAnalysis, "Pitch Selection", "", kSelected,
                "Perform pitch and intensity of the selection", "Pitch Selection",
-               PitchOf<Stretch::kSelection>},
+               ByFrame<&Frame::ShowPitch, Stretch::kSelection>},
     CommandRow{Command::kPitchWindow, Menu::kAnalysis, "Pitch Window", "", kLoaded,
                "Perform pitch and intensity of the window", "Pitch Window",
-               PitchOf<Stretch::kWindow>},
+               ByFrame<&Frame::ShowPitch, Stretch::kWindow>},
 
     // Tool bar only
     CommandRow{Command::kIntensity, Menu::kNone, "Intensity", "", kLoaded,
@@ -201,17 +207,17 @@ constexpr std::array kTable{
                kLoaded, "Add the labels of a text file to a tier", "Import Labels", ImportLabels},
     // Kept: the entry has always been spelled so.
     CommandRow{Command::kViewLabels, Menu::kTiersLabels, "Vew Labels", "", kLoaded,
-               "View the label list", "View Labels", nullptr, kSeparator, 6},
+               "View the label list", "View Labels", ByFrame<&Frame::ShowLabelList>, kSeparator, 6},
 
     // Log
     CommandRow{Command::kLogNew, Menu::kLog, "New", "", kOpen, "Open an empty log", "New Log",
-               nullptr},
+               ByFrame<&Frame::NewLog>},
     CommandRow{Command::kLogOpen, Menu::kLog, "Open...", "", kOpen, "Open a log file", "Open Log",
-               nullptr},
+               ByFrame<&Frame::OpenLog>},
     CommandRow{Command::kLogSave, Menu::kLog, "Save", "", kOpen | fact::kLogOpen, "Save the log",
-               "Save Log", nullptr},
+               "Save Log", ByFrame<&Frame::SaveLog>},
     CommandRow{Command::kLogSaveAs, Menu::kLog, "Save As...", "", kOpen | fact::kLogOpen,
-               "Save the log under another name", "Save Log As", nullptr},
+               "Save the log under another name", "Save Log As", ByFrame<&Frame::SaveLogAs>},
     CommandRow{Command::kEnterDuration, Menu::kLog, "Enter Duration", "Ctrl+D",
                kLogged | fact::kSelection, "Enter the duration of the selection into the log",
                "Enter Duration", Enter<LogCommand::kDuration>, kSeparator},
@@ -232,10 +238,11 @@ constexpr std::array kTable{
 
     // Options
     CommandRow{Command::kDisplayOptions, Menu::kOptions, "Display", "", kLoaded,
-               "Choose what the main view draws", "Display Options", nullptr},
+               "Choose what the main view draws", "Display Options",
+               ByFrame<&Frame::ShowDisplayOptions>},
     CommandRow{Command::kRecordPlayOptions, Menu::kOptions, "Record/Play", "", kOpen | fact::kSound,
                "Set input, rate and levels of recording and playback", "Record/Play Options",
-               nullptr},
+               ByFrame<&Frame::ShowRecordPlayOptions>},
     CommandRow{Command::kZoomOptions, Menu::kOptions, "Zoom...", "", kLoaded,
                "Set the duration to zoom from the cursor", "Zoom Option", SetZoomRange, kSeparator},
     CommandRow{Command::kFftLpcOptions, Menu::kOptions, "FFT/LPC...", "", kLoaded,
@@ -252,22 +259,25 @@ constexpr std::array kTable{
 
     // Window
     CommandRow{Command::kNewWindow, Menu::kWindow, "New Window", "", kOwn,
-               "Open another window of the document", "New Window", nullptr},
+               "Open another window of the document", "New Window", ByFrame<&Frame::NewWindow>},
     CommandRow{Command::kCascade, Menu::kWindow, "Cascade", "", kOpen,
-               "Let the windows overlap in steps", "Cascade", nullptr},
+               "Let the windows overlap in steps", "Cascade", ByFrame<&Frame::CascadeWindows>},
     CommandRow{Command::kTile, Menu::kWindow, "Tile", "", kOpen, "Lay the windows side by side",
-               "Tile", nullptr},
+               "Tile", ByFrame<&Frame::TileWindows>},
     CommandRow{Command::kArrangeIcons, Menu::kWindow, "Arrange Icons", "", kOpen,
-               "Put the minimised windows in a row", "Arrange Icons", nullptr},
+               "Put the minimised windows in a row", "Arrange Icons",
+               ByFrame<&Frame::ArrangeIcons>},
     CommandRow{Command::kCloseStatusWindow, Menu::kWindow, "Close Status Window", "", kOpen,
-               "Close the progress window", "Close Status Window", nullptr, kSeparator},
+               "Close the progress window", "Close Status Window",
+               ByFrame<&Frame::CloseStatusWindow>, kSeparator, 0, true},
 
     // Help
     CommandRow{Command::kHelpTopics, Menu::kHelp, "Help Topics", "", kAnyTime, "Open the manual",
-               "Help Topics", nullptr, false, 7},
+               "Help Topics", ByFrame<&Frame::ShowManual>, false, 7},
     // Kept: the entry carries the inner name of the program.
     CommandRow{Command::kAbout, Menu::kHelp, "&About Sonadex...", "", kAnyTime,
-               "Show what this program is and its version", "About Cantorix", nullptr, kSeparator},
+               "Show what this program is and its version", "About Cantorix",
+               ByFrame<&Frame::ShowAbout>, kSeparator},
 };
 
 }  // namespace

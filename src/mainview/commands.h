@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "mainview/carrier.h"
+#include "mainview/frame_actions.h"
 #include "mainview/sonadex_view.h"
 
 namespace cantorix {
@@ -157,9 +159,10 @@ struct CommandRow {
   Facts needs;                   // all of them must hold
   std::string_view status;       // one line for the status bar
   std::string_view toolTip;
-  void (*handler)(CSonadexView&);  // null: the frame carries it out
-  bool separator = false;          // stands above it in its menu
-  int toolGroup = 0;               // of its button on the tool bar, from 1; 0: no button
+  Carrier<CSonadexView, CSonadexDoc, FrameActions> carrier;
+  bool separator = false;  // stands above it in its menu
+  int toolGroup = 0;       // of its button on the tool bar, from 1; 0: no button
+  bool whileBusy = false;  // also while another operation runs
 };
 
 // All commands, those of a menu in its order. A menu shows the rows that need no document also
@@ -178,8 +181,8 @@ std::string FactNames(Facts facts);
 // `view` may be null.
 std::string_view MenuText(const CommandRow& row, const CSonadexView* view);
 
-// Where a command begins: runs its handler when it is enabled. False when it is not, when the frame
-// carries it out, and when it was given up.
+// Where a command of a view or its document begins: carries it out when it is enabled. False when
+// it is not, when it is one of the frame's, and when it was given up.
 bool RunCommand(CSonadexView& view, Command command);
 
 // Where everything else begins that the user does to a view, mouse input for one. What was

@@ -148,7 +148,7 @@ void EnterIntoOpenLog(CSonadexView& view, LogCommand command) {
   }
   const bool labels = command == LogCommand::kLabelsSelection || command == LogCommand::kLabelsAll;
   const double most = labels ? LabelCount(view.channel()) : static_cast<double>(view.pitch.count());
-  ProgressScope progress(view.progress(), "Entering into the log...(Press mouse to cancel)", most);
+  ProgressScope progress(view.progress(), kEnteringText, most);
   WatchedSink sink(*log, progress);
   EnterIntoLog(view, command, sink);
 }

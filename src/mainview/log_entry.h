@@ -6,6 +6,9 @@
 
 namespace cantorix {
 
+// The status text while rows are entered.
+inline constexpr const char* kEnteringText = "Entering into the log...(Press mouse to cancel)";
+
 struct LogEntry {
   std::string source;                // title of the document, at most 255 bytes
   std::string heading;               // kind of entry with the names of its values

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "analysis/frame_span.h"
 #include "analysis/square_sum.h"
 #include "analysis/test_signals.h"

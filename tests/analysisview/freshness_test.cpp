@@ -44,7 +44,7 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
   for (AnalysisWindow* window : All()) {
     EXPECT_FALSE(window->UpdateDue());
     for (const auto& row : WindowCommands()) {
-      EXPECT_FALSE(row.log && RunWindowCommand(*window, row.id)) << row.text;
+      EXPECT_FALSE(row.group == WindowGroup::kLog && RunWindowCommand(*window, row.id)) << row.text;
     }
   }
   EXPECT_TRUE(spectrum.samplesChanged() && spectrogram.samplesChanged());
@@ -166,7 +166,8 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   const auto enabled = [](const AnalysisWindow& window) {
     std::string texts;
     for (const auto& row : WindowCommands()) {
-      if (row.log && Offers(window.kind(), row) && IsEnabled(row, ConditionsOf(window))) {
+      if (row.group == WindowGroup::kLog && Offers(window.kind(), row) &&
+          IsEnabled(row, ConditionsOf(window))) {
         texts += std::string(row.text) + ";";
       }
     }

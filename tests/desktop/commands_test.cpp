@@ -2,6 +2,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSpinBox>
+#include <filesystem>
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/display_option_frame.h"
@@ -97,12 +98,7 @@ TEST_F(Commands, EnablingFollowsTheTable) {
     frame.Refresh();
     const Facts facts = FactsOf(&view);
     for (const CommandRow& row : CommandTable()) {
-      if (frame.actions().ActionOf(row.id).isEnabled()) {
-        EXPECT_TRUE(IsEnabled(row, facts)) << row.text;
-      } else if (IsEnabled(row, facts)) {
-        // Nothing draws, prints or opens analysis windows in this program.
-        EXPECT_EQ(row.handler, nullptr) << row.text;
-      }
+      EXPECT_EQ(Enabled(row.id), IsEnabled(row, facts)) << row.text;
     }
   };
   check("loaded");
@@ -123,46 +119,63 @@ TEST_F(Commands, EnablingFollowsTheTable) {
   EXPECT_TRUE(Enabled(Command::kEnterDuration));
 }
 
-TEST_F(Commands, WhatIsNotBuiltInStaysDisabled) {
+TEST_F(Commands, WithoutSoundNothingIsRecordedOrPlayed) {
   OpenSample();
   Perform(Command::kSelectAll);
-  for (const Command command :
-       {Command::kFftLpcSelection, Command::kSpectrogramAll, Command::kPrint, Command::kSaveAsBmp,
-        Command::kRecord, Command::kPlayAll, Command::kRecordPlayOptions}) {
+  for (const Command command : {Command::kRecord, Command::kPlayAll, Command::kPlaySelection,
+                                Command::kPlayWindow, Command::kRecordPlayOptions}) {
     EXPECT_FALSE(Enabled(command)) << RowOf(command).text;
   }
 }
 
-class RecordingWindows : public AnalysisWindows {
- public:
-  bool Offers(AnalysisKind kind) const override { return kind == AnalysisKind::kSpectrogram; }
-  void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
-  void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
-  void RefreshCommands() override {}
-  void CloseWindowsOf(CSonadexView&) override { ++closed; }
-  CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }
+TEST_F(Commands, WhatAViewCarriesOutNeedsADocument) {
+  for (const CommandRow& row : CommandTable()) {
+    EXPECT_TRUE(row.carrier.IsFor<FrameActions>() || (row.needs & fact::kDocument) != 0U)
+        << row.text;
+  }
+}
 
-  std::vector<AnalysisRequest> opened;
-  std::vector<MousePhase> moves;
-  int closed = 0;
-};
-
-TEST_F(Commands, AnalysisWindowsAreAskedForByKindAndStretch) {
-  RecordingWindows windows;
-  frame.SetAnalysisWindows(&windows);
+TEST_F(Commands, AnalysesAreAskedForByKindAndStretch) {
   OpenSample();
   QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});
+  EXPECT_THAT(asked.moves, ElementsAre(MousePhase::kPress, MousePhase::kRelease));
+  struct Row {
+    Command command;
+    AnalysisKind kind;
+    std::optional<Stretch> stretch;
+  };
+  const auto check = [&](const Row& row) {
+    asked.opened.clear();
+    Perform(row.command);
+    ASSERT_EQ(asked.opened.size(), 1U) << RowOf(row.command).text;
+    EXPECT_EQ(asked.opened[0].kind, row.kind) << RowOf(row.command).text;
+    EXPECT_EQ(asked.opened[0].stretch, row.stretch) << RowOf(row.command).text;
+  };
+  check({Command::kFftLpc, AnalysisKind::kFftLpc, std::nullopt});
   Perform(Command::kSelectAll);
-  EXPECT_FALSE(Enabled(Command::kFftLpcSelection));
-  Perform(Command::kSpectrogramSelection);
-  Perform(Command::kSpectrogramAll);
-  ASSERT_EQ(windows.opened.size(), 2U);
-  EXPECT_EQ(windows.opened[0].stretch, Stretch::kSelection);
-  EXPECT_EQ(windows.opened[1].stretch, Stretch::kAll);
-  EXPECT_THAT(windows.moves, ElementsAre(MousePhase::kPress, MousePhase::kRelease));
+  for (const Row& row :
+       {Row{Command::kFftLpcSelection, AnalysisKind::kFftLpc, Stretch::kSelection},
+        Row{Command::kSpectrogramAll, AnalysisKind::kSpectrogram, Stretch::kAll},
+        Row{Command::kSpectrogramSelection, AnalysisKind::kSpectrogram, Stretch::kSelection},
+        Row{Command::kSpectrogramWindow, AnalysisKind::kSpectrogram, Stretch::kWindow},
+        Row{Command::kPitchAll, AnalysisKind::kPitch, Stretch::kAll},
+        Row{Command::kPitchSelection, AnalysisKind::kPitch, Stretch::kSelection},
+        Row{Command::kPitchWindow, AnalysisKind::kPitch, Stretch::kWindow}}) {
+    check(row);
+  }
   frame.activeFrame()->close();
-  EXPECT_EQ(windows.closed, 1);
-  frame.SetAnalysisWindows(nullptr);
+  EXPECT_EQ(asked.closed, 1);
+}
+
+TEST_F(Commands, PrintsAndPicturesAreAskedForOneByOne) {
+  OpenSample();
+  for (const Command command :
+       {Command::kSaveAsBmp, Command::kSaveScreenAsBmp, Command::kPrint, Command::kPrintScreen,
+        Command::kPrintPreview, Command::kPrintSetup}) {
+    Perform(command);
+  }
+  EXPECT_THAT(printed.done, ElementsAre("save picture", "save screen", "print", "print screen",
+                                        "preview", "set up"));
 }
 
 TEST_F(Commands, TheLabelEntryCommandNamesWhatAClickWouldDo) {
@@ -192,9 +205,40 @@ TEST_F(Commands, RecentFilesOpenAgainAndMissingOnesGo) {
 }
 
 TEST_F(Commands, HelpOpensTheManualOfTheCurrentFolder) {
+  std::filesystem::current_path(folder.path());
   Perform(Command::kHelpTopics);
   EXPECT_THAT(prompts.TakeTranscript(),
               ElementsAre("message: No help file was found. Please contact the vendor."));
+  std::filesystem::create_directory(folder / "Manual");
+  WriteBytes(folder / "Manual/HelpIndex.html", {});
+  Perform(Command::kHelpTopics);
+  EXPECT_THAT(opener.opened, ElementsAre(folder / "Manual/HelpIndex.html"));
+  std::filesystem::current_path("/");
+}
+
+TEST_F(Commands, ButtonsSayWhatTheyDo) {
+  struct Row {
+    Command command;
+    const char* status;
+    const char* toolTip;
+  };
+  for (const Row& row :
+       {Row{Command::kViewLabels, "View the label list", "View Labels"},
+        Row{Command::kIntensity, "Perform power intensity of the waveform", "Intensity"},
+        Row{Command::kSmooth, "Smooth the data", "Smooth"},
+        Row{Command::kSetReferenceOfAll, "Set the reference for all channels",
+            "Set Channels Reference All"},
+        Row{Command::kRecord, "Start recording", "Record"},
+        Row{Command::kPlayWindow, "Play the section of the file displayed in the current window",
+            "Play Window"},
+        Row{Command::kFftLpc, "Perform FFT & LPC analysis", "FFT/LPC"},
+        Row{Command::kSpectrogramWindow, "Perform spectrogram on the window",
+            "Spectrogram Window"}}) {
+    const QAction& action = frame.actions().ActionOf(row.command);
+    EXPECT_EQ(action.statusTip(), row.status);
+    EXPECT_EQ(action.toolTip(), row.toolTip);
+    EXPECT_TRUE(frame.actions().toolBar().actions().contains(&action)) << row.toolTip;
+  }
 }
 
 TEST_F(Commands, ToolBarAndStatusBarComeAndGo) {

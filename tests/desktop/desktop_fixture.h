@@ -9,7 +9,9 @@
 #include <string>
 
 #include "app/application.h"
+#include "desktop/analysis_windows.h"
 #include "desktop/child_frame.h"
+#include "desktop/document_output.h"
 #include "desktop/main_frame.h"
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
@@ -25,12 +27,41 @@ namespace cantorix {
 
 inline std::string SamplePath() { return SamplesDirectory() + "/vowels.qrv"; }
 
+// Notes what it is asked to analyse.
+class RecordingWindows : public AnalysisWindows {
+ public:
+  void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
+  void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
+  void RefreshCommands() override {}
+  void CloseWindowsOf(CSonadexView&) override { ++closed; }
+  CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }
+
+  std::vector<AnalysisRequest> opened;
+  std::vector<MousePhase> moves;
+  int closed = 0;
+};
+
+// Notes what it is asked to save and print.
+class RecordingOutput : public DocumentOutput {
+ public:
+  void SavePicture(CSonadexView&, QWidget&) override { done.emplace_back("save picture"); }
+  void SaveScreen(CSonadexView&, QWidget&) override { done.emplace_back("save screen"); }
+  void Print(CSonadexView&, QWidget&) override { done.emplace_back("print"); }
+  void PrintScreen(CSonadexView&, QWidget&) override { done.emplace_back("print screen"); }
+  void Preview(CSonadexView&, QWidget&) override { done.emplace_back("preview"); }
+  void SetUp(QWidget&) override { done.emplace_back("set up"); }
+
+  std::vector<std::string> done;
+};
+
 class DesktopTest : public testing::Test {
  protected:
   DesktopTest() {
     app.host.programDirectory = folder.path();
     app.host.documentsWriteConfiguration = false;
     app.temporaryDirectory = folder.path() + "/";
+    frame.SetAnalysisWindows(&asked);
+    frame.SetOutput(&printed);
     frame.resize(1000, 700);
     frame.show();
     // Keys go to the active window, which it becomes only after a while on a busy machine.
@@ -60,6 +91,8 @@ class DesktopTest : public testing::Test {
   QtTextMeasurer textMeasurer;
   ScriptedDialogs dialogs;
   FakeOpener opener;
+  RecordingWindows asked;
+  RecordingOutput printed;
   CMainFrame frame{{app, progress, dialogs, textMeasurer, opener, clipboard}};
 };
 

@@ -212,26 +212,6 @@ TEST(Commands, OldSpellingsOfTheMenusAreKept) {
   EXPECT_EQ(RowOf(Command::kAbout).text, "&About Sonadex...");
 }
 
-TEST(Commands, ExplainTheirButtons) {
-  const std::pair<Command, std::string_view> rows[] = {
-      {Command::kViewLabels, "View the label list\nView Labels"},
-      {Command::kIntensity, "Perform power intensity of the waveform\nIntensity"},
-      {Command::kSmooth, "Smooth the data\nSmooth"},
-      {Command::kSetReferenceOfAll,
-       "Set the reference for all channels\nSet Channels Reference All"},
-      {Command::kRecord, "Start recording\nRecord"},
-      {Command::kPlayWindow,
-       "Play the section of the file displayed in the current window\nPlay Window"},
-      {Command::kFftLpc, "Perform FFT & LPC analysis\nFFT/LPC"},
-      {Command::kSpectrogramWindow, "Perform spectrogram on the window\nSpectrogram Window"},
-  };
-  for (const auto& [id, texts] : rows) {
-    const CommandRow& row = RowOf(id);
-    EXPECT_EQ(std::string(row.status) + "\n" + std::string(row.toolTip), texts);
-    EXPECT_GT(row.toolGroup, 0) << texts;
-  }
-}
-
 using RunCommandTest = ViewTest;
 
 TEST_F(RunCommandTest, RunsWhatIsEnabledAndNothingElse) {

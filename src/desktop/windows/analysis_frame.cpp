@@ -66,24 +66,24 @@ void AnalysisFrame::Settle() {
 }
 
 void AnalysisFrame::Perform(WindowCommand command) {
-  switch (command) {
-    case WindowCommand::kSavePicture:
-    case WindowCommand::kCopyPicture:
-    case WindowCommand::kPrint:
-      return host_.Output(*this, command);
-    case WindowCommand::kCopyReadouts:
-      QGuiApplication::clipboard()->setText(TextOfReadouts(model()));
-      return;
-    case WindowCommand::kCloseWindow:
-      close();
-      return;
-    case WindowCommand::kOptions:
-      Run([this] { RunCommand(view_, OptionsCommand()); });
-      break;
-    default:
-      Run([this, command] { RunWindowCommand(model(), command); });
+  const WindowCommandRow* const row = RowOf(model().kind(), command);
+  if (row == nullptr) return;
+  // What the widget does takes care of itself: one closes it, others ask the program.
+  if (row->carrier.IsFor<WindowActionsHost>()) {
+    RunWindowCommand(model(), command, this);
+    return;
   }
+  Run([this, command] { RunWindowCommand(model(), command); });
   Refresh();
+}
+
+void AnalysisFrame::ShowOptions() {
+  Run([this] { RunCommand(view_, OptionsCommand()); });
+  Refresh();
+}
+
+void AnalysisFrame::CopyReadouts() {
+  QGuiApplication::clipboard()->setText(TextOfReadouts(model()));
 }
 
 void AnalysisFrame::Refresh() {

@@ -35,7 +35,7 @@ class AnalysisFrameHost {
   virtual DocumentWaveform& WaveformOf(CSonadexDoc& document) = 0;
 };
 
-class AnalysisFrame : public QMdiSubWindow {
+class AnalysisFrame : public QMdiSubWindow, private WindowActionsHost {
  public:
   // `placement` is kept up to date while the window is moved and sized; null keeps none.
   AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
@@ -71,6 +71,13 @@ class AnalysisFrame : public QMdiSubWindow {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void ShowOptions() override;
+  void SavePicture() override { host_.Output(*this, WindowCommand::kSavePicture); }
+  void CopyPicture() override { host_.Output(*this, WindowCommand::kCopyPicture); }
+  void CopyReadouts() override;
+  void Print() override { host_.Output(*this, WindowCommand::kPrint); }
+  void CloseWindow() override { close(); }
+
   QString Note();
   void Rest();
   void RememberPlacement();

@@ -26,7 +26,6 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   };
   void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
 
-  bool Offers(AnalysisKind) const override { return around_.area != nullptr; }
   // A new window is closed again when nothing could be computed. A pitch track of the whole
   // recording gets a window only while the working view does not draw it; one of a stretch always,
   // because there it has the whole width.

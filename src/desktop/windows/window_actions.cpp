@@ -8,15 +8,6 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-constexpr int kOutputGroup = 3;
-
-// Entering rows, computing, switches, output.
-int GroupOf(const WindowCommandRow& row) {
-  if (row.log) return 0;
-  if (row.checkedWith) return 2;
-  return row.id == WindowCommand::kUpdate || row.id == WindowCommand::kOptions ? 1 : kOutputGroup;
-}
-
 QString ToolTip(const WindowCommandRow& row) {
   QString tip = Text(row.toolTip);
   if (!row.accelerator.empty()) tip += " (" + Text(row.accelerator) + ')';
@@ -38,7 +29,7 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
   const WindowCommandRow* before = nullptr;
   for (const WindowCommandRow& row : WindowCommands()) {
     if (!Offers(model.kind(), row)) continue;
-    if (before != nullptr && GroupOf(*before) != GroupOf(row)) owner.addAction(Separator(owner));
+    if (before != nullptr && before->group != row.group) owner.addAction(Separator(owner));
     auto* const action = new QAction(Text(row.text), &owner);
     action->setToolTip(ToolTip(row));
     action->setStatusTip(Text(row.toolTip));
@@ -58,8 +49,8 @@ void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& 
   const WindowCommandRow* before = nullptr;
   for (const Entry& entry : entries_) {
     if (!entry.row->onStrip) continue;
-    const bool begins = before == nullptr || GroupOf(*before) != GroupOf(*entry.row);
-    if (begins && GroupOf(*entry.row) == kOutputGroup) addOwn(strip);
+    const bool begins = before == nullptr || before->group != entry.row->group;
+    if (begins && entry.row->group == WindowGroup::kOutput) addOwn(strip);
     if (begins && before != nullptr) strip.addSeparator();
     strip.addAction(entry.action);
     before = entry.row;
