@@ -60,8 +60,8 @@ class DesktopTest : public testing::Test {
     app.host.programDirectory = folder.path();
     app.host.documentsWriteConfiguration = false;
     app.temporaryDirectory = folder.path() + "/";
-    frame.SetAnalysisWindows(&asked);
-    frame.SetOutput(&printed);
+    frame.SetAnalysisWindows(&analyses);
+    frame.SetOutput(&outputs);
     frame.resize(1000, 700);
     frame.show();
     // Keys go to the active window, which it becomes only after a while on a busy machine.
@@ -91,8 +91,8 @@ class DesktopTest : public testing::Test {
   QtTextMeasurer textMeasurer;
   ScriptedDialogs dialogs;
   FakeOpener opener;
-  RecordingWindows asked;
-  RecordingOutput printed;
+  RecordingWindows analyses;
+  RecordingOutput outputs;
   CMainFrame frame{{app, progress, dialogs, textMeasurer, opener, clipboard}};
 };
 

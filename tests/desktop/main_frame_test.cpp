@@ -160,6 +160,37 @@ TEST_F(Frame, TheWindowKeepsItsPlaceForTheNextOne) {
   EXPECT_EQ(frame.activeFrame()->geometry(), QRect(30, 20, 640, 420));
 }
 
+TEST_F(Frame, WindowsAreListedAndArranged) {
+  Open(CopySample("a&b.qrv"));
+  Open(CopySample("c.qrv"));
+  QMenu& menu = frame.actions().MenuOf(Menu::kWindow);
+  const auto list = [&menu] {
+    QMetaObject::invokeMethod(&menu, "aboutToShow");
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return menu.actions().last(2);
+  };
+  EXPECT_EQ(list()[0]->text(), "&1 a&&b.qrv");
+  EXPECT_EQ(list()[1]->text(), "&2 c.qrv");
+  EXPECT_TRUE(list()[1]->isChecked());
+  list()[0]->trigger();
+  EXPECT_EQ(frame.activeView()->document().title(), "a&b.qrv");
+  EXPECT_TRUE(list()[0]->isChecked());
+  EXPECT_FALSE(list()[1]->isChecked());
+
+  const auto frames = frame.Frames();
+  const auto overlap = [&] { return frames[0]->geometry().intersects(frames[1]->geometry()); };
+  Perform(Command::kTile);
+  EXPECT_FALSE(overlap());
+  Perform(Command::kCascade);
+  EXPECT_TRUE(overlap());
+  EXPECT_NE(frames[0]->pos(), frames[1]->pos());
+  for (CChildFrame* const child : frames) child->showMinimized();
+  for (CChildFrame* const child : frames) child->move(50, 50);
+  Perform(Command::kArrangeIcons);
+  EXPECT_EQ(frames[0]->geometry().bottomLeft(), QPoint(0, frame.area().viewport()->height() - 1));
+  EXPECT_EQ(frames[1]->geometry().bottomLeft(), frames[0]->geometry().bottomRight() + QPoint(1, 0));
+}
+
 TEST_F(Frame, AnEmptyDocumentShowsAndLoadsNothing) {
   Perform(Command::kNew);
   QApplication::processEvents();

@@ -110,6 +110,7 @@ TEST_F(BusyFrame, NoSecondOperationBegins) {
 }
 
 TEST_F(BusyFrame, TheStatusWindowClosesByTheKeysOfItsMenuUntilTheNextOperation) {
+  progress.SetOwner(&frame);
   OpenSample();
   for (const bool closes : {true, false}) {
     const ProgressScope scope(progress, "busy", 1.0);

@@ -4,8 +4,11 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -15,6 +18,7 @@
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
 #include "mainview/view_commands.h"
+#include "platform/numbers.h"
 #include "settings/config_file.h"
 
 namespace cantorix {
@@ -32,14 +36,31 @@ class ToolWindows : public DesktopTest {
   }
 };
 
+// Counts what the windows of a document are told.
+class Told : public DocumentObserver {
+ public:
+  explicit Told(CSonadexDoc& document) : document_(document) { document.Attach(*this); }
+  ~Told() override { document_.Detach(*this); }
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver*) override {
+    settings += changes.Has(DocumentChange::kSettings) ? 1 : 0;
+  }
+  int settings = 0;
+
+ private:
+  CSonadexDoc& document_;
+};
+
 TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
   ASSERT_TRUE(WriteConfiguration(ConfigPath(folder.path()), Settings{}));
   CSonadexView& view = OpenSample();
   DisplaySettings& display = view.document().settings.display;
+  const Told told(view.document());
+  int changes = 0;
   for (const auto& entry : frame.displayOptions().switches()) {
     SCOPED_TRACE(Typed(entry.box->text()));
     const DisplaySettings before = display;
     entry.box->click();
+    EXPECT_EQ(told.settings, ++changes) << "the windows draw it";
     EXPECT_EQ(display.*entry.field, 1 - before.*entry.field);
     EXPECT_EQ(Stored().document.display.*entry.field, display.*entry.field);
   }
@@ -74,32 +95,84 @@ TEST_F(ToolWindows, DisplayOptionsFollowTheDocumentInFront) {
       << "showing a document may not change it";
 }
 
-TEST_F(ToolWindows, TheLabelListShowsZoomsEditsAndDeletes) {
+TEST_F(ToolWindows, TheLabelListShowsTierTimeAndText) {
   CSonadexView& view = OpenSample();
   Perform(Command::kViewLabels);
   LabelListFrame& list = frame.labelList();
-  const int labels = list.table().model()->rowCount();
-  ASSERT_GT(labels, 7);
-  const std::string first = Text(list.table(), 0, 2);
-  EXPECT_EQ(Text(list.table(), 0, 0), "tones");
+  EXPECT_EQ(list.windowTitle(), "Labels - vowels.qrv");
+  const auto& tiers = view.channel().tiers;
+  const QAbstractItemModel& model = *list.table().model();
+  for (const int seconds : {0, 1}) {
+    view.document().settings.display.timeBase = seconds;
+    list.Refresh();
+    int row = 0;
+    for (const Tier& tier : tiers) {
+      for (int i = 0; tier.inUse && i < tier.labelCount(); ++i, ++row) {
+        const Label& label = tier.labels[static_cast<std::size_t>(i)];
+        EXPECT_EQ(Text(list.table(), row, 0), tier.name);
+        EXPECT_EQ(Text(list.table(), row, 1),
+                  FormatOneDecimal(seconds == 1 ? label.timeMs * 0.001 : label.timeMs));
+        EXPECT_EQ(Text(list.table(), row, 2), label.text);
+      }
+    }
+    EXPECT_GT(row, 7);
+    EXPECT_EQ(model.rowCount(), row);
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal), seconds == 1 ? "Time (sec)" : "Time (ms)");
+  }
+  EXPECT_EQ(model.headerData(0, Qt::Horizontal), "Tier");
+  EXPECT_EQ(model.headerData(2, Qt::Horizontal), "Label");
+  EXPECT_EQ(model.headerData(4, Qt::Vertical), 5);
+  EXPECT_EQ(model.index(0, 1).data(Qt::TextAlignmentRole).toInt(),
+            Qt::AlignRight | Qt::AlignVCenter);
+  EXPECT_FALSE(model.index(0, 2).data(Qt::TextAlignmentRole).isValid());
+}
 
-  list.table().selectRow(0);
-  list.Zoom();
-  EXPECT_TRUE(view.zoomed());
+TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kViewLabels);
+  LabelListFrame& list = frame.labelList();
+  const auto buttonsWork = [&] {
+    const auto buttons = list.findChildren<QPushButton*>();
+    return std::all_of(buttons.begin(), buttons.end(),
+                       [](const QPushButton* button) { return button->isEnabled(); });
+  };
+  const int labels = list.table().model()->rowCount();
+  EXPECT_FALSE(buttonsWork());
   list.Delete();
+  EXPECT_EQ(list.table().model()->rowCount(), labels) << "nothing is chosen";
+
+  list.table().selectRow(3);
+  EXPECT_TRUE(buttonsWork());
+  const std::string fourth = Text(list.table(), 3, 2);
+  const std::string fifth = Text(list.table(), 4, 2);
+  const QPoint place = list.table().visualRect(list.table().model()->index(3, 2)).center();
+  QTest::mouseClick(list.table().viewport(), Qt::LeftButton, {}, place);
+  QTest::mouseDClick(list.table().viewport(), Qt::LeftButton, {}, place);
+  EXPECT_TRUE(view.zoomed());
+  QApplication::setActiveWindow(&list);
+  list.table().setFocus();
+  QTest::keyClick(&list.table(), Qt::Key_Delete);
   EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
+  EXPECT_EQ(Text(list.table(), 3, 2), fifth);
+  EXPECT_EQ(list.table().currentIndex().row(), 3) << "the label that took its place";
   EXPECT_TRUE(view.document().isModified());
-  EXPECT_TRUE(view.undoAvailable);
 
   Label edited;
   edited.text = "edited";
+  edited.timeMs = std::stod(Text(list.table(), 3, 1));
   dialogs.label.WillGive({edited, false});
-  list.table().selectRow(0);
   list.Edit();
   ASSERT_EQ(dialogs.label.presets.size(), 1U);
   EXPECT_TRUE(dialogs.label.presets[0].exists);
-  EXPECT_NE(dialogs.label.presets[0].label.text, first);
+  EXPECT_EQ(dialogs.label.presets[0].label.text, fifth);
   EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
+  EXPECT_EQ(list.table()
+                .model()
+                ->match(list.table().model()->index(0, 2), Qt::DisplayRole, "edited")
+                .size(),
+            1);
+  Perform(Command::kUndo);
+  EXPECT_EQ(Text(list.table(), 3, 2), fifth) << "of " << fourth;
   view.document().SetModified(false);
 }
 
@@ -127,6 +200,30 @@ TEST_F(ToolWindows, TheLogShowsRowsAsTheyComeAndLosesThoseDeleted) {
   frame.log().form().DeleteRows();
   EXPECT_EQ(table.model()->rowCount(), rows - 2);
   EXPECT_EQ(Text(table, 0, 3), third);
+  EXPECT_EQ(table.model()->headerData(2, Qt::Horizontal), "Entry 1");
+  EXPECT_EQ(table.model()->headerData(0, Qt::Vertical), 1);
+  EXPECT_EQ(table.model()->index(0, 2).data(Qt::TextAlignmentRole).toInt(),
+            Qt::AlignRight | Qt::AlignVCenter);
+  EXPECT_FALSE(table.model()->index(0, 1).data(Qt::TextAlignmentRole).isValid());
+}
+
+TEST_F(ToolWindows, TakingRowsOutOfASavedLogModifiesIt) {
+  OpenSample();
+  Perform(Command::kLogNew);
+  for (int row = 0; row < 60; ++row) app.log->Append({"a", "b", {std::to_string(row)}});
+  prompts.WillChooseFile(folder / "log.txt");
+  Perform(Command::kLogSave);
+  EXPECT_EQ(frame.log().windowTitle(), "log.txt[*]");
+  EXPECT_FALSE(frame.log().isWindowModified());
+  QTableView& table = frame.log().form().table();
+  EXPECT_EQ(table.verticalScrollBar()->value(), table.verticalScrollBar()->maximum())
+      << "the rows that came last are in sight";
+  table.selectRow(7);
+  frame.log().form().DeleteRows();
+  EXPECT_TRUE(app.log->isModified());
+  EXPECT_TRUE(frame.log().isWindowModified());
+  EXPECT_EQ(Text(table, 7, 2), "8");
+  prompts.TakeTranscript();
 }
 
 TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {

@@ -104,18 +104,51 @@ TEST_F(ViewInput, ShiftAndTheWheelScrollTiersAndPanes) {
   EXPECT_EQ(view.tierOffset, 0);
 }
 
-TEST_F(ViewInput, ArrowAndPageKeysScroll) {
+TEST_F(ViewInput, KeysAndBarsScrollByLinesAndPages) {
   CSonadexView& view = OpenSample();
+  frame.resize(700, 330);
+  QApplication::processEvents();
   Perform(Command::kZoomIn);
-  const std::int32_t before = view.horizontal.position;
-  const std::int32_t page = view.horizontal.page;
   Picture().setFocus();
-  QTest::keyClick(&Picture(), Qt::Key_Right);
-  EXPECT_EQ(view.horizontal.position, before + page / 10);
-  QTest::keyClick(&Picture(), Qt::Key_Left);
-  EXPECT_EQ(view.horizontal.position, before);
-  QTest::keyClick(&Picture(), Qt::Key_PageUp);
-  EXPECT_EQ(view.horizontal.position, std::max(before - page, 0));
+  MainViewArea& area = frame.activeFrame()->area();
+  const std::int32_t middle = view.horizontal.position;
+  const std::int32_t page = view.horizontal.page;
+  const std::int32_t line = view.vertical.page / 10;
+  using Slider = QAbstractSlider;
+  struct Row {
+    const char* name;
+    QScrollBar& bar;
+    Qt::Key key;
+    Slider::SliderAction action;
+    std::int32_t position;
+  };
+  const Row rows[] = {
+      {"right", area.horizontalBar(), Qt::Key_Right, Slider::SliderSingleStepAdd,
+       middle + page / 10},
+      {"left", area.horizontalBar(), Qt::Key_Left, Slider::SliderSingleStepSub, middle},
+      {"page back", area.horizontalBar(), Qt::Key_PageUp, Slider::SliderPageStepSub,
+       std::max(middle - page, 0)},
+      {"down", area.verticalBar(), Qt::Key_Down, Slider::SliderSingleStepAdd, line},
+      {"up", area.verticalBar(), Qt::Key_Up, Slider::SliderSingleStepSub, 0},
+  };
+  for (const bool byKey : {true, false}) {
+    for (const Row& row : rows) {
+      SCOPED_TRACE(std::string(row.name) + (byKey ? " by key" : " by bar"));
+      if (byKey) {
+        QTest::keyClick(&Picture(), row.key);
+      } else {
+        row.bar.triggerAction(row.action);
+      }
+      EXPECT_EQ(row.bar.value(), row.position);
+      EXPECT_EQ(&row.bar == &area.verticalBar() ? view.vertical.position : view.horizontal.position,
+                row.position);
+    }
+    area.horizontalBar().setSliderPosition(middle);
+    area.horizontalBar().triggerAction(Slider::SliderMove);
+  }
+  area.verticalBar().setSliderPosition(line);
+  area.verticalBar().triggerAction(Slider::SliderMove);
+  EXPECT_LT(view.tierOffset, 0);
 }
 
 TEST_F(ViewInput, TheScrollBarsFollowTheViewAndMoveIt) {
