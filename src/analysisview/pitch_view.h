@@ -61,9 +61,9 @@ class CPitchView : public AnalysisWindow {
   void KeepSwitches() override {}
 
   CSonadexView& view_;
-  SampleRange range_;                      // of the last track
-  PitchSettings settings_;                 // of the last track
-  std::optional<double> unpassedPressMs_;  // the main view knows nothing of it yet
+  SampleRange range_;                        // of the last track
+  std::unique_ptr<PitchSettings> settings_;  // of the last track
+  std::optional<double> unpassedPressMs_;    // the main view knows nothing of it yet
   bool wholeRecording_ = false;
 };
 
