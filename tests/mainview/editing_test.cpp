@@ -31,12 +31,6 @@ Samples Replaced(const Samples& all, std::size_t first, std::size_t end, const S
   return result;
 }
 
-Samples Piece(const Samples& all, std::size_t first, std::size_t end) {
-  Samples piece;
-  AddSamples(piece, all, first, end);
-  return piece;
-}
-
 class EditingTest : public ViewTest {
  protected:
   const CChannel& slot() const { return world.clipboard.slots[0]; }
@@ -282,53 +276,6 @@ TEST_F(EditingTest, PitchIsComputedAgainWhenItIsAutomaticAndElseDropped) {
       EXPECT_EQ(talk.view.pitch.range.end, 2000.0);
     }
     EXPECT_TRUE(world.listener.notices.at(0).Has(DocumentChange::kSamples));
-  }
-}
-
-// Any row of edits gives what a plain list of numbers gives.
-TEST_F(EditingTest, ManyEditsGiveWhatAListOfSamplesGives) {
-  std::mt19937 random(11);
-  const auto below = [&random](std::size_t end) {
-    return std::uniform_int_distribution<std::size_t>(0, end)(random);
-  };
-  Samples model = Ramp(500);
-  Samples undone = model;
-  Samples copied;
-  ViewedRecording talk(world, model);
-  for (int step = 0; step < 400; ++step) {
-    SCOPED_TRACE(step);
-    const auto [first, end] = std::minmax({below(model.size()), below(model.size())});
-    SelectSamples(talk, static_cast<double>(first), static_cast<double>(end));
-    const bool wholeFile = first == 0 && end == model.size();
-    switch (below(4)) {
-      case 0:
-        if (wholeFile || model.size() < 50) break;
-        CutSelection(talk.view);
-        undone = std::exchange(model, Replaced(model, first, end, {}));
-        copied = Piece(undone, first, end);
-        break;
-      case 1:
-        CopySelection(talk.view);
-        copied = Piece(model, first, end);
-        break;
-      case 2:
-        if (wholeFile || !world.clipboard.clipboardFull || model.size() > 5000) break;
-        Paste(talk.view);
-        undone = std::exchange(model, Replaced(model, first, end, copied));
-        break;
-      case 3:
-        if (!world.clipboard.clipboardFull || model.size() > 5000) break;
-        PutCursor(talk, static_cast<double>(first));
-        Paste(talk.view);
-        undone = std::exchange(model, Replaced(model, first, first, copied));
-        break;
-      default:
-        if (!talk.view.undoAvailable) break;
-        Undo(talk.view);
-        model = undone;
-    }
-    ASSERT_EQ(talk.samples(), model);
-    ASSERT_EQ(talk.channel().totalLength, static_cast<double>(model.size()));
   }
 }
 

@@ -108,14 +108,6 @@ TEST_F(SampleEditsTest, CancelledGainLeavesTheBlocksBeforeItChangedIsKept) {
   EXPECT_EQ(talk.samples(), Ramp(10));
 }
 
-TEST_F(SampleEditsTest, CancelBeforeTheUndoFileIsWrittenChangesNothing) {
-  ViewedRecording talk(world, Ramp(10), 4.0, Place::kDisk);
-  world.test.progress = CancellingProgress(2);
-  EXPECT_THROW(ApplyReferenceAndGain(talk.view, {0.0, 100.0}), Abandoned);
-  EXPECT_EQ(talk.samples(), Ramp(10));
-  EXPECT_FALSE(talk.document.isModified() || talk.view.undoAvailable);
-}
-
 TEST_F(SampleEditsTest, SmoothAveragesThreeWhereverTheSamplesAre) {
   const Samples rows[] = {
       {}, {5}, {5, 9}, {0, 3, 1, -9, 32767, 32767, 32767, -32768}, {-1, -1, 0, 7, 7}};
