@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "document/document.h"
+#include "document/label.h"
 #include "document/native_file.h"
 #include "platform/progress.h"
 #include "platform/prompts.h"
