@@ -1,15 +1,18 @@
 // leftovers.cpp - recognising what has no owner any more, and deleting it.
 #include "platform/leftovers.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <ftw.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <exception>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 #include "platform/file_error.h"
@@ -30,14 +33,25 @@ bool IsAbandoned(const Descriptor& file, mode_t type) {
          TryExclusiveLock(file.number()) == Lock::kTaken;
 }
 
+// Read by the C library: the iterator of the C++ one ends the program when memory runs out in it.
 std::vector<std::string> NamesIn(const std::string& folder) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
   std::vector<std::string> names;
-  std::error_code failure;
-  for (fs::directory_iterator at(folder, failure), end; !failure && at != end;
-       at.increment(failure)) {
-    names.push_back(at->path().filename().string());
-  }
+  if (!stream) return names;
+  while (const dirent* const entry = ::readdir(stream.get())) names.emplace_back(entry->d_name);
   return names;
+}
+
+int RemoveOne(const char* path, const struct stat*, int, FTW*) {
+  ::remove(path);
+  return 0;
+}
+
+// A folder with all it holds, as far as that goes; links are not followed. Takes no memory that
+// could end the program.
+void RemoveTree(const std::string& path) noexcept {
+  constexpr int kOpenFolders = 16;
+  ::nftw(path.c_str(), RemoveOne, kOpenFolders, FTW_DEPTH | FTW_PHYS);
 }
 
 Descriptor OpenFolder(const std::string& path) {
@@ -49,8 +63,7 @@ void RemoveLeftoverFolders(const fs::path& parent, const std::string& prefix) {
     if (!name.starts_with(prefix) || name.size() != prefix.size() + kOwnPart) continue;
     const std::string path = parent / name;
     const Descriptor folder = OpenFolder(path);
-    std::error_code stays;
-    if (IsAbandoned(folder, S_IFDIR)) fs::remove_all(path, stays);
+    if (IsAbandoned(folder, S_IFDIR)) RemoveTree(path);
   }
 }
 
@@ -87,13 +100,8 @@ PrivateFolder::PrivateFolder(const std::string& prefix) {
   }
 }
 
-PrivateFolder::~PrivateFolder() {
-  try {
-    fs::remove_all(path_);
-  } catch (const std::exception&) {
-    // What stays is found and deleted by the next program that makes such a folder.
-  }
-}
+// What stays is found and deleted by the next program that makes such a folder.
+PrivateFolder::~PrivateFolder() { RemoveTree(path_); }
 
 bool IsNumberedName(std::string_view text, std::string_view prefix) {
   if (!text.starts_with(prefix)) return false;
