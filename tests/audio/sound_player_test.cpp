@@ -1,0 +1,244 @@
+// sound_player_test.cpp - the player against a scripted output: order of calls, texts, one buffer
+// or two, sources, and how a playback ends.
+#include "audio/sound_player.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/file_error.h"
+#include "sound_fixture.h"
+#include "support/scripted_wave.h"
+#include "support/temporary_folder.h"
+#include "support/virtual_clock.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Texts = std::vector<std::string>;
+
+class CountingObserver : public PlaybackObserver {
+ public:
+  void BufferPlayed(std::int64_t buffers) override {
+    played = buffers;
+    ++calls;
+  }
+  std::atomic<std::int64_t> played{0};
+  std::atomic<int> calls{0};
+};
+
+class SoundPlayerTest : public testing::Test {
+ protected:
+  static void SetUpMemory(SoundPlayer& target, std::int64_t count, std::uint32_t rateHz = 11025) {
+    const auto samples = SamplesFrom(0, static_cast<std::size_t>(count) + 20);
+    target.SetUpFromMemory(SpanSource(samples), {10, count, rateHz});
+  }
+  // Takes `buffers` of the player's in pieces like a device, each when it has been written.
+  std::vector<std::int16_t> PlayBuffers(std::size_t buffers, std::size_t bufferSamples) {
+    std::vector<std::int16_t> heard;
+    while (heard.size() < buffers * bufferSamples) {
+      const std::size_t count = std::min<std::size_t>(1000, buffers * bufferSamples - heard.size());
+      const bool isWritten = Eventually([&] { return device->feed()->storedSamples() >= count; });
+      if (!isWritten) return heard;
+      const auto piece = device->Take(count);
+      heard.insert(heard.end(), piece.begin(), piece.end());
+    }
+    return heard;
+  }
+  VirtualClock clock;
+  FakeMemoryProbe memory;
+  std::shared_ptr<ScriptedOut> device = std::make_shared<ScriptedOut>();
+  std::shared_ptr<RecordingNotices> notices = std::make_shared<RecordingNotices>();
+  std::shared_ptr<CountingObserver> observer = std::make_shared<CountingObserver>();
+  SoundPlayer player{device, notices, clock, memory, observer};
+};
+
+TEST_F(SoundPlayerTest, PlaysAShortStretchAsOneBuffer) {
+  SetUpMemory(player, 32767);
+  EXPECT_TRUE(player.Start());
+  EXPECT_THAT(device->script.calls(),
+              ElementsAre("DeviceCount", "Capabilities", "Open", "Prepare", "Write"));
+  EXPECT_EQ(device->event, nullptr);
+  EXPECT_EQ(device->format.rateHz, 11025U);
+  EXPECT_EQ(device->format.bitsPerSample, 16);
+  auto expected = SamplesFrom(10, 32767);
+  expected.resize(33000, 0);
+  EXPECT_EQ(device->Take(33000), expected);
+  EXPECT_EQ(player.totalSamples(), 32767);
+  EXPECT_EQ(player.Status().playedSamples, 32767);
+  player.Stop();
+  const auto calls = device->script.calls();
+  EXPECT_EQ((Texts{calls.begin() + 5, calls.end()}), (Texts{"Pause", "Reset", "Close"}));
+  EXPECT_THAT(clock.sleepsMs, ElementsAre(100.0, 100.0));
+  EXPECT_EQ(observer->calls, 0);
+}
+
+TEST_F(SoundPlayerTest, StreamsALongerStretchAndSilenceToTheEndOfABuffer) {
+  struct Row {
+    std::int64_t count;
+    std::uint32_t rateHz;
+    std::size_t buffer;
+    std::size_t buffers;  // that are written, the one behind an even end included
+  };
+  for (const Row& row : {Row{32768, 11025, 2048, 17}, Row{40000, 16000, 4096, 10},
+                         Row{100001, 44100, 8192, 13}, Row{60000, 96000, 2048, 30}}) {
+    SCOPED_TRACE(testing::Message() << row.count << " samples");
+    SetUpMemory(player, row.count, row.rateHz);
+    EXPECT_TRUE(player.Start());
+    auto expected = SamplesFrom(10, static_cast<std::size_t>(row.count));
+    expected.resize(row.buffers * row.buffer, 0);
+    EXPECT_EQ(PlayBuffers(row.buffers, row.buffer), expected);
+    EXPECT_EQ(device->feed()->storedSamples(), 0U) << "no more buffers";
+    EXPECT_EQ(device->Status().starvedSamples, 0);
+    player.Stop();
+    EXPECT_THAT(notices->texts(), IsEmpty());
+  }
+}
+
+TEST_F(SoundPlayerTest, SaysEachFailureOfTheStartOnceAndGoesOn) {
+  struct Row {
+    bool streams;
+    int call;
+    Outcome outcome;
+    Texts texts;
+    std::size_t calls;
+  };
+  const std::string open = "Sound output Cannot Open Device!";
+  const std::string prepare = " Sound Output Cannot Prepare Header !";
+  const std::string write = " Sound Output Cannot Write Buffer !";
+  const std::string card = "Sound output Cannot determine card capabilities !";
+  for (const Row& row :
+       {Row{false, 0, Outcome::kFails, {"No Sound Output Device"}, 1},
+        Row{false, 1, Outcome::kFails, {card}, 5},
+        Row{false, 2, Outcome::kFails, {open, prepare, write}, 5},
+        Row{false, 3, Outcome::kFails, {prepare}, 5},
+        Row{false, 3, Outcome::kUnmarked, {prepare}, 5}, Row{false, 4, Outcome::kFails, {write}, 5},
+        Row{true, 0, Outcome::kFails, {"No Sound Output Device"}, 1},
+        Row{true, 1, Outcome::kFails, {card}, 7},
+        Row{true, 2, Outcome::kFails, {open, prepare, write, prepare, write}, 7},
+        Row{true, 3, Outcome::kFails, {prepare}, 7}, Row{true, 4, Outcome::kFails, {write}, 7},
+        Row{true, 5, Outcome::kUnmarked, {prepare}, 7},
+        Row{true, 6, Outcome::kFails, {write}, 7}}) {
+    SCOPED_TRACE(testing::Message() << (row.streams ? "streaming, " : "single, ") << row.call);
+    const auto scripted = std::make_shared<ScriptedOut>();
+    const auto told = std::make_shared<RecordingNotices>();
+    SoundPlayer failing(scripted, told, clock, memory);
+    // At this rate two buffers never fill the store, so the worker does nothing by itself.
+    SetUpMemory(failing, row.streams ? 32768 : 100);
+    scripted->script.Set(row.call, row.outcome);
+    EXPECT_FALSE(failing.Start());
+    const auto calls = scripted->script.calls();
+    const auto began = std::find(calls.begin(), calls.end(), "Unprepare") - calls.begin();
+    EXPECT_EQ(static_cast<std::size_t>(began), row.calls);
+    failing.Stop();
+    EXPECT_EQ(told->texts(), row.texts);
+  }
+}
+
+TEST_F(SoundPlayerTest, SaysEachFailureOfARefillOnceAndGoesOn) {
+  struct Row {
+    int call;
+    Outcome outcome;
+    Texts texts;
+    std::int64_t lost;  // first sample of the buffer that is not heard, or -1
+  };
+  // 7 calls start; each refill is Unprepare, Prepare and Write.
+  for (const Row& row : {Row{7, Outcome::kFails, {"Sound output Cannot UnPrepareHeader !"}, -1},
+                         Row{8, Outcome::kFails, {"Sound output Cannot Prepare Header !"}, -1},
+                         Row{8, Outcome::kUnmarked, {"Sound output Cannot Prepare Header !"}, -1},
+                         Row{9, Outcome::kFails, {"Sound output Cannot Add Buffer !"}, 4096}}) {
+    SCOPED_TRACE(testing::Message() << "call " << row.call);
+    const auto scripted = std::make_shared<ScriptedOut>();
+    const auto told = std::make_shared<RecordingNotices>();
+    const auto watching = std::make_shared<CountingObserver>();
+    SoundPlayer failing(scripted, told, clock, memory, watching);
+    SetUpMemory(failing, 32768);
+    scripted->script.Set(row.call, row.outcome);
+    EXPECT_TRUE(failing.Start());
+    // The store of a second takes five buffers and a bit; both of the player's are in it.
+    EXPECT_TRUE(Eventually([&] { return watching->calls >= 4; }));
+    const auto heard = scripted->Take(6000);
+    auto expected = SamplesFrom(10, 6000);
+    if (row.lost >= 0) {
+      const auto behind = SamplesFrom(10 + row.lost + 2048, 6000);
+      std::copy(behind.begin(), behind.begin() + (6000 - row.lost), expected.begin() + row.lost);
+    }
+    EXPECT_EQ(heard, expected);
+    failing.Stop();
+    EXPECT_EQ(told->texts(), row.texts);
+  }
+}
+
+TEST_F(SoundPlayerTest, PlaysFromAFileWhatItPlaysFromMemory) {
+  TemporaryFolder folder;
+  const auto samples = SamplesFrom(0, 50000);
+  WriteBytes(folder / "store", std::as_bytes(std::span(samples)));
+  for (const std::int64_t count : {1000, 40000}) {
+    player.SetUpFromFile(folder / "store", {77, count, 22050});
+    EXPECT_TRUE(player.Start());
+    auto expected = SamplesFrom(77, static_cast<std::size_t>(count));
+    expected.resize(count < 32768 ? 2000 : 40960, 0);
+    EXPECT_EQ(count < 32768 ? device->Take(2000) : PlayBuffers(10, 4096), expected);
+    player.Stop();
+  }
+  EXPECT_THROW(player.SetUpFromFile(folder / "absent", {0, 10, 22050}), FileError);
+  EXPECT_FALSE(player.Start()) << "nothing to play";
+  // A file that became too short is silent where it ends, and says so.
+  player.SetUpFromFile(folder / "store", {49990, 20, 22050});
+  EXPECT_TRUE(player.Start());
+  EXPECT_EQ(device->Take(20), std::vector<std::int16_t>(20, 0));
+  EXPECT_THAT(notices->texts(), ElementsAre("The file ends at byte 100000, too early."));
+  player.Stop();
+}
+
+TEST_F(SoundPlayerTest, PlaysNothingWithoutMemory) {
+  memory.limitBytes = 199;
+  SetUpMemory(player, 100);
+  EXPECT_THAT(notices->texts(), ElementsAre("error in memory"));
+  EXPECT_FALSE(player.Start());
+  EXPECT_THAT(device->script.calls(), IsEmpty());
+  memory.limitBytes = 200;
+  SetUpMemory(player, 100);
+  EXPECT_TRUE(player.Start());
+}
+
+TEST_F(SoundPlayerTest, RefillsNothingAfterAPauseIsKept) {
+  SetUpMemory(player, 60000);
+  EXPECT_TRUE(player.Start());
+  // The store of a second takes five buffers; two more wait.
+  ASSERT_TRUE(Eventually([&] { return observer->calls == 5; }));
+  player.Pause();
+  EXPECT_EQ(device->Take(500), std::vector<std::int16_t>(500, 0));
+  player.Resume();
+  const auto heard = device->Take(20000);
+  auto expected = SamplesFrom(10, 7 * 2048);
+  expected.resize(20000, 0);
+  EXPECT_EQ(heard, expected);
+  EXPECT_EQ(observer->played, 5);
+  player.Stop();
+}
+
+TEST_F(SoundPlayerTest, TellsItsObserverOfEveryBufferAndOfTheEnd) {
+  SetUpMemory(player, 32768, 44100);
+  EXPECT_TRUE(player.Start());
+  // The store takes two buffers at the start and three refills, the last beyond the end. All five
+  // are finished at once, and each is told of.
+  ASSERT_TRUE(Eventually([&] { return observer->calls == 5; }));
+  EXPECT_EQ(observer->played, 3);
+  player.Stop();
+  EXPECT_EQ(observer->calls, 5) << "stopped in its wait, it leaves without a word";
+}
+
+TEST_F(SoundPlayerTest, LeavesWithAWordWhenStoppedBeforeItsFirstRound) {
+  // The device does not open, so the worker waits for that until Stop.
+  device->script.Set(2, Outcome::kFails);
+  SetUpMemory(player, 32768);
+  EXPECT_FALSE(player.Start());
+  player.Stop();
+  EXPECT_EQ(observer->calls, 1);
+}
+
+}  // namespace
+}  // namespace cantorix
