@@ -7,8 +7,11 @@ packages=()
 for purpose in "$@"; do
   case $purpose in
     build) packages+=(g++ cmake ninja-build libcli11-dev) ;;
-    desktop) packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core) ;;
-    tests) packages+=(libgtest-dev libgmock-dev alsa-utils) ;;
+    desktop)
+      packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core)
+      packages+=(portaudio19-dev libportaudio2 libasound2-plugins)
+      ;;
+    tests) packages+=(libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick) ;;
