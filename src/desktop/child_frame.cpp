@@ -109,7 +109,7 @@ void CChildFrame::ShowTitle() {
   if (document_ == nullptr) return;
   const QString number = number_ > 0 ? QStringLiteral(":%1").arg(number_) : QString();
   // A doubled mark stands for itself; a single one shows the modified state.
-  const QString title = Shown(document_->title()).replace("[*]", "[*][*]");
+  const QString title = Shown(document_->shownName()).replace("[*]", "[*][*]");
   setWindowTitle(title + number + "[*]");
   setWindowModified(document_->isModified());
 }

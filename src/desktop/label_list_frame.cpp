@@ -105,8 +105,9 @@ QPushButton* LabelListFrame::AddButton(QHBoxLayout& line, const QString& text,
 }
 
 void LabelListFrame::Follow(CSonadexView* view) {
-  setWindowTitle(view == nullptr ? QStringLiteral("Labels")
-                                 : QStringLiteral("Labels - ") + Shown(view->document().title()));
+  setWindowTitle(view == nullptr
+                     ? QStringLiteral("Labels")
+                     : QStringLiteral("Labels - ") + Shown(view->document().shownName()));
   if (view == view_) return;
   view_ = view;
   Refresh();

@@ -14,13 +14,17 @@ namespace cantorix {
 CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<Entry>(application_.host)); }
 
 CSonadexDoc* OpenDocuments::Open(const std::string& path) {
-  if (CSonadexDoc* const open = Find(path)) return open;
+  CSonadexDoc* const open = Find(path);
+  // Of a file of several channels another one may be wanted.
+  if (open != nullptr && !open->extractedChannel) return open;
   auto entry = std::make_unique<Entry>(application_.host);
   if (!entry->document.OnOpenDocument(path)) {
     Report(path, entry->document.openFailure);
     return nullptr;
   }
   application_.recentFiles.Add(path);
+  const std::string& name = entry->document.shownName();
+  if (CSonadexDoc* const same = Find(path, &name)) return same;
   return &Keep(std::move(entry));
 }
 
@@ -46,10 +50,11 @@ DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
   throw std::logic_error("a document that is not open");
 }
 
-CSonadexDoc* OpenDocuments::Find(const std::string& path) const {
+CSonadexDoc* OpenDocuments::Find(const std::string& path, const std::string* shownName) const {
   for (CSonadexDoc* const document : All()) {
     std::error_code missing;
     if (!document->pathName().empty() &&
+        (shownName == nullptr || document->shownName() == *shownName) &&
         std::filesystem::equivalent(document->pathName(), path, missing)) {
       return document;
     }

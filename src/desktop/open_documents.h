@@ -17,8 +17,9 @@ class OpenDocuments {
   explicit OpenDocuments(Application& application) : application_(application) {}
 
   CSonadexDoc& New();
-  // The document of `path`; the one that has it open already, if any. Null when it could not be
-  // opened, which the user has been told unless they cancelled it.
+  // The document of `path`; the one that has it open already, if any. Of a file of several channels
+  // each channel is a document of its own. Null when it could not be opened, which the user has
+  // been told unless they cancelled it.
   CSonadexDoc* Open(const std::string& path);
   // Ends a document. Its views must be gone.
   void Close(CSonadexDoc& document);
@@ -28,7 +29,8 @@ class OpenDocuments {
   DocumentWaveform& WaveformOf(const CSonadexDoc& document);
 
  private:
-  CSonadexDoc* Find(const std::string& path) const;
+  // The first one of `path` and, unless null, of that name; null without any.
+  CSonadexDoc* Find(const std::string& path, const std::string* shownName = nullptr) const;
   void Report(const std::string& path, const OpenFailure& failure);
 
   struct Entry {

@@ -1,15 +1,13 @@
 // qt_dialogs.cpp - each dialog is shown, and its values are given back when OK took them.
 #include "desktop/qt_dialogs.h"
 
-#include "desktop/dialogs/fft_lpc_dialog.h"
 #include "desktop/dialogs/label_dialog.h"
 #include "desktop/dialogs/label_import_dialog.h"
-#include "desktop/dialogs/pitch_dialog.h"
-#include "desktop/dialogs/small_dialogs.h"
-#include "desktop/dialogs/spectrogram_dialog.h"
+#include "desktop/dialogs/option_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/qt_prompts.h"
 #include "mainview/dialog_answers.h"
+#include "platform/numbers.h"
 
 namespace cantorix {
 namespace {
@@ -18,6 +16,11 @@ template <typename Dialog>
 auto Ask(Dialog&& dialog) -> std::optional<decltype(dialog.Entered())> {
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Entered();
+}
+
+template <typename S>
+std::optional<S> AskOptions(const OptionForm<S>& form, OptionValues<S> values, QtPrompts& prompts) {
+  return Ask(OptionDialog<S>(prompts, form, std::move(values), prompts.Parent()));
 }
 
 }  // namespace
@@ -38,32 +41,39 @@ std::optional<LabelImportAnswer> QtDialogs::AskLabelImport(
 }
 
 std::optional<GainSettings> QtDialogs::AskGain(const GainSettings& preset) {
-  return Ask(GainDialog(prompts_, preset, prompts_.Parent()));
+  return AskOptions(GainForm(), {preset}, prompts_);
 }
 
 std::optional<std::int32_t> QtDialogs::AskZoomRange(std::int32_t presetMs) {
-  return Ask(ZoomDialog(prompts_, presetMs, prompts_.Parent()));
+  DocumentSettings preset;
+  preset.zoomRangeMs = presetMs;
+  const auto entered = AskOptions(ZoomForm(), {preset}, prompts_);
+  return entered ? std::optional(TruncateToInt32(entered->zoomRangeMs)) : std::nullopt;
 }
 
 std::optional<FftLpcSettings> QtDialogs::AskFftLpc(const FftLpcSettings& preset, double rateHz) {
-  return Ask(FftLpcDialog(prompts_, preset, rateHz, prompts_.Parent()));
+  return AskOptions(FftLpcForm(), {preset, {}, rateHz}, prompts_);
 }
 
 std::optional<SpectrogramSettings> QtDialogs::AskSpectrogram(const SpectrogramSettings& preset,
+                                                             const SpectrogramSettings& defaults,
                                                              double rateHz) {
-  return Ask(SpectrogramDialog(prompts_, preset, rateHz, prompts_.Parent()));
+  return AskOptions(SpectrogramForm(), {preset, defaults, rateHz}, prompts_);
 }
 
 std::optional<PitchSettings> QtDialogs::AskPitch(const PitchSettings& preset) {
-  return Ask(PitchDialog(prompts_, preset, prompts_.Parent()));
+  return AskOptions(PitchForm(), {preset}, prompts_);
 }
 
 std::optional<IntensitySettings> QtDialogs::AskIntensity(const IntensitySettings& preset) {
-  return Ask(IntensityDialog(prompts_, preset, prompts_.Parent()));
+  return AskOptions(IntensityForm(), {preset}, prompts_);
 }
 
 std::optional<std::int32_t> QtDialogs::AskLogStep(std::int32_t presetHz) {
-  return Ask(LogDialog(prompts_, presetHz, prompts_.Parent()));
+  DocumentSettings preset;
+  preset.logStepHz = presetHz;
+  const auto entered = AskOptions(LogForm(), {preset}, prompts_);
+  return entered ? std::optional(entered->logStepHz) : std::nullopt;
 }
 
 }  // namespace cantorix

@@ -19,6 +19,7 @@ class QtDialogs : public ViewDialogs {
   std::optional<std::int32_t> AskZoomRange(std::int32_t presetMs) override;
   std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings& preset, double rateHz) override;
   std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
+                                                    const SpectrogramSettings& defaults,
                                                     double rateHz) override;
   std::optional<PitchSettings> AskPitch(const PitchSettings& preset) override;
   std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) override;

@@ -7,7 +7,7 @@
 #include <QMessageBox>
 
 #include "desktop/dialogs/channel_dialog.h"
-#include "desktop/dialogs/generic_dialog.h"
+#include "desktop/dialogs/option_dialog.h"
 #include "desktop/file_filter.h"
 #include "desktop/qt_text.h"
 
@@ -111,7 +111,7 @@ std::optional<int> QtPrompts::ChooseChannel(const std::string& text, int channel
 }
 
 std::optional<GenericParameters> QtPrompts::AskGenericParameters(const GenericParameters& preset) {
-  GenericDialog dialog(*this, preset, Parent());
+  OptionDialog<GenericParameters> dialog(*this, GenericForm(), {preset}, Parent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Entered();
 }

@@ -55,6 +55,10 @@ class CSonadexDoc {
   SampleStore* store() { return store_.get(); }  // null while the samples are in memory
 
   const std::string& title() const { return title_; }
+  // What windows show: the title or, of a channel read out of several, "speech.wav::Channel2".
+  const std::string& shownName() const {
+    return extractedChannel && pathIsForeign ? channelSuffixedName : title_;
+  }
   const std::string& pathName() const { return pathName_; }
   // The title becomes the file name of `path`.
   void SetPathName(const std::string& path);

@@ -11,9 +11,11 @@
 
 namespace cantorix {
 
+inline constexpr std::size_t kMaxTierNameBytes = 255;
+
 // One line of the "Tiers Option" dialog.
 struct TierSetup {
-  std::string name;
+  std::string name;          // at most kMaxTierNameBytes bytes
   std::int32_t height = 20;  // pixels, 1 and more
   bool inUse = false;
 

@@ -15,9 +15,11 @@ void SetFftLpcOptions(CSonadexView& view) {
 }
 
 void SetSpectrogramOptions(CSonadexView& view) {
-  SpectrogramSettings& settings = view.document().settings.spectrogram;
-  const auto entered =
-      view.services().dialogs.AskSpectrogram(settings, view.channel().sampleRateHz);
+  DocumentSettings& document = view.document().settings;
+  SpectrogramSettings& settings = document.spectrogram;
+  const auto entered = view.services().dialogs.AskSpectrogram(
+      settings, DefaultDocumentSettings(document.referenceRateHz).spectrogram,
+      view.channel().sampleRateHz);
   if (!entered) return;
   settings = *entered;
   KeepOptions(view, SettingsDialog::kSpectrogram);

@@ -22,6 +22,7 @@ std::optional<std::int32_t> QuietDialogs::AskZoomRange(std::int32_t) { return {}
 std::optional<FftLpcSettings> QuietDialogs::AskFftLpc(const FftLpcSettings&, double) { return {}; }
 
 std::optional<SpectrogramSettings> QuietDialogs::AskSpectrogram(const SpectrogramSettings&,
+                                                                const SpectrogramSettings&,
                                                                 double) {
   return {};
 }

@@ -16,7 +16,8 @@ class QuietDialogs : public ViewDialogs {
   std::optional<GainSettings> AskGain(const GainSettings&) override;
   std::optional<std::int32_t> AskZoomRange(std::int32_t) override;
   std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override;
-  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&, double) override;
+  std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&,
+                                                    const SpectrogramSettings&, double) override;
   std::optional<PitchSettings> AskPitch(const PitchSettings&) override;
   std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override;
   std::optional<std::int32_t> AskLogStep(std::int32_t) override;

@@ -21,8 +21,6 @@
 namespace cantorix {
 namespace {
 
-constexpr std::size_t kTierNameBytes = 255;
-
 TierSetups SetupsOf(const Tiers& tiers) {
   TierSetups setups;
   for (std::size_t i = 0; i < tiers.size(); ++i) {
@@ -34,7 +32,7 @@ TierSetups SetupsOf(const Tiers& tiers) {
 void TakeSetups(CSonadexDoc& document, const TierSetups& setups) {
   for (std::size_t i = 0; i < setups.size(); ++i) {
     Tier& tier = document.channel().tiers[i];
-    tier.name = CutText(setups[i].name, kTierNameBytes);
+    tier.name = CutText(setups[i].name, kMaxTierNameBytes);
     tier.tierWord = std::max(setups[i].height, 1);
     tier.inUse = setups[i].inUse;
     document.settings.tierNames[i] = CutText(setups[i].name, kTextBytes - 1);

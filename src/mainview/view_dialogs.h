@@ -1,6 +1,6 @@
 // view_dialogs.h - the dialogs of a document's view that give values back, as one interface. Each
 // is filled from `preset` and gives nothing when the user cancels. The desktop shows them and keeps
-// one open until its values are accepted (settings/option_rules.h); tests script the answers. Who
+// one open until its values are accepted (settings/option_forms.h); tests script the answers. Who
 // asks or answers includes dialog_answers.h and settings.h.
 #pragma once
 
@@ -42,7 +42,9 @@ class ViewDialogs {
 
   // The option dialogs of the analyses; `rateHz` is the recording's.
   virtual std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings& preset, double rateHz) = 0;
+  // `defaults`: what "Defaults" restores.
   virtual std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
+                                                            const SpectrogramSettings& defaults,
                                                             double rateHz) = 0;
   virtual std::optional<PitchSettings> AskPitch(const PitchSettings& preset) = 0;
   virtual std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) = 0;

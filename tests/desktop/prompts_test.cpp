@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -100,9 +99,9 @@ TEST_F(PromptsTest, TheSaveDialogProposesANameAndAlwaysAsksBeforeOverwriting) {
 
 TEST_F(PromptsTest, ChannelsCountFromNought) {
   WhenOpen<QDialog>([](QDialog& dialog) {
-    auto* const list = dialog.findChild<QListWidget*>();
+    auto* const list = dialog.findChild<QComboBox*>();
     ASSERT_EQ(list->count(), 3);
-    list->setCurrentRow(2);
+    list->setCurrentIndex(2);
     dialog.accept();
   });
   EXPECT_EQ(prompts.ChooseChannel("Which?", 3), 2);

@@ -120,7 +120,9 @@ class ScriptedDialogs : public ViewDialogs {
     return fftLpc.Show(preset);
   }
   std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
+                                                    const SpectrogramSettings& defaults,
                                                     double) override {
+    spectrogramDefaults = defaults;
     return spectrogram.Show(preset);
   }
   std::optional<PitchSettings> AskPitch(const PitchSettings& preset) override {
@@ -140,6 +142,7 @@ class ScriptedDialogs : public ViewDialogs {
   DialogScript<std::int32_t> zoomRange{"zoom range"};
   DialogScript<FftLpcSettings> fftLpc{"FFT/LPC"};
   DialogScript<SpectrogramSettings> spectrogram{"spectrogram"};
+  SpectrogramSettings spectrogramDefaults;  // of the last question
   DialogScript<PitchSettings> pitch{"pitch"};
   DialogScript<IntensitySettings> intensity{"intensity"};
   DialogScript<std::int32_t> logStep{"log step"};

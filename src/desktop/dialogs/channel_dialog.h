@@ -3,19 +3,20 @@
 
 #include <QDialog>
 
-class QListWidget;
+class QComboBox;
 
 namespace cantorix {
 
 class ChannelDialog : public QDialog {
  public:
+  // Offers the first ten channels of more.
   ChannelDialog(const QString& text, int channelCount, QWidget* parent);
 
   // Counted from 0.
   int Entered() const;
 
  private:
-  QListWidget* list_;
+  QComboBox* list_;
 };
 
 }  // namespace cantorix

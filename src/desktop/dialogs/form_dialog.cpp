@@ -8,25 +8,15 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 #include <utility>
 
-#include "desktop/qt_text.h"
 #include "platform/prompts.h"
 
 namespace cantorix {
-namespace {
-
-// A label without its ampersand, its equals sign and the blanks around it.
-QString SpokenName(QString label) {
-  label.remove('&');
-  while (label.endsWith(' ') || label.endsWith('=')) label.chop(1);
-  return label.trimmed();
-}
-
-}  // namespace
 
 FormDialog::FormDialog(Prompts& prompts, const QString& title, QWidget* parent)
     : QDialog(parent),
@@ -42,20 +32,12 @@ FormDialog::FormDialog(Prompts& prompts, const QString& title, QWidget* parent)
 }
 
 void FormDialog::accept() {
-  for (CheckedField* const field : checked_) {
-    if (!field->isEnabled()) continue;
-    if (const auto refusal = field->Refusal()) {
-      prompts_.Message(*refusal);
-      field->setFocus();
-      field->selectAll();
-      return;
-    }
-  }
-  if (const auto refusal = Refusal()) {
-    prompts_.Message(*refusal);
-    return;
-  }
-  QDialog::accept();
+  const auto refusal = Refusal();
+  if (!refusal) return QDialog::accept();
+  prompts_.Message(refusal->message);
+  if (refusal->field == nullptr) return;
+  refusal->field->setFocus();
+  refusal->field->selectAll();
 }
 
 void FormDialog::BeginColumn() {
@@ -80,58 +62,11 @@ void FormDialog::AddField(QFormLayout* form, const QString& label, QWidget* fiel
   form->addRow(text, field);
 }
 
-WholeField* FormDialog::AddWhole(QFormLayout* form, const QString& label, WholeLimits limits) {
-  auto* const field = new WholeField(limits);
-  AddField(form, label, field);
-  Check(field);
-  return field;
-}
-
-DecimalField* FormDialog::AddDecimal(QFormLayout* form, const QString& label,
-                                     DecimalLimits limits) {
-  auto* const field = new DecimalField(limits);
-  AddField(form, label, field);
-  Check(field);
-  return field;
-}
-
 QCheckBox* FormDialog::AddSwitch(QFormLayout* form, const QString& text) {
   auto* const box = new QCheckBox(WithMnemonic(text), this);
   box->setAccessibleName(SpokenName(text));
   form->addRow(box);
   return box;
-}
-
-FormDialog::SwitchedWhole FormDialog::AddSwitchedWhole(QFormLayout* form, const QString& text,
-                                                       WholeLimits limits) {
-  auto* const box = new QCheckBox(WithMnemonic(text), this);
-  box->setAccessibleName(SpokenName(text));
-  auto* const field = new WholeField(limits);
-  field->setAccessibleName(SpokenName(text));
-  field->setEnabled(false);
-  connect(box, &QCheckBox::toggled, field, &QWidget::setEnabled);
-  form->addRow(box, field);
-  Check(field);
-  return {box, field};
-}
-
-FormDialog::WholePair FormDialog::AddRange(QFormLayout* form, const QString& label,
-                                           WholeLimits limits) {
-  auto* const low = new WholeField(limits);
-  auto* const high = new WholeField(limits);
-  auto* const row = new QWidget(this);
-  auto* const line = new QHBoxLayout(row);
-  line->setContentsMargins(0, 0, 0, 0);
-  line->addWidget(low);
-  line->addWidget(new QLabel(QStringLiteral("to"), row));
-  line->addWidget(high);
-  AddField(form, label, row);
-  static_cast<QLabel*>(form->labelForField(row))->setBuddy(low);
-  low->setAccessibleName(SpokenName(label) + QStringLiteral(", low"));
-  high->setAccessibleName(SpokenName(label) + QStringLiteral(", high"));
-  Check(low);
-  Check(high);
-  return {low, high};
 }
 
 QButtonGroup* FormDialog::AddChoice(QFormLayout* form, const QString& label,
@@ -156,19 +91,6 @@ QButtonGroup* FormDialog::AddChoice(QFormLayout* form, const QString& label,
   return group;
 }
 
-PrintSizeGroup FormDialog::AddPrintSize(QFormLayout* form, PrintUnits units) {
-  constexpr DecimalLimits kPaper{0.5, 200.0};
-  PrintSizeGroup group;
-  group.width = AddDecimal(form, QStringLiteral("Width  = "), kPaper);
-  group.height = AddDecimal(form, QStringLiteral("Height ="), kPaper);
-  if (units == PrintUnits::kInches) {
-    AddNote(form, QStringLiteral("The size is in inches."));
-  } else {
-    group.unit = AddChoice(form, {}, {QStringLiteral("inches"), QStringLiteral("cm")});
-  }
-  return group;
-}
-
 void FormDialog::AddNote(QFormLayout* form, const QString& text) {
   auto* const note = new QLabel(text, this);
   note->setTextFormat(Qt::PlainText);
@@ -187,6 +109,12 @@ void FormDialog::AddButtons(const QString& extra, std::function<void()> onExtra)
     connect(button, &QPushButton::clicked, this, std::move(onExtra));
   }
   outer_->addWidget(buttons);
+}
+
+QString FormDialog::SpokenName(QString label) {
+  label.remove('&');
+  while (label.endsWith(' ') || label.endsWith('=')) label.chop(1);
+  return label.simplified();
 }
 
 QString FormDialog::WithMnemonic(const QString& text) {

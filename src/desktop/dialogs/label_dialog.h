@@ -4,6 +4,8 @@
 #include "desktop/dialogs/form_dialog.h"
 #include "document/label.h"
 
+class QPushButton;
+
 namespace cantorix {
 
 class LabelDialog : public FormDialog {

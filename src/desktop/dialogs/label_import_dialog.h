@@ -7,6 +7,8 @@
 #include "desktop/dialogs/form_dialog.h"
 #include "mainview/view_dialogs.h"
 
+class QComboBox;
+
 namespace cantorix {
 
 class LabelImportDialog : public FormDialog {

@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 #include "mainview/dialog_answers.h"
@@ -15,8 +16,13 @@ namespace cantorix {
 namespace {
 
 constexpr int kNameWidth = 220;  // logical pixels
-constexpr std::size_t kNameBytes = 63;
-constexpr WholeLimits kHeights{1, 1000};
+constexpr OptionLimits kHeights{1, 1000};
+
+// A name that nobody touched keeps its bytes, also where they are no proper text.
+std::string NameIn(const QLineEdit& field, const std::string& preset) {
+  if (field.text() == Shown(preset)) return preset;
+  return std::string(CutText(Typed(field.text()), kMaxTierNameBytes));
+}
 
 }  // namespace
 
@@ -37,29 +43,39 @@ TiersDialog::TiersDialog(Prompts& prompts, const TierSetups& preset, QWidget* pa
 
 TiersDialog::Line TiersDialog::AddLine(QGridLayout& grid, int tier, const TierSetup& preset) {
   const QString number = QString::number(tier + 1);
-  const Line line{new QCheckBox(number, this), new QLineEdit(Shown(preset.name), this),
-                  new WholeField(kHeights)};
+  const Line line{preset, new QCheckBox(number, this), new QLineEdit(Shown(preset.name), this),
+                  new NumberField(kHeights, false)};
   // The digits are the mnemonics: Alt+0 is the tenth tier.
   line.inUse->setText(tier < 9 ? '&' + number : QStringLiteral("1&0"));
   line.inUse->setAccessibleName(QStringLiteral("Tier %1 in use").arg(number));
   line.inUse->setChecked(preset.inUse);
   line.name->setMinimumWidth(kNameWidth);
-  line.name->setMaxLength(static_cast<int>(kNameBytes));
+  line.name->setMaxLength(static_cast<int>(kMaxTierNameBytes));
   line.name->setAccessibleName(QStringLiteral("Name of tier %1").arg(number));
-  line.height->SetValue(preset.height);
+  line.height->SetValue(std::clamp<double>(preset.height, kHeights.least, kHeights.most));
   line.height->setAccessibleName(QStringLiteral("Height of tier %1 in pixels").arg(number));
-  Check(line.height);
   grid.addWidget(line.inUse, tier + 1, 0);
   grid.addWidget(line.name, tier + 1, 1);
   grid.addWidget(line.height, tier + 1, 2);
   return line;
 }
 
+// Only what a tier in use is given has to be possible.
+std::optional<FormAnswer> TiersDialog::Refusal() const {
+  for (const Line& line : lines_) {
+    if (!line.inUse->isChecked() || line.height->Value()) continue;
+    return FormAnswer{line.height->Refusal(), line.height};
+  }
+  return std::nullopt;
+}
+
 TierSetups TiersDialog::Entered() const {
   TierSetups entered;
   for (std::size_t i = 0; i < lines_.size(); ++i) {
-    entered[i] = {std::string(CutText(Typed(lines_[i].name->text()), kNameBytes)),
-                  lines_[i].height->Value(), lines_[i].inUse->isChecked()};
+    const Line& line = lines_[i];
+    entered[i] = {NameIn(*line.name, line.preset.name),
+                  static_cast<std::int32_t>(line.height->Value().value_or(line.preset.height)),
+                  line.inUse->isChecked()};
   }
   return entered;
 }

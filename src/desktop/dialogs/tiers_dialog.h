@@ -4,7 +4,9 @@
 #include <array>
 
 #include "desktop/dialogs/form_dialog.h"
+#include "desktop/dialogs/number_field.h"
 #include "document/tier.h"
+#include "mainview/dialog_answers.h"
 #include "mainview/view_dialogs.h"
 
 class QGridLayout;
@@ -19,10 +21,12 @@ class TiersDialog : public FormDialog {
 
  private:
   struct Line {
-    QCheckBox* inUse;
-    QLineEdit* name;
-    WholeField* height;
+    TierSetup preset;
+    QCheckBox* inUse = nullptr;
+    QLineEdit* name = nullptr;
+    NumberField* height = nullptr;
   };
+  std::optional<FormAnswer> Refusal() const override;
   Line AddLine(QGridLayout& grid, int tier, const TierSetup& preset);
 
   std::array<Line, kTierCount> lines_;

@@ -93,7 +93,7 @@ void AnalysisFrame::Refresh() {
   canvas_->Refresh(Note());
   actions_->Refresh();
   RefreshStrip();
-  setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().title()));
+  setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().shownName()));
   if (model().UpdateDue()) rest_.start();
 }
 
