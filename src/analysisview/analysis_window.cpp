@@ -7,6 +7,7 @@
 #include "mainview/mouse.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 
@@ -106,7 +107,7 @@ void AnalysisWindow::DocumentChanged(DocumentChanges changes, const DocumentObse
 }
 
 double TimeFactor(const CSonadexDoc& document) {
-  return document.settings.display.timeBase != 0 ? 0.001 : 1.0;
+  return TimeFactor(document.settings.display.timeBase);
 }
 
 WindowReadout TimeReadout(const CSonadexDoc& document, std::string_view name, double ms) {

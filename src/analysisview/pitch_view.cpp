@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "mainview/analysis_commands.h"
+#include "mainview/option_commands.h"
 #include "mainview/track_lookup.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
@@ -124,10 +125,13 @@ std::vector<WindowReadout> CPitchView::Readouts() const {
 }
 
 std::int32_t* CPitchView::SwitchOf(WindowSwitch which) {
-  if (which == WindowSwitch::kDrawAudio) return &strips.audio;
-  if (which == WindowSwitch::kDrawIntensity) return &strips.intensity;
-  if (which == WindowSwitch::kDrawLabels) return &strips.labels;
+  PitchSettings& options = document().settings.pitch;
+  if (which == WindowSwitch::kDrawAudio) return &options.addAudio;
+  if (which == WindowSwitch::kDrawIntensity) return &options.addIntensity;
+  if (which == WindowSwitch::kDrawLabels) return &options.addLabels;
   return nullptr;
 }
+
+void CPitchView::KeepSwitches() { KeepOptions(view_, SettingsDialog::kPitch); }
 
 }  // namespace cantorix

@@ -1,6 +1,6 @@
 // pitch_view.h - the pitch window of a document: the main view's pitch track over axes of its own,
-// with a cursor. The track stays the main view's and is asked for each time; strips of waveform,
-// intensity and labels may stand beside it. The size of the picture does not matter to it, so it is
+// with a cursor. The track stays the main view's and is asked for each time; the pitch options say
+// which strips stand beside it. The size of the picture does not matter to it, so it is
 // not told of one. Draws nothing.
 #pragma once
 
@@ -16,13 +16,6 @@
 namespace cantorix {
 
 struct PitchSettings;
-
-// What stands beside the track, each 0 or 1; for as long as the window is open.
-struct PitchStrips {
-  std::int32_t audio = 0;
-  std::int32_t intensity = 1;
-  std::int32_t labels = 1;
-};
 
 class CPitchView : public AnalysisWindow {
  public:
@@ -50,7 +43,6 @@ class CPitchView : public AnalysisWindow {
   AxisScale TimeAxis() const;
 
   double cursorMs = 0.0;
-  PitchStrips strips;
 
  private:
   void PlaceCursor(double ms);
@@ -58,7 +50,7 @@ class CPitchView : public AnalysisWindow {
   bool SettingsMatch() const override;
   void TakeTrack();
   void FollowDocument(DocumentChanges changes) override;
-  void KeepSwitches() override {}
+  void KeepSwitches() override;
 
   CSonadexView& view_;
   SampleRange range_;                        // of the last track

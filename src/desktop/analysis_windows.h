@@ -4,16 +4,17 @@
 
 #include <optional>
 
+#include "analysisview/analysis_window.h"
 #include "mainview/analysis_commands.h"
 
 class QMdiSubWindow;
 
 namespace cantorix {
 
-enum class AnalysisKind { kFftLpc, kSpectrogram, kPitch };
+using AnalysisKind = WindowKind;
 
 struct AnalysisRequest {
-  AnalysisKind kind;
+  WindowKind kind;
   std::optional<Stretch> stretch;  // none: the frame at the cursor
 };
 

@@ -12,7 +12,7 @@ class DocumentOutput {
  public:
   virtual ~DocumentOutput() = default;
 
-  virtual void SavePicture(CSonadexView& view, QWidget& window) = 0;
+  virtual void SavePicture(CSonadexView& view) = 0;
   virtual void SaveScreen(CSonadexView& view, QWidget& window) = 0;
   virtual void Print(CSonadexView& view, QWidget& window) = 0;
   virtual void PrintScreen(CSonadexView& view, QWidget& window) = 0;

@@ -53,7 +53,7 @@ void FrameCommands::OpenRecentFile() {
 void FrameCommands::CloseDocument() { frame_.CloseDocument(frame_.activeView()->document()); }
 
 void FrameCommands::SavePicture() {
-  OnView([this](CSonadexView& view) { frame_.output()->SavePicture(view, frame_); });
+  OnView([this](CSonadexView& view) { frame_.output()->SavePicture(view); });
 }
 
 void FrameCommands::SaveScreen() {

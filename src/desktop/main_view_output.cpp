@@ -20,6 +20,12 @@ namespace cantorix {
 namespace {
 
 constexpr double kPreviewShare = 0.8;  // of the main frame
+constexpr double kFinePixels = 2.0;    // of files, per logical pixel
+
+QSizeF InchesOfPrints(const CSonadexView& view) {
+  const DisplaySettings& display = view.document().settings.display;
+  return SheetInches(display.printWidth, display.printHeight, display.printUnit);
+}
 
 FileRequest SaveRequest(const CSonadexView& view, const char* title, const char* filter) {
   FileRequest request{.title = title,
@@ -31,6 +37,13 @@ FileRequest SaveRequest(const CSonadexView& view, const char* title, const char*
   return request;
 }
 
+// The view in its size of prints, at the painter's origin.
+void PaintSheet(QPainter& painter, CSonadexView& view, const WaveformPyramid& waveform) {
+  const QSize pixels = SheetPixels(InchesOfPrints(view));
+  const PictureLayout layout(view, {pixels.width(), pixels.height()});
+  PaintMainView(painter, {view, waveform}, StyleOf(PaletteKind::kLight));
+}
+
 PaintPicture PainterOf(const QPixmap& pixmap) {
   return [&pixmap](QPainter& painter) { painter.drawPixmap(QPointF(0.0, 0.0), pixmap); };
 }
@@ -40,15 +53,13 @@ PaintPicture PainterOf(const QPixmap& pixmap) {
 MainViewOutput::MainViewOutput(Prompts& prompts, WaveformOf waveformOf)
     : prompts_(prompts), waveformOf_(std::move(waveformOf)) {}
 
-void MainViewOutput::SavePicture(CSonadexView& view, QWidget& window) {
-  const PixelSize size = view.layout.client;
+void MainViewOutput::SavePicture(CSonadexView& view) {
   SavePictureAs(prompts_,
                 SaveRequest(view, "Save As bmp",
                             "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|"
                             "SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf|"),
-                QSize(size.width, size.height), window.devicePixelRatioF(), [&](QPainter& painter) {
-                  PaintMainView(painter, {view, waveformOf_(view.document()).Pyramid()},
-                                StyleOf(PaletteKind::kLight));
+                SheetPixels(InchesOfPrints(view)), kFinePixels, [&](QPainter& painter) {
+                  PaintSheet(painter, view, waveformOf_(view.document()).Pyramid());
                 });
 }
 
@@ -83,14 +94,10 @@ void MainViewOutput::PrintPage(CSonadexView& view, QWidget& window,
 }
 
 void MainViewOutput::PrintView(CSonadexView& view) {
-  const DisplaySettings& display = view.document().settings.display;
-  const QSizeF inches = SheetInches(display.printWidth, display.printHeight, display.printUnit);
-  const QSize pixels = SheetPixels(inches);
-  const PictureLayout layout(view, {pixels.width(), pixels.height()});
-  const MainViewPicture picture{view, waveformOf_(view.document()).Pyramid()};
-  PrintPicture(printer(), inches, [&](QPainter& painter) {
-    PaintMainView(painter, picture, StyleOf(PaletteKind::kLight));
-  });
+  const WaveformPyramid& waveform =
+      waveformOf_(view.document()).Pyramid();  // before the page begins
+  PrintPicture(printer(), InchesOfPrints(view),
+               [&](QPainter& painter) { PaintSheet(painter, view, waveform); });
 }
 
 void MainViewOutput::Preview(CSonadexView& view, QWidget& window) {

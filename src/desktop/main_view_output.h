@@ -13,10 +13,9 @@ class CSonadexDoc;
 class DocumentWaveform;
 class Prompts;
 
-// Files show the view as it is on the screen; paper takes it in the print size of the display
-// settings. Both are drawn in the light palette. The main frame leaves as it is on the screen. Says
-// so when a file could not be written; throws FileError when a print fails or samples cannot be
-// read.
+// Files and paper take the view in the size of prints of the display settings, laid out for that
+// size, in the light palette. The main frame leaves as it is on the screen. Says so when a file
+// could not be written; throws FileError when a print fails or samples cannot be read.
 class MainViewOutput : public DocumentOutput {
  public:
   // The waveform that the windows of an open document share.
@@ -24,7 +23,7 @@ class MainViewOutput : public DocumentOutput {
 
   MainViewOutput(Prompts& prompts, WaveformOf waveformOf);
 
-  void SavePicture(CSonadexView& view, QWidget& window) override;
+  void SavePicture(CSonadexView& view) override;
   void SaveScreen(CSonadexView& view, QWidget& window) override;
   void Print(CSonadexView& view, QWidget& window) override;
   void PrintScreen(CSonadexView& view, QWidget& window) override;

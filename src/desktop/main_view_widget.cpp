@@ -42,13 +42,6 @@ std::optional<KeyScroll> ScrollOf(int key) {
   }
 }
 
-// A palette whose windows are darker than their texts is a dark one.
-PaintStyle StyleFor(const QPalette& palette) {
-  const bool dark =
-      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-  return StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
-}
-
 // A pointer on the line between two pixels belongs to the one on its left and top.
 std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
 

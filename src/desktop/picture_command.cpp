@@ -143,13 +143,14 @@ void DrawMain(Recording& recording) {
 }
 
 void DrawPitchWindow(Recording& recording) {
+  PitchSettings& options = recording.document.settings.pitch;
+  options.addAudio = options.addIntensity = options.addLabels = 1;
   AnalysePitch(recording.view, Stretch::kAll);
   const CChannel& channel = recording.view.channel();
   const PitchPicture picture{.document = recording.document,
                              .pitch = recording.view.pitch,
                              .waveform = &recording.waveform.Pyramid(),
                              .client = recording.request.size,
-                             .parts = {.audio = true, .intensity = true, .labels = true},
                              .startMs = 0.0,
                              .endMs = channel.totalDurationMs,
                              .cursorMs = recording.request.atMs,

@@ -32,7 +32,8 @@ bool Program::Start(const std::vector<std::string>& files) {
                           [this](CSonadexDoc& document) -> DocumentWaveform& {
                             return mainFrame_->documents().WaveformOf(document);
                           },
-                          [this] { mainFrame_->Refresh(); }});
+                          [this] { mainFrame_->Refresh(); },
+                          [this]() -> QPrinter& { return output_.printer(); }});
   mainFrame_->SetAnalysisWindows(&analysisWindows_);
   mainFrame_->SetOutput(&output_);
   prompts_.SetOwner(mainFrame_.get());

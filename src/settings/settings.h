@@ -101,10 +101,10 @@ struct PitchSettings {
   double tolerancePercent = 100.0;  // autocorrelation: continuity, used as an integer
   // Of the pitch window, kept with the document while it is open; the file has no place for them.
   std::int32_t addTimeGrid = 1;
-  std::int32_t timeGridMs = 0;  // 0: the grid follows the zoomed window
+  std::int32_t timeGridMs = 500;  // 0: the grid follows the zoomed window
   std::int32_t addAudio = 0;
   std::int32_t addIntensity = 0;
-  std::int32_t addLabels = 0;
+  std::int32_t addLabels = 1;
   double printWidth = 6.0;
   double printHeight = 4.0;
 };

@@ -269,9 +269,9 @@ TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {
       {&spectrogram, WindowCommand::kDrawAudio, &s.spectrogram.drawAudio},
       {&spectrogram, WindowCommand::kDrawIntensity, &s.spectrogram.drawIntensity},
       {&spectrogram, WindowCommand::kDrawLabels, &s.spectrogram.drawLabels},
-      {&pitch, WindowCommand::kDrawAudio, &pitch.strips.audio},
-      {&pitch, WindowCommand::kDrawIntensity, &pitch.strips.intensity},
-      {&pitch, WindowCommand::kDrawLabels, &pitch.strips.labels},
+      {&pitch, WindowCommand::kDrawAudio, &s.pitch.addAudio},
+      {&pitch, WindowCommand::kDrawIntensity, &s.pitch.addIntensity},
+      {&pitch, WindowCommand::kDrawLabels, &s.pitch.addLabels},
   };
   for (const Row& row : rows) {
     const std::int32_t was = *row.setting;

@@ -2,6 +2,8 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QMdiArea>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QSpinBox>
 #include <cmath>
 #include <fstream>
@@ -9,6 +11,10 @@
 #include "analysisview/fft_lpc_view.h"
 #include "analysisview/pitch_view.h"
 #include "desktop/desktop_fixture.h"
+#include "desktop/dialog_helpers.h"
+#include "desktop/paint/spectrogram_image.h"
+#include "desktop/paint/spectrogram_painter.h"
+#include "desktop/paint/spectrum_painter.h"
 #include "desktop/windows/analysis_window_set.h"
 #include "desktop/windows/spectrogram_frame.h"
 #include "document/wav_fixture.h"
@@ -26,7 +32,7 @@ class AnalysisWindowsTest : public DesktopTest {
                    [this](CSonadexDoc& document) -> DocumentWaveform& {
                      return frame.documents().WaveformOf(document);
                    },
-                   [this] { frame.Refresh(); }});
+                   [this] { frame.Refresh(); }, [this]() -> QPrinter& { return printer; }});
     frame.SetAnalysisWindows(&windows);
   }
   ~AnalysisWindowsTest() override {
@@ -70,6 +76,7 @@ class AnalysisWindowsTest : public DesktopTest {
   void Rest() { QTest::qWait(400); }
 
   DesktopServices services{app, progress, dialogs, textMeasurer, opener, clipboard};
+  QPrinter printer;
   AnalysisWindowSet windows{services};
 };
 
@@ -153,6 +160,56 @@ TEST_F(AnalysisWindowsTest, KeysEnterRowsIntoTheOpenLog) {
   EXPECT_EQ(rows[0][3], spectrum.model().Readouts()[1].value);
   EXPECT_THAT(rows[1][1], HasSubstr("FFT/LPC Formants Entry"));
   EXPECT_THAT(rows[2][1], HasSubstr("Spec. Formants All Entry"));
+  // In the document's time base: the last column begins just before the end of 5.5 seconds.
+  view.document().settings.display.timeBase = 1;
+  Press(spectrogram, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_NEAR(std::stod(rows.back()[2]), 5.5, 0.2);
+  EXPECT_NEAR(std::stod(rows[1 + columns][2]), 5500.0, 100.0);
+}
+
+TEST_F(AnalysisWindowsTest, OptionsReachTheirWindowsAndAreUsedAtARest) {
+  CSonadexView& view = OpenSample();
+  PlaceMarker(view, 300.0);
+  frame.Refresh();
+  Perform(Command::kFftLpc);
+  Perform(Command::kSpectrogramAll);
+  auto& spectrum = dynamic_cast<CFFTLPCView&>(Find(view, WindowKind::kFftLpc).model());
+  FftLpcSettings fft = view.document().settings.fftLpc;
+  fft.rangeHz = 4000;
+  dialogs.fftLpc.WillGive(fft);
+  Perform(Command::kFftLpcOptions);
+  SpectrogramSettings levels = view.document().settings.spectrogram;
+  levels.rangeHz = 3000;
+  dialogs.spectrogram.WillGive(levels);
+  Perform(Command::kSpectrogramOptions);
+  EXPECT_EQ(dialogs.spectrogramDefaults.rangeHz, 5000) << "of the reference rate";
+  EXPECT_TRUE(spectrum.UpdateDue());
+  EXPECT_TRUE(SpectrogramOf(view).UpdateDue());
+  Rest();
+  EXPECT_EQ(spectrum.spectrum().maxHz, 4000.0);
+  EXPECT_EQ(SpectrogramOf(view).spectrogram().maxHz, 3000.0);
+}
+
+TEST_F(AnalysisWindowsTest, ASpectrumIsSavedInBlackAndWhiteWhenItsOptionsSaySo) {
+  CSonadexView& view = OpenSample();
+  PlaceMarker(view, 300.0);
+  frame.Refresh();
+  Perform(Command::kFftLpc);
+  for (const std::int32_t blackWhite : {1, 0}) {
+    view.document().settings.fftLpc.blackWhite = blackWhite;
+    const std::string path = folder.path() + "/spectrum.png";
+    prompts.WillChooseFile(path);
+    Find(view, WindowKind::kFftLpc).Perform(WindowCommand::kSavePicture);
+    prompts.TakeTranscript();
+    const QImage saved(QString::fromStdString(path));
+    int coloured = 0;
+    for (int y = 0; y < saved.height(); ++y) {
+      for (int x = 0; x < saved.width(); ++x) {
+        if (saved.pixelColor(x, y).saturation() > 60) ++coloured;
+      }
+    }
+    EXPECT_EQ(coloured == 0, blackWhite != 0) << coloured;
+  }
 }
 
 TEST_F(AnalysisWindowsTest, AllWindowsTrackTheMouse) {
@@ -251,6 +308,8 @@ TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
   CSonadexView& view = OpenSample();
   view.document().settings.spectrogram.drawAudio = 1;
   view.document().settings.spectrogram.drawLabels = 1;
+  view.document().settings.pitch.printWidth = 5.0;
+  view.document().settings.pitch.printHeight = 3.0;
   Perform(Command::kSpectrogramAll);
   Perform(Command::kPitchWindow);
   for (const WindowKind kind : {WindowKind::kSpectrogram, WindowKind::kPitch}) {
@@ -260,9 +319,8 @@ TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
     window.Perform(WindowCommand::kSavePicture);
     EXPECT_EQ(prompts.TakeTranscript(), std::vector<std::string>{"save: Save Picture"});
     const QImage saved(QString::fromStdString(path));
-    const QSize expected =
-        kind == WindowKind::kSpectrogram ? QSize(6 * 192, 4 * 192) : window.canvas().size() * 2;
-    EXPECT_EQ(saved.size(), expected);
+    EXPECT_EQ(saved.size(),
+              kind == WindowKind::kSpectrogram ? QSize(6 * 192, 4 * 192) : QSize(5 * 192, 3 * 192));
     window.Perform(WindowCommand::kCopyPicture);
     EXPECT_EQ(QGuiApplication::clipboard()->image().size(), window.canvas().size() * 2);
   }
@@ -270,6 +328,99 @@ TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
   prompts.WillChooseFile(folder.path() + "/missing/picture.png");
   window.Perform(WindowCommand::kSavePicture);
   EXPECT_THAT(prompts.TakeTranscript()[1], HasSubstr("picture.png could not be saved."));
+}
+
+TEST_F(AnalysisWindowsTest, PrintsGoToThePrinterThatWasSetUp) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kPitchWindow);
+  const std::string path = folder.path() + "/page.pdf";
+  printer.setOutputFormat(QPrinter::PdfFormat);
+  printer.setOutputFileName(QString::fromStdString(path));
+  DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.accept(); });
+  Find(view, WindowKind::kPitch).Perform(WindowCommand::kPrint);
+  EXPECT_EQ(user.used, 1);
+  EXPECT_TRUE(std::ifstream(path).good());
+}
+
+// The file against a picture whose analysis was made for its size; the window's would be coarser.
+TEST_F(AnalysisWindowsTest, FilesAreComputedForTheirOwnSize) {
+  CSonadexView& view = OpenTones();
+  DocumentSettings& settings = view.document().settings;
+  settings.fftLpc.printWidth = settings.spectrogram.printWidth = 12.0;
+  settings.fftLpc.blackWhite = 0;
+  const PixelSize size{1152, 384};
+  const auto saved = [&](AnalysisFrame& window) {
+    window.resize(400, 300);
+    const std::string path = folder.path() + "/own.png";
+    prompts.WillChooseFile(path);
+    window.Perform(WindowCommand::kSavePicture);
+    prompts.TakeTranscript();
+    return QImage(QString::fromStdString(path)).convertToFormat(QImage::Format_RGB32);
+  };
+  const auto painted = [&](const auto& paint) {
+    QImage image(2304, 768, QImage::Format_RGB32);
+    image.setDevicePixelRatio(2.0);
+    QPainter painter(&image);
+    paint(painter);
+    painter.end();
+    image.setDevicePixelRatio(1.0);
+    return image;
+  };
+  PlaceMarker(view, 500.0);
+  frame.Refresh();
+  Perform(Command::kFftLpc);
+  AnalysisFrame& spectrumWindow = Find(view, WindowKind::kFftLpc);
+  spectrumWindow.canvas().setFocus();
+  Press(spectrumWindow, Qt::Key_Right);
+  CFFTLPCView spectrum(view.document());
+  const PixelRect plot = SpectrumLayout(size).plot;
+  spectrum.AnalyseSpectrum({.position = 5000.0, .selection = {}}, plot.right - plot.left);
+  const SpectrumPicture expected{spectrum, size, 0.0};
+  EXPECT_EQ(saved(spectrumWindow), painted([&](QPainter& painter) {
+              PaintSpectrum(painter, expected, StyleOf(PaletteKind::kLight));
+            }));
+
+  Perform(Command::kSpectrogramAll);
+  CSpectrogramView levels(view.document());
+  const PixelRect pane = SpectrogramLayout(size, view.document()).plot;
+  levels.ComputeSpectrogram({0.0, 20000.0},
+                            {2 * (pane.right - pane.left), 2 * (pane.bottom - pane.top)});
+  const QImage image = SpectrogramImage(levels.spectrogram(), 35.0, ColorMap::kGrey);
+  const SpectrogramPicture picture{levels, image, nullptr, size, {}, {}};
+  EXPECT_EQ(saved(Find(view, WindowKind::kSpectrogram)), painted([&](QPainter& painter) {
+              PaintSpectrogram(painter, picture, StyleOf(PaletteKind::kLight));
+            }));
+}
+
+// The document's options decide; the window's own switches turn them and keep them in the file.
+TEST_F(AnalysisWindowsTest, ThePitchWindowDrawsByThePitchOptions) {
+  CSonadexView& view = OpenSample();
+  PitchSettings options = view.document().settings.pitch;
+  options.addLabels = 0;
+  dialogs.pitch.WillGive(options);
+  Perform(Command::kPitchOptions);
+  Perform(Command::kPitchWindow);
+  AnalysisFrame& window = Find(view, WindowKind::kPitch);
+  QImage before = window.canvas().grab().toImage();
+  for (std::int32_t PitchSettings::*const option :
+       {&PitchSettings::addAudio, &PitchSettings::addIntensity, &PitchSettings::addLabels}) {
+    const std::int32_t top = window.model().plot.top;
+    options.*option = 1;
+    dialogs.pitch.WillGive(options);
+    Perform(Command::kPitchOptions);
+    EXPECT_GT(window.model().plot.top, top) << "a strip above the plot";
+    const QImage after = window.canvas().grab().toImage();
+    EXPECT_NE(after, before);
+    before = after;
+  }
+  for (const WindowCommand command :
+       {WindowCommand::kDrawAudio, WindowCommand::kDrawIntensity, WindowCommand::kDrawLabels}) {
+    EXPECT_TRUE(window.actions().ActionOf(command)->isChecked());
+    window.Perform(command);
+    EXPECT_FALSE(window.actions().ActionOf(command)->isChecked());
+  }
+  const PitchSettings& kept = view.document().settings.pitch;
+  EXPECT_EQ(kept.addAudio + kept.addIntensity + kept.addLabels, 0);
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ class RecordingWindows : public AnalysisWindows {
 // Notes what it is asked to save and print.
 class RecordingOutput : public DocumentOutput {
  public:
-  void SavePicture(CSonadexView&, QWidget&) override { done.emplace_back("save picture"); }
+  void SavePicture(CSonadexView&) override { done.emplace_back("save picture"); }
   void SaveScreen(CSonadexView&, QWidget&) override { done.emplace_back("save screen"); }
   void Print(CSonadexView&, QWidget&) override { done.emplace_back("print"); }
   void PrintScreen(CSonadexView&, QWidget&) override { done.emplace_back("print screen"); }

@@ -4,12 +4,15 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
+#include <functional>
 #include <string>
 
 #include "desktop/qt_text.h"
@@ -38,6 +41,26 @@ inline void PressExtra(QDialog& dialog) {
   }
   throw std::runtime_error("no further button");
 }
+
+// Waits until a dialog of this kind stands in front, then uses it; it is closed afterwards.
+template <typename Dialog>
+class DialogUser {
+ public:
+  explicit DialogUser(std::function<void(Dialog&)> use) {
+    QObject::connect(&timer_, &QTimer::timeout, [this, use = std::move(use)] {
+      auto* const dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr || !dialog->isVisible()) return;
+      timer_.stop();
+      ++used;
+      use(*dialog);
+    });
+    timer_.start(5);
+  }
+  int used = 0;
+
+ private:
+  QTimer timer_;
+};
 
 class DialogTest : public testing::Test {
  protected:

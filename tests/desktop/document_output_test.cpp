@@ -6,14 +6,14 @@
 #include <QPrintPreviewWidget>
 #include <QRadioButton>
 #include <QRegularExpression>
-#include <QTimer>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <sstream>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/dialog_helpers.h"
 #include "desktop/main_view_output.h"
+#include "desktop/paint/paint_style.h"
 #include "mainview/view_commands.h"
 #include "platform/file_error.h"
 #include "settings/settings.h"
@@ -25,26 +25,6 @@ using ::testing::ElementsAre;
 
 constexpr Command kOutputs[] = {Command::kSaveAsBmp, Command::kSaveScreenAsBmp, Command::kPrint,
                                 Command::kPrintScreen, Command::kPrintPreview};
-
-// Waits until a dialog of this kind stands in front, then uses it; it is closed afterwards.
-template <typename Dialog>
-class DialogUser {
- public:
-  explicit DialogUser(std::function<void(Dialog&)> use) {
-    QObject::connect(&timer_, &QTimer::timeout, [this, use = std::move(use)] {
-      auto* const dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr || !dialog->isVisible()) return;
-      timer_.stop();
-      ++used;
-      use(*dialog);
-    });
-    timer_.start(5);
-  }
-  int used = 0;
-
- private:
-  QTimer timer_;
-};
 
 std::string Content(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -131,30 +111,56 @@ TEST_F(DocumentOutputTest, NeedsALoadedDocumentExceptForTheSetUp) {
   check(true);
 }
 
-TEST_F(DocumentOutputTest, APictureOfPixelsIsTheViewAsItIsOnTheScreen) {
+// Two pixels for each logical one of 96 to the inch, laid out for that size: the panes reach across
+// the whole width and the window stays as it is.
+TEST_F(DocumentOutputTest, APictureOfPixelsHasTheSizeOfPrintsWhateverTheWindowHas) {
   CSonadexView& view = OpenSample();
   SelectSpan(view, 300.0, 900.0);
   frame.Refresh();
-  const QImage screen = Picture().grab().toImage().convertToFormat(QImage::Format_RGB32);
-  for (const char* name : {"view.bmp", "view.PNG"}) {
-    const QImage saved(QString::fromStdString(SaveAs(Command::kSaveAsBmp, name)));
-    EXPECT_EQ(saved.convertToFormat(QImage::Format_RGB32), screen) << name;
+  const QImage screen = Picture().grab().toImage();
+  struct Row {
+    const char* name;
+    double width, height;
+    std::int32_t unit;
+    QSize pixels;
+  };
+  for (const Row& row :
+       {Row{"view.bmp", 6.0, 4.0, 0, {1152, 768}}, Row{"view.PNG", 9.0, 3.0, 0, {1728, 576}},
+        Row{"view.bmp", 15.24, 5.08, 1, {1152, 384}}}) {
+    DisplaySettings& display = view.document().settings.display;
+    display.printWidth = row.width;
+    display.printHeight = row.height;
+    display.printUnit = row.unit;
+    const QImage saved(QString::fromStdString(SaveAs(Command::kSaveAsBmp, row.name)));
+    EXPECT_EQ(saved.size(), row.pixels) << row.name;
     EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("save: Save As bmp"));
+    const QColor pane = StyleOf(PaletteKind::kLight).pane;
+    const auto isPane = [&](int x) {
+      for (int y = 0; y < saved.height(); ++y) {
+        if (saved.pixelColor(x, y) == pane) return true;
+      }
+      return false;
+    };
+    EXPECT_TRUE(isPane(saved.width() - 40)) << row.name << ": the panes end early";
   }
-  EXPECT_EQ(prompts.fileRequests.back().proposedName, "vowels_qrv");
-  EXPECT_EQ(prompts.fileRequests.back().defaultExtension, "bmp");
+  EXPECT_EQ(Picture().grab().toImage(), screen);
+  const FileRequest& request = prompts.fileRequests.back();
+  EXPECT_EQ(request.proposedName, "vowels_qrv");
+  EXPECT_EQ(request.defaultExtension, "bmp");
+  EXPECT_EQ(request.filter,
+            "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|SVG files (*.svg)|*.svg|"
+            "PDF files (*.pdf)|*.pdf|");
 }
 
-TEST_F(DocumentOutputTest, ADrawingHasTheSizeOfTheView) {
-  OpenSample();
-  const QSize size = Picture().size();
+TEST_F(DocumentOutputTest, ADrawingHasTheSizeOfPrints) {
+  DisplaySettings& display = OpenSample().document().settings.display;
+  display.printWidth = 7.5;
   const std::string svg = Content(SaveAs(Command::kSaveAsBmp, "view.svg"));
-  EXPECT_THAT(svg, testing::HasSubstr("viewBox=\"0 0 " + std::to_string(size.width()) + " " +
-                                      std::to_string(size.height()) + "\""));
+  EXPECT_THAT(svg, testing::HasSubstr("viewBox=\"0 0 720 384\""));
   const std::string pdf = Content(SaveAs(Command::kSaveAsBmp, "view.pdf"));
   EXPECT_THAT(pdf, testing::StartsWith("%PDF"));
-  EXPECT_NEAR(PdfPages(pdf).points.width(), size.width() * 0.75, 0.5);
-  EXPECT_NEAR(PdfPages(pdf).points.height(), size.height() * 0.75, 0.5);
+  EXPECT_NEAR(PdfPages(pdf).points.width(), 7.5 * 72.0, 0.5);
+  EXPECT_NEAR(PdfPages(pdf).points.height(), 4.0 * 72.0, 0.5);
   prompts.TakeTranscript();
 }
 

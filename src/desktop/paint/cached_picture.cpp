@@ -15,6 +15,7 @@ void CachedPicture::Draw(QPainter& painter, PixelSize client,
     stale_ = true;
     if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
     image_.setDevicePixelRatio(ratio);
+    image_.fill(Qt::white);  // its last pixels may be only partly inside
     QPainter data(&image_);
     paint(data);
     stale_ = false;

@@ -72,7 +72,7 @@ Scene SceneWithAxes(const MainViewPicture& picture, const PaintStyle& style) {
   scene.amplitude = AmplitudeSpan(document.channel(), picture.waveform, scene.audio);
   scene.levels = IntensitySpan(document.channel().intensity, levelPane);
   scene.hertz = DisplayedPitch(document.settings.pitch, scene.pitch);
-  if (document.loaded) scene.timeTicks = TicksOfTime(scene.time, scene.display.timeBase, style);
+  if (document.loaded) scene.timeTicks = BottomTicks(scene.time, scene.display.timeBase, style);
   return scene;
 }
 

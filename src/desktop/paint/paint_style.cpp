@@ -88,6 +88,12 @@ PaintStyle StyleOf(PaletteKind kind) {
   return style;
 }
 
+PaintStyle StyleFor(const QPalette& palette) {
+  const bool dark =
+      palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+  return StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
+}
+
 PaintStyle BlackOnWhite() {
   PaintStyle style = StyleOf(PaletteKind::kLight);
   const QColor black(0, 0, 0), white(255, 255, 255), grey(0x60, 0x60, 0x60);

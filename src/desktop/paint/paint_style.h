@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <array>
 
 #include "analysis/formant_selection.h"
@@ -42,6 +43,8 @@ struct PaintStyle {
 };
 
 PaintStyle StyleOf(PaletteKind kind);
+// Of windows with this palette, which is dark when its windows are darker than their texts.
+PaintStyle StyleFor(const QPalette& palette);
 // Black on white, for prints that have no colour.
 PaintStyle BlackOnWhite();
 

@@ -113,19 +113,24 @@ void DrawValueGrid(QPainter& painter, const QRectF& pane, const AxisSpan& span,
   }
 }
 
-std::vector<AxisTick> TicksOfTime(const AxisScale& time, std::int32_t timeBase,
+std::vector<AxisTick> BottomTicks(const AxisScale& scale, std::int32_t timeBase,
                                   const PaintStyle& style) {
   const QFont font = TickFont(style);
   double least = 40.0;
   std::vector<AxisTick> ticks;
   // Wider texts need a longer step, which may need fewer decimals: it settles at once or twice.
   for (int round = 0; round < 4; ++round) {
-    ticks = TimeTicks(time.Span(), least, timeBase);
+    ticks = TimeTicks(scale.Span(), least, timeBase);
     const double needed = WidestText(ticks, font) + kTextSpace;
     if (needed <= least) break;
     least = needed;
   }
   return ticks;
+}
+
+std::vector<AxisTick> TimeGrid(const AxisScale& time, std::int32_t gridMs,
+                               const std::vector<AxisTick>& ticks) {
+  return gridMs > 0 ? GridEvery(time.Span(), gridMs) : ticks;
 }
 
 void DrawBottomAxis(QPainter& painter, const QRectF& strip, const AxisScale& scale,

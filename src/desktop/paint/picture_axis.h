@@ -31,9 +31,13 @@ void DrawInnerAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
 void DrawValueGrid(QPainter& painter, const QRectF& pane, const AxisSpan& span,
                    const std::vector<AxisTick>& ticks, const QColor& color);
 
-// Ticks of a time axis as far apart as their texts need; timeBase 0 milliseconds, 1 seconds.
-std::vector<AxisTick> TicksOfTime(const AxisScale& time, std::int32_t timeBase,
+// Ticks of an axis of time or frequency as far apart as their texts need; timeBase 1 writes
+// milliseconds as seconds, 0 any value as it is.
+std::vector<AxisTick> BottomTicks(const AxisScale& scale, std::int32_t timeBase,
                                   const PaintStyle& style);
+// The lines of a grid every `gridMs`; with 0 it follows the axis and its ticks.
+std::vector<AxisTick> TimeGrid(const AxisScale& time, std::int32_t gridMs,
+                               const std::vector<AxisTick>& ticks);
 // An axis of frequency or time along the bottom: ticks at the strip's top, texts below them, `unit`
 // in the margin on the left of the axis.
 void DrawBottomAxis(QPainter& painter, const QRectF& strip, const AxisScale& scale,

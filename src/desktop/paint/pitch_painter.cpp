@@ -37,11 +37,12 @@ QString SelectionLine(const PitchPicture& picture) {
 }  // namespace
 
 WindowLayout PitchLayout(const PitchPicture& picture) {
+  const PitchSettings& settings = picture.document.settings.pitch;
   const Tiers& tiers = picture.document.channel().tiers;
   return LayOutWindow(picture.client,
-                      {.labelsHeight = picture.parts.labels ? HeightOfTiers(tiers) : 0,
-                       .audio = picture.parts.audio,
-                       .intensity = picture.parts.intensity,
+                      {.labelsHeight = settings.addLabels != 0 ? HeightOfTiers(tiers) : 0,
+                       .audio = settings.addAudio != 0,
+                       .intensity = settings.addIntensity != 0,
                        .readoutLines = kReadoutLines});
 }
 
@@ -63,11 +64,14 @@ void PaintPitchData(QPainter& painter, const PitchPicture& picture, const PaintS
   const std::int32_t timeBase = settings.display.timeBase;
   const AxisScale time = PitchTimes(picture);
   const AxisSpan hertz = DisplayedPitch(settings.pitch, pane);
-  const auto timeTicks = TicksOfTime(time, timeBase, style);
+  const auto timeTicks = BottomTicks(time, timeBase, style);
   const double grid = settings.pitch.addFrequencyGrid != 0 ? settings.pitch.frequencyGridHz : 0.0;
   DrawPane(painter, pane, style.pane);
   DrawValueGrid(painter, pane, hertz, GridEvery(hertz, grid), style.grid);
-  DrawVerticalGrid(painter, pane, time, timeTicks, style.grid);
+  if (settings.pitch.addTimeGrid != 0) {
+    DrawVerticalGrid(painter, pane, time, TimeGrid(time, settings.pitch.timeGridMs, timeTicks),
+                     style.grid);
+  }
   DrawPitch(painter, {pane, time}, hertz, picture.pitch, picture.document.channel().msPerSample(),
             style);
   DrawAxisTitle(painter, layout.plot, QStringLiteral("Pitch (Hz)"), style);

@@ -1,5 +1,5 @@
-// pitch_painter.h - draws the pitch window: the track over the pitch window's own axes, with
-// optional strips of labels, waveform and intensity, cursor and selection.
+// pitch_painter.h - draws the pitch window: the track over the pitch window's own axes, with the
+// strips and grids of the document's pitch options, cursor and selection.
 #pragma once
 
 #include <QPainter>
@@ -11,19 +11,11 @@
 
 namespace cantorix {
 
-// The strips that the window shows.
-struct PitchWindowParts {
-  bool audio = true;
-  bool intensity = false;
-  bool labels = false;
-};
-
 struct PitchPicture {
   const CSonadexDoc& document;
   const PitchResult& pitch;
   const WaveformPyramid* waveform;  // of the document; null without a strip of audio
   PixelSize client;
-  PitchWindowParts parts;
   double startMs = 0.0;  // the stretch that is shown
   double endMs = 0.0;
   std::optional<double> cursorMs;

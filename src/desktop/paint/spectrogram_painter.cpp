@@ -30,16 +30,13 @@ AxisSpan FrequencySpan(const SpectrogramPicture& picture, const QRectF& pane) {
 QColor GridColor() { return {128, 128, 128, 110}; }
 
 void DrawGrids(QPainter& painter, const QRectF& pane, const AxisScale& time, const AxisSpan& hertz,
-               const CSonadexDoc& document, const PaintStyle& style) {
-  const SpectrogramSettings& settings = document.settings.spectrogram;
+               const SpectrogramSettings& settings, const std::vector<AxisTick>& timeTicks) {
   if (settings.addFrequencyGrid != 0) {
     DrawValueGrid(painter, pane, hertz, GridEvery(hertz, settings.frequencyGridHz), GridColor());
   }
   if (settings.addTimeGrid != 0) {
-    const auto lines = settings.timeGridMs > 0
-                           ? GridEvery(time.Span(), settings.timeGridMs)
-                           : TicksOfTime(time, document.settings.display.timeBase, style);
-    DrawVerticalGrid(painter, pane, time, lines, GridColor());
+    DrawVerticalGrid(painter, pane, time, TimeGrid(time, settings.timeGridMs, timeTicks),
+                     GridColor());
   }
 }
 
@@ -144,7 +141,8 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
     painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
     painter.drawImage(pane, picture.image);
   }
-  DrawGrids(painter, pane, time, hertz, document, style);
+  const auto timeTicks = BottomTicks(time, timeBase, style);
+  DrawGrids(painter, pane, time, hertz, settings, timeTicks);
   if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
   }
@@ -152,8 +150,7 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
                 kPlotLeft - kTitleWidth, style);
-  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, TicksOfTime(time, timeBase, style),
-                 TimeUnit(timeBase), style);
+  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks, TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, document, picture.waveform, style);
 }
 

@@ -167,7 +167,7 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   const double grid = settings.addPowerGrid != 0 ? settings.powerGridDb : 0.0;
   DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style, grid),
                 kPlotLeft - kTitleWidth, style);
-  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), axis, TicksOfTime(axis, 0, style),
+  DrawBottomAxis(painter, ToRectF(layout.bottomAxis), axis, BottomTicks(axis, 0, style),
                  QStringLiteral("Hz"), style);
 }
 

@@ -7,6 +7,7 @@
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/signal_strips.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 namespace {
@@ -134,8 +135,8 @@ QString TimeUnit(std::int32_t timeBase) {
 }
 
 QString ShownTime(double ms, std::int32_t timeBase) {
-  return timeBase != 0 ? QString::number(ms * 0.001, 'f', 3) + QStringLiteral(" s")
-                       : QString::number(ms, 'f', 1) + QStringLiteral(" ms");
+  return QString::number(InTimeBase(ms, timeBase), 'f', timeBase != 0 ? 3 : 1) + ' ' +
+         TimeUnit(timeBase);
 }
 
 }  // namespace cantorix

@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "desktop/paint/paint_style.h"
-#include "desktop/windows/window_style.h"
 
 namespace cantorix {
 namespace {

@@ -9,6 +9,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
+#include "desktop/window_place.h"
 
 namespace cantorix {
 namespace {
@@ -129,8 +130,7 @@ void AnalysisFrame::resizeEvent(QResizeEvent* event) {
 
 void AnalysisFrame::RememberPlacement() {
   if (placement_ == nullptr || !isVisible() || isMaximized() || isMinimized()) return;
-  const QRect place = geometry();
-  *placement_ = {place.x(), place.y(), place.width(), place.height()};
+  *placement_ = PlacementOf(geometry());
 }
 
 }  // namespace cantorix

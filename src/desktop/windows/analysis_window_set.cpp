@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/qt_progress.h"
+#include "desktop/window_place.h"
 #include "desktop/windows/fft_lpc_frame.h"
 #include "desktop/windows/picture_output.h"
 #include "desktop/windows/pitch_frame.h"
@@ -12,11 +13,6 @@
 
 namespace cantorix {
 namespace {
-
-WindowKind KindOf(AnalysisKind kind) {
-  if (kind == AnalysisKind::kFftLpc) return WindowKind::kFftLpc;
-  return kind == AnalysisKind::kSpectrogram ? WindowKind::kSpectrogram : WindowKind::kPitch;
-}
 
 // Parts of the area, so that the recording stays in sight: a spectrum on the right, a spectrogram
 // or a pitch track along the bottom.
@@ -41,7 +37,7 @@ AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind
 
 void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request) {
   if (around_.area == nullptr) return;
-  const WindowKind kind = KindOf(request.kind);
+  const WindowKind kind = request.kind;
   if (kind == WindowKind::kPitch) return OpenPitch(view, request.stretch.value_or(Stretch::kAll));
   const bool isNew = Find(view, kind) == nullptr;
   AnalysisFrame& frame = Show(view, kind);
@@ -93,28 +89,23 @@ AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
   return *frame;
 }
 
-AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
+WindowPlacement& AnalysisWindowSet::PlacementOfKind(WindowKind kind) {
   ApplicationSettings& placements = services_.application.host.application;
-  switch (kind) {
-    case WindowKind::kFftLpc:
-      return new CFFTLPCFrame(view, *this, &placements.fftLpc);
-    case WindowKind::kSpectrogram:
-      return new CSpectrogramFrame(view, *this, &placements.spectrogram);
-    case WindowKind::kPitch:
-      break;
-  }
-  return new CPitchFrame(view, *this, &pitchPlacement_);
+  if (kind == WindowKind::kFftLpc) return placements.fftLpc;
+  return kind == WindowKind::kSpectrogram ? placements.spectrogram : pitchPlacement_;
 }
 
-void AnalysisWindowSet::Place(AnalysisFrame& frame, WindowKind kind) const {
-  const ApplicationSettings& placements = services_.application.host.application;
-  const WindowPlacement& stored = kind == WindowKind::kFftLpc        ? placements.fftLpc
-                                  : kind == WindowKind::kSpectrogram ? placements.spectrogram
-                                                                     : pitchPlacement_;
+AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
+  WindowPlacement* const placement = &PlacementOfKind(kind);
+  if (kind == WindowKind::kFftLpc) return new CFFTLPCFrame(view, *this, placement);
+  if (kind == WindowKind::kSpectrogram) return new CSpectrogramFrame(view, *this, placement);
+  return new CPitchFrame(view, *this, placement);
+}
+
+void AnalysisWindowSet::Place(AnalysisFrame& frame, WindowKind kind) {
   const QRect area = around_.area->viewport()->rect();
-  const QRect place(stored.x, stored.y, stored.width, stored.height);
-  const bool usable = stored.width > 0 && stored.height > 0 && area.intersects(place);
-  frame.setGeometry(usable ? place : DefaultPlace(area, kind));
+  const auto stored = PlaceOf(PlacementOfKind(kind));
+  frame.setGeometry(stored && area.intersects(*stored) ? *stored : DefaultPlace(area, kind));
 }
 
 void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
@@ -150,7 +141,11 @@ void AnalysisWindowSet::Run(CSonadexView& view, const std::function<void()>& act
 bool AnalysisWindowSet::busy() const { return services_.progress.running(); }
 
 void AnalysisWindowSet::Output(AnalysisFrame& frame, WindowCommand command) {
-  Run(frame.view(), [&] { OutputPicture(frame, command, services_); });
+  Run(frame.view(), [&] {
+    OutputPicture(
+        frame, command,
+        {services_.application.prompts(), WaveformOf(frame.view().document()), around_.printer});
+  });
 }
 
 }  // namespace cantorix

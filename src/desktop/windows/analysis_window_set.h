@@ -10,6 +10,7 @@
 #include "desktop/windows/analysis_frame.h"
 
 class QMdiArea;
+class QPrinter;
 
 namespace cantorix {
 
@@ -17,12 +18,14 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  public:
   explicit AnalysisWindowSet(const DesktopServices& services) : services_(services) {}
 
-  // The area where the windows lie, the waveform that a document's windows share, and what is told
-  // when commands may have been enabled or disabled. A null area ends the use of all three.
+  // The area where the windows lie, the waveform that a document's windows share, what is told when
+  // commands may have been enabled or disabled, and the printer as it was set up. A null area ends
+  // the use of all.
   struct Surroundings {
     QMdiArea* area = nullptr;
     std::function<DocumentWaveform&(CSonadexDoc&)> waveformOf;
     std::function<void()> stateChanged;
+    std::function<QPrinter&()> printer;
   };
   void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
 
@@ -49,7 +52,8 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
 
   AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
   AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
-  void Place(AnalysisFrame& frame, WindowKind kind) const;
+  void Place(AnalysisFrame& frame, WindowKind kind);
+  WindowPlacement& PlacementOfKind(WindowKind kind);
   void Analyse(AnalysisFrame& frame, const AnalysisRequest& request);
   void OpenPitch(CSonadexView& view, Stretch stretch);
 

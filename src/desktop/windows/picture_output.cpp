@@ -7,12 +7,14 @@
 #include <QPrinter>
 
 #include "desktop/picture_sheet.h"
+#include "desktop/windows/fft_lpc_picture.h"
+#include "desktop/windows/spectrogram_frame.h"
 #include "settings/settings.h"
 
 namespace cantorix {
 namespace {
 
-constexpr double kFinePixels = 2.0;  // of files and copies, per logical pixel
+constexpr int kFinePixels = 2;  // of files and copies, per logical pixel
 
 // How a picture leaves the program.
 struct Sheet {
@@ -21,21 +23,75 @@ struct Sheet {
   QSize pixels() const { return SheetPixels(inches); }
 };
 
-Sheet SheetOf(AnalysisFrame& frame) {
-  const DocumentSettings& settings = frame.model().document().settings;
-  Sheet sheet{InchesOf(frame.canvas().size()), StyleOf(PaletteKind::kLight)};
-  if (frame.model().kind() == WindowKind::kFftLpc) {
-    const FftLpcSettings& options = settings.fftLpc;
-    sheet.inches = SheetInches(options.printWidth, options.printHeight, options.printUnit);
-    if (options.blackWhite != 0) sheet.style = BlackOnWhite();
-  } else if (frame.model().kind() == WindowKind::kSpectrogram) {
-    const SpectrogramSettings& options = settings.spectrogram;
-    sheet.inches = SheetInches(options.printWidth, options.printHeight, 0);
+Sheet SheetOf(AnalysisWindow& window) {
+  const DocumentSettings& settings = window.document().settings;
+  Sheet sheet{{}, StyleOf(PaletteKind::kLight)};
+  switch (window.kind()) {
+    case WindowKind::kFftLpc: {
+      const FftLpcSettings& options = settings.fftLpc;
+      sheet.inches = SheetInches(options.printWidth, options.printHeight, options.printUnit);
+      if (options.blackWhite != 0) sheet.style = BlackOnWhite();
+      return sheet;
+    }
+    case WindowKind::kSpectrogram:
+      sheet.inches =
+          SheetInches(settings.spectrogram.printWidth, settings.spectrogram.printHeight, 0);
+      return sheet;
+    case WindowKind::kPitch:
+      sheet.inches = SheetInches(settings.pitch.printWidth, settings.pitch.printHeight, 0);
+      return sheet;
   }
   return sheet;
 }
 
-void Save(AnalysisFrame& frame, Prompts& prompts) {
+using UsePicture = std::function<void(WindowPicture&)>;
+
+// False when there is no spectrum of that size.
+bool UseSpectrum(CFFTLPCView& shown, PixelSize size, const UsePicture& use) {
+  CFFTLPCView sized(shown.document());
+  sized.cursorHz = shown.cursorHz;
+  sized.markerSet = shown.markerSet;
+  const PixelRect plot = SpectrumLayout(size).plot;
+  if (!sized.AnalyseSpectrum(shown.place(), plot.right - plot.left)) return false;
+  FftLpcPicture picture(sized);
+  use(picture);
+  return true;
+}
+
+bool UseSpectrogram(CSpectrogramFrame& frame, PixelSize size, DocumentWaveform& waveform,
+                    const UsePicture& use) {
+  CSpectrogramView& shown = frame.model();
+  CSpectrogramView sized(shown.document());
+  sized.cursorMs = shown.cursorMs;
+  sized.cursorHz = shown.cursorHz;
+  sized.markerSet = shown.markerSet;
+  sized.selectionShown = shown.selectionShown;
+  sized.selection = shown.selection;
+  const PixelRect plot = SpectrogramLayout(size, shown.document()).plot;
+  const SpectrogramSize pixels{(plot.right - plot.left) * kFinePixels,
+                               (plot.bottom - plot.top) * kFinePixels};
+  if (!sized.ComputeSpectrogram(shown.spectrogram().range, pixels)) return false;
+  SpectrogramWindowPicture picture(sized, waveform);
+  picture.SetColors(frame.picture().colors());
+  use(picture);
+  return true;
+}
+
+// The window's picture, computed for a size of its own where that decides what is computed.
+void UsePictureOfSize(AnalysisFrame& frame, QSize pixels, DocumentWaveform& waveform,
+                      const UsePicture& use) {
+  const PixelSize size{pixels.width(), pixels.height()};
+  // What an edit has changed cannot be computed any more.
+  if (!frame.model().samplesChanged()) {
+    auto* const spectrum = dynamic_cast<CFFTLPCView*>(&frame.model());
+    if (spectrum != nullptr && UseSpectrum(*spectrum, size, use)) return;
+    auto* const spectrogram = dynamic_cast<CSpectrogramFrame*>(&frame);
+    if (spectrogram != nullptr && UseSpectrogram(*spectrogram, size, waveform, use)) return;
+  }
+  use(frame.picture());
+}
+
+void Save(AnalysisFrame& frame, const PictureOutlets& outlets) {
   const std::string& title = frame.model().document().title();
   const FileRequest request{
       .title = "Save Picture",
@@ -45,9 +101,11 @@ void Save(AnalysisFrame& frame, Prompts& prompts) {
           "PNG pictures (*.png)|*.png|Bitmaps (*.bmp)|*.bmp|SVG drawings (*.svg)|*.svg|"
           "PDF documents (*.pdf)|*.pdf|",
       .overwritePrompt = true};
-  const Sheet sheet = SheetOf(frame);
-  SavePictureAs(prompts, request, sheet.pixels(), kFinePixels, [&](QPainter& painter) {
-    frame.picture().PaintWhole(painter, sheet.pixels(), sheet.style);
+  const Sheet sheet = SheetOf(frame.model());
+  SavePictureAs(outlets.prompts, request, sheet.pixels(), kFinePixels, [&](QPainter& painter) {
+    UsePictureOfSize(frame, sheet.pixels(), outlets.waveform, [&](WindowPicture& picture) {
+      picture.PaintWhole(painter, sheet.pixels(), sheet.style);
+    });
   });
 }
 
@@ -62,23 +120,25 @@ void Copy(AnalysisFrame& frame) {
   QGuiApplication::clipboard()->setImage(image);
 }
 
-void Print(AnalysisFrame& frame) {
-  QPrinter printer(QPrinter::HighResolution);
+void Print(AnalysisFrame& frame, const PictureOutlets& outlets) {
+  QPrinter& printer = outlets.printer();
   printer.setDocName(frame.windowTitle());
   QPrintDialog dialog(&printer, &frame);
   if (dialog.exec() != QDialog::Accepted) return;
-  const Sheet sheet = SheetOf(frame);
-  PrintPicture(printer, sheet.inches, [&](QPainter& painter) {
-    frame.picture().PaintWhole(painter, sheet.pixels(), sheet.style);
+  const Sheet sheet = SheetOf(frame.model());
+  UsePictureOfSize(frame, sheet.pixels(), outlets.waveform, [&](WindowPicture& picture) {
+    PrintPicture(printer, sheet.inches, [&](QPainter& painter) {
+      picture.PaintWhole(painter, sheet.pixels(), sheet.style);
+    });
   });
 }
 
 }  // namespace
 
-void OutputPicture(AnalysisFrame& frame, WindowCommand command, const DesktopServices& services) {
-  if (command == WindowCommand::kSavePicture) return Save(frame, services.application.prompts());
+void OutputPicture(AnalysisFrame& frame, WindowCommand command, const PictureOutlets& outlets) {
+  if (command == WindowCommand::kSavePicture) return Save(frame, outlets);
   if (command == WindowCommand::kCopyPicture) return Copy(frame);
-  if (command == WindowCommand::kPrint) Print(frame);
+  if (command == WindowCommand::kPrint) Print(frame, outlets);
 }
 
 }  // namespace cantorix

@@ -1,6 +1,8 @@
 // pitch_picture.cpp - what the painter needs, taken from model and document.
 #include "desktop/windows/pitch_picture.h"
 
+#include "settings/settings.h"
+
 namespace cantorix {
 
 PitchPicture PitchWindowPicture::Now(PixelSize client) const {
@@ -9,9 +11,6 @@ PitchPicture PitchWindowPicture::Now(PixelSize client) const {
                        .pitch = view_.pitch,
                        .waveform = nullptr,
                        .client = client,
-                       .parts = {.audio = model_.strips.audio != 0,
-                                 .intensity = model_.strips.intensity != 0,
-                                 .labels = model_.strips.labels != 0},
                        .startMs = time.low,
                        .endMs = time.high,
                        .cursorMs = {},
@@ -32,7 +31,7 @@ WindowLayout PitchWindowPicture::LayoutIn(PixelSize client) { return PitchLayout
 
 void PitchWindowPicture::PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) {
   PitchPicture picture = Now(client);
-  if (picture.parts.audio) picture.waveform = &waveform_.Pyramid();
+  if (view_.document().settings.pitch.addAudio != 0) picture.waveform = &waveform_.Pyramid();
   PaintPitchData(painter, picture, style);
 }
 

@@ -3,12 +3,12 @@
 // a cursor drag costs the overlay alone.
 #pragma once
 
-#include <QImage>
 #include <QPainter>
 #include <QSize>
 
 #include "analysisview/analysis_window.h"
 #include "analysisview/window_layout.h"
+#include "desktop/paint/cached_picture.h"
 #include "desktop/paint/paint_style.h"
 
 namespace cantorix {
@@ -28,7 +28,7 @@ class WindowPicture {
   // Draws all of it at the painter's origin, for paper or a file. Throws FileError.
   void PaintWhole(QPainter& painter, QSize size, const PaintStyle& style);
   // For a change that the model does not know.
-  void Invalidate() { image_ = {}; }
+  void Invalidate() { image_.Invalidate(); }
 
  protected:
   virtual WindowLayout LayoutIn(PixelSize client) = 0;
@@ -36,18 +36,15 @@ class WindowPicture {
   virtual void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
 
  private:
-  // What the image depends on.
+  // What the image depends on beside its size.
   struct Key {
     std::int64_t revision = -1;
-    QSize size;
-    double pixelRatio = 0.0;
     QRgb background = 0;
     bool operator==(const Key&) const = default;
   };
-  void Render(const Key& key, const PaintStyle& style);
 
   AnalysisWindow& model_;
-  QImage image_;
+  CachedPicture image_;
   Key key_;
 };
 

@@ -199,6 +199,66 @@ TEST(MainViewPicture, CursorAndSelectionStandAtTheirTimes) {
   }
 }
 
+// How many pixels of an area have nearly that colour.
+int CountOf(const QImage& image, const QRect& area, const QColor& color) {
+  int count = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) {
+      const QColor pixel = image.pixelColor(x, y);
+      const int distance = std::abs(pixel.red() - color.red()) +
+                           std::abs(pixel.green() - color.green()) +
+                           std::abs(pixel.blue() - color.blue());
+      if (distance < 30) ++count;
+    }
+  }
+  return count;
+}
+
+// The axis reaches down to 0 Hz, so that a dot for an unvoiced entry would be seen.
+TEST(PitchPicture, ShowsNothingWhereTheTrackIsUnvoiced) {
+  AnalysedRecording analysed(ToneFrom(500.0, 150.0, 1000.0), kClient);
+  CSonadexView& view = analysed.recording.view;
+  view.document().settings.pitch.displayLowHz = 0;
+  view.document().settings.pitch.addLabels = 0;
+  const PitchPicture picture{.document = view.document(),
+                             .pitch = view.pitch,
+                             .waveform = nullptr,
+                             .client = kClient,
+                             .startMs = 0.0,
+                             .endMs = 1000.0,
+                             .cursorMs = {},
+                             .selection = {}};
+  QImage image = Canvas(kClient);
+  QPainter painter(&image);
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  PaintPitch(painter, picture, style);
+  painter.end();
+  const PixelRect& plot = PitchLayout(picture).plot;
+  const int half = (plot.right - plot.left) / 2;
+  const int height = plot.bottom - plot.top;
+  EXPECT_EQ(CountOf(image, {plot.left, plot.top, half - 30, height + 3}, style.pitch), 0);
+  EXPECT_GT(CountOf(image, {plot.left + half, plot.top, half, height}, style.pitch), 100);
+}
+
+TEST(MainViewPicture, ALabelHasItsOwnColour) {
+  AnalysedRecording analysed(ToneFrom(0.0, 150.0, 1000.0), kClient);
+  CSonadexView& view = analysed.recording.view;
+  Label& label = view.channel().tiers[0].labels[0];
+  label.text = "MMMMM";
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  const QColor blue(0x10, 0x20, 0xd0);
+  for (const std::uint32_t word : {0xd02010U, 0x000000U}) {  // red in the lowest byte
+    label.colour = word;
+    view.LayOut();
+    QImage image = Canvas(kClient);
+    QPainter painter(&image);
+    PaintMainView(painter, {view, analysed.waveform.Pyramid()}, style);
+    painter.end();
+    const int found = CountOf(image, image.rect(), blue);
+    EXPECT_EQ(found > 4, word != 0) << found;
+  }
+}
+
 TEST(SpectrogramImage, IsMadeOfTheLevelsWithZeroHzAtTheBottom) {
   Spectrogram spectrogram;
   spectrogram.outcome = SpectrogramOutcome::kComputed;

@@ -63,13 +63,14 @@ void SpectrogramWindow(QPainter& painter, AnalysedRecording& analysed, PixelSize
 }
 
 void PitchWindow(QPainter& painter, AnalysedRecording& analysed, PixelSize size) {
-  const CSonadexView& view = analysed.recording.view;
+  CSonadexView& view = analysed.recording.view;
+  PitchSettings& options = view.document().settings.pitch;
+  options.addAudio = options.addIntensity = options.addLabels = 1;
   PaintPitch(painter,
              {.document = view.document(),
               .pitch = view.pitch,
               .waveform = &analysed.waveform.Pyramid(),
               .client = size,
-              .parts = {.audio = true, .intensity = true, .labels = true},
               .startMs = 0.0,
               .endMs = 1000.0,
               .cursorMs = 500.0,
