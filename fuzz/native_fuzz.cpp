@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "document/native_file.h"
+#include "fuzz_host.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
-#include "quiet_host.h"
 
 namespace {
 
@@ -41,7 +41,7 @@ std::vector<std::byte> Written(const CSonadexDoc& document) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static cantorix::QuietHost host;
+  static cantorix::FuzzHost host;
   const std::string path = host.folder + "/input";
   CSonadexDoc first(host.host);
   if (!ReadsAsNative(first, path, std::as_bytes(std::span(data, size)))) return 0;

@@ -11,8 +11,8 @@
 
 #include "document/label.h"
 #include "document/native_file.h"
+#include "fuzz_host.h"
 #include "mainview/undo_file.h"
-#include "quiet_host.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ Bytes Written(const CSonadexDoc& document) {
   return bytes;
 }
 
-void Try(QuietHost& host, std::span<const std::byte> input, bool isLong) {
+void Try(FuzzHost& host, std::span<const std::byte> input, bool isLong) {
   CSonadexDoc document(host.host);
   FillForSaving(document, isLong);
   UndoFile undo(host.folder + "/", "talk");
@@ -72,7 +72,7 @@ void Try(QuietHost& host, std::span<const std::byte> input, bool isLong) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static QuietHost host;
+  static FuzzHost host;
   for (const bool isLong : {false, true}) Try(host, std::as_bytes(std::span(data, size)), isLong);
   return 0;
 }

@@ -9,8 +9,8 @@
 
 #include "document/document.h"
 #include "document/wav_file.h"
+#include "fuzz_host.h"
 #include "platform/file.h"
-#include "quiet_host.h"
 
 namespace {
 
@@ -41,7 +41,7 @@ std::vector<std::byte> Exported(const CSonadexDoc& document) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static cantorix::QuietHost host;
+  static cantorix::FuzzHost host;
   const std::string path = host.folder + "/input";
   CSonadexDoc first(host.host);
   if (!ReadsAsWave(first, path, std::as_bytes(std::span(data, size)))) return 0;

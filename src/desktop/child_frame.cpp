@@ -12,6 +12,7 @@
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
+#include "desktop/window_place.h"
 #include "mainview/label_list.h"
 #include "platform/abandon.h"
 #include "platform/prompts.h"
@@ -119,8 +120,7 @@ void CChildFrame::RememberPlacement() {
   const QRect place = geometry();
   if (filled_ && place == *filled_) return;
   filled_.reset();
-  services_.application.host.application.mainView = {place.x(), place.y(), place.width(),
-                                                     place.height()};
+  services_.application.host.application.mainView = PlacementOf(place);
 }
 
 void CChildFrame::LetGo() {

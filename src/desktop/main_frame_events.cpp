@@ -16,6 +16,7 @@
 #include "desktop/main_frame.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
+#include "desktop/window_place.h"
 
 namespace cantorix {
 namespace {
@@ -187,9 +188,8 @@ void CMainFrame::Closed(CSonadexDoc& document) {
 
 // A window fills the space until the user has once given one a place.
 void CMainFrame::Place(CChildFrame& frame) {
-  const WindowPlacement& stored = services_.application.host.application.mainView;
-  if (stored.width > 0 && stored.height > 0) {
-    frame.setGeometry(stored.x, stored.y, stored.width, stored.height);
+  if (const auto stored = PlaceOf(services_.application.host.application.mainView)) {
+    frame.setGeometry(*stored);
   } else {
     frame.Fill(area_->viewport()->rect());
   }

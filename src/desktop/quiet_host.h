@@ -12,26 +12,13 @@
 #include "mainview/sonadex_view.h"
 #include "platform/host_services.h"
 #include "platform/progress.h"
-#include "platform/prompts.h"
+#include "platform/quiet_prompts.h"
 
 namespace cantorix {
 
-class QuietPrompts : public Prompts {
+class SpokenPrompts : public QuietPrompts {
  public:
-  void Beep() override {}
   void Message(const std::string& text) override { std::cerr << "cantorix: " << text << '\n'; }
-  Answer Ask(const std::string& text, Buttons) override {
-    Message(text);
-    return Answer::kCancel;
-  }
-  std::optional<FileChoice> ChooseFileToOpen(const FileRequest&) override { return {}; }
-  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
-  std::optional<std::string> ChooseFolder(const std::string&) override { return {}; }
-  // The first channel of several.
-  std::optional<int> ChooseChannel(const std::string&, int) override { return 0; }
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
-    return {};
-  }
 };
 
 // A host with a private program directory; it leaves nothing behind.
@@ -47,7 +34,7 @@ struct QuietHost {
   }
 
   QTemporaryDir directory;
-  QuietPrompts prompts;
+  SpokenPrompts prompts;
   NoProgress progress;
   HostMemoryProbe memory;
   DocumentHost host{.prompts = prompts,

@@ -1,6 +1,8 @@
 // tool_frame.cpp - the place taken when shown and remembered when moved.
 #include "desktop/tool_frame.h"
 
+#include "desktop/window_place.h"
+
 namespace cantorix {
 
 ToolFrame::ToolFrame(QWidget* owner, WindowPlacement& placement)
@@ -8,9 +10,8 @@ ToolFrame::ToolFrame(QWidget* owner, WindowPlacement& placement)
 
 void ToolFrame::showEvent(QShowEvent* event) {
   if (!placed_) {
-    const bool stored = placement_.width > 0 && placement_.height > 0;
-    setGeometry(stored ? QRect(placement_.x, placement_.y, placement_.width, placement_.height)
-                       : DefaultPlace());
+    const auto stored = PlaceOf(placement_);
+    setGeometry(stored ? *stored : DefaultPlace());
     placed_ = true;
   }
   QWidget::showEvent(event);
@@ -27,9 +28,7 @@ void ToolFrame::resizeEvent(QResizeEvent* event) {
 }
 
 void ToolFrame::Remember() {
-  if (!placed_ || !isVisible()) return;
-  const QRect place = geometry();
-  placement_ = {place.x(), place.y(), place.width(), place.height()};
+  if (placed_ && isVisible()) placement_ = PlacementOf(geometry());
 }
 
 }  // namespace cantorix

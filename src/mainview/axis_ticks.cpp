@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "settings/time_base.h"
+
 namespace cantorix {
 namespace {
 
@@ -66,7 +68,9 @@ std::vector<AxisTick> TimeTicks(const AxisSpan& span, double leastPixels, std::i
   std::vector<AxisTick> ticks;
   const double step = NiceStep(span, leastPixels);
   for (AxisTick& tick : TicksEvery(span, step)) {
-    if (timeBase != 0) tick.text = TickText(tick.value * 0.001, step * 0.001);
+    if (timeBase != 0) {
+      tick.text = TickText(InTimeBase(tick.value, timeBase), InTimeBase(step, timeBase));
+    }
     ticks.push_back(std::move(tick));
   }
   return ticks;

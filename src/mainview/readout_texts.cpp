@@ -2,12 +2,13 @@
 #include "mainview/readout_texts.h"
 
 #include "platform/numbers.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 
 // Kept: seconds have one decimal too; lists of measurements are read with that rounding.
 std::string TimeText(double ms, std::int32_t timeBase) {
-  return FormatOneDecimal(timeBase != 0 ? ms * 0.001 : ms);
+  return FormatOneDecimal(InTimeBase(ms, timeBase));
 }
 
 std::array<ReadoutText, kReadoutCount> ReadoutTexts(const Readouts& readouts, double sampleRateHz,
