@@ -1,4 +1,5 @@
 // analysis_windows_test.cpp - the windows of spectrum, spectrogram and pitch as a user sees them.
+// It is long because it holds every way out of a window beside what it shows.
 #include <QClipboard>
 #include <QComboBox>
 #include <QMdiArea>

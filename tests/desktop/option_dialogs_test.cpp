@@ -1,5 +1,6 @@
 // option_dialogs_test.cpp - the rows of the option dialogs: their texts, and that each one is
-// filled from its member of the settings, judged, read back into it and restored.
+// filled from its member of the settings, judged, read back into it and restored. It is
+// long because it is the tables of all rows.
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -101,8 +102,12 @@ class OptionDialogs : public DialogTest {
       };
       EXPECT_EQ(answer(row.least), "");
       EXPECT_EQ(answer(row.most), "");
-      if (row.tooLow != nullptr) EXPECT_EQ(answer(row.least - step), row.tooLow);
-      if (row.tooHigh != nullptr) EXPECT_EQ(answer(row.most + step), row.tooHigh);
+      if (row.tooLow != nullptr) {
+        EXPECT_EQ(answer(row.least - step), row.tooLow);
+      }
+      if (row.tooHigh != nullptr) {
+        EXPECT_EQ(answer(row.most + step), row.tooHigh);
+      }
 
       S other = c.around;
       Set(other, row.member, row.least);

@@ -56,13 +56,29 @@ TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
   DisplaySettings& display = view.document().settings.display;
   const Told told(view.document());
   int changes = 0;
-  for (const auto& entry : frame.displayOptions().switches()) {
-    SCOPED_TRACE(Typed(entry.box->text()));
+  using Y = DisplaySettings;
+  const std::pair<const char*, std::int32_t Y::*> switches[] = {
+      {"Audio", &Y::drawAudio},
+      {"Intensity", &Y::drawIntensity},
+      {"Intensity in its own pane", &Y::intensityInOwnPane},
+      {"Pitch", &Y::drawPitch},
+      {"Tiers", &Y::drawTiers},
+      {"Grids", &Y::drawGrids},
+      {"Track mouse for all windows", &Y::trackMouse},
+      {"Always perform Pitch and Intensity\nfor all files automatically.", &Y::automaticAnalysis}};
+  for (const auto& [text, field] : switches) {
+    SCOPED_TRACE(text);
+    const auto boxes = frame.displayOptions().findChildren<QCheckBox*>();
+    const auto box = std::ranges::find_if(
+        boxes, [&](QCheckBox* found) { return Typed(found->text().remove('&')) == text; });
+    ASSERT_NE(box, boxes.end());
     const DisplaySettings before = display;
-    entry.box->click();
+    (*box)->click();
     EXPECT_EQ(told.settings, ++changes) << "the windows draw it";
-    EXPECT_EQ(display.*entry.field, 1 - before.*entry.field);
-    EXPECT_EQ(Stored().document.display.*entry.field, display.*entry.field);
+    for (const auto& [other, each] : switches) {
+      EXPECT_EQ(display.*each, each == field ? 1 - before.*each : before.*each) << other;
+    }
+    EXPECT_EQ(Stored().document.display.*field, display.*field);
   }
   frame.displayOptions().audioPercent().setValue(70);
   frame.displayOptions().timeBase().button(1)->click();

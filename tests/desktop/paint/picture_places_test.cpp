@@ -249,7 +249,7 @@ TEST(MainViewPicture, ALabelHasItsOwnColour) {
   const QColor blue(0x10, 0x20, 0xd0);
   for (const std::uint32_t word : {0xd02010U, 0x000000U}) {  // red in the lowest byte
     label.colour = word;
-    view.LayOut();
+    view.LayOut(kClient);
     QImage image = Canvas(kClient);
     QPainter painter(&image);
     PaintMainView(painter, {view, analysed.waveform.Pyramid()}, style);
