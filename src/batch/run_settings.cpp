@@ -1,6 +1,7 @@
 // run_settings.cpp - the layers that the settings of a run are made of.
 #include "batch/run_settings.h"
 
+#include "batch/option_limits.h"
 #include "batch/outcome.h"
 #include "platform/file_error.h"
 #include "settings/config_file.h"
@@ -20,6 +21,7 @@ Settings RunSettings(const Request& request, const std::string& programDirectory
     const auto refusal = SetFieldFromText(settings, assignment.field, assignment.text);
     if (refusal) throw WrongUsage(*refusal);
   }
+  RequireDialogLimits(request, settings.document);
   if (request.memoryMinutes) settings.application.memoryMinutes = *request.memoryMinutes;
   return settings;
 }

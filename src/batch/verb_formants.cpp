@@ -4,6 +4,7 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
+#include "batch/option_limits.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "platform/numbers.h"
@@ -27,6 +28,7 @@ Division DivisionOf(const Session& session, double rateHz) {
 }
 
 bool Compute(Session& session, CSpectrogramView& view) {
+  RequireSpectrogramRange(session);
   CSonadexDoc& document = session.document();
   document.settings.spectrogram.trackFormants = 1;
   const Division division = DivisionOf(session, document.channel().sampleRateHz);

@@ -2,6 +2,7 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
+#include "batch/option_limits.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 
@@ -35,6 +36,7 @@ double MiddleOf(const Spectrogram& spectrogram, std::int64_t column) {
 }
 
 bool Compute(Session& session, CSpectrogramView& view) {
+  RequireSpectrogramRange(session);
   const Request& request = session.request();
   session.document().settings.spectrogram.trackFormants = request.formantColumns ? 1 : 0;
   if (view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) return true;

@@ -86,6 +86,44 @@ TEST_F(UsageTest, WrongWordsAreRefusedInOneLine) {
   EXPECT_FALSE(std::filesystem::exists(folder_ / "out.qrv"));
 }
 
+TEST_F(UsageTest, WhatADialogRefusesIsRefusedInItsWords) {
+  const std::string program = "cantorix-batch: ";
+  const std::string whole = "Enter an integer between ";
+  Check(
+      folder_.path(),
+      {{{"pitch", "@/ten.wav", "--low", "600", "--high", "500"},
+        2,
+        "",
+        program + "pitch.lowHz, pitch.highHz: Calculation high range is too low. Must be greater "
+                  "(low range +200) Hz\n"},
+       {{"pitch", "@/ten.wav", "--low", "49"},
+        2,
+        "",
+        program + "pitch.lowHz: Please select a calculation low range greater than 50 Hz\n"},
+       {{"pitch", "@/ten.wav", "--set", "pitch.displayHighHz=249"},
+        2,
+        "",
+        program + "pitch.displayHighHz: Display high range is too low. Must be greater (low range "
+                  "+200) Hz\n"},
+       {{"intensity", "@/ten.wav", "--step", "0.5"},
+        2,
+        "",
+        program + "intensity.stepMs: " + whole + "1 and 32767.\n"},
+       {{"spectrum", "@/slow.wav", "--at", "5", "--lpc", "101"},
+        2,
+        "",
+        program + "fftlpc.lpcOrder: " + whole + "4 and 100.\n"},
+       {{"spectrogram", "@/slow.wav", "--fmax", "499"},
+        2,
+        "",
+        program + "spectrogram.rangeHz: Frequency range is too low. Must be > 500 Hz\n"},
+       {{"formants", "@/slow.wav", "--columns", "1", "--fmax", "4001"},
+        2,
+        "",
+        program + "@/slow.wav: Frequency range is too high. Must be < 4000 Hz\n"},
+       {{"pitch", "@/slow.wav", "--low", "50", "--high", "250", "-o", "/dev/null"}, 0, "", ""}});
+}
+
 TEST_F(UsageTest, ATimeThatTheRecordingDoesNotHaveIsRefusedWithItsLength) {
   const std::string length = "; the recording is 10.0 ms long\n";
   const auto refused = [&](Words words, const std::string& fault) {
