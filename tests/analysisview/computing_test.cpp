@@ -121,6 +121,22 @@ TEST(AnalysisWindows, HoldNothingAfterACancelOrWithoutMemory) {
   EXPECT_FALSE(spectrogram.ComputeSpectrogram({0.0, 9000.0}, {0, 40})) << "no picture";
 }
 
+TEST(SpectrogramView, SaysWhenMemoryIsShortAtFirstAndLater) {
+  const std::string advice =
+      "Please close some windows and try again.\n"
+      "If the problem persists, please save work, close application and start again.";
+  RecordingFixture recording(testing::Noise(2000, 5000), 4000.0);
+  CSpectrogramView view(recording.inMemory);
+  view.WantSize({10, 5});
+  recording.world.memory.limitBytes = 100;
+  EXPECT_THROW(view.Show({0.0, 2000.0}), Abandoned);
+  EXPECT_THROW(view.Update(), Abandoned);
+  const std::vector<std::string> said{
+      "message: Error in setting up display.\nThis could be due to low memory. " + advice,
+      "message: Low memory error\n" + advice};
+  EXPECT_EQ(recording.world.prompts.TakeTranscript(), said);
+}
+
 TEST(SpectrogramView, LimitsTheRangeToTheRateAndLeavesTheSettingAlone) {
   RecordingFixture recording(testing::Noise(2000, 5000), 4000.0);
   CSpectrogramView view(recording.inMemory);
