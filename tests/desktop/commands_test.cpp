@@ -136,6 +136,16 @@ TEST_F(Commands, WhatAViewCarriesOutNeedsADocument) {
   }
 }
 
+TEST_F(Commands, AMouseEventRefreshesTheFrameOnce) {
+  OpenSample();
+  QApplication::processEvents();
+  analyses.refreshes = 0;
+  QTest::mousePress(&Picture(), Qt::LeftButton, {}, {300, 200});
+  EXPECT_EQ(analyses.refreshes, 1);
+  QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, {360, 200});
+  EXPECT_EQ(analyses.refreshes, 2);
+}
+
 TEST_F(Commands, AnalysesAreAskedForByKindAndStretch) {
   OpenSample();
   QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {300, 200});

@@ -32,13 +32,14 @@ class RecordingWindows : public AnalysisWindows {
  public:
   void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
   void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
-  void RefreshCommands() override {}
+  void RefreshCommands() override { ++refreshes; }
   void CloseWindowsOf(CSonadexView&) override { ++closed; }
   CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }
 
   std::vector<AnalysisRequest> opened;
   std::vector<MousePhase> moves;
   int closed = 0;
+  int refreshes = 0;  // the frame asks for one with each of its own
 };
 
 // Notes what it is asked to save and print.
