@@ -24,7 +24,8 @@ struct Capture {
   std::shared_ptr<NoticeSink> notices;
   std::uint32_t bufferSamples = 0;
   // Both buffers, one behind the other.
-  std::vector<std::int16_t> samples = std::vector<std::int16_t>(2 * kCaptureRoomSamples);
+  std::vector<std::int16_t> samples =
+      std::vector<std::int16_t>(std::size_t{2} * kCaptureRoomSamples);
   std::array<WaveHeader, 2> headers;
   std::uint32_t index = 0;  // of the buffer that completes next
   std::atomic<std::uint32_t> stop{0};

@@ -36,7 +36,8 @@ struct Playback {
   std::int64_t position = 0;  // samples taken from the source, and zeros behind them
   std::int64_t playedBuffers = 0;
   // Both buffers, one behind the other.
-  std::vector<std::int16_t> samples = std::vector<std::int16_t>(2 * kPlaybackRoomSamples);
+  std::vector<std::int16_t> samples =
+      std::vector<std::int16_t>(std::size_t{2} * kPlaybackRoomSamples);
   std::array<WaveHeader, 2> headers;
   std::uint32_t index = 1;  // of the buffer that finished last
   std::atomic<std::uint32_t> stop{0};

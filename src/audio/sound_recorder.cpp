@@ -11,9 +11,9 @@
 namespace cantorix {
 namespace {
 
-constexpr double kLeaveMs = 500.0;     // for the worker to leave its wait
-constexpr double kWorkOffMs = 5000.0;  // for a consumer that fell behind
+constexpr double kLeaveMs = 500.0;  // for the worker to leave its wait
 constexpr double kLookMs = 10.0;
+constexpr int kWorkOffLooks = 500;  // for a consumer that fell behind: 5 s
 constexpr std::chrono::milliseconds kJoinPatience(2000);
 constexpr int kSilencedSamples = 4096;
 
@@ -95,7 +95,7 @@ void SoundRecorder::Resume() { device_->Start(); }
 
 void SoundRecorder::WorkOff() {
   device_->Hold();
-  for (double waitedMs = 0.0; waitedMs < kWorkOffMs; waitedMs += kLookMs) {
+  for (int look = 0; look < kWorkOffLooks; ++look) {
     const RecorderStatus status = Status();
     const std::int64_t waiting = status.device.acceptedSamples - status.deliveredSamples;
     if (waiting < capture_->bufferSamples || status.hasFailed || capture_->stop != 0) return;
