@@ -369,9 +369,14 @@ TEST_F(OptionDialogs, AreAcceptedUntouched) {
     OptionDialog<SpectrogramSettings> dialog(prompts, SpectrogramForm(), {{}, {}, rateHz}, nullptr);
     EXPECT_EQ(FieldOf<QLineEdit>(dialog, "Frequency range (Hz)")->text(), shown) << rateHz;
     EXPECT_EQ(Ok(dialog), "") << rateHz;
+    EXPECT_EQ(dialog.Entered().rangeHz, 5000) << "the setting stays for other recordings";
     PressExtra(dialog);
     EXPECT_EQ(Ok(dialog), "") << "defaults at " << rateHz;
+    EXPECT_EQ(dialog.Entered().rangeHz, 5000) << "defaults at " << rateHz;
   }
+  OptionDialog<SpectrogramSettings> typed(prompts, SpectrogramForm(), {{}, {}, 8000.0}, nullptr);
+  FieldOf<QLineEdit>(typed, "Frequency range (Hz)")->setText("3000");
+  EXPECT_EQ(typed.Entered().rangeHz, 3000);
 }
 
 // The bytes of a record that holds `settings`.

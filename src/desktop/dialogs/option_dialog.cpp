@@ -45,13 +45,13 @@ OptionDialog<S>::OptionDialog(Prompts& prompts, const OptionForm<S>& form, Optio
     AddButtons();
   } else {
     AddButtons(Text(form.restore), [this, sizeOnly = form.restoresSizeOnly] {
-      for (const Line& line : lines_) {
+      for (Line& line : lines_) {
         if (!sizeOnly || line.row->printSize) Fill(line, values_.defaults);
       }
       ShowUse();
     });
   }
-  for (const Line& line : lines_) Fill(line, values_.preset);
+  for (Line& line : lines_) Fill(line, values_.preset);
   ShowUse();
 }
 
@@ -139,15 +139,20 @@ void OptionDialog<S>::AddSizes(QFormLayout* form, Line& line) {
 }
 
 template <typename S>
-void OptionDialog<S>::Fill(const Line& line, const S& settings) {
+void OptionDialog<S>::Fill(Line& line, const S& settings) {
   const OptionRow<S>& row = *line.row;
   if (line.sizes != nullptr) line.sizes->setCurrentIndex(EntryOf(row.sizes, settings));
   if (line.on != nullptr) line.on->setChecked(settings.*row.on != 0);
   if (line.choice != nullptr) line.choice->button(settings.*row.on != 0 ? 1 : 0)->setChecked(true);
   if (line.number == nullptr) return;
-  const double value = NumberOf(row, settings);
-  const std::int32_t cap = row.cap == nullptr ? 0 : row.cap(values_.rateHz);
-  line.number->SetValue(cap > 0 ? std::min<double>(value, cap) : value);
+  line.filledFrom = NumberOf(row, settings);
+  line.number->SetValue(ShownOf(line));
+}
+
+template <typename S>
+double OptionDialog<S>::ShownOf(const Line& line) const {
+  const std::int32_t cap = line.row->cap == nullptr ? 0 : line.row->cap(values_.rateHz);
+  return cap > 0 ? std::min<double>(line.filledFrom, cap) : line.filledFrom;
 }
 
 template <typename S>
@@ -168,7 +173,13 @@ bool OptionDialog<S>::Read(const Line& line, S& entered) const {
 template <typename S>
 S OptionDialog<S>::Entered() const {
   S entered = values_.preset;
-  for (const Line& line : lines_) Read(line, entered);
+  for (const Line& line : lines_) {
+    Read(line, entered);
+    // A setting beyond the recording's rate stays for other recordings until it is typed over.
+    if (line.row->cap != nullptr && NumberOf(*line.row, entered) == ShownOf(line)) {
+      SetNumber(*line.row, entered, line.filledFrom);
+    }
+  }
   return entered;
 }
 

@@ -39,6 +39,7 @@ class OptionDialog : public FormDialog {
     QButtonGroup* choice = nullptr;
     NumberField* number = nullptr;
     QComboBox* sizes = nullptr;
+    double filledFrom = 0.0;  // the setting that the number shows
   };
   std::optional<FormAnswer> Refusal() const override;
   void AddLines(QFormLayout* form, std::span<const OptionRow<S>> rows);
@@ -46,7 +47,9 @@ class OptionDialog : public FormDialog {
   void AddBeside(QFormLayout* form, Line& first, Line& second);
   void AddTwoButtons(QFormLayout* form, Line& line);
   void AddSizes(QFormLayout* form, Line& line);
-  void Fill(const Line& line, const S& settings);
+  void Fill(Line& line, const S& settings);
+  // What the number of a line shows of the setting that it was filled from.
+  double ShownOf(const Line& line) const;
   // False where a number in use cannot be taken.
   bool Read(const Line& line, S& entered) const;
   void ShowUse();
