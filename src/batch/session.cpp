@@ -51,8 +51,7 @@ std::string Session::ReadablePlace() {
       std::filesystem::is_fifo(file_, unknown) || std::filesystem::is_socket(file_, unknown);
   if (!isPipe) return file_;
   pipeCopy_ = std::make_unique<ProgramDirectory>("");
-  const std::string copy =
-      pipeCopy_->path() + "/" + std::filesystem::path(file_).filename().string();
+  std::string copy = pipeCopy_->path() + "/" + std::filesystem::path(file_).filename().string();
   SavePipe(file_, copy, run_.interrupted);
   prompts_.OpensFrom(copy);
   return copy;

@@ -13,7 +13,7 @@ constexpr std::size_t kPieceBytes = 1U << 16U;
 
 }  // namespace
 
-TableRows::TableRows(TextSink& sink, bool exact, std::string fileName)
+TableRows::TableRows(TextSink& sink, bool exact, const std::string& fileName)
     : sink_(sink), exact_(exact), fileName_(Printable(fileName)) {}
 
 void TableRows::Append(std::initializer_list<double> values) {

@@ -12,7 +12,7 @@ namespace cantorix::batch {
 class TableRows {
  public:
   // `exact`: 17 significant digits, else one decimal. With a `fileName` every row begins with it.
-  TableRows(TextSink& sink, bool exact, std::string fileName);
+  TableRows(TextSink& sink, bool exact, const std::string& fileName);
   TableRows(const TableRows&) = delete;
   TableRows& operator=(const TableRows&) = delete;
 
