@@ -23,6 +23,7 @@ TEST(ScarceMemory, EndsInOneLineWhereverItIsMet) {
   const Words rows[] = {
       {"info", wave},
       {"labels", wave, "--memory-minutes", "0"},
+      {"edit", wave, "select:0:100", "cut", "-o", folder / "cut.qrv"},
   };
   for (const Words& words : rows) {
     int failures = 0;
