@@ -43,8 +43,8 @@ TiersDialog::TiersDialog(Prompts& prompts, const TierSetups& preset, QWidget* pa
 
 TiersDialog::Line TiersDialog::AddLine(QGridLayout& grid, int tier, const TierSetup& preset) {
   const QString number = QString::number(tier + 1);
-  const Line line{preset, new QCheckBox(number, this), new QLineEdit(Shown(preset.name), this),
-                  new NumberField(kHeights, false)};
+  Line line{preset, new QCheckBox(number, this), new QLineEdit(Shown(preset.name), this),
+            new NumberField(kHeights, false)};
   // The digits are the mnemonics: Alt+0 is the tenth tier.
   line.inUse->setText(tier < 9 ? '&' + number : QStringLiteral("1&0"));
   line.inUse->setAccessibleName(QStringLiteral("Tier %1 in use").arg(number));
