@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "analysis/test_signals.h"
+#include "settings/settings.h"
 
 namespace cantorix {
 namespace {

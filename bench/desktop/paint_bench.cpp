@@ -117,7 +117,7 @@ void DragOverMainView(benchmark::State& state) {
   const PaintStyle style = StyleOf(PaletteKind::kLight);
   const MainViewPicture picture{recording.view, recording.waveform.Pyramid()};
   CachedPicture cache;
-  recording.view.markerSet = true;
+  recording.view.SetMarker();
   double ms = 0.0;
   for (auto _ : state) {
     recording.document.channel().cursor.ms = ms += 10000.0;
