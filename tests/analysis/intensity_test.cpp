@@ -32,7 +32,11 @@ struct PlainIntensity {
 // trunc(j) for j = start, start + 1.0, ... while j < bound.
 std::vector<std::size_t> PlainWalk(double start, double bound) {
   std::vector<std::size_t> indices;
-  for (double j = start; j < bound; j += 1.0) indices.push_back(static_cast<std::size_t>(j));
+  double j = start;
+  while (j < bound) {
+    indices.push_back(static_cast<std::size_t>(j));
+    j += 1.0;
+  }
   return indices;
 }
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 #include <string>
 
@@ -48,7 +49,7 @@ std::vector<double> PlainSamples(const Samples& samples, double start, int used,
 // The levels of one frame before they are referenced.
 std::vector<double> PlainFrame(const Samples& samples, double start,
                                const SpectrumFrameOptions& o) {
-  const int window = static_cast<int>(o.windowMs * o.rateHz * 0.001 + 0.5);
+  const int window = static_cast<int>(std::floor(o.windowMs * o.rateHz * 0.001 + 0.5));
   const auto x = PlainSamples(samples, start, std::min(o.points, window), o.points + 10);
   return testing::PlainLevels(
       x, {o.points, o.preEmphasis, true, true, o.displayPoints, o.maxHz, o.rateHz});

@@ -113,7 +113,7 @@ TEST(AnalysisWindows, HoldNothingAfterACancelOrWithoutMemory) {
   EXPECT_TRUE(spectrogram.spectrogram().formants.empty());
 
   recording.world.progress = CancellingProgress();
-  recording.world.memory.limitBytes = 10 * (5 * 8 + 18);
+  recording.world.memory.limitBytes = std::uint64_t{10} * (5 * 8 + 18);
   EXPECT_TRUE(spectrogram.ComputeSpectrogram({0.0, 9000.0}, {10, 5}));
   EXPECT_THROW(spectrogram.ComputeSpectrogram({0.0, 9000.0}, {10, 6}), Abandoned);
   EXPECT_FALSE(spectrogram.computed());

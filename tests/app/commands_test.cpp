@@ -56,7 +56,8 @@ TEST_F(CommandsTest, TheManualIsTriedTwiceThenThatOfTheInstalledProgram) {
     std::size_t tries;
     bool found;
   };
-  const std::string here = folder.path(), none = elsewhere.path();
+  const std::string& here = folder.path();
+  const std::string& none = elsewhere.path();
   for (const Row& row :
        {Row{here, "", 1, 1, true}, Row{here, "", 2, 2, true}, Row{here, "", 99, 2, false},
         Row{here, here, 3, 3, true}, Row{none, here, 1, 1, true}, Row{none, none, 1, 0, false},

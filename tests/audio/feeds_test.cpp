@@ -54,7 +54,8 @@ TEST(SampleRing, CarriesRandomPiecesInOrder) {
   const auto carry = [](unsigned seed, auto move) {
     std::mt19937 random(seed);
     for (std::int64_t at = 0; at < kTotal;) {
-      const auto wanted = std::min<std::int64_t>(1 + random() % 1500, kTotal - at);
+      const auto wanted =
+          std::min(static_cast<std::int64_t>(1 + random() % 1500), std::int64_t{kTotal} - at);
       const std::size_t moved = move(at, static_cast<std::size_t>(wanted));
       at += static_cast<std::int64_t>(moved);
       if (moved == 0) std::this_thread::sleep_for(std::chrono::microseconds(10));

@@ -16,8 +16,6 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::Field;
 using testing::IsEmpty;
 
 constexpr const char* kStamp = "20261121-143005";

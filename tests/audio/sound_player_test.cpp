@@ -213,7 +213,7 @@ TEST_F(SoundPlayerTest, RefillsNothingAfterAPauseIsKept) {
   EXPECT_EQ(device->Take(500), std::vector<std::int16_t>(500, 0));
   player.Resume();
   const auto heard = device->Take(20000);
-  auto expected = SamplesFrom(10, 7 * 2048);
+  auto expected = SamplesFrom(10, 14336);
   expected.resize(20000, 0);
   EXPECT_EQ(heard, expected);
   EXPECT_EQ(observer->played, 5);

@@ -12,7 +12,6 @@
 namespace cantorix::batch {
 namespace {
 
-using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 

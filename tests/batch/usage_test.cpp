@@ -243,8 +243,8 @@ TEST_F(UsageTest, NamesCannotReachTheTerminal) {
         "",
         "cantorix-batch: The following argument was not expected: --sing\\x1b (--help explains)\n"},
        {{"edit", "@/ten.wav", "-o", "@/l.qrv",
-         "label:a\xC2\x9B"
-         "1m:4:b\x1b]0;x\x07\tc\nd\x7F"},
+         ("label:a\xC2\x9B"
+          "1m:4:b\x1b]0;x\x07\tc\nd\x7F")},
         0,
         "",
         ""},

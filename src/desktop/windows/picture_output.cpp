@@ -68,7 +68,7 @@ bool UseSpectrogram(CSpectrogramFrame& frame, PixelSize size, DocumentWaveform& 
   sized.selectionShown = shown.selectionShown;
   sized.selection = shown.selection;
   const PixelRect plot = SpectrogramLayout(size, shown.document()).plot;
-  const SpectrogramSize pixels{(plot.right - plot.left) * kFinePixels,
+  const SpectrogramSize pixels{std::int64_t{plot.right - plot.left} * kFinePixels,
                                (plot.bottom - plot.top) * kFinePixels};
   if (!sized.ComputeSpectrogram(shown.spectrogram().range, pixels)) return false;
   SpectrogramWindowPicture picture(sized, waveform);
