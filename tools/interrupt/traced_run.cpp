@@ -28,6 +28,7 @@ void Redirect(const std::string& path, int descriptor) {
 [[noreturn]] void BecomeTraced(const std::vector<std::string>& words, const std::string& out,
                                const std::string& err) {
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (const std::string& word : words) argv.push_back(const_cast<char*>(word.c_str()));
   argv.push_back(nullptr);
   Redirect(out, STDOUT_FILENO);
