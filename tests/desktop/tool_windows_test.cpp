@@ -66,7 +66,8 @@ TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
       {"Grids", &Y::drawGrids},
       {"Track mouse for all windows", &Y::trackMouse},
       {"Always perform Pitch and Intensity\nfor all files automatically.", &Y::automaticAnalysis}};
-  for (const auto& [text, field] : switches) {
+  for (const auto& [name, field] : switches) {
+    const std::string text = name;
     SCOPED_TRACE(text);
     const auto boxes = frame.displayOptions().findChildren<QCheckBox*>();
     const auto box = std::ranges::find_if(

@@ -15,7 +15,6 @@
 namespace cantorix {
 namespace {
 
-using ::testing::ElementsAre;
 using Bytes = std::vector<std::byte>;
 
 // A recording whose sample k is 3 k, at 100.75 Hz, in memory or in the disk store.

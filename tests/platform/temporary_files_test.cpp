@@ -19,7 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 const std::vector<std::byte> kContent(9, std::byte{7});
