@@ -12,6 +12,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <sstream>
 
 #include "support/file_size_limit.h"
 #include "support/temporary_folder.h"
@@ -68,6 +69,28 @@ CommandResult RunBatch(const Words& words, const CommandHost& host) {
   result.out = FileText(out);
   result.err = FileText(err);
   return result;
+}
+
+std::string OutOf(const Words& words) {
+  const CommandResult result = RunBatch(words);
+  EXPECT_EQ(result.exitCode, 0) << testing::PrintToString(words) << result.err;
+  return result.out;
+}
+
+Table TableOf(const std::string& text) {
+  Table table;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    table.emplace_back();
+    std::istringstream cells(line);
+    for (std::string cell; std::getline(cells, cell, '\t');) table.back().push_back(cell);
+  }
+  return table;
+}
+
+Words operator+(Words left, const Words& right) {
+  left.insert(left.end(), right.begin(), right.end());
+  return left;
 }
 
 std::string Filled(std::string text, const std::string& folder) {

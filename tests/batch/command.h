@@ -22,10 +22,17 @@ struct CommandHost {
   std::string program{};        // empty: cantorix-batch
 };
 
+using Table = std::vector<std::vector<std::string>>;
+
 std::string FileText(const std::string& path);
 void PutFile(const std::string& path, const std::string& bytes);
 
 CommandResult RunBatch(const Words& words, const CommandHost& host = {});
+// The output of a command that succeeds.
+std::string OutOf(const Words& words);
+// The cells of a text of lines with tabs, the header line too.
+Table TableOf(const std::string& text);
+Words operator+(Words left, const Words& right);
 
 // A command and all that it must say. "@" stands for the folder of the test.
 struct Case {

@@ -1,10 +1,8 @@
-// log_test.cpp - the rows of the measurement log against the tables of the same verbs, and the
-// label table against the known recording.
+// log_test.cpp - the rows of the measurement log against the tables of the same verbs.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <sstream>
 
 #include "app/log_file.h"
 #include "batch/command.h"
@@ -14,37 +12,15 @@ namespace cantorix::batch {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 using Row = std::vector<std::string>;
 
 const std::string kSample = SamplesDirectory() + "/vowels.qrv";
 
-Words operator+(Words left, const Words& right) {
-  left.insert(left.end(), right.begin(), right.end());
-  return left;
-}
-
-// The lines of a table as cells, the header line too.
-std::vector<Row> TableOf(const Words& words) {
-  const CommandResult result = RunBatch(words);
-  EXPECT_EQ(result.exitCode, 0) << result.err;
-  std::vector<Row> rows;
-  std::istringstream lines(result.out);
-  for (std::string line; std::getline(lines, line);) {
-    Row& row = rows.emplace_back();
-    std::istringstream cells(line);
-    for (std::string cell; std::getline(cells, cell, '\t');) row.push_back(cell);
-  }
-  return rows;
-}
-
 // The log that the desktop would read from the output.
 LogTable LogOf(const Words& words) {
-  const CommandResult result = RunBatch(words);
-  EXPECT_EQ(result.exitCode, 0) << result.err;
   LogTable log;
-  EXPECT_EQ(ReadLogText(result.out, log), LogReading::kRead);
+  EXPECT_EQ(ReadLogText(OutOf(words), log), LogReading::kRead);
   return log;
 }
 
@@ -78,7 +54,7 @@ TEST(BatchLog, HoldsTheRowsOfTheTables) {
   };
   for (const LogCase& row : cases) {
     const std::string name = testing::PrintToString(row.words);
-    const std::vector<Row> table = TableOf(row.words);
+    const Table table = TableOf(OutOf(row.words));
     const LogTable log = LogOf(row.words + Words{"--log"});
     ASSERT_GT(table.size(), 5U) << name;
     ASSERT_EQ(log.rows().size(), table.size() - 1) << name;
@@ -93,7 +69,7 @@ TEST(BatchLog, HoldsTheRowsOfTheTables) {
 }
 
 TEST(BatchLog, HoldsPitchAndIntensityTogether) {
-  const std::vector<Row> levels = TableOf({"intensity", kSample, "--samples"});
+  const Table levels = TableOf(OutOf({"intensity", kSample, "--samples"}));
   const LogTable log = LogOf({"intensity", kSample, "--log"});
   const Row values = ValuesOf(log, 40, "Pitch All Entry: time, pitch, intensity", 3);
   // Sample k has the level that the track has at its time.
@@ -104,7 +80,7 @@ TEST(BatchLog, HoldsPitchAndIntensityTogether) {
 
 TEST(BatchLog, HoldsASpectrumAndItsFormants) {
   const Words words{"spectrum", kSample, "--at", "1890", "--display", "5000"};
-  const std::vector<Row> table = TableOf(words);
+  const Table table = TableOf(OutOf(words));
   const LogTable log = LogOf(words + Words{"--log", "--set", "log.stepHz=100"});
   const Row formants =
       ValuesOf(log, 0, "FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5", 10);
@@ -122,7 +98,7 @@ TEST(BatchLog, HoldsASpectrumAndItsFormants) {
 
 TEST(BatchLog, HoldsEveryColumnOfASpectrogram) {
   const Words words{"spectrogram", kSample, "--columns", "37", "--rows", "9", "--formants"};
-  const std::vector<Row> table = TableOf(words);
+  const Table table = TableOf(OutOf(words));
   const LogTable log = LogOf(words + Words{"--log"});
   ASSERT_EQ(log.rows().size(), 37U * 9U + 37U);
   for (std::size_t column = 0; column < 37; ++column) {
@@ -138,13 +114,6 @@ TEST(BatchLog, OfSeveralFilesHasItsCaptionsOnce) {
   EXPECT_EQ(log.rows().size(), 2 * LogOf({"labels", kSample, "--log"}).rows().size());
   EXPECT_THAT(log.captions(), ElementsAre("Source", "Entry Type", "Entry 1", "Entry 2", "Entry 3",
                                           "Entry 4", "Entry 5"));
-}
-
-TEST(BatchLabels, AreListedWithWhatTheTracksHoldThere) {
-  const CommandResult result = RunBatch({"labels", kSample});
-  EXPECT_THAT(result.out, HasSubstr("tier\ttext\ttime_ms\tpitch_hz\tintensity_db\n"));
-  // The melody is low in the middle of the first vowel, at 100 Hz.
-  EXPECT_THAT(result.out, HasSubstr("\ntones\tL*\t410.0\t100."));
 }
 
 }  // namespace

@@ -3,36 +3,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <sstream>
-
 #include "batch/command.h"
 #include "support/samples.h"
 
 namespace cantorix::batch {
 namespace {
 
-using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 
 const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 const std::string kTruth = SamplesDirectory() + "/vowels.formants.tsv";
 
-using Rows = std::vector<std::vector<std::string>>;
-
-Rows RowsOf(const std::string& text) {
-  Rows rows;
-  std::istringstream lines(text);
-  for (std::string line; std::getline(lines, line);) {
-    rows.emplace_back();
-    std::istringstream cells(line);
-    for (std::string cell; std::getline(cells, cell, '\t');) rows.back().push_back(cell);
-  }
-  return rows;
-}
-
 TEST(Spectra, HaveTheSameDigitsFromMemoryAndFromTheDiskStore) {
-  const std::vector<std::vector<std::string>> rows = {
+  const std::vector<Words> rows = {
       {"spectrum", "--at", "412.3"},
       {"spectrum", "--at", "5410", "--points", "8192", "--window", "500"},
       {"spectrum", "--from", "200.5", "--to", "1300", "--display", "77", "--step", "3"},
@@ -41,26 +24,22 @@ TEST(Spectra, HaveTheSameDigitsFromMemoryAndFromTheDiskStore) {
       {"formants", "--columns", "70", "--lpc", "30"},
   };
   for (const auto& row : rows) {
-    std::vector<std::string> words = row;
-    words.insert(words.end(), {kVowels, "--exact"});
-    const CommandResult memory = RunBatch(words);
-    words.insert(words.end(), {"--memory-minutes", "0"});
-    const CommandResult store = RunBatch(words);
-    EXPECT_EQ(memory.exitCode, 0) << memory.err;
-    EXPECT_GT(memory.out.size(), 1000U);
-    EXPECT_EQ(memory.out, store.out) << ::testing::PrintToString(row);
+    const Words words = row + Words{kVowels, "--exact"};
+    const std::string memory = OutOf(words);
+    EXPECT_GT(memory.size(), 1000U);
+    EXPECT_EQ(memory, OutOf(words + Words{"--memory-minutes", "0"})) << words[0];
   }
 }
 
 TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
-  const Rows truth = RowsOf(FileText(kTruth));
+  const Table truth = TableOf(FileText(kTruth));
   ASSERT_GT(truth.size(), 7U);
   for (std::size_t i = 1; i < truth.size(); ++i) {
     const std::string& middle = truth[i][3];
-    const Rows spectrum = RowsOf(RunBatch({"spectrum", kVowels, "--at", middle}).out);
+    const Table spectrum = TableOf(OutOf({"spectrum", kVowels, "--at", middle}));
     ASSERT_EQ(spectrum.size(), 1U + 500U + 1U + 1U + 5U);
-    const Rows track = RowsOf(
-        RunBatch({"formants", kVowels, "--from", middle, "--columns", "1", "--rows", "50"}).out);
+    const Table track =
+        TableOf(OutOf({"formants", kVowels, "--from", middle, "--columns", "1", "--rows", "50"}));
     ASSERT_EQ(track.size(), 2U);
     for (std::size_t f = 0; f < 3; ++f) {
       const double made = std::stod(truth[i][4 + f]);
@@ -71,31 +50,9 @@ TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
   }
 }
 
-TEST(Spectra, SpectrumIsTwoTables) {
-  const auto result = RunBatch({"spectrum", kVowels, "--at", "500", "--display", "2"});
-  EXPECT_THAT(result.out, MatchesRegex("frequency_hz\tfft_db\tlpc_db\n"
-                                       "0.0\t[0-9.]+\t[0-9.]+\n2500.0\t[0-9.]+\t[0-9.]+\n\n"
-                                       "formant\tfrequency_hz\tbandwidth_hz\n"
-                                       "(F[1-5]\t[-0-9.]+\t[-0-9.]+\n)+"));
-}
-
-TEST(Spectra, SpectrogramIsAMatrixUnderItsFrequencies) {
-  const auto result = RunBatch({"spectrogram", kVowels, "--columns", "3", "--rows", "2", "--fmax",
-                                "4000", "--dynamic", "50", "--formants"});
-  EXPECT_THAT(result.out, StartsWith("time_ms\t0.0\t2000.0\tF1\tF2\tF3\tF4\tF5\n"
-                                     "0.0\t"));
-  const Rows rows = RowsOf(result.out);
-  ASSERT_EQ(rows.size(), 4U);
-  double highest = 0.0;
-  for (std::size_t i = 1; i < 4; ++i) {
-    highest = std::max({highest, std::stod(rows[i][1]), std::stod(rows[i][2])});
-  }
-  EXPECT_EQ(highest, 50.0);
-}
-
 TEST(Spectra, FormantRowsStandExactlyAStepApart) {
   struct Row {
-    std::vector<std::string> words;
+    Words words;
     std::size_t timeColumn;
     std::vector<std::string> times;
   };
@@ -107,11 +64,12 @@ TEST(Spectra, FormantRowsStandExactlyAStepApart) {
       {{"--log", "--set", "display.timeBase=1"}, 2, {"Entry 1", "0.0", "1.5", "3.0"}},
   };
   for (const Row& row : rows) {
-    std::vector<std::string> words{"formants", kVowels, "--step", "1500"};
-    words.insert(words.end(), row.words.begin(), row.words.end());
     std::vector<std::string> times;
-    for (const auto& cells : RowsOf(RunBatch(words).out)) times.push_back(cells[row.timeColumn]);
-    EXPECT_EQ(times, row.times) << ::testing::PrintToString(words);
+    for (const auto& cells :
+         TableOf(OutOf(Words{"formants", kVowels, "--step", "1500"} + row.words))) {
+      times.push_back(cells[row.timeColumn]);
+    }
+    EXPECT_EQ(times, row.times) << ::testing::PrintToString(row.words);
   }
 }
 

@@ -259,15 +259,5 @@ TEST_F(UsageTest, NamesCannotReachTheTerminal) {
               testing::HasSubstr("\"text\": \"b\\u001b]0;x\\u0007\\u0009c\\u000ad\\u007f\", "));
 }
 
-TEST_F(UsageTest, HelpNamesEveryVerbAndTheExitCodes) {
-  const CommandResult result = RunBatch({"--help"});
-  EXPECT_EQ(result.exitCode, 0);
-  for (const char* word :
-       {"info", "pitch", "intensity", "spectrum", "spectrogram", "formants", "labels", "convert",
-        "import-labels", "edit", "config", "commands", "Exit status"}) {
-    EXPECT_THAT(result.out, testing::HasSubstr(word));
-  }
-}
-
 }  // namespace
 }  // namespace cantorix::batch
