@@ -1,49 +1,46 @@
-// axis_ticks_test.cpp - steps, texts and ends of axes.
+// axis_ticks_test.cpp - steps, texts and ends of axes, and the texts of the readout strip.
 #include "mainview/axis_ticks.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
+#include "mainview/readout_texts.h"
+#include "support/joined.h"
+
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
-std::vector<std::string> Texts(const std::vector<AxisTick>& ticks) {
-  std::vector<std::string> texts;
-  texts.reserve(ticks.size());
-  for (const AxisTick& tick : ticks) texts.push_back(tick.text);
-  return texts;
+std::string Texts(const std::vector<AxisTick>& ticks) {
+  return JoinedEach(ticks, [](const AxisTick& tick) { return tick.text; });
 }
 
 TEST(AxisTicks, StandAtRoundNumbersInsideTheSpan) {
-  struct Row {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const struct {
     const char* name;
     AxisSpan span;
     double leastPixels;
-    std::vector<std::string> texts;
+    const char* texts;
+  } rows[] = {
+      {"ends included", {0.0, 1.0, 100.0}, 50.0, "0.0 0.5 1.0"},
+      {"around zero", {-1.0, 1.0, 100.0}, 50.0, "-1 0 1"},
+      {"exactly fitting step", {0.0, 0.3, 300.0}, 100.0, "0.0 0.1 0.2 0.3"},
+      {"start inside", {1234.5, 1240.2, 285.0}, 50.0, "1235 1236 1237 1238 1239 1240"},
+      {"far out", {36000000.0, 36000000.05, 100.0}, 40.0, "36000000.00 36000000.02 36000000.04"},
+      {"steps of fifty", {0.0, 190.0, 200.0}, 45.0, "0 50 100 150"},
+      {"no length", {0.0, 0.0, 100.0}, 50.0, ""},
+      {"no pixels", {0.0, 1.0, 0.0}, 50.0, ""},
+      {"not a number", {0.0, nan, 100.0}, 50.0, ""},
+      {"endless", {0.0, HUGE_VAL, 100.0}, 50.0, ""},
   };
-  const Row rows[] = {
-      {"ends included", {0.0, 1.0, 100.0}, 50.0, {"0.0", "0.5", "1.0"}},
-      {"around zero", {-1.0, 1.0, 100.0}, 50.0, {"-1", "0", "1"}},
-      {"exactly fitting step", {0.0, 0.3, 300.0}, 100.0, {"0.0", "0.1", "0.2", "0.3"}},
-      {"start inside",
-       {1234.5, 1240.2, 285.0},
-       50.0,
-       {"1235", "1236", "1237", "1238", "1239", "1240"}},
-      {"sub-unit steps far out",
-       {36000000.0, 36000000.05, 100.0},
-       40.0,
-       {"36000000.00", "36000000.02", "36000000.04"}},
-      {"steps of fifty", {0.0, 190.0, 200.0}, 45.0, {"0", "50", "100", "150"}},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     EXPECT_EQ(Texts(NiceTicks(row.span, row.leastPixels)), row.texts) << row.name;
   }
+  EXPECT_EQ(Texts(TicksEvery({0.0, 1e9, 100.0}, 1.0)), "") << "a grid too dense to be seen";
+  EXPECT_EQ(Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 0)), "0 500 1000");
+  EXPECT_EQ(Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 1)), "0.0 0.5 1.0");
 }
 
 TEST(AxisTicks, AreNeverCloserThanAskedAndNeverFarApart) {
@@ -70,19 +67,23 @@ TEST(AxisTicks, AreInStepWithAGrid) {
   }
 }
 
-TEST(AxisTicks, SayTimesInTheirBase) {
-  const AxisSpan span{0.0, 1000.0, 200.0};
-  EXPECT_THAT(Texts(TimeTicks(span, 90.0, 0)), ElementsAre("0", "500", "1000"));
-  EXPECT_THAT(Texts(TimeTicks(span, 90.0, 1)), ElementsAre("0.0", "0.5", "1.0"));
-}
-
-TEST(AxisTicks, AreNoneWhereNothingCanBeTold) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
-  EXPECT_THAT(NiceTicks({0.0, 0.0, 100.0}, 50.0), IsEmpty());
-  EXPECT_THAT(NiceTicks({0.0, 1.0, 0.0}, 50.0), IsEmpty());
-  EXPECT_THAT(NiceTicks({0.0, nan, 100.0}, 50.0), IsEmpty());
-  EXPECT_THAT(NiceTicks({0.0, HUGE_VAL, 100.0}, 50.0), IsEmpty());
-  EXPECT_THAT(TicksEvery({0.0, 1e9, 100.0}, 1.0), IsEmpty()) << "a grid too dense to be seen";
+TEST(ReadoutTexts, NameTheTimeBaseAndHaveOneDecimal) {
+  const Readouts readouts{.pitchHz = 123.46,
+                          .intensityDb = -std::numeric_limits<double>::infinity(),
+                          .durationMs = 98765.4,
+                          .cursorMs = 1234.5,
+                          .averagePitchHz = 0.0};
+  const auto strip = [&](std::int32_t timeBase) {
+    return JoinedEach(ReadoutTexts(readouts, 22050.9, timeBase), [](const ReadoutText& text) {
+      return std::string(text.label) + "|" + text.value;
+    });
+  };
+  EXPECT_EQ(strip(0),
+            "Sample Rate(Hz)=|22050 Pitch(Hz)=|123.5 Int.(dB)=|-inf Duration(ms)= |98765.4 "
+            "Cursor(ms)= |1234.5 Average Pitch(Hz)=|0.0");
+  EXPECT_EQ(strip(1),
+            "Sample Rate(Hz)=|22050 Pitch(Hz)=|123.5 Int.(dB)=|-inf Duration(sec)= |98.8 "
+            "Cursor(sec)= |1.2 Average Pitch(Hz)=|0.0");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 #include <set>
 
@@ -27,107 +28,64 @@ constexpr State kStates[] = {
     "dls",  "dlv", "dlc",  "dlu",  "du",   "dlg",         "dlgm",       "dlgs",       "dm",
     "dzsv", "dla", "dlas", "dlao", "dlar", "dlzsvcupgar", "dlzsvcupga", "dlzmcupgar", "dlzmcupga"};
 
-struct Expectation {
-  Command id;
-  std::string_view text, accelerator;
-  State needs;  // the letters that must all hold
-  bool ofDocument = true;
+// The menus from the bar on. "-" stands before a group of entries, a number after the text of one
+// that has a button in that group of the tool bar, "*" after one that works during another
+// operation. What it needs stands behind the colon: the letters of a state that must all hold, i
+// for no recording into the document, n for none anywhere. The keys stand on the manual's page of
+// commands, which is compared with the table elsewhere.
+constexpr State kMenus =
+    R"([&File]|&New 1:|&Open... 1:|&Close:di|-&Save 1:dci|Save &As...:li|Save Copy As...:li
+|Save Selection As...:lvi|-Export as Wave...:li|Export Selection as Wave...:lvi|-Save As bmp...:li
+|Save Screen As bmp...:li|-Load Configuration...:|Save Configuration...:di
+|Revert to Default Configuration:|-&Print... 1:li|Print Screen...:li|Print Pre&view:li
+|Print Setup...:|-Recent File:|-E&xit:
+[&Edit]|&Undo 2:lui|-Cu&t 2:lsi|&Copy 2:lsi|&Paste 2:pi|Clear to Reference:lsi|-Select Window:li
+|Select All:li
+[&View]|Toolbar:|Status Bar:
+[&Zoom]|In 3:li|Out 3:lzi|Selection 3:lsi|From Cursor for Duration:lmi|Home 3:li|UnZoom 3:li
+[Reference/&Gain]|Reference/Gain...:li
+[&Record/Play]|Record 4:dan|-Play All 4:lai|Play Selection 4:lasi|Play Window 4:lai
+[&Analysis]|FFT/LPC 5:lmi|FFT/LPC Selection:lsi|-Spectrogram All:li|Spectrogram Selection:lsi
+|Spectrogram Window 5:li|-Pitch All 5:li|Pitch Selection:lsi|Pitch Window:li
+[]|Intensity 5:li|Smooth 5:li|Set Channels Reference All 5:li
+[&Tiers/Labels]|Enable Label Entry Mode 6:li|Set/Modify...:li|Import Labels into a Tier...:li
+|-Vew Labels 6:li
+[&Log]|New:d|Open...:d|Save:dg|Save As...:dg|-Enter Duration:glsi|Enter Pitch at Marker:glmi
+|Enter Pitch Selection:glsi|Enter Pitch All:gli|Enter Labels Selection:glsi|Enter Labels All:gli
+[&Options]|Display:li|Record/Play:da|-Zoom...:li|FFT/LPC...:li|Spectrogram...:li|Pitch...:li
+|Intensity...:li|Log...:li
+[&Window]|New Window:di|Cascade:d|Tile:d|Arrange Icons:d|-Close Status Window*:d
+[&Help]|Help Topics 7:|-&About Sonadex...:)";
+
+struct Entry {
+  State menu, text, needs;
 };
 
-constexpr bool kOfProgram = false;
-
-constexpr Expectation kExpectations[] = {
-    {Command::kNew, "&New", "Ctrl+N", "", kOfProgram},
-    {Command::kOpen, "&Open...", "Ctrl+O", "", kOfProgram},
-    {Command::kClose, "&Close", "", "d"},
-    {Command::kSave, "&Save", "Ctrl+S", "dc"},
-    {Command::kSaveAs, "Save &As...", "", "l"},
-    {Command::kSaveCopyAs, "Save Copy As...", "", "l"},
-    {Command::kSaveSelectionAs, "Save Selection As...", "", "lv"},
-    {Command::kExportAsWave, "Export as Wave...", "", "l"},
-    {Command::kExportSelectionAsWave, "Export Selection as Wave...", "", "lv"},
-    {Command::kSaveAsBmp, "Save As bmp...", "", "l"},
-    {Command::kSaveScreenAsBmp, "Save Screen As bmp...", "", "l"},
-    {Command::kLoadConfiguration, "Load Configuration...", "", "", kOfProgram},
-    {Command::kSaveConfiguration, "Save Configuration...", "", "d"},
-    {Command::kRevertConfiguration, "Revert to Default Configuration", "", "", kOfProgram},
-    {Command::kPrint, "&Print...", "Ctrl+P", "l"},
-    {Command::kPrintScreen, "Print Screen...", "", "l"},
-    {Command::kPrintPreview, "Print Pre&view", "", "l"},
-    {Command::kPrintSetup, "Print Setup...", "", "", kOfProgram},
-    {Command::kRecentFiles, "Recent File", "", "", kOfProgram},
-    {Command::kExit, "E&xit", "", "", kOfProgram},
-    {Command::kUndo, "&Undo", "Ctrl+Z", "lu"},
-    {Command::kCut, "Cu&t", "Ctrl+X", "ls"},
-    {Command::kCopy, "&Copy", "Ctrl+C", "ls"},
-    {Command::kPaste, "&Paste", "Ctrl+V", "p"},
-    {Command::kClearToReference, "Clear to Reference", "", "ls"},
-    {Command::kSelectWindow, "Select Window", "", "l"},
-    {Command::kSelectAll, "Select All", "Ctrl+A", "l"},
-    {Command::kToolBar, "Toolbar", "", "", kOfProgram},
-    {Command::kStatusBar, "Status Bar", "", "", kOfProgram},
-    {Command::kZoomIn, "In", "Ctrl+B", "l"},
-    {Command::kZoomOut, "Out", "Ctrl+E", "lz"},
-    {Command::kZoomSelection, "Selection", "Ctrl+Q", "ls"},
-    {Command::kZoomFromCursor, "From Cursor for Duration", "Ctrl+W", "lm"},
-    {Command::kHome, "Home", "", "l"},
-    {Command::kUnZoom, "UnZoom", "", "l"},
-    {Command::kReferenceGain, "Reference/Gain...", "", "l"},
-    {Command::kRecord, "Record", "Ctrl+R", "da"},
-    {Command::kPlayAll, "Play All", "Ctrl+Y", "la"},
-    {Command::kPlaySelection, "Play Selection", "Ctrl+U", "las"},
-    {Command::kPlayWindow, "Play Window", "", "la"},
-    {Command::kFftLpc, "FFT/LPC", "Ctrl+F", "lm"},
-    {Command::kFftLpcSelection, "FFT/LPC Selection", "", "ls"},
-    {Command::kSpectrogramAll, "Spectrogram All", "Ctrl+G", "l"},
-    {Command::kSpectrogramSelection, "Spectrogram Selection", "Ctrl+H", "ls"},
-    {Command::kSpectrogramWindow, "Spectrogram Window", "", "l"},
-    {Command::kPitchAll, "Pitch All", "Ctrl+L", "l"},
-    {Command::kPitchSelection, "Pitch Selection", "", "ls"},
-    {Command::kPitchWindow, "Pitch Window", "", "l"},
-    {Command::kIntensity, "Intensity", "", "l"},
-    {Command::kSmooth, "Smooth", "", "l"},
-    {Command::kSetReferenceOfAll, "Set Channels Reference All", "", "l"},
-    {Command::kLabelEntryMode, "Enable Label Entry Mode", "", "l"},
-    {Command::kSetTiers, "Set/Modify...", "", "l"},
-    {Command::kImportLabels, "Import Labels into a Tier...", "", "l"},
-    {Command::kViewLabels, "Vew Labels", "", "l"},
-    {Command::kLogNew, "New", "", "d", kOfProgram},
-    {Command::kLogOpen, "Open...", "", "d", kOfProgram},
-    {Command::kLogSave, "Save", "", "dg", kOfProgram},
-    {Command::kLogSaveAs, "Save As...", "", "dg", kOfProgram},
-    {Command::kEnterDuration, "Enter Duration", "Ctrl+D", "gls"},
-    {Command::kEnterPitchAtMarker, "Enter Pitch at Marker", "Ctrl+M", "glm"},
-    {Command::kEnterPitchSelection, "Enter Pitch Selection", "", "gls"},
-    {Command::kEnterPitchAll, "Enter Pitch All", "", "gl"},
-    {Command::kEnterLabelsSelection, "Enter Labels Selection", "", "gls"},
-    {Command::kEnterLabelsAll, "Enter Labels All", "", "gl"},
-    {Command::kDisplayOptions, "Display", "", "l"},
-    {Command::kRecordPlayOptions, "Record/Play", "", "da", kOfProgram},
-    {Command::kZoomOptions, "Zoom...", "", "l"},
-    {Command::kFftLpcOptions, "FFT/LPC...", "", "l"},
-    {Command::kSpectrogramOptions, "Spectrogram...", "", "l"},
-    {Command::kPitchOptions, "Pitch...", "", "l"},
-    {Command::kIntensityOptions, "Intensity...", "", "l"},
-    {Command::kLogOptions, "Log...", "", "l"},
-    {Command::kNewWindow, "New Window", "", "d"},
-    {Command::kCascade, "Cascade", "", "d", kOfProgram},
-    {Command::kTile, "Tile", "", "d", kOfProgram},
-    {Command::kArrangeIcons, "Arrange Icons", "", "d", kOfProgram},
-    {Command::kCloseStatusWindow, "Close Status Window", "", "d", kOfProgram},
-    {Command::kHelpTopics, "Help Topics", "", "", kOfProgram},
-    {Command::kAbout, "&About Sonadex...", "", "", kOfProgram},
-};
-
-bool Holds(State state, char letter) { return state.find(letter) != State::npos; }
-
-bool Expected(const Expectation& row, State state) {
-  if (row.ofDocument && Holds(state, 'r')) return false;
-  if (row.id == Command::kRecord && Holds(state, 'o')) return false;
-  for (const char letter : row.needs) {
-    if (!Holds(state, letter)) return false;
+std::vector<Entry> Entries() {
+  std::vector<Entry> entries;
+  State menu;
+  for (std::size_t at = 0; at < kMenus.size();) {
+    const std::size_t end = std::min(kMenus.find_first_of("|\n", at), kMenus.size());
+    const State entry = kMenus.substr(at, end - at);
+    const std::size_t colon = entry.rfind(':');
+    if (entry.starts_with('[')) menu = entry.substr(1, entry.size() - 2);
+    if (colon != State::npos) {
+      entries.push_back({menu, entry.substr(0, colon), entry.substr(colon + 1)});
+    }
+    at = end + 1;
   }
-  return true;
+  return entries;
+}
+
+bool Holds(State state, char letter) {
+  if (letter == 'i') return !Holds(state, 'r');
+  if (letter == 'n') return !Holds(state, 'r') && !Holds(state, 'o');
+  return state.find(letter) != State::npos;
+}
+
+bool Expected(const Entry& entry, State state) {
+  return std::all_of(entry.needs.begin(), entry.needs.end(),
+                     [state](char letter) { return Holds(state, letter); });
 }
 
 class SoundInState : public CountingPlayback {
@@ -167,44 +125,42 @@ Facts FactsIn(State state) {
 }
 
 TEST(Commands, AreEnabledInEveryStateAsExpected) {
+  const std::vector<Entry> entries = Entries();
+  ASSERT_EQ(entries.size(), CommandTable().size());
   for (const State state : kStates) {
     const Facts facts = FactsIn(state);
-    for (const Expectation& row : kExpectations) {
-      EXPECT_EQ(IsEnabled(RowOf(row.id), facts), Expected(row, state))
-          << row.text << " in state \"" << state << '"';
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+      EXPECT_EQ(IsEnabled(CommandTable()[i], facts), Expected(entries[i], state))
+          << entries[i].text << " in state \"" << state << '"';
     }
   }
 }
 
-TEST(Commands, BearTheirTextsAndKeys) {
-  for (const Expectation& row : kExpectations) {
-    EXPECT_EQ(RowOf(row.id).text, row.text);
-    EXPECT_EQ(RowOf(row.id).accelerator, row.accelerator) << row.text;
+TEST(Commands, StandInTheirMenusAndOnTheToolBar) {
+  std::vector<Entry> entries = Entries();
+  for (const CommandRow& row : CommandTable()) {
+    const Entry entry = entries.front();
+    entries.erase(entries.begin());
+    EXPECT_EQ(&RowOf(row.id), &row) << row.text;
+    EXPECT_EQ(MenuTitle(row.menu), entry.menu) << row.text;
+    EXPECT_EQ((row.separator ? "-" : "") + std::string(row.text) +
+                  (row.toolGroup > 0 ? " " + std::to_string(row.toolGroup) : "") +
+                  (row.whileBusy ? "*" : ""),
+              entry.text);
   }
 }
 
-TEST(Commands, StandInOneUnambiguousPlaceEach) {
-  std::set<Command> ids;
-  std::set<std::pair<Menu, std::string_view>> places;
+TEST(Commands, HaveKeysMnemonicsAndHelpOfTheirOwn) {
   std::set<std::string_view> keys;
   std::set<std::pair<Menu, char>> mnemonics;
-  Menu menu = Menu::kFile;
   for (const CommandRow& row : CommandTable()) {
-    EXPECT_TRUE(ids.insert(row.id).second) << row.text;
-    EXPECT_TRUE(places.emplace(row.menu, row.text).second) << row.text;
     EXPECT_TRUE(row.accelerator.empty() || keys.insert(row.accelerator).second) << row.accelerator;
     const std::size_t mark = row.text.find('&');
-    if (mark != std::string_view::npos) {
-      EXPECT_TRUE(mnemonics.emplace(row.menu, std::tolower(row.text.at(mark + 1))).second)
-          << row.text;
-    }
+    EXPECT_TRUE(mark == std::string_view::npos ||
+                mnemonics.emplace(row.menu, std::tolower(row.text.at(mark + 1))).second)
+        << row.text;
     EXPECT_FALSE(row.status.empty() || row.toolTip.empty()) << row.text;
-    EXPECT_TRUE(row.menu != Menu::kNone || row.toolGroup > 0) << row.text << " is nowhere";
-    if (row.menu == Menu::kNone) continue;
-    EXPECT_GE(row.menu, menu) << row.text << " stands apart from its menu";
-    menu = row.menu;
   }
-  EXPECT_EQ(ids.size(), std::size(kExpectations));
 }
 
 TEST(Commands, OldSpellingsOfTheMenusAreKept) {

@@ -3,34 +3,28 @@
 
 #include <gtest/gtest.h>
 
-#include "analysisview/window_fixture.h"
 #include "mainview/time_axis_fixture.h"
+#include "view_fixture.h"
 
 namespace cantorix {
 namespace {
 
 TEST(TimeAxis, PixelsReachTheStretchAndStopAtTheRecording) {
-  struct Row {
-    const char* name;
-    double start, end, pixel, samples, ms;
-  };
+  const struct {
+    double start, end, pixel;
+    const char* point;  // samples and ms
+  } rows[] = {{2000, 6000, 0, "2000 200"},      {2000, 6000, 250, "3000 300"},
+              {2000, 6000, 1000, "6000 600"},   {2000, 6000, -100, "1600 160"},
+              {2000, 6000, -900, "0 0"},        {0, 10000, 1001, "10000 1000"},
+              {9000, 13000, 500, "10000 1000"}, {3000, 3000, 400, "3000 300"}};
   CChannel channel;
-  for (const Row& row :
-       {Row{"left margin", 2000, 6000, 0, 2000, 200}, Row{"inside", 2000, 6000, 250, 3000, 300},
-        Row{"right edge", 2000, 6000, 1000, 6000, 600},
-        Row{"left of the margin", 2000, 6000, -100, 1600, 160},
-        Row{"before the recording", 2000, 6000, -900, 0, 0},
-        Row{"beyond the right edge", 0, 10000, 1001, 10000, 1000},
-        Row{"stretch beyond the recording", 9000, 13000, 500, 10000, 1000},
-        Row{"empty stretch", 3000, 3000, 400, 3000, 300}}) {
-    SetLength(channel, 10000, 10000);
+  SetLength(channel, 10000, 10000);
+  for (const auto& row : rows) {
     Show(channel, row.start, row.end);
     const TimePoint point = PixelToTime(channel, 1000, row.pixel);
-    EXPECT_DOUBLE_EQ(point.samples, row.samples) << row.name;
-    EXPECT_DOUBLE_EQ(point.ms, row.ms) << row.name;
+    EXPECT_EQ(Joined(point.samples, point.ms), row.point) << row.start << " at " << row.pixel;
   }
-  SetLength(channel, 10000, 10000);
-  EXPECT_EQ(PixelToTime(channel, 0, 7).samples, 0.0) << "before the first layout";
+  EXPECT_EQ(PixelToTime(channel, 0, 7).samples, 3000.0) << "before the first layout";
 }
 
 TEST(TimeAxis, TimesFindTheirPixelOutsideTheStripToo) {
@@ -38,64 +32,54 @@ TEST(TimeAxis, TimesFindTheirPixelOutsideTheStripToo) {
   SetLength(channel, 10000, 10000);
   Show(channel, 2000, 6000);
   channel.visibleStart.ms = channel.visibleEnd.ms = -1.0;  // stale
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 300), 250);
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 100), -250);
-  EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, 1000), 2000);
+  for (const auto& [ms, pixel] : {std::pair{300, 250}, {100, -250}, {1000, 2000}}) {
+    EXPECT_DOUBLE_EQ(TimeToPixel(channel, 1000, ms), pixel);
+  }
   Show(channel, 2000, 2000);
   EXPECT_EQ(TimeToPixel(channel, 1000, 300), 0.0);
 }
 
 TEST(TimeAxis, CursorTakesTheSampleUnderItAndTheSelectionToo) {
-  RecordingFixture recording({10, -20, 30, -40}, 1000.0);
-  for (CSonadexDoc* document : {&recording.inMemory, &recording.onDisk}) {
-    CChannel& channel = document->channel();
-    SetLength(channel, 4, 1000);
+  ViewWorld world;
+  for (const Place place : {Place::kMemory, Place::kDisk}) {
+    CSonadexDoc document(world.test.host);
+    CChannel& channel = document.channel();
+    Hold(document, Samples{10, -20, 30, -40}, 500.0, place);
     channel.referenceLevel = 5.0;
-    channel.selectionLength = {3, 3};
-
-    SetCursorAtPoint(*document, {1.99, 1.99});
-    EXPECT_DOUBLE_EQ(channel.cursor.samples, 1.99);
-    EXPECT_EQ(channel.cursorValue, -25.0);
-    EXPECT_EQ(channel.selectionStart.samples, channel.cursor.samples);
-    EXPECT_EQ(channel.selectionEnd.ms, channel.cursor.ms);
-    EXPECT_EQ(channel.selectionLength.samples, 0.0);
-    EXPECT_EQ(channel.selectionLength.ms, 0.0);
-
-    SetCursorAtTime(*document, 3.5);
-    EXPECT_EQ(channel.cursorValue, -45.0);
-    SetCursorAtTime(*document, 99.0);
-    EXPECT_EQ(channel.cursor.samples, 4.0);
-    EXPECT_EQ(channel.cursor.ms, 4.0);
-    EXPECT_EQ(channel.cursorValue, -5.0) << "the sample at the end reads 0";
-    SetCursorAtTime(*document, -1.0);
-    EXPECT_EQ(channel.cursorValue, 5.0);
+    const std::pair<double, const char*> rows[] = {
+        {3.98, "1.99 3.98 -25"},  // samples, ms and value
+        {7.0, "3.5 7 -45"},
+        {99.0, "4 8 -5"},  // the sample at the end reads 0
+        {-1.0, "0 0 5"}};
+    for (const auto& [ms, expected] : rows) {
+      channel.selectionLength = {3, 3};
+      SetCursorAtTime(document, ms);
+      EXPECT_EQ(Joined(channel.cursor.samples, channel.cursor.ms, channel.cursorValue), expected);
+      EXPECT_EQ(Joined(channel.selectionStart.samples, channel.selectionEnd.ms,
+                       channel.selectionLength.samples, channel.selectionLength.ms),
+                Joined(channel.cursor.samples, channel.cursor.ms, 0, 0));
+    }
   }
 }
 
 TEST(TimeAxis, SelectionIsTheSameWhicheverWayItIsDragged) {
-  RecordingFixture recording(testing::Samples(1000, 0), 1000.0);
-  CSonadexDoc& document = recording.inMemory;
-  CChannel& channel = document.channel();
-  SetLength(channel, 1000, 1000);
-  for (const auto& [from, to] : {std::pair{100, 350}, std::pair{350, 100}}) {
-    SetCursorAtPoint(document, PixelToTime(channel, 500, from));
-    channel.dragPoint = PixelToTime(channel, 500, to);
+  CChannel channel;
+  SetLength(channel, 1000, 500);
+  const auto selection = [&channel] {
     UpdateSelection(channel);
-    EXPECT_DOUBLE_EQ(channel.selectionStart.samples, 200) << from;
-    EXPECT_DOUBLE_EQ(channel.selectionStart.ms, 200) << from;
-    EXPECT_DOUBLE_EQ(channel.selectionEnd.samples, 700) << from;
-    EXPECT_DOUBLE_EQ(channel.selectionEnd.ms, 700) << from;
-    EXPECT_DOUBLE_EQ(channel.selectionLength.samples, 500) << from;
-    EXPECT_DOUBLE_EQ(channel.selectionLength.ms, 500) << from;
+    return Joined(channel.selectionStart.samples, channel.selectionStart.ms,
+                  channel.selectionEnd.samples, channel.selectionEnd.ms,
+                  channel.selectionLength.samples, channel.selectionLength.ms);
+  };
+  for (const auto& [from, to] : {std::pair{100, 350}, {350, 100}}) {
+    channel.cursor = PixelToTime(channel, 500, from);
+    channel.dragPoint = PixelToTime(channel, 500, to);
+    EXPECT_EQ(selection(), "200 400 700 1400 500 1000");
   }
   channel.dragPoint = channel.cursor;
-  UpdateSelection(channel);
-  EXPECT_DOUBLE_EQ(channel.selectionStart.samples, 700);
-  EXPECT_EQ(channel.selectionLength.samples, 0.0) << "back at the cursor";
-
+  EXPECT_EQ(selection(), "700 1400 700 1400 0 0") << "back at the cursor";
   ClearSelection(channel);
-  EXPECT_EQ(channel.selectionEnd.samples, 0.0);
-  EXPECT_DOUBLE_EQ(channel.cursor.samples, 700);
+  EXPECT_EQ(Joined(channel.selectionEnd.samples, channel.cursor.samples), "0 700");
 }
 
 }  // namespace

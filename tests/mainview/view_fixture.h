@@ -15,6 +15,7 @@
 #include "mainview/clipboard.h"
 #include "mainview/editing.h"
 #include "mainview/sonadex_view.h"
+#include "support/joined.h"
 #include "support/test_host.h"
 #include "support/view_fakes.h"
 
