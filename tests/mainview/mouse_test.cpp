@@ -4,10 +4,9 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-
 #include "document/label.h"
 #include "mainview/label_entry_state.h"
+#include "mainview/time_axis_fixture.h"
 #include "mainview/view_commands.h"
 #include "platform/file_error.h"
 #include "wide_view.h"
@@ -24,14 +23,11 @@ constexpr std::int32_t kY = 100;  // in the waveform
 // The pixel column of a time of the whole recording.
 constexpr std::int32_t At(double ms) { return 40 + static_cast<std::int32_t>(ms / 10.0); }
 
-PitchResult PitchOf(std::vector<double> track, double endSamples) {
-  PitchResult pitch;
-  pitch.PitchFrameCount = static_cast<double>(track.size());
-  pitch.PitchTrack = std::move(track);
-  pitch.PitchTrack.resize(pitch.PitchTrack.size() + 5);
-  pitch.PitchValid = true;
-  pitch.range = {0.0, endSamples};
-  return pitch;
+// Cursor, pitch, intensity, duration and average pitch.
+std::string StripOf(const CSonadexView& view) {
+  const Readouts& strip = view.readouts;
+  return Joined(strip.cursorMs, strip.pitchHz, strip.intensityDb, strip.durationMs,
+                strip.averagePitchHz);
 }
 
 class MouseTest : public WideViewTest {
@@ -52,49 +48,37 @@ TEST_F(MouseTest, MoreThanFivePixelsSelectAndStaySelected) {
     const char* name;
     std::vector<std::int32_t> moves;  // pixels from the press at 5000 ms
     std::int32_t release;
-    bool selects;
-    double startMs, endMs;
+    const char *marks, *strip;
   } cases[] = {
-      {"a click", {}, 0, false, 5000.0, 5000.0},
-      {"five to the right", {5}, 5, false, 5000.0, 5050.0},
-      {"five to the left", {-5}, -5, false, 4950.0, 5000.0},
-      {"six to the right", {6}, 6, true, 5000.0, 5060.0},
-      {"six to the left", {-6}, -6, true, 4940.0, 5000.0},
-      {"six without a move on the way", {}, 6, true, 5000.0, 5060.0},
-      {"there and back", {20}, 0, true, 5000.0, 5000.0},
-      {"to the other side", {20, -30}, -40, true, 4600.0, 5000.0},
-      {"beyond the left edge", {-600}, -600, true, 0.0, 5000.0},
-      {"beyond the right edge", {700}, 700, true, 5000.0, 10000.0},
+      {"a click", {}, 0, "marker 5000 of 5000 5000 = 0", "5000 0 0 0 0"},
+      {"five to the right", {5}, 5, "marker 5000 of 5000 5050 = 50", "5000 0 0 0 0"},
+      {"five to the left", {-5}, -5, "marker 5000 of 4950 5000 = 50", "5000 0 0 0 0"},
+      {"six right", {6}, 6, "selection to save 5000 of 5000 5060 = 60", "5000 0 0 60 0"},
+      {"six left", {-6}, -6, "selection to save 5000 of 4940 5000 = 60", "5000 0 0 60 0"},
+      {"no move", {}, 6, "selection to save 5000 of 5000 5060 = 60", "5000 0 0 60 0"},
+      {"there and back", {20}, 0, "selection to save 5000 of 5000 5000 = 0", "5000 0 0 0 0"},
+      {"across", {20, -30}, -40, "selection to save 5000 of 4600 5000 = 400", "5000 0 0 400 0"},
+      {"off left", {-600}, -600, "selection to save 5000 of 0 5000 = 5000", "5000 0 0 5000 0"},
+      {"off right", {700}, 700, "selection to save 5000 of 5000 10000 = 5000", "5000 0 0 5000 0"},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
     PlaceMarker(view, 0.0);
     PressMouse(view, At(5000.0), kY);
-    EXPECT_TRUE(view.markerSet());
+    EXPECT_EQ(MarksOf(view), "marker 5000 of 5000 5000 = 0") << c.name;
     for (const std::int32_t dx : c.moves) MoveMouse(view, At(5000.0) + dx, kY);
     ReleaseMouse(view, At(5000.0) + c.release, kY);
-    EXPECT_EQ(view.selectionShown(), c.selects);
-    EXPECT_EQ(document.hasSelection, c.selects);
-    EXPECT_EQ(view.markerSet(), !c.selects);
-    EXPECT_EQ(channel.selectionStart.ms, c.startMs);
-    EXPECT_EQ(channel.selectionEnd.ms, c.endMs);
-    EXPECT_EQ(channel.selectionLength.samples, c.endMs - c.startMs);
-    EXPECT_EQ(channel.cursor.ms, 5000.0);
-    EXPECT_EQ(view.readouts.cursorMs, 5000.0);
-    EXPECT_EQ(view.readouts.durationMs, c.selects ? c.endMs - c.startMs : 0.0);
+    EXPECT_EQ(MarksOf(view), c.marks) << c.name;
+    EXPECT_EQ(StripOf(view), c.strip) << c.name;
   }
 }
 
 TEST_F(MouseTest, ClicksAtTheEdgesStayInsideStretchAndRecording) {
   channel.referenceLevel = 100.0;
-  const struct {
-    std::int32_t x;
-    double ms, value;
-  } cases[] = {{40, 0.0, -100.0}, {0, 0.0, -100.0}, {540, 5000.0, 4900.0}, {1044, 10000.0, -100.0}};
-  for (const auto& c : cases) {
-    Click(c.x);
-    EXPECT_EQ(channel.cursor.ms, c.ms) << c.x;
-    EXPECT_EQ(channel.cursorValue, c.value) << c.x;
+  const std::pair<std::int32_t, const char*> cases[] = {
+      {40, "0 -100"}, {0, "0 -100"}, {540, "5000 4900"}, {1044, "10000 -100"}};
+  for (const auto& [x, cursor] : cases) {
+    Click(x);
+    EXPECT_EQ(Joined(channel.cursor.ms, channel.cursorValue), cursor) << x;
   }
   SelectSpan(view, 4000.0, 8000.0);
   ZoomView(view, Zoom::kSelection);
@@ -105,13 +89,9 @@ TEST_F(MouseTest, ClicksAtTheEdgesStayInsideStretchAndRecording) {
 TEST_F(MouseTest, PressOnASelectionOnlyRemovesItAndTheNextPlacesAMarker) {
   DragFromTo(2000.0, 4000.0);
   Click(At(7000.0));
-  EXPECT_FALSE(view.selectionShown());
-  EXPECT_FALSE(document.hasSelection);
-  EXPECT_FALSE(view.markerSet());
-  EXPECT_EQ(channel.cursor.ms, 7000.0);
-  EXPECT_EQ(channel.selectionLength.ms, 0.0);
+  EXPECT_EQ(MarksOf(view), "7000 of 7000 7000 = 0");
   Click(At(7000.0));
-  EXPECT_TRUE(view.markerSet());
+  EXPECT_EQ(MarksOf(view), "marker 7000 of 7000 7000 = 0");
 }
 
 TEST_F(MouseTest, PressWithoutARecordingOrOutsideTheClientAreaIsIgnoredToItsRelease) {
@@ -127,9 +107,7 @@ TEST_F(MouseTest, PressWithoutARecordingOrOutsideTheClientAreaIsIgnoredToItsRele
   pressAndDrag(300, kY);
   PressAtTime(view, 3000.0);
   MoveAtTime(view, 4000.0);
-  MoveAtTime(view, 5000.0);
-  EXPECT_EQ(channel.cursor.ms, 0.0);
-  EXPECT_FALSE(view.selectionShown());
+  EXPECT_EQ(MarksOf(view), "0 of 0 0 = 0");
   EXPECT_EQ(playback.stops, 0);
   EXPECT_THAT(listener.moves, IsEmpty());
 }
@@ -144,80 +122,56 @@ TEST_F(MouseTest, PressStopsPlaybackAndPassesOnTheTimeOfThePress) {
 }
 
 TEST_F(MouseTest, ReadoutsFollowCursorSelectionAndTracks) {
-  view.pitch = PitchOf({100.0, 200.0, 0.0, 300.0}, 10'000.0);  // 2500 ms each
-  channel.intensity.IntensityTrack = LevelTrack({50.0}, 10'000.0, 10'000.0, 10'000);
-  channel.intensity.IntensityValid = true;
-  channel.intensity.range = {0.0, 10'000.0};
+  view.pitch = PitchOf({100.0, 200.0, 0.0, 300.0}, {0.0, 10'000.0});  // 2500 ms each
+  channel.intensity = IntensityOf({50.0}, {0.0, 10'000.0});
   Click(At(3000.0));
-  EXPECT_EQ(view.readouts.pitchHz, 200.0);
-  EXPECT_EQ(view.readouts.intensityDb, 50.0);
-  EXPECT_EQ(view.readouts.averagePitchHz, 0.0);
-
+  EXPECT_EQ(StripOf(view), "3000 200 50 0 0");
   PressMouse(view, At(8000.0), kY);
   MoveMouse(view, At(8030.0), kY);
-  EXPECT_EQ(view.readouts.durationMs, 30.0);  // of a drag that may still become a selection
+  EXPECT_EQ(StripOf(view), "8000 300 50 30 0") << "a drag that may still become a selection";
   MoveMouse(view, At(1000.0), kY);
-  EXPECT_EQ(view.readouts.pitchHz, 300.0);
-  EXPECT_EQ(view.readouts.averagePitchHz, 0.0);
+  EXPECT_EQ(StripOf(view), "8000 300 50 7000 0");
   ReleaseMouse(view, At(1000.0), kY);
-  EXPECT_EQ(view.readouts.averagePitchHz, 250.0);  // (200 + 300) / 2, frames at 2500 and 7500 ms
-
+  EXPECT_EQ(StripOf(view), "8000 300 50 7000 250") << "of the frames at 2500 and 7500 ms";
   Click(At(3000.0));  // removes the selection
-  EXPECT_EQ(view.readouts.pitchHz, 200.0);
-  EXPECT_EQ(view.readouts.durationMs, 0.0);
-  EXPECT_EQ(view.readouts.averagePitchHz, 0.0);
+  EXPECT_EQ(StripOf(view), "3000 200 50 0 0");
   view.pitch = {};
   view.Changed(DocumentChange::kTracks);
-  EXPECT_EQ(view.readouts.pitchHz, 0.0);
-}
-
-TEST_F(MouseTest, CursorLeftBeyondAShortenedRecordingReadsAsItsEnd) {
-  Click(At(9000.0));
-  channel.totalLength = 6000.0;
-  channel.totalDurationMs = 6000.0;
+  channel.totalLength = channel.totalDurationMs = 2000.0;
   view.Changed(DocumentChange::kSamples);
-  EXPECT_EQ(view.readouts.cursorMs, 6000.0);
+  EXPECT_EQ(StripOf(view), "2000 0 50 0 0") << "a cursor behind a shortened recording";
 }
 
 TEST_F(MouseTest, AnotherWindowPlacesCursorAndSelectionByTheExactTime) {
   PressAtTime(view, 1234.5);
-  EXPECT_EQ(channel.cursor.ms, 1234.5);
-  EXPECT_TRUE(view.markerSet());
+  EXPECT_EQ(MarksOf(view), "marker 1234.5 of 1234.5 1234.5 = 0");
   MoveAtTime(view, 1284.0);  // 5 pixels
   EXPECT_FALSE(view.selectionShown());
   MoveAtTime(view, 1290.0);  // 6 pixels
   EXPECT_TRUE(view.selectionShown());
   MoveAtTime(view, 987.65);
-  EXPECT_EQ(channel.selectionStart.ms, 987.65);
-  EXPECT_EQ(channel.selectionEnd.ms, 1234.5);
+  EXPECT_EQ(MarksOf(view), "selection to save 1234.5 of 987.65 1234.5 = 246.85");
   EXPECT_EQ(view.pressedMs, 1234.5);
   EXPECT_EQ(playback.stops, 1);
   EXPECT_THAT(listener.moves, IsEmpty());
-
   PressAtTime(view, 99'999.0);
-  EXPECT_EQ(channel.cursor.ms, 10'000.0);
-  EXPECT_FALSE(view.markerSet());  // there was a selection
-}
+  EXPECT_EQ(MarksOf(view), "10000 of 10000 10000 = 0") << "there was a selection";
 
-TEST_F(MouseTest, TimesFarOutsideATinyStretchAreNoTrouble) {
   SelectSpan(view, 5000.0, 5000.0 + 1e-9);
   ZoomView(view, Zoom::kSelection);
   PressAtTime(view, 0.0);
   MoveAtTime(view, 10'000.0);
-  EXPECT_EQ(channel.selectionLength.ms, 10'000.0);
+  EXPECT_EQ(channel.selectionLength.ms, 10'000.0) << "far outside a tiny stretch";
 }
 
 TEST_F(MouseTest, PressWhoseSampleCannotBeReadChangesNothing) {
   Hold(document, Ramp(10'000), 1000.0, Place::kDisk);
   DragFromTo(2000.0, 4000.0);
-  for (const std::string& name : world.test.folder.Names()) {
-    std::filesystem::resize_file(world.test.folder / name, 0);
-  }
+  const std::string marks = MarksOf(view);
+  EmptyStores(world);
   EXPECT_THROW(Click(At(7000.0)), FileError);
   MoveMouse(view, At(9000.0), kY);
-  EXPECT_TRUE(view.selectionShown() && document.hasSelection);
-  EXPECT_EQ(channel.cursor.ms, 2000.0);
-  EXPECT_EQ(channel.selectionEnd.ms, 4000.0);
+  EXPECT_EQ(MarksOf(view), marks);
 }
 
 TEST_F(MouseTest, LabelsAreFoundInTheLayoutOfTheirOwnWindow) {
@@ -239,31 +193,20 @@ class TwoViewsTest : public MouseTest {
 };
 
 TEST_F(TwoViewsTest, ShareCursorAndSelectionThoughTheirSizesDiffer) {
-  second.pitch = PitchOf({100.0}, 10'000.0);
+  second.pitch = PitchOf({100.0}, {0.0, 10'000.0});
   DragFromTo(2000.0, 4000.0);
-  EXPECT_EQ(channel.selectionEnd.ms, 4000.0);
-  EXPECT_TRUE(second.selectionShown());
-  EXPECT_EQ(second.readouts.cursorMs, 2000.0);
-  EXPECT_EQ(second.readouts.durationMs, 2000.0);
-  EXPECT_EQ(second.readouts.pitchHz, 100.0);
-
+  EXPECT_EQ(MarksOf(second), "selection to save 2000 of 2000 4000 = 2000");
+  EXPECT_EQ(StripOf(second), "2000 100 0 2000 0");
   PressMouse(second, 40 + 300, 50);
-  EXPECT_EQ(channel.cursor.ms, 6000.0);
-  EXPECT_FALSE(view.selectionShown());
-  EXPECT_FALSE(view.markerSet());
+  EXPECT_EQ(MarksOf(view), "6000 of 6000 6000 = 0");
   MoveMouse(second, 40 + 350, 50);
   ReleaseMouse(second, 40 + 350, 50);
-  EXPECT_EQ(view.readouts.durationMs, 1000.0);
-  Click(At(1000.0));
-  EXPECT_EQ(channel.cursor.ms, 1000.0);
-  EXPECT_FALSE(second.selectionShown());
-}
-
-TEST_F(TwoViewsTest, AnalysisInOneLeavesTheSelectionOfTheOther) {
-  DragFromTo(2000.0, 4000.0);
+  EXPECT_EQ(StripOf(view), "6000 0 0 1000 0");
   CSonadexView third(document, world.Services());  // shows no selection
   third.Changed(DocumentChange::kTracks);
   EXPECT_TRUE(view.selectionShown());
+  Click(At(1000.0));
+  EXPECT_EQ(MarksOf(second), "1000 of 1000 1000 = 0");
 }
 
 TEST_F(TwoViewsTest, ShareTheStretchAndItsScrollBar) {
@@ -278,14 +221,15 @@ TEST_F(TwoViewsTest, ShareTheStretchAndItsScrollBar) {
 
 TEST_F(TwoViewsTest, EditsInOneEndTrackAndUndoOfTheOther) {
   view.undoAvailable = second.undoAvailable = true;
-  view.pitch = second.pitch = PitchOf({100.0}, 10'000.0);
+  view.pitch = second.pitch = PitchOf({100.0}, {0.0, 10'000.0});
+  const auto valid = [this] {
+    return Joined(view.undoAvailable, view.pitch.PitchValid, second.undoAvailable,
+                  second.pitch.PitchValid);
+  };
   view.Changed(DocumentChange::kLabels);
-  EXPECT_TRUE(view.undoAvailable);
-  EXPECT_FALSE(second.undoAvailable);
-  EXPECT_TRUE(second.pitch.PitchValid);
+  EXPECT_EQ(valid(), "1 1 0 1");
   view.Changed(DocumentChange::kSamples);
-  EXPECT_TRUE(view.pitch.PitchValid);
-  EXPECT_FALSE(second.pitch.PitchValid);
+  EXPECT_EQ(valid(), "1 1 0 0");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <span>
 #include <string>
@@ -130,6 +131,29 @@ inline void SelectSamples(ViewedRecording& talk, double start, double end) {
   channel.selectionEnd = {end, end * factor};
   channel.selectionLength = {end - start, end * factor - start * factor};
   talk.view.SetSelection();
+}
+
+// What the view shows, its cursor "of" the selection in ms, "=" that one's length in samples.
+inline std::string MarksOf(const CSonadexView& view) {
+  const CChannel& channel = view.channel();
+  return std::string(view.markerSet() ? "marker " : "") +
+         (view.selectionShown() ? "selection " : "") +
+         (view.document().hasSelection ? "to save " : "") +
+         Joined(channel.cursor.ms, "of", channel.selectionStart.ms, channel.selectionEnd.ms, "=",
+                channel.selectionLength.samples);
+}
+
+// "undo modified" and the like: what an edit leaves.
+inline std::string EditOf(const CSonadexView& view) {
+  return std::string(view.undoAvailable ? "undo" : "no undo") +
+         (view.document().isModified() ? " modified" : "");
+}
+
+// Takes the samples of recordings on disk away from under the program.
+inline void EmptyStores(ViewWorld& world) {
+  for (const std::string& name : world.test.folder.Names()) {
+    std::filesystem::resize_file(world.test.folder / name, 0);
+  }
 }
 
 // A marker there, and no selection.
