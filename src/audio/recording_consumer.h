@@ -52,6 +52,7 @@ class RecordingConsumer : public BufferConsumer {
 
   // A sample could not be kept: from then on nothing is, so that what there is has no hole.
   bool hasFailed() const { return hasFailed_.load(std::memory_order_acquire); }
+  bool hasFile() const { return targets_.file != nullptr; }
   std::unique_ptr<RecordingFile> TakeFile() { return std::move(targets_.file); }
 
  private:

@@ -1,18 +1,14 @@
 // recording_file.cpp - making, filling and finding recording files.
 #include "audio/recording_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <bit>
-#include <cerrno>
 #include <charconv>
 #include <filesystem>
 #include <string_view>
 #include <tuple>
 
-#include "platform/file.h"
+#include "platform/claimed_file.h"
 #include "platform/file_error.h"
 
 namespace cantorix {
@@ -56,14 +52,6 @@ std::optional<NameParts> ReadName(std::string_view name) {
   return parts;
 }
 
-Descriptor OpenLocked(const std::string& path, int flags) {
-  Descriptor file = OpenAt(AT_FDCWD, path, flags | O_RDWR | O_NOFOLLOW | O_NONBLOCK, 0600);
-  if (!file.isOpen()) ThrowErrno();
-  RequireRegularFile(file.number());
-  LockExclusively(file.number());
-  return file;
-}
-
 }  // namespace
 
 std::unique_ptr<RecordingFile> RecordingFile::Create(const std::string& folder,
@@ -71,26 +59,18 @@ std::unique_ptr<RecordingFile> RecordingFile::Create(const std::string& folder,
                                                      std::uint32_t rateHz) {
   const std::string start = folder + "/" + std::string(kPrefix) + stamp + "-" +
                             std::to_string(rateHz) + std::string(kRateUnit);
-  for (int number = 1;; ++number) {
-    const std::string path = start + std::to_string(number) + std::string(kSuffix);
-    Descriptor file = OpenAt(AT_FDCWD, path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
-    if (file.isOpen()) {
-      LockExclusively(file.number());
-      return std::unique_ptr<RecordingFile>(new RecordingFile(std::move(file), path, rateHz, 0));
-    }
-    if (errno != EEXIST || number == kMaxTries) {
-      throw FileError(CouldNotBeOpened(path, SystemReason(errno)));
-    }
-  }
+  int number = 0;
+  const auto nextPath = [&] { return start + std::to_string(++number) + std::string(kSuffix); };
+  return std::unique_ptr<RecordingFile>(
+      new RecordingFile(ClaimFile(nextPath, Leftover::kKept), rateHz, 0));
 }
 
 std::unique_ptr<RecordingFile> RecordingFile::Reopen(const std::string& path) {
   const auto parts = ReadName(std::filesystem::path(path).filename().native());
   if (!parts) throw FileError("It is no recording.");
-  Descriptor file = OpenLocked(path, 0);
-  const std::int64_t length = FileSize(file.number()) / 2;
-  return std::unique_ptr<RecordingFile>(
-      new RecordingFile(std::move(file), path, parts->rateHz, length));
+  File file = File::OpenTemporary(path);
+  const std::int64_t length = file.Size() / 2;
+  return std::unique_ptr<RecordingFile>(new RecordingFile(std::move(file), parts->rateHz, length));
 }
 
 void RecordingFile::Append(std::span<const std::int16_t> samples) {
@@ -101,28 +81,28 @@ void RecordingFile::Append(std::span<const std::int16_t> samples) {
     samples = swapped;
   }
   try {
-    WriteAt(file_.number(), lengthSamples_ * 2, std::as_bytes(samples));
+    file_.Write(lengthSamples_ * 2, std::as_bytes(samples));
   } catch (const FileError&) {
-    // When even this fails, the length that readers go by is the one kept here.
-    [[maybe_unused]] const int ignored = ::ftruncate(file_.number(), lengthSamples_ * 2);
+    CutToLength();
     throw;
   }
   lengthSamples_ += static_cast<std::int64_t>(samples.size());
-  if (lengthSamples_ - syncedSamples_ >= rateHz_) Sync();
-}
-
-void RecordingFile::Sync() {
-  // Some file systems cannot and say EINVAL; that loses nothing that was promised.
-  while (::fdatasync(file_.number()) != 0) {
-    if (errno == EINVAL || errno == ENOSYS) break;
-    if (errno != EINTR) ThrowErrno();
-  }
+  if (lengthSamples_ - syncedSamples_ < rateHz_) return;
+  file_.Sync();
   syncedSamples_ = lengthSamples_;
 }
 
-void RecordingFile::Remove() {
-  ::unlink(path_.c_str());
-  file_ = Descriptor();
+void RecordingFile::CutToLength() noexcept {
+  try {
+    file_.Resize(lengthSamples_ * 2);
+  } catch (const FileError&) {
+    // Then the length that readers go by is the one kept here.
+  }
+}
+
+void RecordingFile::Remove() noexcept {
+  DeleteClaimed(file_);
+  file_ = File();
 }
 
 std::vector<UnfinishedRecording> FindUnfinishedRecordings(const std::string& folder) {

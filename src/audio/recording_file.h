@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/descriptor.h"
+#include "platform/file.h"
 
 namespace cantorix {
 
@@ -26,23 +26,25 @@ class RecordingFile {
   // program has it or it is no such file.
   static std::unique_ptr<RecordingFile> Reopen(const std::string& path);
 
-  const std::string& path() const { return path_; }
+  const std::string& path() const { return file_.path(); }
   std::uint32_t rateHz() const { return rateHz_; }
   std::int64_t lengthSamples() const { return lengthSamples_; }
 
   // Writes all of `samples` behind the last one and, once a second of sound, through to the disk.
   // Throws FileError; what was appended before stays, and nothing of a stretch that was cut off.
   void Append(std::span<const std::int16_t> samples);
+  // The samples for somebody who may use them longer than the name exists.
+  File Samples() const { return file_.Duplicate(); }
   // Deletes the file. It must not be used any more.
-  void Remove();
+  void Remove() noexcept;
 
  private:
-  RecordingFile(Descriptor file, std::string path, std::uint32_t rateHz, std::int64_t length)
-      : file_(std::move(file)), path_(std::move(path)), rateHz_(rateHz), lengthSamples_(length) {}
-  void Sync();
+  RecordingFile(File file, std::uint32_t rateHz, std::int64_t length)
+      : file_(std::move(file)), rateHz_(rateHz), lengthSamples_(length) {}
 
-  Descriptor file_;
-  std::string path_;
+  void CutToLength() noexcept;
+
+  File file_;
   std::uint32_t rateHz_;
   std::int64_t lengthSamples_;
   std::int64_t syncedSamples_ = 0;

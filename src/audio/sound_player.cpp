@@ -53,9 +53,9 @@ void SoundPlayer::SetUpFromMemory(const SampleSource& samples, const SoundStretc
   Load(std::make_unique<MemorySound>(std::move(block)), stretch);
 }
 
-void SoundPlayer::SetUpFromFile(const std::string& path, const SoundStretch& stretch) {
+void SoundPlayer::SetUpFromFile(File file, const SoundStretch& stretch) {
   playback_.reset();
-  Load(std::make_unique<FileSound>(path, stretch.first), stretch);
+  Load(std::make_unique<FileSound>(std::move(file), stretch.first), stretch);
 }
 
 void SoundPlayer::Load(std::unique_ptr<SoundSource> source, const SoundStretch& stretch) {
@@ -122,7 +122,7 @@ void SoundPlayer::StartStreaming() {
 
 void SoundPlayer::OpenDevice(std::shared_ptr<WaveEvent> event) {
   isOpen_ = device_->Open(MonoFormat(rateHz_, 16), std::move(event));
-  Check(isOpen_, "Sound output Cannot Open Device!");
+  Check(isOpen_, kCannotOpenOutput);
 }
 
 void SoundPlayer::WriteBuffer(std::uint32_t which, std::uint32_t count) {

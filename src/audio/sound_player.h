@@ -10,6 +10,7 @@
 #include "audio/playback_worker.h"
 #include "audio/wave_device.h"
 #include "audio/worker_thread.h"
+#include "platform/file.h"
 #include "platform/sample_source.h"
 #include "platform/services.h"
 
@@ -20,7 +21,11 @@ struct SoundStretch {
   std::int64_t first = 0;
   std::int64_t count = 0;
   std::uint32_t rateHz = 0;
+
+  bool operator==(const SoundStretch&) const = default;
 };
+
+inline constexpr const char* kCannotOpenOutput = "Sound output Cannot Open Device!";
 
 class SoundPlayer {
  public:
@@ -34,9 +39,8 @@ class SoundPlayer {
   // For a player that is stopped. Copies the stretch; samples outside the source are 0. Without
   // memory for it there is a notice and nothing to play.
   void SetUpFromMemory(const SampleSource& samples, const SoundStretch& stretch);
-  // Reads a file of raw 16-bit little-endian samples while it plays. Throws FileError when it
-  // cannot be opened.
-  void SetUpFromFile(const std::string& path, const SoundStretch& stretch);
+  // Reads a file of raw 16-bit little-endian samples while it plays.
+  void SetUpFromFile(File file, const SoundStretch& stretch);
   // True when every step succeeded. False without a word when nothing was set up.
   bool Start();
   // Kept: a longer stretch ends with what its buffers hold, also after Resume.
@@ -45,6 +49,7 @@ class SoundPlayer {
   // Silent at once; takes a fifth of a second, two more for a worker that is stuck.
   void Stop();
 
+  bool isOpen() const { return isOpen_; }
   std::int64_t totalSamples() const { return playback_ ? playback_->totalSamples : 0; }
   // `playedSamples` counts the silence behind the stretch, too.
   WaveOutStatus Status() const { return device_->Status(); }

@@ -51,6 +51,9 @@ class SoundRecorder {
   void Stop();
 
   RecorderStatus Status() const;
+  bool isOpen() const { return isOpen_; }
+  // Set up with a recording file, which has not been taken.
+  bool hasFile() const { return consumer_ && consumer_->hasFile(); }
   // The file of a stopped recording, closed when the caller lets go of it; none when there is none
   // or a stuck worker still has it.
   std::unique_ptr<RecordingFile> TakeFile();

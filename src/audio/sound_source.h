@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <memory>
 #include <span>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -35,9 +34,8 @@ class MemorySound : public SoundSource {
 
 class FileSound : public SoundSource {
  public:
-  // The stretch begins at sample `first`. Throws FileError.
-  FileSound(const std::string& path, std::int64_t first)
-      : file_(File::OpenUnlocked(path)), first_(first) {}
+  // The stretch begins at sample `first`.
+  FileSound(File file, std::int64_t first) : file_(std::move(file)), first_(first) {}
   void Read(std::int64_t position, std::span<std::int16_t> out) const override {
     file_.ReadExactly((first_ + position) * 2, std::as_writable_bytes(out));
     SwapFromLittle(out);

@@ -86,7 +86,13 @@ void CSonadexDoc::SetPathName(const std::string& path) {
 void CSonadexDoc::SetModified(bool modified) {
   if (modified_ == modified) return;
   modified_ = modified;
+  if (!modified) KeepUntilSaved(nullptr);
   Notify(DocumentChange::kTitle);
+}
+
+void CSonadexDoc::KeepUntilSaved(std::unique_ptr<UnsavedFile> file) {
+  if (unsavedFile_) unsavedFile_->Delete();
+  unsavedFile_ = std::move(file);
 }
 
 bool CSonadexDoc::MarkModified() { return !std::exchange(modified_, true); }

@@ -29,6 +29,14 @@ struct OpenFailure {
   bool cancelled = false;  // the user gave the open up
 };
 
+// A file that holds what the document does, while that is saved nowhere else. Letting go of one
+// leaves its file where it is.
+class UnsavedFile {
+ public:
+  virtual ~UnsavedFile() = default;
+  virtual void Delete() noexcept = 0;
+};
+
 class CSonadexDoc {
  public:
   // Fills the settings with the defaults and overlays them from the configuration file.
@@ -67,6 +75,9 @@ class CSonadexDoc {
   void SetModified(bool modified);
   // The same for one who tells them kTitle together with other changes: true when it has to.
   bool MarkModified();
+  // Kept until the document is unmodified: saved, or given up by the user. Then it is deleted, and
+  // so it is when another one comes.
+  void KeepUntilSaved(std::unique_ptr<UnsavedFile> file);
 
   // Observers are told in the order in which they came; each must go before it ends.
   void Attach(DocumentObserver& observer);
@@ -106,6 +117,7 @@ class CSonadexDoc {
   std::string title_ = "Untitled";
   std::string pathName_;
   bool modified_ = false;
+  std::unique_ptr<UnsavedFile> unsavedFile_;
   std::vector<DocumentObserver*> observers_;
 };
 

@@ -19,13 +19,6 @@ constexpr double kMsPerMinute = 60000.0;
 // Large enough to cost nothing beside the reading, small enough to cancel without a wait.
 constexpr std::int64_t kMemoryPieceSamples = std::int64_t{1} << 21U;
 
-// A recording exactly as long as the limit is not below it.
-bool BelongsInMemory(const CSonadexDoc& document, const MemoryProbe& memory, double durationMs,
-                     std::int64_t sampleCount) {
-  return durationMs / kMsPerMinute < document.memoryLimitMinutes &&
-         memory.CanAllocate(static_cast<std::uint64_t>(sampleCount) * sizeof(std::int16_t));
-}
-
 // The samples go straight into their block: there is never a second copy of them.
 SampleBlock ReadIntoMemory(Progress& progress, std::int64_t sampleCount, const SampleFeed& read) {
   SampleBlock block(sampleCount);
@@ -56,10 +49,17 @@ void CopyIntoStore(SampleStore& store, Progress& progress, std::int64_t blockSam
 
 }  // namespace
 
+// A recording exactly as long as the limit is not below it.
+bool BelongsInMemory(CSonadexDoc& document, double durationMs, std::int64_t sampleCount) {
+  const auto bytes = static_cast<std::uint64_t>(sampleCount) * sizeof(std::int16_t);
+  return durationMs / kMsPerMinute < document.memoryLimitMinutes &&
+         document.host().memory.CanAllocate(bytes);
+}
+
 void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,
                  const SampleFeed& read) {
   DocumentHost& host = document.host();
-  if (BelongsInMemory(document, host.memory, durationMs, sampleCount)) {
+  if (BelongsInMemory(document, durationMs, sampleCount)) {
     document.HoldInMemory(ReadIntoMemory(host.progress, sampleCount, read));
     return;
   }

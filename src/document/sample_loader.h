@@ -14,11 +14,15 @@ class CSonadexDoc;
 // Fills `out` whole with the samples [position, position + out.size()) of the channel.
 using SampleFeed = std::function<void(std::int64_t position, std::span<std::int16_t> out)>;
 
-// Gives channel 0 of `document` the `sampleCount` >= 0 samples of `read`: in memory when
-// `durationMs` is below the document's memory limit and the block can be had, else in a new disk
-// store, copied in blocks of one second at `rateHz`. Positions asked of `read` only grow. Throws
-// Abandoned when the user cancels or memory runs out after all, FileError when the store fails, and
-// what `read` throws; the document then has the samples it had before.
+// Whether a recording of that length belongs in memory: `durationMs` is below the document's memory
+// limit, and a block for it can be had.
+bool BelongsInMemory(CSonadexDoc& document, double durationMs, std::int64_t sampleCount);
+
+// Gives channel 0 of `document` the `sampleCount` >= 0 samples of `read`: in memory when they
+// belong there, else in a new disk store, copied in blocks of one second at `rateHz`. Positions
+// asked of `read` only grow. Throws Abandoned when the user cancels or memory runs out after all,
+// FileError when the store fails, and what `read` throws; the document then has the samples it had
+// before.
 void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,
                  const SampleFeed& read);
 

@@ -2,6 +2,7 @@
 #include "document/sample_store.h"
 
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "document/sample_bytes.h"
@@ -26,7 +27,14 @@ File CreateStoreFile(const std::string& programDirectory, int& counter) {
 SampleStore::SampleStore(const std::string& programDirectory, int& counter)
     : file_(CreateStoreFile(programDirectory, counter)) {}
 
-SampleStore::~SampleStore() { DeleteClaimed(file_); }
+SampleStore::SampleStore(File samples)
+    : file_(std::move(samples)),
+      isDeletedWithOwner_(false),
+      length_(file_.Size() / std::int64_t{sizeof(std::int16_t)}) {}
+
+SampleStore::~SampleStore() {
+  if (isDeletedWithOwner_) DeleteClaimed(file_);
+}
 
 bool SampleStore::IsStoreName(std::string_view name) { return IsNumberedName(name, kStoreName); }
 

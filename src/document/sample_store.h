@@ -17,6 +17,8 @@ class SampleStore : public SampleSource {
  public:
   // Creates the first free name, counting `counter` up before each try. Throws FileError.
   SampleStore(const std::string& programDirectory, int& counter);
+  // Takes raw samples for its own as they are. Their file is not deleted with the store.
+  explicit SampleStore(File samples);
   ~SampleStore() override;
   SampleStore(const SampleStore&) = delete;
   SampleStore& operator=(const SampleStore&) = delete;
@@ -25,6 +27,8 @@ class SampleStore : public SampleSource {
   static bool IsStoreName(std::string_view name);
 
   const std::string& path() const { return file_.path(); }
+  // The samples for a reader that may outlive the store.
+  File Samples() const { return file_.Duplicate(); }
   // Both throw FileError naming the store when its bytes cannot be written.
   void Append(std::span<const std::int16_t> samples);
   // Replaces the samples from `start` on, which must lie within [0, length()).
@@ -38,6 +42,7 @@ class SampleStore : public SampleSource {
   void Put(std::int64_t start, std::span<const std::int16_t> samples);
 
   File file_;
+  bool isDeletedWithOwner_ = true;
   std::int64_t length_ = 0;
 };
 

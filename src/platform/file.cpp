@@ -46,6 +46,14 @@ File File::CreateTemporary(const std::string& path) {
   return File(descriptor.Release(), path);
 }
 
+File File::OpenTemporary(const std::string& path) {
+  Descriptor descriptor = OpenAt(AT_FDCWD, path, O_RDWR | O_NOFOLLOW | O_NONBLOCK);
+  if (!descriptor.isOpen()) ThrowErrno();
+  RequireRegularFile(descriptor.number());
+  LockExclusively(descriptor.number());
+  return File(descriptor.Release(), path);
+}
+
 File File::Create(const std::string& path) {
   File file = OpenForUpdate(path);
   file.Resize(0);
@@ -87,6 +95,19 @@ void File::Resize(std::int64_t bytes) {
   while (::ftruncate(descriptor_, bytes) != 0) {
     if (errno != EINTR) ThrowErrno();
   }
+}
+
+void File::Sync() {
+  while (::fdatasync(descriptor_) != 0) {
+    if (errno == EINVAL || errno == ENOSYS) return;
+    if (errno != EINTR) ThrowErrno();
+  }
+}
+
+File File::Duplicate() const {
+  const int number = ::fcntl(descriptor_, F_DUPFD_CLOEXEC, 0);
+  if (number < 0) ThrowErrno();
+  return File(number, path_);
 }
 
 void File::Close() {

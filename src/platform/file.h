@@ -26,6 +26,8 @@ class File {
   // Makes a file that was not there, for this user alone. Whatever has the name already, a symbolic
   // link included, makes it fail and stays as it is.
   static File CreateTemporary(const std::string& path);
+  // Opens such a file again, with its lock; a symbolic link makes it fail.
+  static File OpenTemporary(const std::string& path);
 
   File() = default;
   ~File();
@@ -44,6 +46,10 @@ class File {
   void Write(std::int64_t offset, std::span<const std::byte> bytes);
   // Cuts the file to `bytes`, or lengthens it by zeros.
   void Resize(std::int64_t bytes);
+  // Through to the disk. File systems that cannot say so count as success.
+  void Sync();
+  // The same file with its lock, for one that may outlive this one.
+  File Duplicate() const;
   void Close();
 
  private:

@@ -6,7 +6,7 @@
 #include <atomic>
 #include <mutex>
 
-#include "sound_fixture.h"
+#include "support/sound_samples.h"
 
 namespace cantorix {
 namespace {

@@ -10,7 +10,7 @@
 #include "audio/sample_ring.h"
 #include "audio/sound_rates.h"
 #include "audio/wave_event.h"
-#include "sound_fixture.h"
+#include "support/sound_samples.h"
 
 namespace cantorix {
 namespace {

@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "platform/file_error.h"
-#include "sound_fixture.h"
+#include "support/sound_samples.h"
 #include "support/child_process.h"
 #include "support/file_size_limit.h"
 #include "support/temporary_folder.h"

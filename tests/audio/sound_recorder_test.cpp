@@ -7,7 +7,7 @@
 
 #include <mutex>
 
-#include "sound_fixture.h"
+#include "support/sound_samples.h"
 #include "support/file_size_limit.h"
 #include "support/scripted_wave.h"
 #include "support/temporary_folder.h"

@@ -5,7 +5,7 @@
 
 #include "audio/sound_player.h"
 #include "audio/sound_recorder.h"
-#include "sound_fixture.h"
+#include "support/sound_samples.h"
 #include "support/scripted_wave.h"
 #include "support/virtual_clock.h"
 

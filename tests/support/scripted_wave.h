@@ -2,6 +2,7 @@
 // samples when the test says so, and that write down what was asked of them.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -51,6 +52,7 @@ template <typename Feed>
 class ScriptedDevice {
  public:
   CallScript script;
+  std::atomic<DeviceHealth> health{DeviceHealth::kRunning};
   // Of the latest Open.
   WaveFormat format;
   std::shared_ptr<WaveEvent> event;
@@ -86,6 +88,11 @@ class ScriptedDevice {
     feed_->ReturnHeaders();
     return true;
   }
+  template <typename Status>
+  Status Told(Status status) const {
+    status.health = health;
+    return status;
+  }
   bool CloseFeed() {
     if (!GiveBack("Close")) return false;
     isOpen_ = false;
@@ -116,10 +123,12 @@ class ScriptedIn : public WaveIn, public ScriptedDevice<InputFeed> {
   }
   bool Reset() override { return GiveBack("Reset"); }
   bool Close() override { return CloseFeed(); }
-  WaveInStatus Status() const override { return feed() ? feed()->Status() : WaveInStatus{}; }
+  WaveInStatus Status() const override { return Told(feed() ? feed()->Status() : WaveInStatus{}); }
 
   // Brings samples, as the callback of a device does; also after the device was closed.
-  void Deliver(std::span<const std::int16_t> samples) { feed()->Take(samples, nullptr); }
+  void Deliver(std::span<const std::int16_t> samples) { feed()->Take(samples, tap.get()); }
+
+  std::shared_ptr<LevelTap> tap;  // or none
 
  private:
   bool Capture(const std::string& name, bool on) {
@@ -144,7 +153,7 @@ class ScriptedOut : public WaveOut, public ScriptedDevice<OutputFeed> {
   bool Reset() override { return GiveBack("Reset"); }
   bool Close() override { return CloseFeed(); }
   WaveOutStatus Status() const override {
-    return feed() ? feed()->Status(nowNs_) : WaveOutStatus{};
+    return Told(feed() ? feed()->Status(nowNs_) : WaveOutStatus{});
   }
 
   // Takes `count` samples as the callback of a device does; they are heard at once.

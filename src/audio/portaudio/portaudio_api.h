@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-namespace cantorix {
+#include "audio/sound_host.h"
 
-enum class SoundDirection { kIn, kOut };
+namespace cantorix {
 
 struct HostDevice {
   int index = 0;

@@ -1,4 +1,4 @@
-// sound_fixture.h - samples that tell their place, and waiting for another thread.
+// sound_samples.h - samples that tell their place, and waiting for another thread.
 #pragma once
 
 #include <gtest/gtest.h>
