@@ -22,7 +22,6 @@ constexpr std::array kFactNames{
     FactName{fact::kUndo, "undo"},
     FactName{fact::kClipboard, "clipboard"},
     FactName{fact::kLogOpen, "log open"},
-    FactName{fact::kSound, "sound"},
     FactName{fact::kRecordAllowed, "no recording runs"},
 };
 
@@ -42,7 +41,7 @@ Facts FactsOf(const CSonadexView* view) {
          When(document.isModified(), fact::kModified) | When(view->undoAvailable, fact::kUndo) |
          When(services.clipboard.clipboardFull, fact::kClipboard) |
          When(services.openLog && services.openLog() != nullptr, fact::kLogOpen) |
-         When(sound.available, fact::kSound) | When(!sound.recording, fact::kRecordAllowed);
+         When(!sound.recording, fact::kRecordAllowed);
 }
 
 bool IsEnabled(const CommandRow& row, Facts facts) { return (row.needs & ~facts) == 0U; }

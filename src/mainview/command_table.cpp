@@ -23,7 +23,6 @@ constexpr Facts kLoaded = kOwn | fact::kLoaded;
 constexpr Facts kSelected = kLoaded | fact::kSelection;
 constexpr Facts kMarked = kLoaded | fact::kMarker;
 constexpr Facts kLogged = kLoaded | fact::kLogOpen;
-constexpr Facts kHeard = kLoaded | fact::kSound;
 
 constexpr bool kSeparator = true;
 
@@ -149,16 +148,15 @@ constexpr std::array kTable{
                ReferenceAndGain},
 
     // Record/Play
-    CommandRow{Command::kRecord, Menu::kRecordPlay, "Record", "Ctrl+R",
-               kOwn | fact::kSound | fact::kRecordAllowed, "Start recording", "Record",
-               ByFrame<&Frame::Record>, false, 4},
-    CommandRow{Command::kPlayAll, Menu::kRecordPlay, "Play All", "Ctrl+Y", kHeard,
+    CommandRow{Command::kRecord, Menu::kRecordPlay, "Record", "Ctrl+R", kOwn | fact::kRecordAllowed,
+               "Start recording", "Record", ByFrame<&Frame::Record>, false, 4},
+    CommandRow{Command::kPlayAll, Menu::kRecordPlay, "Play All", "Ctrl+Y", kLoaded,
                "Play the whole file", "Play All", ByFrame<&Frame::Play, Stretch::kAll>, kSeparator,
                4},
-    CommandRow{Command::kPlaySelection, Menu::kRecordPlay, "Play Selection", "Ctrl+U",
-               kHeard | fact::kSelection, "Play the selected section of the file", "Play Selection",
+    CommandRow{Command::kPlaySelection, Menu::kRecordPlay, "Play Selection", "Ctrl+U", kSelected,
+               "Play the selected section of the file", "Play Selection",
                ByFrame<&Frame::Play, Stretch::kSelection>, false, 4},
-    CommandRow{Command::kPlayWindow, Menu::kRecordPlay, "Play Window", "", kHeard,
+    CommandRow{Command::kPlayWindow, Menu::kRecordPlay, "Play Window", "", kLoaded,
                "Play the section of the file displayed in the current window", "Play Window",
                ByFrame<&Frame::Play, Stretch::kWindow>, false, 4},
 
@@ -240,7 +238,7 @@ constexpr std::array kTable{
     CommandRow{Command::kDisplayOptions, Menu::kOptions, "Display", "", kLoaded,
                "Choose what the main view draws", "Display Options",
                ByFrame<&Frame::ShowDisplayOptions>},
-    CommandRow{Command::kRecordPlayOptions, Menu::kOptions, "Record/Play", "", kOpen | fact::kSound,
+    CommandRow{Command::kRecordPlayOptions, Menu::kOptions, "Record/Play", "", kOpen,
                "Set input, rate and levels of recording and playback", "Record/Play Options",
                ByFrame<&Frame::ShowRecordPlayOptions>},
     CommandRow{Command::kZoomOptions, Menu::kOptions, "Zoom...", "", kLoaded,

@@ -147,8 +147,7 @@ inline constexpr Facts kModified = 1U << 7U;
 inline constexpr Facts kUndo = 1U << 8U;
 inline constexpr Facts kClipboard = 1U << 9U;
 inline constexpr Facts kLogOpen = 1U << 10U;
-inline constexpr Facts kSound = 1U << 11U;          // sound can be recorded and played
-inline constexpr Facts kRecordAllowed = 1U << 12U;  // no recording runs anywhere
+inline constexpr Facts kRecordAllowed = 1U << 11U;  // no recording runs anywhere
 }  // namespace fact
 
 struct CommandRow {

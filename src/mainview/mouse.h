@@ -9,9 +9,9 @@
 
 namespace cantorix {
 
-// Client pixels. A press outside the client area or without a recording is ignored, and then so are
-// the move and the release that follow it. Throw FileError when the store cannot be read and
-// Abandoned when the user gives up an edit of a label.
+// Client pixels. A press that ends a recording does nothing else. A press outside the client area
+// or without a recording is ignored, and then so are the move and the release that follow it. Throw
+// FileError when the store cannot be read and Abandoned when the user gives up an edit of a label.
 void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y);

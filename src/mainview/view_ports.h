@@ -55,17 +55,18 @@ class ViewListener {
 
 // Sound in the program as a view and its commands see it.
 struct SoundState {
-  bool available = false;      // sound can be recorded and played
   bool recording = false;      // into any document
   bool recordingHere = false;  // into this view's document
 };
 
-// Playback as the view sees it.
+// Sound as a view reaches it.
 class PlaybackControl {
  public:
   virtual ~PlaybackControl() = default;
-  // Ends a playback in progress at once; does nothing otherwise.
+  // Ends a playback of the view's document at once; does nothing otherwise.
   virtual void StopPlayback() = 0;
+  // Ends a recording into the view's document, which becomes that recording. False when none runs.
+  virtual bool EndRecording() { return false; }
   virtual SoundState Sound() const { return {}; }
 };
 

@@ -8,9 +8,9 @@
 #include <fstream>
 
 #include "platform/file_error.h"
-#include "support/sound_samples.h"
 #include "support/child_process.h"
 #include "support/file_size_limit.h"
+#include "support/sound_samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {

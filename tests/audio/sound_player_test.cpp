@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/file_error.h"
-#include "support/sound_samples.h"
 #include "support/scripted_wave.h"
+#include "support/sound_samples.h"
 #include "support/temporary_folder.h"
 #include "support/virtual_clock.h"
 

@@ -7,9 +7,9 @@
 
 #include <mutex>
 
-#include "support/sound_samples.h"
 #include "support/file_size_limit.h"
 #include "support/scripted_wave.h"
+#include "support/sound_samples.h"
 #include "support/temporary_folder.h"
 #include "support/virtual_clock.h"
 

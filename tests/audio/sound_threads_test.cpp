@@ -5,8 +5,8 @@
 
 #include "audio/sound_player.h"
 #include "audio/sound_recorder.h"
-#include "support/sound_samples.h"
 #include "support/scripted_wave.h"
+#include "support/sound_samples.h"
 #include "support/virtual_clock.h"
 
 namespace cantorix {

@@ -19,14 +19,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // What a state holds, as letters: d a document, l loaded, z zoomed, m marker or s selection shown,
-// v selection to save, c changed, u undo, p clipboard, g log open, a sound, r recording into the
-// document, o into another one.
+// v selection to save, c changed, u undo, p clipboard, g log open, r recording into the document,
+// o into another one.
 using State = std::string_view;
 
-constexpr State kStates[] = {
-    "",     "d",   "dp",   "dc",   "dg",   "da",          "dl",         "dlz",        "dlm",
-    "dls",  "dlv", "dlc",  "dlu",  "du",   "dlg",         "dlgm",       "dlgs",       "dm",
-    "dzsv", "dla", "dlas", "dlao", "dlar", "dlzsvcupgar", "dlzsvcupga", "dlzmcupgar", "dlzmcupga"};
+constexpr State kStates[] = {"",           "d",         "dp",        "dc",      "dg",  "dl",  "dlz",
+                             "dlm",        "dls",       "dlv",       "dlc",     "dlu", "du",  "dlg",
+                             "dlgm",       "dlgs",      "dm",        "dzsv",    "do",  "dlo", "dlr",
+                             "dlzsvcupgr", "dlzsvcupg", "dlzmcupgr", "dlzmcupg"};
 
 // The menus from the bar on. "-" stands before a group of entries, a number after the text of one
 // that has a button in that group of the tool bar, "*" after one that works during another
@@ -44,7 +44,7 @@ constexpr State kMenus =
 [&View]|Toolbar:|Status Bar:
 [&Zoom]|In 3:li|Out 3:lzi|Selection 3:lsi|From Cursor for Duration:lmi|Home 3:li|UnZoom 3:li
 [Reference/&Gain]|Reference/Gain...:li
-[&Record/Play]|Record 4:dan|-Play All 4:lai|Play Selection 4:lasi|Play Window 4:lai
+[&Record/Play]|Record 4:dn|-Play All 4:li|Play Selection 4:lsi|Play Window 4:li
 [&Analysis]|FFT/LPC 5:lmi|FFT/LPC Selection:lsi|-Spectrogram All:li|Spectrogram Selection:lsi
 |Spectrogram Window 5:li|-Pitch All 5:li|Pitch Selection:lsi|Pitch Window:li
 []|Intensity 5:li|Smooth 5:li|Set Channels Reference All 5:li
@@ -52,7 +52,7 @@ constexpr State kMenus =
 |-Vew Labels 6:li
 [&Log]|New:d|Open...:d|Save:dg|Save As...:dg|-Enter Duration:glsi|Enter Pitch at Marker:glmi
 |Enter Pitch Selection:glsi|Enter Pitch All:gli|Enter Labels Selection:glsi|Enter Labels All:gli
-[&Options]|Display:li|Record/Play:da|-Zoom...:li|FFT/LPC...:li|Spectrogram...:li|Pitch...:li
+[&Options]|Display:li|Record/Play:d|-Zoom...:li|FFT/LPC...:li|Spectrogram...:li|Pitch...:li
 |Intensity...:li|Log...:li
 [&Window]|New Window:di|Cascade:d|Tile:d|Arrange Icons:d|-Close Status Window*:d
 [&Help]|Help Topics 7:|-&About Sonadex...:)";
@@ -93,7 +93,7 @@ class SoundInState : public CountingPlayback {
   explicit SoundInState(State state) : state_(state) {}
   SoundState Sound() const override {
     const bool here = Holds(state_, 'r');
-    return {Holds(state_, 'a'), here || Holds(state_, 'o'), here};
+    return {here || Holds(state_, 'o'), here};
   }
 
  private:
