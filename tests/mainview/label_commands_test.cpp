@@ -20,24 +20,18 @@
 namespace cantorix {
 namespace {
 
-LabelAnswer Answering(const std::string& text, double ms = 0.0) {
-  LabelAnswer answer;
-  answer.label.text = text;
-  answer.label.timeMs = ms;
-  return answer;
-}
+LabelAnswer Answering(const std::string& text, double ms = 0.0) { return {LabelOf(ms, text)}; }
 
 class LabelCommandsTest : public LabelTest {
  protected:
   DialogScript<LabelAnswer, LabelPreset>& dialog = world.dialogs.label;
 
-  void Press(std::int32_t x, std::int32_t y) { PressMouse(view, x, y); }
   void DragTo(std::int32_t x, std::int32_t y) {
     MoveMouse(view, x, y);
     ReleaseMouse(view, x, y);
   }
   void Click(std::int32_t x, std::int32_t y) {
-    Press(x, y);
+    PressMouse(view, x, y);
     ReleaseMouse(view, x, y);
   }
 };
@@ -48,10 +42,10 @@ TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
     std::function<void()> change;
     const char* words;
   } cases[] = {
-      {"add", [this] { AddLabelToTier(view, kWords, Answering("new", 3000.0).label); },
+      {"add", [this] { AddLabelToTier(view, kWords, LabelOf(3000.0, "new")); },
        "one@2000 two@6000 new@3000"},
       {"edit: to the end of its tier",
-       [this] { EditLabel(view, kWords, 0, Answering("ONE", 2000.0).label); },
+       [this] { EditLabel(view, kWords, 0, LabelOf(2000.0, "ONE")); },
        "two@6000 new@3000 ONE@2000"},
       {"move: in its place", [this] { MoveLabel(view, kWords, 0, 9000.0, 0.25); },
        "two@9000 new@3000 ONE@2000"},
@@ -65,8 +59,7 @@ TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
     playback.stops = 0;
     c.change();
     EXPECT_EQ(Words(), c.words);
-    EXPECT_TRUE(view.undoAvailable);
-    EXPECT_TRUE(document.isModified());
+    EXPECT_EQ(EditOf(view), "undo modified");
     ASSERT_EQ(listener.notices.size(), 1U);
     EXPECT_EQ(listener.notices[0], DocumentChange::kLabels | DocumentChange::kTitle);
     EXPECT_EQ(playback.stops, 1);
@@ -98,22 +91,19 @@ TEST_F(LabelCommandsTest, LabelsThatDoNotExistAreIgnored) {
     AskToEditLabel(view, tierIndex, index);
   }
   AddLabelToTier(view, 10, {});
-  EXPECT_FALSE(document.isModified());
-  EXPECT_FALSE(view.undoAvailable);
+  EXPECT_EQ(EditOf(view), "no undo");
 }
 
 TEST_F(LabelCommandsTest, ChangeWithoutAnUndoFileIsAbandoned) {
-  const std::string before = Words();
   ViewServices services = world.Services();
   services.temporaryDirectory = world.temporary / "gone/";
   CSonadexView refused(document, services);
-  refused.Begin(kWideClient);
   EXPECT_THROW(AddLabelToTier(refused, kWords, {}), Abandoned);
   EXPECT_THROW(EditLabel(refused, kWords, 0, {}), Abandoned);
   EXPECT_THROW(MoveLabel(refused, kWords, 0, 0.0, 0.0), Abandoned);
   EXPECT_THROW(DeleteLabel(refused, kWords, 0), Abandoned);
   EXPECT_THROW(ImportLabelLines(refused, kWords, "1\ta", {}), Abandoned);
-  EXPECT_EQ(Words(), before);
+  EXPECT_EQ(Words(), "one@2000 two@6000");
   EXPECT_FALSE(document.isModified());
   world.test.prompts.TakeTranscript();
 }
@@ -122,32 +112,28 @@ TEST_F(LabelCommandsTest, ClickInEntryModeAddsEditsOrDeletes) {
   ToggleLabelEntry(view);
   dialog.WillGive(Answering("new", 4000.0));
   Click(40 + 400, 10);  // empty space of "words"
-  EXPECT_EQ(dialog.presets[0].label.timeMs, 4000.0);
-  EXPECT_EQ(dialog.presets[0].label.verticalPosition, 0.7);
-  EXPECT_FALSE(dialog.presets[0].exists);
   EXPECT_EQ(Words(), "one@2000 two@6000 new@4000");
-
   dialog.WillGive(Answering("ONE", 2000.0));
   Click(40 + 205, 28);
-  EXPECT_EQ(dialog.presets[1].label.text, "one");
-  EXPECT_TRUE(dialog.presets[1].exists);
   EXPECT_EQ(Words(), "two@6000 new@4000 ONE@2000");
-
   dialog.WillGive(LabelAnswer{.label = {}, .remove = true});
   Click(40 + 605, 28);
   EXPECT_EQ(Words(), "new@4000 ONE@2000");
-
   dialog.WillGive(Answering("pause"));
   Click(40 + 205, 45);  // the tier below
   EXPECT_EQ(LabelsOf(channel, kBreaks), "pause@0");
+  EXPECT_EQ(JoinedEach(dialog.presets,
+                       [](const LabelPreset& preset) {
+                         return Joined(preset.exists, preset.label.text, preset.label.timeMs);
+                       }),
+            "0  4000 1 one 2000 1 two 6000 0  2050");
 }
 
 TEST_F(LabelCommandsTest, LabelsWithoutTextAreNotAddedAndDeletedWhenTheUserAgrees) {
   ToggleLabelEntry(view);
-  const std::string before = Words();
   dialog.WillGive(Answering(" \t", 4000.0));
   Click(40 + 400, 10);
-  EXPECT_EQ(Words(), before);
+  EXPECT_EQ(Words(), "one@2000 two@6000");
   for (const Answer answer : {Answer::kCancel, Answer::kOk}) {
     dialog.WillGive(Answering("", 2000.0));
     world.test.prompts.WillAnswer(answer);
@@ -155,74 +141,67 @@ TEST_F(LabelCommandsTest, LabelsWithoutTextAreNotAddedAndDeletedWhenTheUserAgree
     EXPECT_EQ(world.test.prompts.TakeTranscript(),
               std::vector<std::string>{
                   "ask ok/cancel: A label without text cannot be seen.\nDelete it ?"});
-    EXPECT_EQ(Words(), answer == Answer::kOk ? "two@6000" : before);
+    EXPECT_EQ(Words(), answer == Answer::kOk ? "two@6000" : "one@2000 two@6000");
   }
 }
 
 TEST_F(LabelCommandsTest, PressesThatAskNothing) {
-  const std::string before = Words();
   Click(40 + 205, 28);  // entry mode is off
   ToggleLabelEntry(view);
   Click(40 + 400, 150);  // in the waveform
   Click(20, 10);         // left of the tiers
-  Press(40 + 400, 150);
+  PressMouse(view, 40 + 400, 150);
   DragTo(40 + 403, 10);  // from the waveform into a tier
-  Press(40 + 400, 10);
+  PressMouse(view, 40 + 400, 10);
   DragTo(40 + 403, 150);  // and back
-  Press(40 + 400, 10);
+  PressMouse(view, 40 + 400, 10);
   DragTo(40 + 500, 10);  // a drag over empty tier space selects
   EXPECT_TRUE(view.selectionShown());
-  dialog.WillCancel();
-  Click(40 + 205, 28);  // a cancelled dialog
-  dialog.WillCancel();
-  Click(40 + 400, 10);
-  EXPECT_EQ(Words(), before);
-  EXPECT_FALSE(document.isModified());
-  EXPECT_FALSE(view.undoAvailable);
+  for (const std::int32_t x : {205, 400}) {
+    dialog.WillCancel();
+    Click(40 + x, 28);
+  }
+  EXPECT_EQ(Words(), "one@2000 two@6000");
+  EXPECT_EQ(EditOf(view), "no undo");
 }
 
 TEST_F(LabelCommandsTest, DraggedLabelStaysWhereItIsDropped) {
   ToggleLabelEntry(view);
-  Press(40 + 205, 28);
+  PressMouse(view, 40 + 205, 28);
   MoveMouse(view, 40 + 300, 10);
   EXPECT_EQ(view.labelEntry.label.timeMs, 3000.0);
-  EXPECT_EQ(tier(kWords).labels[0].timeMs, 2000.0);  // moved at the release only
-  EXPECT_EQ(channel.selectionLength.ms, 0.0);
+  EXPECT_EQ(Words(), "one@2000 two@6000") << "moved at the release only";
+  EXPECT_EQ(MarksOf(view), "marker 2050 of 2050 2050 = 0");
   DragTo(40 + 700, 80);  // below the tier
-  EXPECT_FALSE(view.selectionShown());
-  EXPECT_FALSE(view.press.draggedLabel);
+  EXPECT_FALSE(view.selectionShown() || view.press.draggedLabel);
   EXPECT_EQ(Words(), "one@7000 two@6000");
   EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 1.0);
 
-  Press(40 + 605, 28);
+  PressMouse(view, 40 + 605, 28);
   DragTo(40 + 605, 10);  // up only
   EXPECT_EQ(tier(kWords).labels[1].verticalPosition, 0.25);
 }
 
 TEST_F(LabelCommandsTest, FirstOfOverlappingLabelsIsPressed) {
   AddLabel(document, kWords, 2010.0, "hidden");
-  HitTestLabels(view, 40 + 203, 28);
-  EXPECT_EQ(view.labelEntry.currentTier, kWords);
-  EXPECT_EQ(view.labelEntry.pressedLabel, 0);
-  HitTestLabels(view, 40 + 230, 28);
-  EXPECT_EQ(view.labelEntry.pressedLabel, 2);
+  const auto hit = [this](std::int32_t x) {
+    HitTestLabels(view, 40 + x, 28);
+    return Joined(view.labelEntry.currentTier, view.labelEntry.pressedLabel);
+  };
+  EXPECT_EQ(hit(203), "1 0");
+  EXPECT_EQ(hit(230), "1 2");
   tier(kWords).inUse = false;
   view.LayOut(kWideClient);
-  HitTestLabels(view, 40 + 203, 28);
-  EXPECT_EQ(view.labelEntry.currentTier, -1);
-  EXPECT_EQ(view.labelEntry.pressedLabel, -1);
+  EXPECT_EQ(hit(203), "-1 -1");
 }
 
 TEST_F(LabelCommandsTest, ListShowsTiersInUseAndActsOnTheSelectedRow) {
   AddLabel(document, kBreaks, 1000.0, "b");
   AddLabel(document, 0, 500.0, "of a tier that is not in use");
   tier(0).inUse = false;
-  auto rows = LabelListRows(document);
-  ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[1].tierName, "words");
-  EXPECT_EQ(rows[1].text, "two");
-  EXPECT_EQ(rows[2].tierName, "breaks");
-
+  const auto rows = LabelListRows(document);
+  EXPECT_EQ(JoinedEach(rows, [](const auto& row) { return row.tierName + ":" + row.text; }),
+            "words:one words:two breaks:b");
   document.settings.zoomRangeMs = 1000.0;
   ZoomToLabel(view, rows[1]);
   EXPECT_EQ(channel.visibleStart.ms, 5500.0);

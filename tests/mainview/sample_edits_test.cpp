@@ -13,32 +13,20 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class SampleEditsTest : public ViewTest {
- protected:
-  void StoreConfiguration() {
-    const Settings settings{{}, DefaultDocumentSettings()};
-    ASSERT_TRUE(WriteConfiguration(ConfigPath(world.test.folder.path()), settings));
-  }
-  GainSettings StoredGain() {
-    Settings settings;
-    EXPECT_TRUE(DecodeRecord(ReadConfiguration(ConfigPath(world.test.folder.path())), settings));
-    return settings.document.gain;
-  }
-};
+using SampleEditsTest = ViewTest;
 
 TEST_F(SampleEditsTest, ClearSetsTheSelectionOfTheFirstChannelAloneIsKept) {
   ViewedRecording talk(world, Ramp(8, 100));
   talk.document.channelCount = 2;
   AssignOrReport(talk.document.channels[1], talk.channel(), world.test.memory, world.test.prompts);
   talk.channel().referenceLevel = -2.9;
-  talk.channel().selectionStart = {2.5, 2.5};
-  talk.channel().selectionEnd = {5.75, 5.75};
-  talk.view.SetSelection();
+  SelectSamples(talk, 2.5, 5.75);
   ClearToReference(talk.view);
   EXPECT_EQ(talk.samples(), (Samples{100, 101, -2, -2, -2, 105, 106, 107}));
   EXPECT_THAT(talk.document.channels[1].samples.samples(),
               ElementsAre(100, 101, 102, 103, 104, 105, 106, 107));
-  EXPECT_TRUE(talk.view.undoAvailable && talk.document.isModified() && talk.view.selectionShown());
+  EXPECT_EQ(EditOf(talk.view), "undo modified");
+  EXPECT_TRUE(talk.view.selectionShown());
 }
 
 TEST_F(SampleEditsTest, GainWrapsAroundIsKept) {
@@ -63,7 +51,6 @@ TEST_F(SampleEditsTest, GainWrapsAroundIsKept) {
       ViewedRecording talk(world, row.before, 2.0, place);
       ApplyReferenceAndGain(talk.view, row.gain);
       EXPECT_EQ(talk.samples(), row.after);
-      EXPECT_TRUE(talk.document.isModified());
       Undo(talk.view);
       EXPECT_EQ(talk.samples(), row.before);
     }
@@ -71,7 +58,8 @@ TEST_F(SampleEditsTest, GainWrapsAroundIsKept) {
 }
 
 TEST_F(SampleEditsTest, GainWarnsAndNeitherAnswerSavesIsKept) {
-  StoreConfiguration();
+  const std::string path = ConfigPath(world.test.folder.path());
+  ASSERT_TRUE(WriteConfiguration(path, {{}, DefaultDocumentSettings()}));
   const char* const kQuestion =
       "ask yes/no/cancel: This operation will change the current data permanently.\n"
       "Save ' talk.qrv ' before proceeding ?";
@@ -79,21 +67,20 @@ TEST_F(SampleEditsTest, GainWarnsAndNeitherAnswerSavesIsKept) {
     ViewedRecording talk(world, {100});
     talk.document.SetPathName("/nowhere/talk.qrv");
     talk.document.settings.gain = {12.9, -3.9};
+    world.dialogs.gain.WillCancel();
+    ReferenceAndGain(talk.view);
     world.dialogs.gain.WillGive({100.0, 1.0});
     world.test.prompts.WillAnswer(answer);
     ReferenceAndGain(talk.view);
-    EXPECT_EQ(world.dialogs.gain.presets.back().gainPercent, 12.0);
-    EXPECT_EQ(world.dialogs.gain.presets.back().reference, -3.0);
+    const GainSettings& preset = world.dialogs.gain.presets.back();
+    EXPECT_EQ(Joined(preset.gainPercent, preset.reference), "12 -3");
     EXPECT_THAT(world.test.prompts.TakeTranscript(), ElementsAre(kQuestion));
     EXPECT_EQ(talk.samples(), answer == Answer::kCancel ? Samples{100} : Samples{202});
     EXPECT_EQ(talk.view.undoAvailable, answer != Answer::kCancel);
-    EXPECT_EQ(StoredGain().gainPercent, 100.0);
-    EXPECT_EQ(StoredGain().reference, 1.0);
+    Settings stored;
+    ASSERT_TRUE(DecodeRecord(ReadConfiguration(path), stored));
+    EXPECT_EQ(Joined(stored.document.gain.gainPercent, stored.document.gain.reference), "100 1");
   }
-  ViewedRecording talk(world, {100});
-  world.dialogs.gain.WillCancel();
-  ReferenceAndGain(talk.view);
-  EXPECT_EQ(talk.samples(), Samples{100});
 }
 
 TEST_F(SampleEditsTest, CancelledGainLeavesTheBlocksBeforeItChangedIsKept) {
@@ -102,7 +89,7 @@ TEST_F(SampleEditsTest, CancelledGainLeavesTheBlocksBeforeItChangedIsKept) {
   world.test.progress = CancellingProgress(5);
   EXPECT_THROW(ApplyReferenceAndGain(talk.view, {0.0, 100.0}), Abandoned);
   EXPECT_EQ(talk.samples(), (Samples{100, 101, 102, 103, 104, 105, 106, 107, 8, 9}));
-  EXPECT_TRUE(talk.document.isModified() && talk.view.undoAvailable);
+  EXPECT_EQ(EditOf(talk.view), "undo modified");
   world.test.progress = CancellingProgress();
   Undo(talk.view);
   EXPECT_EQ(talk.samples(), Ramp(10));
@@ -131,17 +118,14 @@ TEST_F(SampleEditsTest, ReferenceIsTheMeanOfTheSelectionOrTheVisibleStretch) {
   for (const Place place : {Place::kMemory, Place::kDisk}) {
     ViewedRecording talk(world, {10, 20, 30, 41, -32768}, 2.0, place);
     talk.view.pitch.PitchValid = true;
-    talk.channel().selectionStart = {1.0, 500.0};
-    talk.channel().selectionEnd = {4.0, 2000.0};
-    talk.view.SetSelection();
+    SelectSamples(talk, 1.0, 4.0);
     CSonadexView other(talk.document, world.Services());
-    other.Begin({645, 500});
     other.pitch.PitchValid = other.undoAvailable = true;
     SetReferenceOfAllChannels(talk.view);
     EXPECT_EQ(talk.channel().referenceLevel, 91.0 / 3.0);
-    EXPECT_TRUE(talk.view.pitch.PitchValid && talk.document.isModified());
-    // No sample has changed: the other view keeps its track, though its undo is another's now.
-    EXPECT_TRUE(other.pitch.PitchValid && !other.undoAvailable);
+    EXPECT_EQ(EditOf(talk.view), "undo modified");
+    // No sample has changed: the views keep their tracks, though the undo is this one's now.
+    EXPECT_TRUE(talk.view.pitch.PitchValid && other.pitch.PitchValid && !other.undoAvailable);
     talk.view.DropMarks();
     talk.channel().visibleEnd = {2.0, 1000.0};
     SetReferenceOfAllChannels(talk.view);

@@ -26,17 +26,15 @@ class TierCommandsTest : public LabelTest {
     }
     return setups;
   }
-  // The import dialog's answer and the file's content.
-  void WillImport(const std::string& tierName, const std::string& text,
-                  const LabelImportOptions& options = {}) {
+  // Answers the import dialog, and the file dialog with a file of `text`, and imports.
+  std::vector<std::string> Import(const std::string& tierName, const std::string& text,
+                                  const LabelImportOptions& options = {}) {
     const std::string path = world.test.folder / "labels.TXT";
     WriteBytes(path, std::as_bytes(std::span(text)));
     dialogs.labelImport.WillGive(LabelImportAnswer{tierName, options});
-    world.test.prompts.WillChooseFile(path);
-  }
-  void ImportQuietly() {
+    world.test.prompts.WillChooseFile(text == "missing" ? world.test.folder / "missing" : path);
     ImportLabels(view);
-    world.test.prompts.TakeTranscript();
+    return world.test.prompts.TakeTranscript();
   }
 };
 
@@ -55,7 +53,7 @@ TEST_F(TierCommandsTest, OkSetsTheTiersOfThisRecordingAndTheNamesOfNewOnes) {
   EXPECT_EQ(tier(0).name, std::string(70, 'n'));
   EXPECT_EQ(view.layout.tier(0).bottom, 25);  // laid out again
   EXPECT_EQ(tier(9).tierWord, 1);
-  EXPECT_TRUE(document.isModified());
+  EXPECT_EQ(EditOf(view), "no undo modified");
   EXPECT_EQ(Words(), "one@2000 two@6000");  // labels of a tier out of use are not lost
   ASSERT_EQ(listener.notices.size(), 1U);
   EXPECT_TRUE(listener.notices[0].Has(DocumentChange::kLabels));
@@ -75,27 +73,24 @@ TEST_F(TierCommandsTest, CancelAndUnchangedTiersLeaveTheDocumentUnmodified) {
 
 // Importing is not counted as editing; the question on closing is left to the user's next edit.
 TEST_F(TierCommandsTest, ImportAppendsWithoutMarkingModifiedIsKept) {
-  WillImport("words", "3\tthree\r\n1\tone more\r\nnone\r\n",
-             {.unit = TimeStampUnit::kSeconds, .alignment = kAlignRight, .addLine = true});
   listener = {};
-  ImportLabels(view);
-  EXPECT_THAT(world.test.prompts.TakeTranscript(),
+  EXPECT_THAT(Import("words", "3\tthree\r\n1\tone more\r\nnone\r\n",
+                     {.unit = TimeStampUnit::kSeconds, .alignment = kAlignRight, .addLine = true}),
               ElementsAre("open: Open Label file to import into a tier"));
   const FileRequest& request = world.test.prompts.fileRequests[0];
-  EXPECT_EQ(request.filter, "Label files (*.TXT)|*.TXT||");
-  EXPECT_EQ(request.proposedName, "LabelFile");
-  EXPECT_TRUE(request.fileMustExist);
+  EXPECT_EQ(Joined(request.filter, request.proposedName, request.fileMustExist),
+            "Label files (*.TXT)|*.TXT|| LabelFile 1");
   EXPECT_THAT(dialogs.labelImport.presets[0].tierNames, ElementsAre("words", "breaks"));
   EXPECT_EQ(Words(), "one@2000 two@6000 three@3000 one more@1000");
-  EXPECT_FALSE(document.isModified());
-  EXPECT_TRUE(view.undoAvailable);
+  EXPECT_EQ(EditOf(view), "undo");
   ASSERT_EQ(listener.notices.size(), 1U);
   EXPECT_TRUE(listener.notices[0].Has(DocumentChange::kLabels));
 
   // The choices are the next import's defaults, whether or not a file follows.
   dialogs.labelImport.WillGive(LabelImportAnswer{"breaks", {.alignment = kAlignCentre}});
   world.test.prompts.WillCancel();
-  ImportQuietly();
+  ImportLabels(view);
+  world.test.prompts.TakeTranscript();
   EXPECT_EQ(dialogs.labelImport.presets[1].options.unit, TimeStampUnit::kSeconds);
   EXPECT_TRUE(dialogs.labelImport.presets[1].options.addLine);
   EXPECT_EQ(document.labelImport.alignment, kAlignCentre);
@@ -104,17 +99,11 @@ TEST_F(TierCommandsTest, ImportAppendsWithoutMarkingModifiedIsKept) {
 TEST_F(TierCommandsTest, NothingToImportChangesNothing) {
   listener = {};
   playback.stops = 0;
-  for (const char* text : {"", "no numbers\n"}) {
-    WillImport("words", text);
-    ImportQuietly();
-  }
-  dialogs.labelImport.WillGive(LabelImportAnswer{"words", {}});
-  world.test.prompts.WillChooseFile(world.test.folder / "missing.TXT");
-  ImportQuietly();
+  for (const char* text : {"", "no numbers\n", "missing"}) Import("words", text);
   dialogs.labelImport.WillCancel();
   ImportLabels(view);
   EXPECT_EQ(Words(), "one@2000 two@6000");
-  EXPECT_FALSE(view.undoAvailable || document.isModified());
+  EXPECT_EQ(EditOf(view), "no undo");
   EXPECT_THAT(listener.notices, IsEmpty());
   EXPECT_EQ(playback.stops, 0);
 }
@@ -122,8 +111,7 @@ TEST_F(TierCommandsTest, NothingToImportChangesNothing) {
 TEST_F(TierCommandsTest, LaterTierInUseWinsOnEqualNames) {
   tier(kBreaks).name = "words";
   tier(7).name = "words";  // not in use
-  WillImport("words", "1\ta");
-  ImportQuietly();
+  Import("words", "1\ta");
   EXPECT_EQ(LabelsOf(channel, kBreaks), "a@1");
 }
 
@@ -131,15 +119,13 @@ TEST_F(TierCommandsTest, ImportWithoutATierInUseAsksForTiersFirst) {
   tier(kWords).inUse = tier(kBreaks).inUse = false;
   dialogs.tiers.WillCancel();
   ImportLabels(view);
-  dialogs.tiers.WillGive(Setups());  // still none
+  TierSetups setups = Setups();
+  dialogs.tiers.WillGive(setups);  // still none
   ImportLabels(view);
   EXPECT_THAT(dialogs.labelImport.presets, IsEmpty());
-
-  TierSetups setups = Setups();
   setups[3].inUse = true;
   dialogs.tiers.WillGive(setups);
-  WillImport("misc", "1\ta");
-  ImportQuietly();
+  Import("misc", "1\ta");
   EXPECT_EQ(LabelsOf(channel, 3), "a@1");
 }
 

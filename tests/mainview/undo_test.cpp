@@ -50,13 +50,12 @@ TEST_F(UndoTest, FileIsANativeSaveOfTheWholeRecording) {
     AddLabel(talk.document, 3, 12.0, "a");
     talk.document.hasSelection = true;
     talk.channel().selectionEnd = {100.0, 100.0};
-    SaveUndoFile(talk.view);
-    EXPECT_TRUE(talk.view.undoAvailable);
-    EXPECT_EQ(ReadBytes(UndoPath()), NativeSave(talk.document));
-    // A second save of less leaves nothing of the first.
-    Hold(talk.document, Ramp(5), 1000.0);
-    SaveUndoFile(talk.view);
-    EXPECT_EQ(ReadBytes(UndoPath()), NativeSave(talk.document));
+    for (int save = 0; save < 2; ++save) {
+      SaveUndoFile(talk.view);
+      EXPECT_EQ(EditOf(talk.view), "undo");
+      EXPECT_EQ(ReadBytes(UndoPath()), NativeSave(talk.document));
+      Hold(talk.document, Ramp(5), 1000.0);  // a save of less leaves nothing of the first
+    }
   }
   EXPECT_THAT(world.temporary.Names(), IsEmpty());
 }
@@ -75,8 +74,7 @@ TEST_F(UndoTest, BringsBackSamplesLabelsAndEveryFieldWhereTheyWere) {
     Hold(document, Ramp(7, 1000), 8000.0);
     for (Tier& tier : channel.tiers) tier = {};
     channel.channelName = "other";
-    channel.displayLow = 1.0;
-    channel.referenceLevel = 0.0;
+    channel.displayLow = channel.referenceLevel = 1.0;
     channel.cursor = {3.0, 0.375};
     channel.selectionEnd = channel.selectionLength = {5.0, 0.625};
     talk.view.SetSelection();
@@ -85,56 +83,44 @@ TEST_F(UndoTest, BringsBackSamplesLabelsAndEveryFieldWhereTheyWere) {
 
     EXPECT_EQ(talk.samples(), Ramp(50));
     EXPECT_EQ(document.samplesOnDisk(), place == Place::kDisk);
-    EXPECT_EQ(channel.totalLength, 50.0);
-    EXPECT_EQ(channel.sampleRateHz, 1000.0);
-    EXPECT_EQ(channel.displayLow, 8.75);
-    EXPECT_EQ(channel.referenceLevel, -2.5);
+    EXPECT_EQ(Joined(channel.totalLength, channel.sampleRateHz, channel.displayLow,
+                     channel.referenceLevel, channel.visibleEnd.samples, channel.visibleEnd.ms),
+              "50 1000 8.75 -2.5 50 50");
     EXPECT_EQ(channel.channelName, std::string(100, 'n'));
     for (std::size_t i = 0; i < tiers.size(); ++i) {
       EXPECT_EQ(channel.tiers[i].name, tiers[i].name);
       EXPECT_EQ(channel.tiers[i].inUse, tiers[i].inUse);
       EXPECT_EQ(channel.tiers[i].labels, tiers[i].labels);
     }
-    EXPECT_EQ(channel.visibleEnd.samples, 50.0);
-    EXPECT_EQ(channel.visibleEnd.ms, 50.0);
-    EXPECT_EQ(channel.cursor.samples, 3.0);
-    EXPECT_EQ(channel.selectionLength.samples, 0.0);
-    EXPECT_FALSE(talk.view.selectionShown() || talk.view.markerSet() || document.hasSelection);
-    EXPECT_FALSE(talk.view.undoAvailable);
-    EXPECT_TRUE(document.isModified());
-    EXPECT_TRUE(document.foreignSource);
-    EXPECT_EQ(document.savedLength, 77.0);
-    EXPECT_EQ(document.memoryLimitMinutes, 5);
+    EXPECT_EQ(MarksOf(talk.view), "0.375 of 0 0 = 0");
+    EXPECT_EQ(EditOf(talk.view), "no undo modified");
+    EXPECT_EQ(Joined(document.foreignSource, document.savedLength, document.memoryLimitMinutes),
+              "1 77 5");
   }
 }
 
 TEST_F(UndoTest, ViewsOfOneTitleHaveFilesOfTheirOwn) {
-  ViewedRecording first(world, Ramp(3));
-  ViewedRecording second(world, Ramp(4));
-  first.document.SetPathName("talk");
-  second.document.SetPathName("talk");
-  SaveUndoFile(first.view);
-  SaveUndoFile(second.view);
+  ViewedRecording first(world, Ramp(3)), second(world, Ramp(4));
+  for (ViewedRecording* talk : {&first, &second}) {
+    talk->document.SetPathName("talk");
+    SaveUndoFile(talk->view);
+  }
   EXPECT_THAT(world.temporary.Names(), UnorderedElementsAre("talk@@tmp", "talk@@tmp2"));
-  Hold(first.document, Ramp(1), 1000.0);
-  Undo(first.view);
-  EXPECT_EQ(first.samples(), Ramp(3));
   // A file that was deleted is made again, not written where no name leads to it.
   std::filesystem::remove(world.temporary / "talk@@tmp2");
   SaveUndoFile(second.view);
-  Hold(second.document, Ramp(1), 1000.0);
-  Undo(second.view);
+  for (ViewedRecording* talk : {&first, &second}) {
+    Hold(talk->document, Ramp(1), 1000.0);
+    Undo(talk->view);
+  }
+  EXPECT_EQ(first.samples(), Ramp(3));
   EXPECT_EQ(second.samples(), Ramp(4));
-}
-
-TEST_F(UndoTest, NameIsThatOfAFile) {
-  const std::string longTitle(255, 'x');
   UndoFile slashes(world.temporary.path() + "/", "a/b");
-  UndoFile tooLong(world.temporary.path() + "/", longTitle);
+  UndoFile tooLong(world.temporary.path() + "/", std::string(255, 'x'));
   slashes.Claim();
   tooLong.Claim();
   EXPECT_EQ(slashes.path(), world.temporary / "a_b@@tmp");
-  EXPECT_EQ(tooLong.path(), world.temporary / (longTitle.substr(0, 240) + "@@tmp"));
+  EXPECT_EQ(tooLong.path(), world.temporary / (std::string(240, 'x') + "@@tmp"));
 }
 
 TEST_F(UndoTest, RefusesAFileThatIsNotItsOwn) {
@@ -155,21 +141,28 @@ TEST_F(UndoTest, RefusesAFileThatIsNotItsOwn) {
       {"another rate", [](auto& bytes) { bytes[520] ^= std::byte(1); }, kUnreadable},
       {"no samples", [](auto& bytes) { bytes.resize(bytes.size() - 1); }, kUnreadable},
       {"no fields", [](auto& bytes) { bytes.resize(600); }, kUnreadable},
+      {"no file", nullptr, kUnreadable},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
     ViewedRecording talk(world, Ramp(20));
     SaveUndoFile(talk.view);
     std::vector<std::byte> bytes = ReadBytes(UndoPath());
-    row.spoil(bytes);
-    WriteBytes(UndoPath(), bytes);
+    std::filesystem::remove(UndoPath());
+    if (row.spoil != nullptr) {
+      row.spoil(bytes);
+      WriteBytes(UndoPath(), bytes);
+    }
     Hold(talk.document, Ramp(6), 1000.0);
     EXPECT_THROW(Undo(talk.view), Abandoned);
     EXPECT_THAT(world.test.prompts.TakeTranscript(), ElementsAre(row.message));
     EXPECT_EQ(talk.samples(), Ramp(6));
     EXPECT_EQ(talk.channel().totalLength, 6.0);
-    EXPECT_FALSE(talk.document.isModified());
+    EXPECT_EQ(EditOf(talk.view), "undo");
   }
+  ViewedRecording untouched(world, Ramp(20));
+  EXPECT_THROW(Undo(untouched.view), Abandoned);
+  EXPECT_THAT(world.test.prompts.TakeTranscript(), ElementsAre(kUnreadable));
 }
 
 TEST_F(UndoTest, TwoChannelsAreNotRestoredIsKept) {
@@ -178,19 +171,7 @@ TEST_F(UndoTest, TwoChannelsAreNotRestoredIsKept) {
   SaveUndoFile(talk.view);
   EXPECT_TRUE(talk.view.undoAvailable);
   EXPECT_THROW(Undo(talk.view), Abandoned);
-  EXPECT_THAT(world.test.prompts.TakeTranscript(),
-              ElementsAre("message: Wrong channel number.\nEither is zero or is more than 20."));
-}
-
-TEST_F(UndoTest, WithoutAFileThereIsNothingToRead) {
-  ViewedRecording talk(world, Ramp(20));
-  EXPECT_THROW(Undo(talk.view), Abandoned);
-  SaveUndoFile(talk.view);
-  std::filesystem::remove(UndoPath());
-  EXPECT_THROW(Undo(talk.view), Abandoned);
-  EXPECT_THAT(world.test.prompts.TakeTranscript(),
-              ElementsAre("message: Error in reading the temp file",
-                          "message: Error in reading the temp file"));
+  EXPECT_EQ(world.test.prompts.TakeTranscript().size(), 1U);
 }
 
 TEST_F(UndoTest, FileThatCannotBeMadeEndsTheEditAndOneThatCannotBeWrittenOnlyUndo) {
@@ -228,17 +209,6 @@ TEST_F(UndoTest, CanBeCancelledBetweenTheBlocksOfALongRecording) {
   EXPECT_THROW(Undo(talk.view), Abandoned);
   EXPECT_EQ(talk.samples(), Ramp(4));
   EXPECT_TRUE(talk.view.undoAvailable);
-}
-
-TEST_F(UndoTest, OtherViewsLoseTheirTrackAndTheirUndo) {
-  ViewedRecording talk(world, Ramp(20));
-  CSonadexView other(talk.document, world.Services());
-  other.Begin({645, 500});
-  SaveUndoFile(other);
-  SaveUndoFile(talk.view);
-  other.pitch.PitchValid = talk.view.pitch.PitchValid = true;
-  Undo(talk.view);
-  EXPECT_FALSE(other.undoAvailable || other.pitch.PitchValid || talk.view.pitch.PitchValid);
 }
 
 }  // namespace
