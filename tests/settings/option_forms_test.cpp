@@ -1,12 +1,90 @@
-// option_forms_test.cpp - what the rows of the option dialogs take, and which refusal wins.
+// option_forms_test.cpp - all option dialogs against their description in forms.txt, what their
+// rows take, and which refusal wins.
 #include "settings/option_forms.h"
 
 #include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "settings/field_table.h"
+#include "settings/settings.h"
+#include "support/samples.h"
 
 namespace cantorix {
 namespace {
 
 constexpr const char* kTaken = "";
+
+// Writes forms down: a line each for the dialog, its groups, and their rows with what they set and
+// its limits.
+class Description {
+ public:
+  template <typename S>
+  void Add(const OptionForm<S>& form, const S& part) {
+    text_ << form.title << " [" << (form.restore != nullptr ? form.restore : "no button")
+          << (form.restoresSizeOnly ? "] of the size\n" : "]\n");
+    for (const OptionGroup<S>& group : form.groups) {
+      text_ << (group.newColumn ? "  | \"" : "  - \"") << group.title << "\" "
+            << (group.note != nullptr ? group.note : "without a note") << '\n';
+      for (const OptionRow<S>& row : group.rows) AddRow(row, part);
+    }
+  }
+  std::string text() const { return text_.str(); }
+  const Settings& settings() const { return settings_; }
+
+ private:
+  template <typename S>
+  void AddRow(const OptionRow<S>& row, const S& part) {
+    text_ << (row.beside ? "    + \"" : "    \"") << row.text << '"';
+    if (row.second != nullptr) text_ << " / \"" << row.second << "\" (" << row.caption << ')';
+    if (row.on != nullptr) text_ << ' ' << NameOf(&(part.*row.on)) << '?';
+    std::visit([&](auto member) { AddNumber(row, part, member); }, row.number);
+    if (row.sizes.count > 0) {
+      text_ << ' ' << NameOf(&(part.*row.sizes.points)) << ' ' << NameOf(&(part.*row.sizes.index))
+            << " from " << row.sizes.firstIndex << " of " << row.sizes.count
+            << (row.sizes.chosenByPoints ? " by points" : " by index");
+    }
+    if (row.needs.choice != nullptr) {
+      text_ << ", needs " << NameOf(&(part.*row.needs.choice)) << ' ' << row.needs.value;
+    }
+    text_ << (row.printSize ? ", of the size\n" : "\n");
+  }
+  template <typename S, typename Member>
+  void AddNumber(const OptionRow<S>& row, const S& part, Member member) {
+    if constexpr (!std::is_same_v<Member, std::monostate>) {
+      text_ << ' ' << NameOf(&(part.*member)) << ": " << LimitsMessage(row.limits, row.fraction)
+            << (row.cap != nullptr ? " Capped." : "") << (row.refusal != nullptr ? " Judged." : "");
+    }
+  }
+  std::string NameOf(const void* place) const {
+    for (const Field& field : Fields()) {
+      const auto isIt = [place](const auto* value) { return value == place; };
+      if (std::visit(isIt, field.place.of(settings_))) return std::string(field.name);
+    }
+    return "a value of its own";
+  }
+
+  Settings settings_;
+  std::ostringstream text_;
+};
+
+TEST(OptionForms, AreAsDescribed) {
+  Description forms;
+  const DocumentSettings& settings = forms.settings().document;
+  forms.Add(FftLpcForm(), settings.fftLpc);
+  forms.Add(SpectrogramForm(), settings.spectrogram);
+  forms.Add(PitchForm(), settings.pitch);
+  forms.Add(IntensityForm(), settings.intensity);
+  forms.Add(ZoomForm(), settings);
+  forms.Add(LogForm(), settings);
+  forms.Add(GainForm(), settings.gain);
+  forms.Add(GenericForm(), settings.generic);
+  std::ifstream file(SamplesDirectory() + "/../tests/settings/forms.txt");
+  std::ostringstream expected;
+  expected << file.rdbuf();
+  EXPECT_EQ(forms.text(), expected.str());
+}
 
 TEST(OptionForms, BandwidthsAreTruncatedAndNameTheirPointsIsKept) {
   EXPECT_EQ(BandwidthTexts(11025.0, kSpectrogramSizes),
@@ -76,6 +154,26 @@ TEST(OptionForms, SpectrogramRangeFollowsTheRateAnd400CoefficientsPassIsKept) {
     EXPECT_EQ(FormRefusal(SpectrogramForm(), entered, c.rateHz).value_or(kTaken), c.refusal)
         << c.rateHz << " " << c.preEmphasis << " " << c.rangeHz << " " << c.lpcOrder;
   }
+}
+
+TEST(OptionForms, JudgeOnlyTheNumbersThatCount) {
+  PitchSettings pitch;
+  pitch.deviationHz = pitch.voicingLevel = -1.0;
+  FftLpcSettings fft;
+  fft.absoluteDb = fft.powerGridDb = 0;
+  const auto refused = [&](std::int32_t method, std::int32_t relative, std::int32_t grid) {
+    pitch.method = method;
+    fft.relative = relative;
+    fft.addPowerGrid = grid;
+    return FormRefusal(PitchForm(), pitch, 11025.0).value_or(kTaken) + "|" +
+           FormRefusal(FftLpcForm(), fft, 11025.0).value_or(kTaken);
+  };
+  const std::string amount = "Enter an integer between 0 and 1000000.|";
+  const std::string level = "Enter an integer between 1 and 1000.";
+  EXPECT_EQ(refused(kCepstral, 1, 0), amount);
+  pitch.deviationHz = 0.0;
+  EXPECT_EQ(refused(kCepstral, 0, 0), "|" + level);
+  EXPECT_EQ(refused(kAutoCorrelation, 1, 1), amount + level);
 }
 
 }  // namespace
