@@ -3,13 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "analysisview/fft_lpc_view.h"
-#include "analysisview/main_view_fixture.h"
 #include "analysisview/pitch_view.h"
 #include "analysisview/spectrogram_view.h"
 #include "analysisview/window_commands.h"
+#include "analysisview/window_fixture.h"
 #include "mainview/analysis_commands.h"
 #include "platform/abandon.h"
+#include "settings/field_text.h"
 
 namespace cantorix {
 namespace {
@@ -18,31 +21,43 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 // A spectrum at 900 ms, a spectrogram of 600 to 1000 ms and a pitch track of everything.
-class Windows : public MainViewFixture, public ::testing::Test {
+class Windows : public MainViewTest {
  protected:
   Windows() {
-    for (AnalysisWindow* window : All()) window->plot = {0, 0, 100, 50};
+    for (AnalysisWindow* window : all) window->plot = {0, 0, 100, 50};
     spectrum.WantSize({100, 0});
     spectrogram.WantSize({100, 50});
     EXPECT_TRUE(spectrum.Show({9000.0, {}}));
     EXPECT_TRUE(spectrogram.Show({6000.0, 10000.0}));
     AnalysePitch(view, Stretch::kAll);
   }
-  std::vector<AnalysisWindow*> All() { return {&spectrum, &spectrogram, &pitch}; }
+  void PlaceMarkers() {
+    spectrum.StepCursor(1, 0);
+    spectrogram.StepCursor(1, 1);
+    pitch.StepCursor(1, 0);
+  }
+  void UpdateAll() {
+    for (AnalysisWindow* window : all) window->Update();
+  }
+  std::string Due() const {
+    return JoinedEach(all, [](const AnalysisWindow* window) { return window->UpdateDue(); });
+  }
+  std::string Range() const {
+    return Joined(spectrogram.spectrogram().range.start, spectrogram.spectrogram().range.end);
+  }
 
   CFFTLPCView spectrum{inMemory, Services()};
   CSpectrogramView spectrogram{inMemory, Services()};
   CPitchView pitch{view, Services()};
+  const std::vector<AnalysisWindow*> all{&spectrum, &spectrogram, &pitch};
 };
 
 TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
-  spectrum.StepCursor(1, 0);
-  spectrogram.StepCursor(1, 1);
-  pitch.StepCursor(1, 0);
+  PlaceMarkers();
   const auto before = spectrum.spectrum().fftDb;
   CutTo(5000);
-  for (AnalysisWindow* window : All()) {
-    EXPECT_FALSE(window->UpdateDue());
+  EXPECT_EQ(Due(), "0 0 0");
+  for (AnalysisWindow* window : all) {
     for (const auto& row : WindowCommands()) {
       EXPECT_FALSE(row.group == WindowGroup::kLog && RunWindowCommand(*window, row.id)) << row.text;
     }
@@ -55,13 +70,13 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
 
 TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   CutTo(8000);
-  for (AnalysisWindow* window : All())
+  for (AnalysisWindow* window : all) {
     EXPECT_TRUE(RunWindowCommand(*window, WindowCommand::kUpdate));
+    EXPECT_EQ(window->freshness(), Freshness::kCurrent);
+  }
   EXPECT_EQ(spectrum.place().position, 8000.0);
-  EXPECT_EQ(spectrogram.spectrogram().range.start, 6000.0);
-  EXPECT_EQ(spectrogram.spectrogram().range.end, 8000.0);
+  EXPECT_EQ(Range(), "6000 8000");
   EXPECT_EQ(view.pitch.range.end, 8000.0) << "what was the whole recording is so again";
-  for (AnalysisWindow* window : All()) EXPECT_EQ(window->freshness(), Freshness::kCurrent);
 
   CutTo(5000);
   spectrogram.Update();
@@ -70,86 +85,74 @@ TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   spectrum.Show({0.0, SampleRange{1000.0, 5000.0}});
   spectrogram.Show({0.0, 5000.0});
   CutTo(3000);
-  spectrum.Update();
-  EXPECT_EQ(spectrum.place().selection->start, 1000.0);
-  EXPECT_EQ(spectrum.place().selection->end, 3000.0);
-  spectrogram.Update();
-  EXPECT_EQ(spectrogram.spectrogram().range.end, 3000.0) << "the whole recording stays whole";
+  UpdateAll();
+  EXPECT_EQ(Joined(spectrum.place().selection->start, spectrum.place().selection->end),
+            "1000 3000");
+  EXPECT_EQ(Range(), "0 3000") << "the whole recording stays whole";
 }
 
 TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {
-  struct Row {
-    bool spectrumDue, spectrogramDue, pitchDue;
-    std::vector<std::function<void(DocumentSettings&)>> changes;
+  const std::pair<const char*, const char*> rows[] = {
+      {"1 0 0",
+       "fftlpc.points=512 fftlpc.windowMs=5 fftlpc.stepMs=5 fftlpc.rangeHz=4000 fftlpc.lpcOrder=9"},
+      {"1 1 0", "spectrogram.preEmphasis=0.5"},
+      {"0 1 0",
+       "spectrogram.points=256 spectrogram.rangeHz=4000 spectrogram.dynamicRangeDb=50 "
+       "spectrogram.trackFormants=0 spectrogram.lpcOrder=9"},
+      {"0 0 1",
+       "pitch.method=0 pitch.windowMs=5 pitch.stepMs=5 pitch.lowHz=66 pitch.highHz=444 "
+       "pitch.thresholdPercent=9 pitch.deviationHz=9 pitch.voicingLevel=9 "
+       "pitch.tolerancePercent=9"},
+      {"0 0 0",
+       "fftlpc.powerGridDb=3 fftlpc.relative=0 spectrogram.frequencyGridHz=3 "
+       "spectrogram.drawAudio=1 pitch.displayHighHz=800 pitch.frequencyGridHz=800"},
   };
-  // clang-format off
-  const Row rows[] = {
-      {true, false, false,
-       {[](auto& s) { s.fftLpc.points = 512; }, [](auto& s) { s.fftLpc.windowMs = 5; },
-        [](auto& s) { s.fftLpc.stepMs = 5; }, [](auto& s) { s.fftLpc.rangeHz = 4000; },
-        [](auto& s) { s.fftLpc.lpcOrder = 9; }}},
-      {true, true, false, {[](auto& s) { s.spectrogram.preEmphasis = 0.5; }}},
-      {false, true, false,
-       {[](auto& s) { s.spectrogram.points = 256; }, [](auto& s) { s.spectrogram.rangeHz = 4000; },
-        [](auto& s) { s.spectrogram.dynamicRangeDb = 50; },
-        [](auto& s) { s.spectrogram.trackFormants = 0; },
-        [](auto& s) { s.spectrogram.lpcOrder = 9; }}},
-      {false, false, true,
-       {[](auto& s) { s.pitch.method = kCepstral; }, [](auto& s) { s.pitch.windowMs = 5; },
-        [](auto& s) { s.pitch.stepMs = 5; }, [](auto& s) { s.pitch.lowHz = 66; },
-        [](auto& s) { s.pitch.highHz = 444; }, [](auto& s) { s.pitch.thresholdPercent = 9; },
-        [](auto& s) { s.pitch.deviationHz = 9; }, [](auto& s) { s.pitch.voicingLevel = 9; },
-        [](auto& s) { s.pitch.tolerancePercent = 9; }}},
-      {false, false, false,
-       {[](auto& s) { s.fftLpc.powerGridDb = s.spectrogram.frequencyGridHz = 3; },
-        [](auto& s) { s.fftLpc.relative = s.spectrogram.drawAudio = 0; },
-        [](auto& s) { s.pitch.displayHighHz = s.pitch.frequencyGridHz = 800; }}},
+  const DocumentSettings usual = inMemory.settings;
+  const auto set = [this](const DocumentSettings& settings) {
+    inMemory.settings = settings;
+    inMemory.Notify(DocumentChange::kSettings);
   };
-  // clang-format on
-  const DocumentSettings settings = inMemory.settings;
-  for (const Row& row : rows) {
-    for (std::size_t i = 0; i < row.changes.size(); ++i) {
-      row.changes[i](inMemory.settings);
-      inMemory.Notify(DocumentChange::kSettings);
-      EXPECT_EQ(spectrum.UpdateDue(), row.spectrumDue) << i;
-      EXPECT_EQ(spectrogram.UpdateDue(), row.spectrogramDue) << i;
-      EXPECT_EQ(pitch.UpdateDue(), row.pitchDue) << i;
-      for (AnalysisWindow* window : All()) window->Update();
-      for (AnalysisWindow* window : All()) EXPECT_FALSE(window->UpdateDue()) << i;
-      inMemory.settings = settings;
-      inMemory.Notify(DocumentChange::kSettings);
+  for (const auto& [due, fields] : rows) {
+    std::istringstream list(fields);
+    for (std::string field, value; std::getline(list >> std::ws, field, '=') && list >> value;) {
+      Settings changed{{}, usual};
+      ASSERT_EQ(SetFieldFromText(changed, field, value), std::nullopt);
+      set(changed.document);
+      EXPECT_EQ(Due(), due) << field;
+      UpdateAll();
+      EXPECT_EQ(Due(), "0 0 0") << field;
+      set(usual);
       AnalysePitch(view, Stretch::kAll);
       EXPECT_FALSE(pitch.UpdateDue()) << "a new track of the main view will do";
-      for (AnalysisWindow* window : All()) window->Update();
+      UpdateAll();
     }
   }
 }
 
 TEST_F(Windows, ANewSizeIsComputedAtTheNextRestAndOnlyOnce) {
+  const auto dueAndColumns = [this] {
+    return Joined(spectrogram.UpdateDue(), spectrogram.spectrogram().columns);
+  };
   spectrogram.WantSize({120, 60});
-  EXPECT_TRUE(spectrogram.UpdateDue());
-  EXPECT_EQ(spectrogram.spectrogram().columns, 100) << "scaled until then";
+  EXPECT_EQ(dueAndColumns(), "1 100") << "scaled until then";
   spectrogram.WantSize({100, 50});
-  EXPECT_FALSE(spectrogram.UpdateDue()) << "back at the computed size";
+  EXPECT_EQ(dueAndColumns(), "0 100") << "back at the computed size";
   spectrogram.WantSize({120, 60});
   spectrogram.Update();
-  EXPECT_EQ(spectrogram.spectrogram().columns, 120);
-  EXPECT_EQ(spectrogram.spectrogram().range.start, 6000.0);
-  EXPECT_FALSE(spectrogram.UpdateDue());
+  EXPECT_EQ(dueAndColumns(), "0 120");
+  EXPECT_EQ(Range(), "6000 10000");
 }
 
 TEST_F(Windows, WhatFailsIsNotTriedAgainByItself) {
   inMemory.settings.fftLpc.rangeHz = 9000;
   inMemory.Notify(DocumentChange::kSettings);
-  ASSERT_TRUE(spectrum.UpdateDue());
+  EXPECT_EQ(Due(), "1 0 0");
   spectrum.Update();
-  EXPECT_EQ(world.prompts.TakeTranscript().size(), 1U);
-  EXPECT_FALSE(spectrum.UpdateDue());
+  EXPECT_EQ(Due(), "0 0 0");
   EXPECT_TRUE(spectrum.computed());
-
   CutTo(8000);
   spectrum.Update();
-  EXPECT_EQ(world.prompts.TakeTranscript().size(), 1U);
+  EXPECT_EQ(world.prompts.TakeTranscript().size(), 2U);
   EXPECT_TRUE(spectrum.samplesChanged()) << "the results that were kept are still the old ones";
 
   spectrogram.Update();
@@ -176,9 +179,7 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   EXPECT_EQ(enabled(spectrum), "Enter &Formants;Enter &Entire Frame;");
   EXPECT_EQ(enabled(spectrogram), "Enter Formants &All;");
   EXPECT_EQ(enabled(pitch), "");
-  spectrum.StepCursor(1, 0);
-  spectrogram.StepCursor(1, 1);
-  pitch.StepCursor(1, 0);
+  PlaceMarkers();
   EXPECT_EQ(enabled(spectrum), "Enter &Marker;Enter &Formants;Enter &Entire Frame;");
   EXPECT_EQ(enabled(spectrogram),
             "Enter &Marker;Enter &Formants;Enter Formants &All;Enter &Entire Frame;");
@@ -186,36 +187,34 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   inMemory.settings.spectrogram.trackFormants = 0;
   spectrogram.Update();
   EXPECT_EQ(enabled(spectrogram), "Enter &Marker;Enter &Entire Frame;");
-  logOpen = false;
-  for (AnalysisWindow* window : All()) EXPECT_EQ(enabled(*window), "");
+  around.logOpen = false;
+  for (AnalysisWindow* window : all) EXPECT_EQ(enabled(*window), "");
 }
 
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
-  for (const int step : {1, 50}) pitch.StepCursor(step, 0);
-  spectrum.StepCursor(1, 0);
-  spectrogram.StepCursor(1, 1);
+  PlaceMarkers();
+  pitch.StepCursor(50, 0);
   inMemory.settings.display.timeBase = 1;
   inMemory.settings.logStepHz = 100;
-  struct Row {
-    AnalysisWindow* window;
+  const struct {
+    AnalysisWindow& window;
     WindowCommand command;
     std::size_t rows;
     std::string heading;  // its beginning
+  } rows[] = {
+      {pitch, WindowCommand::kEnterMarker, 1, "Pitch Marker Entry: time, pitch, intensity"},
+      {spectrum, WindowCommand::kEnterMarker, 1, "FFT/LPC Marker"},
+      {spectrum, WindowCommand::kEnterFormants, 1, "FFT/LPC Formants"},
+      {spectrum, WindowCommand::kEnterEntireFrame, 50, "FFT/LPC Entire Frame"},
+      {spectrogram, WindowCommand::kEnterMarker, 1, "Spec. Marker"},
+      {spectrogram, WindowCommand::kEnterFormants, 1, "Spec. Formants Entry"},
+      {spectrogram, WindowCommand::kEnterFormantsAll, 100, "Spec. Formants All"},
+      {spectrogram, WindowCommand::kEnterEntireFrame, 50, "Spec. Entire Frame"},
   };
-  const Row rows[] = {
-      {&pitch, WindowCommand::kEnterMarker, 1, "Pitch Marker Entry: time, pitch, intensity"},
-      {&spectrum, WindowCommand::kEnterMarker, 1, "FFT/LPC Marker"},
-      {&spectrum, WindowCommand::kEnterFormants, 1, "FFT/LPC Formants"},
-      {&spectrum, WindowCommand::kEnterEntireFrame, 50, "FFT/LPC Entire Frame"},
-      {&spectrogram, WindowCommand::kEnterMarker, 1, "Spec. Marker"},
-      {&spectrogram, WindowCommand::kEnterFormants, 1, "Spec. Formants Entry"},
-      {&spectrogram, WindowCommand::kEnterFormantsAll, 100, "Spec. Formants All"},
-      {&spectrogram, WindowCommand::kEnterEntireFrame, 50, "Spec. Entire Frame"},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     log.entries.clear();
     world.progress = CancellingProgress();
-    ASSERT_TRUE(RunWindowCommand(*row.window, row.command)) << row.heading;
+    ASSERT_TRUE(RunWindowCommand(row.window, row.command)) << row.heading;
     ASSERT_EQ(log.entries.size(), row.rows) << row.heading;
     EXPECT_EQ(log.entries[0].source, "talk.wav");
     EXPECT_EQ(log.entries[0].heading.substr(0, row.heading.size()), row.heading);
@@ -238,48 +237,45 @@ TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
 }
 
 TEST_F(Windows, OnlyANewPictureIsARevision) {
-  struct Row {
-    DocumentChange change;
-    bool picture;
-  };
-  for (const Row& row : {Row{DocumentChange::kCursor, false}, Row{DocumentChange::kTitle, false},
-                         Row{DocumentChange::kSettings, true}, Row{DocumentChange::kTracks, true},
-                         Row{DocumentChange::kSamples, true}}) {
-    for (AnalysisWindow* window : All()) {
+  for (const auto& [change, picture] : {std::pair{DocumentChange::kCursor, false},
+                                        {DocumentChange::kTitle, false},
+                                        {DocumentChange::kSettings, true},
+                                        {DocumentChange::kTracks, true},
+                                        {DocumentChange::kSamples, true}}) {
+    for (AnalysisWindow* window : all) {
       const std::int64_t before = window->revision();
       changes = 0;
-      inMemory.Notify(row.change);
-      EXPECT_EQ(window->revision() > before, row.picture);
+      inMemory.Notify(change);
+      EXPECT_EQ(window->revision() > before, picture);
       EXPECT_GE(changes, 3) << "every window is told";
     }
   }
 }
 
 TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {
-  struct Row {
-    AnalysisWindow* window;
-    WindowCommand command;
-    const std::int32_t* setting;
-  };
   auto& s = inMemory.settings;
-  const Row rows[] = {
-      {&spectrum, WindowCommand::kDrawLpc, &s.fftLpc.drawLpc},
-      {&spectrum, WindowCommand::kRelativeLevel, &s.fftLpc.relative},
-      {&spectrogram, WindowCommand::kDrawFormants, &s.spectrogram.displayFormants},
-      {&spectrogram, WindowCommand::kDrawAudio, &s.spectrogram.drawAudio},
-      {&spectrogram, WindowCommand::kDrawIntensity, &s.spectrogram.drawIntensity},
-      {&spectrogram, WindowCommand::kDrawLabels, &s.spectrogram.drawLabels},
-      {&pitch, WindowCommand::kDrawAudio, &s.pitch.addAudio},
-      {&pitch, WindowCommand::kDrawIntensity, &s.pitch.addIntensity},
-      {&pitch, WindowCommand::kDrawLabels, &s.pitch.addLabels},
+  const struct {
+    AnalysisWindow& window;
+    WindowCommand command;
+    const std::int32_t& setting;
+  } rows[] = {
+      {spectrum, WindowCommand::kDrawLpc, s.fftLpc.drawLpc},
+      {spectrum, WindowCommand::kRelativeLevel, s.fftLpc.relative},
+      {spectrogram, WindowCommand::kDrawFormants, s.spectrogram.displayFormants},
+      {spectrogram, WindowCommand::kDrawAudio, s.spectrogram.drawAudio},
+      {spectrogram, WindowCommand::kDrawIntensity, s.spectrogram.drawIntensity},
+      {spectrogram, WindowCommand::kDrawLabels, s.spectrogram.drawLabels},
+      {pitch, WindowCommand::kDrawAudio, s.pitch.addAudio},
+      {pitch, WindowCommand::kDrawIntensity, s.pitch.addIntensity},
+      {pitch, WindowCommand::kDrawLabels, s.pitch.addLabels},
   };
-  for (const Row& row : rows) {
-    const std::int32_t was = *row.setting;
+  for (const auto& row : rows) {
+    const std::int32_t was = row.setting;
     changes = 0;
-    EXPECT_TRUE(RunWindowCommand(*row.window, row.command));
-    EXPECT_EQ(*row.setting, 1 - was);
+    EXPECT_TRUE(RunWindowCommand(row.window, row.command));
+    EXPECT_EQ(row.setting, 1 - was);
     EXPECT_GE(changes, 1);
-    EXPECT_FALSE(row.window->UpdateDue());
+    EXPECT_FALSE(row.window.UpdateDue());
   }
   EXPECT_FALSE(RunWindowCommand(spectrum, WindowCommand::kDrawAudio)) << "none of its own";
 }

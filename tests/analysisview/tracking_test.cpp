@@ -1,12 +1,11 @@
 // tracking_test.cpp - cursor and selection of the analysis windows, and how they and the main view
 // follow each other's pointer.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "analysisview/fft_lpc_view.h"
-#include "analysisview/main_view_fixture.h"
 #include "analysisview/pitch_view.h"
 #include "analysisview/spectrogram_view.h"
+#include "analysisview/window_fixture.h"
 #include "mainview/analysis_commands.h"
 #include "mainview/mouse.h"
 #include "platform/numbers.h"
@@ -15,44 +14,49 @@ namespace cantorix {
 namespace {
 
 // 200 to 700 ms over 500 columns, 0 to 5000 Hz over 100 rows.
-class SpectrogramTracking : public MainViewFixture, public ::testing::Test {
+class SpectrogramTracking : public MainViewTest {
  protected:
   SpectrogramTracking() {
     window.plot = {50, 10, 550, 110};
     window.WantSize({500, 100});
     EXPECT_TRUE(window.Show({2000.0, 7000.0}));
-    inMemory.settings.display.trackMouse = 1;
-    listener.cursorMoved = [this](MousePhase phase, double ms) {
+    around.listener.forward = [this](MousePhase phase, double ms) {
       window.FollowMainView(phase, ms);
     };
+  }
+  void Click(std::int32_t x, std::int32_t y) {
+    window.Press(x, y);
+    window.Release(x, y);
+  }
+  void Drag(std::int32_t x, std::int32_t toX, std::int32_t toY = 59) {
+    window.Press(x, 59);
+    window.Move(toX, toY);
+    window.Release(toX, toY);
+  }
+  // Cursor in ms and Hz, and what is shown of it.
+  std::string Shown() const {
+    return Joined(window.cursorMs, window.cursorHz) + (window.markerSet ? " marker" : "") +
+           (window.selectionShown
+                ? Joined(" from", window.selection.startMs, "to", window.selection.endMs)
+                : "");
   }
   CSpectrogramView window{inMemory, Services()};
 };
 
 TEST_F(SpectrogramTracking, APressPutsBothCursorsUnderThePointer) {
   window.Press(150, 59);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
-  EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
-  EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 300.0);
-  EXPECT_TRUE(window.markerSet && view.markerSet());
+  EXPECT_EQ(Shown(), "300 2500 marker");
+  EXPECT_EQ(MarksOf(view), "marker 300 of 300 300 = 0");
   window.StepCursor(3, 2);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
+  EXPECT_EQ(Shown(), "300 2500 marker") << "no step while the button is held";
   window.Release(150, 59);
   EXPECT_FALSE(window.selectionShown || view.selectionShown());
-}
-
-// Every readout as one text.
-std::string TextOf(const AnalysisWindow& window) {
-  std::string text;
-  for (const WindowReadout& readout : window.Readouts())
-    text += readout.label + readout.value + ' ';
-  return text;
 }
 
 TEST_F(SpectrogramTracking, ReadoutsAreThoseOfTheCursorAndOfTheSelection) {
   EXPECT_EQ(TextOf(window),
             "Time(ms)=- Frequency(Hz)=- Level(dB)=- F1(Hz)=- F2(Hz)=- F3(Hz)=- F4(Hz)=- F5(Hz)=- "
-            "Duration(ms)=0.0 ");
+            "Duration(ms)=0.0");
   window.Press(150, 59);
   std::string expected = "Time(ms)=300.0 Frequency(Hz)=2500.0 Level(dB)=" +
                          FormatOneDecimal(window.spectrogram().Column(100)[50]);
@@ -61,34 +65,31 @@ TEST_F(SpectrogramTracking, ReadoutsAreThoseOfTheCursorAndOfTheSelection) {
     expected +=
         " F" + std::to_string(i + 1) + "(Hz)=" + (hz == kNoFormantHz ? "-" : FormatOneDecimal(hz));
   }
-  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=0.0 ");
+  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=0.0");
   window.Move(250, 59);
-  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=100.0 ");
+  EXPECT_EQ(TextOf(window), expected + " Duration(ms)=100.0");
   inMemory.settings.display.timeBase = 1;
   EXPECT_EQ(TextOf(window).substr(0, 14), "Time(sec)=0.3 ");
-  EXPECT_EQ(TextOf(window).substr(TextOf(window).rfind("Dur")), "Duration(sec)=0.1 ");
+  EXPECT_EQ(TextOf(window).substr(TextOf(window).rfind("Dur")), "Duration(sec)=0.1");
 }
 
 TEST_F(SpectrogramTracking, AMoveOfMoreThanFivePixelsSelectsInBoth) {
-  struct Row {
+  const struct {
     std::int32_t toX;
-    bool selects;
-    double startMs, endMs;
+    const char *shown, *marks;  // of the window and of the main view
+  } rows[] = {
+      {155, "300 2500 marker", "marker 300 of 300 305 = 50"},
+      {145, "300 2500 marker", "marker 300 of 295 300 = 50"},
+      {156, "300 2500 from 300 to 306", "selection to save 300 of 300 306 = 60"},
+      {144, "300 2500 from 294 to 300", "selection to save 300 of 294 300 = 60"},
+      {9000, "300 2500 from 300 to 699", "selection to save 300 of 300 699 = 3990"},
+      {-9000, "300 2500 from 200 to 300", "selection to save 300 of 200 300 = 1000"},
   };
-  for (const Row& row : {Row{155, false, 300.0, 305.0}, Row{145, false, 295.0, 300.0},
-                         Row{156, true, 300.0, 306.0}, Row{144, true, 294.0, 300.0},
-                         Row{9000, true, 300.0, 699.0}, Row{-9000, true, 200.0, 300.0}}) {
-    window.selectionShown = false;
+  for (const auto& row : rows) {
     view.DropMarks();
-    window.Press(150, 59);
-    window.Move(row.toX, 0);
-    window.Release(row.toX, 0);
-    EXPECT_EQ(window.selectionShown, row.selects) << row.toX;
-    EXPECT_EQ(view.selectionShown(), row.selects) << row.toX;
-    EXPECT_EQ(window.markerSet, !row.selects) << row.toX;
-    EXPECT_NEAR(window.selection.startMs, row.startMs, 1e-9) << row.toX;
-    EXPECT_NEAR(window.selection.endMs, row.endMs, 1e-9) << row.toX;
-    EXPECT_NEAR(view.channel().selectionEnd.ms, row.endMs, 1.0) << row.toX;
+    Drag(150, row.toX, 0);
+    EXPECT_EQ(Shown(), row.shown) << row.toX;
+    EXPECT_EQ(MarksOf(view), row.marks) << row.toX;
   }
 }
 
@@ -103,68 +104,56 @@ TEST_F(SpectrogramTracking, OutsideThePlotNothingIsPressed) {
 }
 
 TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
-  window.Press(150, 59);
-  window.Release(150, 59);
+  Click(150, 59);
   PressMouse(view, 40 + 400, 250);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 400.0);
-  EXPECT_DOUBLE_EQ(window.cursorHz, 2500.0);
+  EXPECT_EQ(Shown(), "400 2500 marker");
   MoveMouse(view, 40 + 600, 250);
-  ReleaseMouse(view, 40 + 600, 250);
-  EXPECT_TRUE(window.selectionShown);
-  EXPECT_NEAR(window.selection.startMs, 400.0, 1e-9);
-  EXPECT_NEAR(window.selection.endMs, 600.0, 1e-9);
+  EXPECT_EQ(Shown(), "400 2500 from 400 to 600");
 }
 
 // What other windows pass on is the user's choice; the main view passes its pointer to every
 // spectrogram of the same samples.
 TEST_F(SpectrogramTracking, WithoutTrackingTheMainViewShowsAMarkAndIsFollowedStill) {
   inMemory.settings.display.trackMouse = 0;
-  window.Press(150, 59);
-  window.Move(160, 59);
-  window.Release(160, 59);
-  EXPECT_EQ(view.channel().cursor.ms, 0.0);
-  EXPECT_FALSE(view.markerSet() || view.selectionShown());
+  Drag(150, 160);
+  EXPECT_EQ(MarksOf(view), "0 of 0 0 = 0");
   EXPECT_DOUBLE_EQ(view.otherPointerMs.value_or(-1.0), 310.0);
   PressMouse(view, 40 + 400, 250);
-  ReleaseMouse(view, 40 + 400, 250);
   EXPECT_DOUBLE_EQ(window.cursorMs, 400.0);
   EXPECT_EQ(view.otherPointerMs, std::nullopt);
 }
 
 TEST_F(SpectrogramTracking, NothingIsPassedBetweenDifferentSamples) {
   CutTo(9000);
-  window.Press(150, 59);
-  window.Release(150, 59);
+  Click(150, 59);
   EXPECT_FALSE(view.markerSet() || view.otherPointerMs);
   PressMouse(view, 40 + 400, 250);
   EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
 }
 
 TEST_F(SpectrogramTracking, ArrowKeysStepByPixelsInsideThePicture) {
-  window.Press(150, 59);
-  window.Release(150, 59);
+  window.StepCursor(1, 1);
+  EXPECT_EQ(Shown(), "200 0 marker");
+  Click(150, 59);
   window.StepCursor(3, 2);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 303.0);
-  EXPECT_DOUBLE_EQ(window.cursorHz, 2600.0);
-  EXPECT_DOUBLE_EQ(view.channel().cursor.ms, 303.0);
+  EXPECT_EQ(Shown(), "303 2600 marker");
+  EXPECT_EQ(MarksOf(view), "marker 303 of 303 303 = 0");
   window.StepCursor(-100000, -100000);
-  EXPECT_EQ(window.cursorMs, 200.0);
-  EXPECT_EQ(window.cursorHz, 0.0);
+  EXPECT_EQ(Shown(), "200 0 marker");
   window.StepCursor(100000, 100000);
-  EXPECT_NE(window.LevelAtCursor(), std::nullopt) << "the last column and row are inside";
+  EXPECT_EQ(Shown(), "699 4950 marker") << "the last column and row";
 }
 
 TEST_F(SpectrogramTracking, EveryPixelReadsItsOwnColumnAndRow) {
   for (std::int32_t x = 0; x < 500; ++x) {
-    window.Press(50 + x, 109 - x % 100);
-    window.Release(50 + x, 109 - x % 100);
+    Click(50 + x, 109 - x % 100);
     ASSERT_EQ(window.LevelAtCursor(),
               window.spectrogram().Column(x)[static_cast<std::size_t>(x % 100)])
         << x;
   }
 }
 
-class FftLpcCursor : public MainViewFixture, public ::testing::Test {
+class FftLpcCursor : public MainViewTest {
  protected:
   void Show(std::int32_t points) {
     window.plot = {13, 0, 13 + points, 100};
@@ -172,10 +161,11 @@ class FftLpcCursor : public MainViewFixture, public ::testing::Test {
     ASSERT_TRUE(window.Show({500.0, {}}));
   }
   CFFTLPCView window{inMemory, Services()};
+  FftLpcSettings& options = inMemory.settings.fftLpc;
 };
 
 TEST_F(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
-  inMemory.settings.fftLpc.rangeHz = 3000;
+  options.rangeHz = 3000;
   for (const int width : {1, 7, 333, 1111}) {
     Show(width);
     for (int x = 0; x < width; ++x) {
@@ -205,33 +195,27 @@ TEST_F(FftLpcCursor, ReadoutsNameLevelsFormantsAndSettings) {
                 number + "(Hz)=" + text(window.spectrum().formants.bandwidthHz[i]) + ' ';
   }
   EXPECT_NE(formants.find("=-"), std::string::npos) << "one is missing";
-  EXPECT_EQ(TextOf(window), "Frequency(Hz)=- FFT(dB)=- LPC(dB)=- " + formants +
-                                "Points=256 Window(ms)=23 Step(ms)=10 LPC order=14 Sample "
-                                "Rate(Hz)=10000 ");
+  EXPECT_EQ(TextOf(window),
+            "Frequency(Hz)=- FFT(dB)=- LPC(dB)=- " + formants +
+                "Points=256 Window(ms)=23 Step(ms)=10 LPC order=14 Sample Rate(Hz)=10000");
 }
 
 TEST_F(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
   Show(500);
-  struct Row {
-    int points;
-    double hz;
-  };
-  for (const Row& row :
-       {Row{1, 0.0}, Row{1, 10.0}, Row{10, 110.0}, Row{-500, 0.0}, Row{9999, 4990.0}}) {
-    window.StepCursor(row.points, 0);
-    EXPECT_DOUBLE_EQ(window.cursorHz, row.hz) << row.points;
+  for (const auto& [points, hz] :
+       {std::pair{1, 0.0}, {1, 10.0}, {10, 110.0}, {-500, 0.0}, {9999, 4990.0}}) {
+    window.StepCursor(points, 0);
+    EXPECT_DOUBLE_EQ(window.cursorHz, hz) << points;
   }
-  inMemory.settings.fftLpc.rangeHz = 4991;
-  window.Update();
-  EXPECT_TRUE(window.markerSet);
-  inMemory.settings.fftLpc.rangeHz = 4990;
-  window.Update();
-  EXPECT_FALSE(window.markerSet) << "the display ends before it";
+  for (const std::int32_t rangeHz : {4991, 4990}) {
+    options.rangeHz = rangeHz;
+    window.Update();
+    EXPECT_EQ(window.markerSet, rangeHz == 4991) << "the display ends before it";
+  }
 }
 
 TEST_F(FftLpcCursor, TheLevelAxisEndsAtTheOptionsOrAtWhatIsDrawn) {
   Show(500);
-  FftLpcSettings& options = inMemory.settings.fftLpc;
   const Spectrum& spectrum = window.spectrum();
   options.relative = 1;
   options.drawLpc = 0;
@@ -239,44 +223,45 @@ TEST_F(FftLpcCursor, TheLevelAxisEndsAtTheOptionsOrAtWhatIsDrawn) {
   options.drawLpc = 1;
   EXPECT_EQ(window.TopLevelDb(), std::max(spectrum.fftMaxDb, spectrum.lpcSpanDb) * 1.05);
   options.relative = 0;
-  options.absoluteDb = 64;
-  EXPECT_EQ(window.TopLevelDb(), 64.0);
-  options.absoluteDb = -5;
-  EXPECT_EQ(window.TopLevelDb(), 1.0);
+  for (const auto& [levelDb, topDb] : {std::pair{64, 64.0}, {-5, 1.0}}) {
+    options.absoluteDb = levelDb;
+    EXPECT_EQ(window.TopLevelDb(), topDb);
+  }
 }
 
-TEST(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
-  MainViewFixture main;
-  AnalysePitch(main.view, SampleRange{2000.0, 7000.0});
-  CPitchView window(main.view, main.Services());
-  window.plot = {50, 10, 550, 110};
-  main.inMemory.settings.display.trackMouse = 1;
+class PitchTracking : public MainViewTest {
+ protected:
+  PitchTracking() {
+    AnalysePitch(view, SampleRange{2000.0, 7000.0});
+    window.plot = {50, 10, 550, 110};
+  }
+  CPitchView window{view, Services()};
+};
+
+TEST_F(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
+  const auto cursors = [this] { return Joined(window.cursorMs, view.channel().dragPoint.ms); };
   ASSERT_TRUE(window.computed());
-  const double& mainDragMs = main.view.channel().dragPoint.ms;
   window.Press(49, 50);
   window.Move(150, 50);
   EXPECT_FALSE(window.markerSet) << "pressed outside";
   window.Press(150, 50);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0);
-  EXPECT_EQ(mainDragMs, 0.0);
+  EXPECT_EQ(cursors(), "300 0");
   window.StepCursor(5, 0);
-  EXPECT_DOUBLE_EQ(window.cursorMs, 300.0) << "no step while the button is held";
+  EXPECT_EQ(cursors(), "300 0") << "no step while the button is held";
   window.Move(250, 50);
-  EXPECT_DOUBLE_EQ(mainDragMs, 400.0);
-  // The first move passes its press first.
-  EXPECT_DOUBLE_EQ(main.view.channel().selectionStart.ms, 300.0);
-  EXPECT_TRUE(main.view.selectionShown());
+  EXPECT_EQ(cursors(), "400 400");
+  EXPECT_EQ(MarksOf(view), "selection to save 300 of 300 400 = 1000") << "the press went first";
   window.Release(350, 50);
   window.Move(450, 50);
-  EXPECT_DOUBLE_EQ(mainDragMs, 400.0);
+  EXPECT_EQ(cursors(), "500 400");
   for (const auto& [right, ms] : {std::pair{0, 500.0}, {5, 505.0}, {-9999, 200.0}, {9999, 699.0}}) {
     window.StepCursor(right, 0);
     EXPECT_DOUBLE_EQ(window.cursorMs, ms) << right;
   }
-  AnalysePitch(main.view, SampleRange{2000.0, 6990.0});
-  EXPECT_TRUE(window.markerSet);
-  AnalysePitch(main.view, SampleRange{2000.0, 6500.0});
-  EXPECT_FALSE(window.markerSet) << "the new track ends before it";
+  for (const double end : {6990.0, 6500.0}) {
+    AnalysePitch(view, SampleRange{2000.0, end});
+    EXPECT_EQ(window.markerSet, end == 6990.0) << "the new track ends before it";
+  }
 }
 
 }  // namespace

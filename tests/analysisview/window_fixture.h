@@ -1,40 +1,60 @@
-// window_fixture.h - documents with a recording, in memory and in the disk store, for the analysis
-// windows.
+// window_fixture.h - a recording for the analysis windows: in memory and in the disk store, and one
+// in a laid-out main view that the windows follow.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
-#include <memory>
+#include <string>
 
 #include "analysis/test_signals.h"
-#include "document/document.h"
-#include "support/test_host.h"
+#include "analysisview/analysis_window.h"
+#include "mainview/view_fixture.h"
 
 namespace cantorix {
 
-class RecordingFixture {
- public:
-  explicit RecordingFixture(testing::Samples samples, double rateHz = 11025.0)
-      : samples_(std::move(samples)) {
-    for (CSonadexDoc* document : {&inMemory, &onDisk}) {
-      CChannel& channel = document->channel();
-      channel.sampleRateHz = rateHz;
-      channel.totalLength = static_cast<double>(samples_.size());
-      channel.totalDurationMs = channel.totalLength * 1000.0 / rateHz;
-    }
-    SampleBlock block(static_cast<std::int64_t>(samples_.size()));
-    std::copy(samples_.begin(), samples_.end(), block.samples().begin());
-    inMemory.HoldInMemory(std::move(block));
-    auto store = std::make_unique<SampleStore>(world.folder.path(), world.host.storeCounter);
-    store->Append(samples_);
-    onDisk.HoldOnDisk(std::move(store));
+struct RecordingFixture {
+  explicit RecordingFixture(const testing::Samples& samples, double rateHz = 11025.0) {
+    Hold(inMemory, samples, rateHz);
+    Hold(onDisk, samples, rateHz, Place::kDisk);
   }
 
-  TestHost world;
+  ViewWorld around;
+  TestHost& world = around.test;
   CSonadexDoc inMemory{world.host};
   CSonadexDoc onDisk{world.host};
-
- private:
-  testing::Samples samples_;
 };
+
+// One second at 10 samples per ms, 1000 pixels wide from the margin on: a pixel is a millisecond.
+class MainViewTest : public RecordingFixture, public ::testing::Test {
+ protected:
+  MainViewTest() : RecordingFixture(testing::Noise(10000, 5000), 10000.0) {
+    inMemory.SetPathName("/recordings/talk.wav");
+    inMemory.settings.display.trackMouse = 1;
+    around.logOpen = true;
+    view.Begin({1045, 500});
+  }
+
+  // For a window of this view.
+  WindowServices Services() {
+    return {&view, [this] { ++changes; }, around.Services().openLog};
+  }
+  // The samples go away but for the first ones, as a cut leaves them.
+  void CutTo(std::int64_t samples) {
+    const auto all = inMemory.channel().samples.samples();
+    Hold(inMemory, Samples(all.begin(), all.begin() + samples), 10000.0);
+    inMemory.Notify(DocumentChange::kSamples);
+  }
+
+  RecordingLog& log = around.log;
+  int changes = 0;
+  CSonadexView view{inMemory, around.Services()};
+};
+
+// Every readout as one text.
+inline std::string TextOf(const AnalysisWindow& window) {
+  return JoinedEach(window.Readouts(),
+                    [](const WindowReadout& readout) { return readout.label + readout.value; });
+}
 
 }  // namespace cantorix

@@ -21,26 +21,33 @@ Spectrum FourPoints() {
   return spectrum;
 }
 
+// "source: heading | cells" of each row.
+std::vector<std::string> TextsOf(const std::vector<LogEntry>& entries) {
+  std::vector<std::string> texts;
+  for (const LogEntry& entry : entries) {
+    texts.push_back(entry.source + ": " + entry.heading + " |");
+    for (const std::string& cell : entry.columns) texts.back() += " " + cell;
+  }
+  return texts;
+}
+
 TEST(FftLpcLog, HasOneDecimalOfWhatIsUnderTheMarkerOfTheFormantsAndOfEveryStep) {
-  const LogEntry marker = FftLpcMarkerEntry("talk.wav", FourPoints(), 199.9);
-  EXPECT_EQ(marker.source + ": " + marker.heading, "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB");
-  EXPECT_THAT(marker.columns, ElementsAre("199.9", "20.2"));
-  EXPECT_THAT(FftLpcMarkerEntry("", FourPoints(), 400.0).columns, ElementsAre("400.0", "0.0"));
-  EXPECT_THAT(FftLpcMarkerEntry("", FourPoints(), -1.0).columns, ElementsAre("-1.0", "0.0"));
-
-  const LogEntry formants = FftLpcFormantsEntry("talk.wav", FourPoints());
-  EXPECT_EQ(formants.heading,
-            "FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5");
-  EXPECT_THAT(formants.columns, ElementsAre("250.6", "350.5", "-1.0", "-1.0", "-1.0", "60.5",
-                                            "70.5", "-1.0", "-1.0", "-1.0"));
-
-  const auto rows = FftLpcEntireFrameEntries("talk.wav", FourPoints(), 150);
-  ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].heading, "FFT/LPC Entire Frame Entry: freq., FFT_dB, LPC_dB");
-  EXPECT_THAT(rows[1].columns, ElementsAre("150.0", "20.2", "2.0"));
-  EXPECT_THAT(rows[2].columns, ElementsAre("300.0", "0.0", "4.0"));
-  EXPECT_EQ(FftLpcEntireFrameEntries("", FourPoints(), 200).size(), 2U) << "below the top";
-  EXPECT_EQ(FftLpcEntireFrameEntries("", FourPoints(), 0).size(), 400U) << "never endless";
+  const Spectrum spectrum = FourPoints();
+  const auto marker = [&](double hz) { return FftLpcMarkerEntry("talk.wav", spectrum, hz); };
+  EXPECT_THAT(TextsOf({marker(199.9), marker(400.0), marker(-1.0)}),
+              ElementsAre("talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | 199.9 20.2",
+                          "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | 400.0 0.0",
+                          "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | -1.0 0.0"));
+  EXPECT_THAT(
+      TextsOf({FftLpcFormantsEntry("talk.wav", spectrum)}),
+      ElementsAre("talk.wav: FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5 "
+                  "| 250.6 350.5 -1.0 -1.0 -1.0 60.5 70.5 -1.0 -1.0 -1.0"));
+  const std::string frame = "talk.wav: FFT/LPC Entire Frame Entry: freq., FFT_dB, LPC_dB | ";
+  EXPECT_THAT(
+      TextsOf(FftLpcEntireFrameEntries("talk.wav", spectrum, 150)),
+      ElementsAre(frame + "0.0 10.0 1.0", frame + "150.0 20.2 2.0", frame + "300.0 0.0 4.0"));
+  EXPECT_EQ(FftLpcEntireFrameEntries("", spectrum, 200).size(), 2U) << "below the top";
+  EXPECT_EQ(FftLpcEntireFrameEntries("", spectrum, 0).size(), 400U) << "never endless";
   EXPECT_TRUE(FftLpcEntireFrameEntries("", {}, 10).empty());
 }
 
@@ -58,46 +65,39 @@ struct TwoColumns {
   SpectrogramLogContext context{"talk.wav", 2.0, 1.0};
 };
 
-// Times in milliseconds, then in seconds.
 TEST(SpectrogramLog, RowsAreInTheTimeBase) {
   TwoColumns two;
-  struct Row {
-    double factor;
-    const char *markerMs, *formantsMs, *allMs;
-  };
-  for (const Row& row : {Row{1.0, "1234.5", "299.0", "300.0"}, Row{0.001, "1.2", "0.3", "0.3"}}) {
-    two.context.timeFactor = row.factor;
-    const LogEntry marker = SpectrogramMarkerEntry(two.context, 1234.5, 700.0);
-    EXPECT_EQ(marker.source + ": " + marker.heading,
-              "talk.wav: Spec. Marker Entry: time, frequency");
-    EXPECT_THAT(marker.columns, ElementsAre(row.markerMs, "700.0"));
-    const auto here = SpectrogramFormantsEntries(two.context, two.spectrogram, 299.0);
-    ASSERT_EQ(here.size(), 1U);
-    EXPECT_EQ(here[0].heading, "Spec. Formants Entry: time, F1, F2, F3, F4, F5");
-    EXPECT_THAT(here[0].columns, ElementsAre(row.formantsMs, "500.0", "1500.0", "-", "-", "-"))
+  for (const bool seconds : {false, true}) {
+    two.context.timeFactor = seconds ? 0.001 : 1.0;
+    const auto time = [seconds](const char* ms, const char* s) { return seconds ? s : ms; };
+    EXPECT_THAT(TextsOf({SpectrogramMarkerEntry(two.context, 1234.5, 700.0)}),
+                ElementsAre(std::string("talk.wav: Spec. Marker Entry: time, frequency | ") +
+                            time("1234.5", "1.2") + " 700.0"));
+    EXPECT_THAT(
+        TextsOf(SpectrogramFormantsEntries(two.context, two.spectrogram, 299.0)),
+        ElementsAre(std::string("talk.wav: Spec. Formants Entry: time, F1, F2, F3, F4, F5 | ") +
+                    time("299.0", "0.3") + " 500.0 1500.0 - - -"))
         << "none is not silent";
-    const auto all = SpectrogramFormantsAllEntries(two.context, two.spectrogram);
-    ASSERT_EQ(all.size(), 2U);
-    EXPECT_EQ(all[1].heading, "Spec. Formants All Entry: time, F1, F2, F3, F4, F5");
-    EXPECT_THAT(all[1].columns, ElementsAre(row.allMs, "0.0", "0.0", "0.0", "0.0", "0.0"));
+    const std::string all = "talk.wav: Spec. Formants All Entry: time, F1, F2, F3, F4, F5 | ";
+    EXPECT_THAT(TextsOf(SpectrogramFormantsAllEntries(two.context, two.spectrogram)),
+                ElementsAre(all + time("100.0", "0.1") + " 500.0 1500.0 - - -",
+                            all + time("300.0", "0.3") + " 0.0 0.0 0.0 0.0 0.0"));
   }
 }
 
 TEST(SpectrogramLog, EntireFrameIsTheColumnUnderTheCursor) {
   TwoColumns two;
-  const auto rows = SpectrogramEntireFrameEntries(two.context, two.spectrogram, 300.0);
-  ASSERT_EQ(rows.size(), 2U);
-  EXPECT_EQ(rows[0].heading, "Spec. Entire Frame Entry: frequency, dB");
-  EXPECT_THAT(rows[0].columns, ElementsAre("0.0", "3.0"));
-  EXPECT_THAT(rows[1].columns, ElementsAre("500.0", "4.0"));
-  for (const double outside : {99.0, 500.0}) {
-    EXPECT_TRUE(SpectrogramEntireFrameEntries(two.context, two.spectrogram, outside).empty());
-    EXPECT_TRUE(SpectrogramFormantsEntries(two.context, two.spectrogram, outside).empty());
-  }
+  const std::string frame = "talk.wav: Spec. Entire Frame Entry: frequency, dB | ";
+  EXPECT_THAT(TextsOf(SpectrogramEntireFrameEntries(two.context, two.spectrogram, 300.0)),
+              ElementsAre(frame + "0.0 3.0", frame + "500.0 4.0"));
+  const auto noneAt = [&two](double ms) {
+    return SpectrogramEntireFrameEntries(two.context, two.spectrogram, ms).empty() &&
+           SpectrogramFormantsEntries(two.context, two.spectrogram, ms).empty();
+  };
+  EXPECT_TRUE(noneAt(99.0) && noneAt(500.0));
   two.spectrogram.levels.reset();
   two.spectrogram.formants.clear();
-  EXPECT_TRUE(SpectrogramEntireFrameEntries(two.context, two.spectrogram, 300.0).empty());
-  EXPECT_TRUE(SpectrogramFormantsEntries(two.context, two.spectrogram, 300.0).empty());
+  EXPECT_TRUE(noneAt(300.0));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -27,13 +28,17 @@ class FixedTextMeasurer : public TextMeasurer {
   }
 };
 
-// What every notice said; the pointer's once more by themselves.
+// What every notice said; the pointer's once more by themselves, and passed on to `forward`.
 class RecordingListener : public ViewListener {
  public:
   void ViewChanged(const ViewNotice& notice) override {
     notices.push_back(notice.changes);
-    if (notice.pointer) moves.emplace_back(notice.pointer->phase, notice.pointer->ms);
+    if (!notice.pointer) return;
+    moves.emplace_back(notice.pointer->phase, notice.pointer->ms);
+    if (forward) forward(notice.pointer->phase, notice.pointer->ms);
   }
+
+  std::function<void(MousePhase, double)> forward;
 
   std::vector<DocumentChanges> notices;
   std::vector<std::pair<MousePhase, double>> moves;
