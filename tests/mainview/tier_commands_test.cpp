@@ -113,6 +113,8 @@ TEST_F(TierCommandsTest, LaterTierInUseWinsOnEqualNames) {
   tier(7).name = "words";  // not in use
   Import("words", "1\ta");
   EXPECT_EQ(LabelsOf(channel, kBreaks), "a@1");
+  dialogs.labelImport.WillGive(LabelImportAnswer{"of no tier", {}});
+  ImportLabels(view);  // asks for no file
 }
 
 TEST_F(TierCommandsTest, ImportWithoutATierInUseAsksForTiersFirst) {

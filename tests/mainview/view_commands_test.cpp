@@ -5,8 +5,10 @@
 #include <gmock/gmock.h>
 
 #include "mainview/label_list.h"
+#include "mainview/option_commands.h"
 #include "mainview/time_axis.h"
 #include "settings/config_file.h"
+#include "settings/field_text.h"
 #include "wide_view.h"
 
 namespace cantorix {
@@ -93,21 +95,38 @@ TEST_F(ViewCommandsTest, SelectionsEndWithTheRecordingAndReplaceTheMarker) {
   EXPECT_EQ(view.readouts.durationMs, 0.0);
 }
 
-TEST_F(ViewCommandsTest, ZoomRangeIsKeptInTheConfigurationAtOnce) {
+TEST_F(ViewCommandsTest, OptionsAreKeptInTheConfigurationAtOnce) {
   const std::string path = ConfigPath(world.test.folder.path());
   ASSERT_TRUE(WriteConfiguration(path, {{}, DefaultDocumentSettings()}));
+  ScriptedDialogs& dialogs = world.dialogs;
   document.settings.zoomRangeMs = 250.9;
-  auto& dialog = world.dialogs.zoomRange;
-  dialog.WillCancel();
+  dialogs.zoomRange.WillCancel();
   SetZoomRange(view);
   EXPECT_EQ(document.settings.zoomRangeMs, 250.9);
-  dialog.WillGive(750);
-  SetZoomRange(view);
-  EXPECT_THAT(dialog.presets, ElementsAre(250, 250));
-  EXPECT_EQ(document.settings.zoomRangeMs, 750.0);
-  Settings stored;
-  ASSERT_TRUE(DecodeRecord(ReadConfiguration(path), stored));
-  EXPECT_EQ(stored.document.zoomRangeMs, 750.0);
+  EXPECT_THAT(dialogs.zoomRange.presets, ElementsAre(250));
+  dialogs.zoomRange.WillGive(77);
+  dialogs.fftLpc.WillGive({.stepMs = 77});
+  dialogs.spectrogram.WillGive({.lpcOrder = 77});
+  dialogs.pitch.WillGive({.stepMs = 77.0});
+  dialogs.intensity.WillGive({.stepMs = 77.0});
+  dialogs.logStep.WillGive(77);
+  const std::pair<const char*, void (*)(CSonadexView&)> rows[] = {
+      {"zoom.rangeMs", SetZoomRange},
+      {"fftlpc.stepMs", SetFftLpcOptions},
+      {"pitch.stepMs", SetPitchOptions},
+      {"spectrogram.lpcOrder", SetSpectrogramOptions},
+      {"intensity.stepMs", SetIntensityOptions},
+      {"log.stepHz", SetLogOptions}};
+  for (const auto& [name, set] : rows) {
+    listener = {};
+    set(view);
+    Settings stored;
+    ASSERT_TRUE(DecodeRecord(ReadConfiguration(path), stored));
+    EXPECT_EQ(FieldText(stored, *FindField(name)), "77") << name;
+    EXPECT_EQ(FieldText({{}, document.settings}, *FindField(name)), "77") << name;
+    ASSERT_EQ(listener.notices.size(), 1U) << name;
+    EXPECT_EQ(listener.notices[0], DocumentChange::kSettings) << name;
+  }
 }
 
 TEST_F(ViewCommandsTest, SettingsOfTheProgramReachLayoutAndLabelList) {
