@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "document/label.h"
 #include "label_fixture.h"
 #include "mainview/dialog_answers.h"
@@ -35,39 +33,6 @@ class LabelCommandsTest : public LabelTest {
     ReleaseMouse(view, x, y);
   }
 };
-
-TEST_F(LabelCommandsTest, EveryChangeSavesUndoMarksModifiedAndRefreshes) {
-  const struct {
-    const char* name;
-    std::function<void()> change;
-    const char* words;
-  } cases[] = {
-      {"add", [this] { AddLabelToTier(view, kWords, LabelOf(3000.0, "new")); },
-       "one@2000 two@6000 new@3000"},
-      {"edit: to the end of its tier",
-       [this] { EditLabel(view, kWords, 0, LabelOf(2000.0, "ONE")); },
-       "two@6000 new@3000 ONE@2000"},
-      {"move: in its place", [this] { MoveLabel(view, kWords, 0, 9000.0, 0.25); },
-       "two@9000 new@3000 ONE@2000"},
-      {"delete", [this] { DeleteLabel(view, kWords, 1); }, "two@9000 ONE@2000"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    document.SetModified(false);
-    view.undoAvailable = false;
-    listener = {};
-    playback.stops = 0;
-    c.change();
-    EXPECT_EQ(Words(), c.words);
-    EXPECT_EQ(EditOf(view), "undo modified");
-    ASSERT_EQ(listener.notices.size(), 1U);
-    EXPECT_EQ(listener.notices[0], DocumentChange::kLabels | DocumentChange::kTitle);
-    EXPECT_EQ(playback.stops, 1);
-  }
-  EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 0.25);
-  Undo(view);
-  EXPECT_EQ(Words(), "two@9000 new@3000 ONE@2000");
-}
 
 TEST_F(LabelCommandsTest, UndoOfALabelKeepsTracksAndSamplesAndThatOfSamplesDropsThem) {
   const std::int16_t* const samples = channel.samples.samples().data();

@@ -20,7 +20,8 @@
 namespace cantorix {
 namespace {
 
-constexpr int kTiersInUse[] = {0, 3};
+constexpr std::size_t kTiersInUse[] = {0, 3};
+constexpr int kUnusedTier = 5;
 
 struct ModelClipboard {
   bool full = false;
@@ -32,7 +33,8 @@ struct ModelClipboard {
 struct Subject {
   Subject(ViewWorld& world, double rate, std::int64_t length)
       : program(world, Ramp(length), rate), rateHz(rate) {
-    for (const int tier : kTiersInUse) tiers()[static_cast<std::size_t>(tier)].inUse = true;
+    for (const std::size_t tier : kTiersInUse) tiers()[tier].inUse = true;
+    tiers()[kUnusedTier].labels = {LabelOf(7.0, "of no tier in use")};
     now.samples = Ramp(length);
     now.length = static_cast<double>(length);
     now.ms = now.length * 1000.0 / rateHz;
@@ -53,6 +55,7 @@ struct Subject {
   Recording now;
   Recording before;  // what an undo brings back
   bool undo = false;
+  std::string marks;  // what is shown: "marker", "selection" or nothing
 };
 
 class Walk {
@@ -67,7 +70,7 @@ class Walk {
     Subject& subject = *subjects_[Below(subjects_.size())];
     const std::size_t kind = Below(12);
     if (kind < 3) return Select(subject);
-    if (kind == 3) return PlaceMarker(subject.view(), SomeMs(subject));
+    if (kind == 3) return Mark(subject);
     if (kind == 4) return Cut(subject);
     if (kind == 5) return Copy(subject);
     if (kind < 8) return Paste(subject);
@@ -92,7 +95,13 @@ class Walk {
     return kind == 2 ? std::floor(ms * Fraction()) : ms * Fraction();
   }
 
+  void Mark(Subject& subject) {
+    PlaceMarker(subject.view(), SomeMs(subject));
+    subject.marks = "marker";
+  }
+
   void Select(Subject& subject) {
+    subject.marks = "selection";
     const double startMs = SomeMs(subject);
     // Short ones, so that the recordings neither die out nor grow without end.
     const bool isLong = subject.now.length > 6000.0 || Below(6) == 0;
@@ -118,7 +127,9 @@ class Walk {
     if (!selected) return;
     clipboard_ = {true, subject.rateHz, Piece(subject.now, span)};
     subject.Keep();
-    if (subject.now.length != Count(span)) Remove(subject.now, span);  // else refused
+    if (subject.now.length == Count(span)) return;  // refused
+    Remove(subject.now, span);
+    subject.marks.clear();
   }
 
   void Copy(Subject& subject) {
@@ -143,33 +154,38 @@ class Walk {
     if (!clipboard_.full) return;
     subject.Keep();
     const bool refused = clipboard_.rateHz != subject.rateHz || subject.now.length == Count(span);
-    if (!refused) Replace(subject.now, clipboard_.content, span);
+    if (refused) return;
+    Replace(subject.now, clipboard_.content, span);
+    subject.marks.clear();
   }
 
   void Undo(Subject& subject) {
     RunCommand(subject.view(), Command::kUndo);
-    if (std::exchange(subject.undo, false)) subject.now = subject.before;
+    if (!std::exchange(subject.undo, false)) return;
+    subject.now = subject.before;
+    subject.marks.clear();
   }
 
   // 0 adds a label, 1 moves one, 2 deletes one.
   void ChangeLabel(Subject& subject, std::size_t kind) {
-    const int tier = kTiersInUse[Below(std::size(kTiersInUse))];
-    std::vector<ModelLabel> labels = subject.now.labels[static_cast<std::size_t>(tier)];
+    const std::size_t tier = kTiersInUse[Below(std::size(kTiersInUse))];
+    const int slot = static_cast<int>(tier);
+    std::vector<ModelLabel> labels = subject.now.labels[tier];
     if (kind == 0 ? labels.size() > 60 : labels.empty()) return;
     const double ms = SomeMs(subject);
     const int index = kind == 0 ? 0 : static_cast<int>(Below(labels.size()));
     subject.Keep();
     if (kind == 0) {
       labels.push_back({"label " + std::to_string(++labelCount_), ms});
-      AddLabelToTier(subject.view(), tier, LabelOf(ms, labels.back().text));
+      AddLabelToTier(subject.view(), slot, LabelOf(ms, labels.back().text));
     } else if (kind == 1) {
       labels[static_cast<std::size_t>(index)].ms = ms;
-      MoveLabel(subject.view(), tier, index, ms, 0.5);
+      MoveLabel(subject.view(), slot, index, ms, 0.5);
     } else {
       labels.erase(labels.begin() + index);
-      DeleteLabel(subject.view(), tier, index);
+      DeleteLabel(subject.view(), slot, index);
     }
-    subject.now.labels[static_cast<std::size_t>(tier)] = labels;
+    subject.now.labels[tier] = labels;
   }
 
   void CompareOne(Subject& subject) {
@@ -179,7 +195,8 @@ class Walk {
                            subject.now.samples.end()));
     ASSERT_DOUBLE_EQ(channel.totalLength, subject.now.length);
     ASSERT_NEAR(channel.totalDurationMs, subject.now.ms, 1e-6);
-    for (std::size_t tier = 0; tier < subject.now.labels.size(); ++tier) {
+    ASSERT_EQ(LabelsOf(channel, kUnusedTier), "of no tier in use@7");
+    for (const std::size_t tier : kTiersInUse) {
       const std::vector<Label>& labels = channel.tiers[tier].labels;
       const std::vector<ModelLabel>& expected = subject.now.labels[tier];
       ASSERT_EQ(labels.size(), expected.size()) << "tier " << tier;
@@ -189,7 +206,12 @@ class Walk {
         ASSERT_LE(labels[i].timeMs, channel.totalDurationMs + 1e-6);
       }
     }
-    ASSERT_EQ(subject.view().undoAvailable, subject.undo);
+    const CSonadexView& view = subject.view();
+    ASSERT_EQ(view.markerSet()        ? "marker"
+              : view.selectionShown() ? "selection"
+                                      : "",
+              subject.marks);
+    ASSERT_EQ(view.undoAvailable, subject.undo);
     ASSERT_EQ(world_.clipboard.clipboardFull, clipboard_.full);
   }
 

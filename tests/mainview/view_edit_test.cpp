@@ -41,23 +41,27 @@ TEST_F(ViewEditTest, EachThingThatIsDoneTellsOnceWhatItChanged) {
     const char* name;
     std::function<void()> act;
     DocumentChanges changes;
+    int stops = 1;  // of playback
   } rows[] = {
       {"press", [this] { PressMouse(view, 240, 150); }, kCursor},
-      {"move", [this] { MoveMouse(view, 300, 150); }, kCursor},
-      {"release", [this] { ReleaseMouse(view, 340, 150); }, kCursor},
+      {"move", [this] { MoveMouse(view, 300, 150); }, kCursor, 0},
+      {"release", [this] { ReleaseMouse(view, 340, 150); }, kCursor, 0},
       {"press of another window", [this] { PressAtTime(view, 2000.0); }, kCursor},
-      {"its move", [this] { MoveAtTime(view, 3000.0); }, kCursor},
-      {"span", [this] { SelectSpan(view, 2500.0, 3000.0); }, kCursor},
+      {"its move", [this] { MoveAtTime(view, 3000.0); }, kCursor, 0},
+      {"span", [this] { SelectSpan(view, 2500.0, 3000.0); }, kCursor, 0},
       {"zoom", [this] { ZoomView(view, Zoom::kIn); }, kStretch},
-      {"scroll", [this] { ScrollView(view, ScrollRequest::kLineForward); }, kStretch},
+      {"scroll", [this] { ScrollView(view, ScrollRequest::kLineForward); }, kStretch, 0},
       {"wheel", [this] { ZoomViewAround(view, 500, -2); }, kStretch},
-      {"pitch", [this] { AnalysePitch(view, Stretch::kAll); }, kTracks},
-      {"cut", [this] { CutSelection(view); }, edit},
+      {"pitch", [this] { AnalysePitch(view, Stretch::kAll); }, kTracks, 0},
+      {"cut", [this] { CutSelection(view); }, edit, 2},
       {"paste", [this] { Paste(view); }, edit},
       {"undo", [this] { Undo(view); }, edit},
       {"smooth", [this] { Smooth(view); }, kSamples | kTitle},
-      {"reference", [this] { SetReferenceOfAllChannels(view); }, kReference | kTitle},
-      {"label", [this] { DeleteLabel(view, kWords, 0); }, kLabels | kTitle},
+      {"reference", [this] { SetReferenceOfAllChannels(view); }, kReference | kTitle, 2},
+      {"new label", [this] { AddLabelToTier(view, kWords, {}); }, kLabels | kTitle},
+      {"moved", [this] { MoveLabel(view, kWords, 0, 1.0, 0.5); }, kLabels | kTitle},
+      {"edited", [this] { EditLabel(view, kWords, 0, {}); }, kLabels | kTitle},
+      {"deleted", [this] { DeleteLabel(view, kWords, 0); }, kLabels | kTitle},
       {"undo of a label", [this] { Undo(view); },
        DocumentChanges(kLabels | kReference | kStretch) | kCursor | kTitle},
   };
@@ -65,6 +69,7 @@ TEST_F(ViewEditTest, EachThingThatIsDoneTellsOnceWhatItChanged) {
     SCOPED_TRACE(row.name);
     document.SetModified(false);
     listener = elsewhere = {};
+    playback.stops = 0;
     view.redrawNeeded = false;
     row.act();
     ASSERT_EQ(listener.notices.size(), 1U);
@@ -72,6 +77,7 @@ TEST_F(ViewEditTest, EachThingThatIsDoneTellsOnceWhatItChanged) {
     ASSERT_EQ(elsewhere.notices.size(), 1U);
     EXPECT_EQ(elsewhere.notices[0], row.changes);
     EXPECT_TRUE(view.redrawNeeded && second.redrawNeeded);
+    EXPECT_EQ(playback.stops, row.stops);
   }
 }
 
