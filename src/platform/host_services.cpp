@@ -4,9 +4,11 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <cstddef>
+#include <ctime>
 #include <fstream>
 #include <iterator>
 #include <limits>
@@ -39,6 +41,15 @@ bool FitsAddressSpace(std::size_t bytes) {
 }
 
 }  // namespace
+
+std::string LocalTimeStamp() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  ::localtime_r(&now, &local);
+  std::array<char, 32> text{};
+  const std::size_t length = std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &local);
+  return {text.data(), length};
+}
 
 double HostClock::NowMs() const {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();

@@ -14,6 +14,9 @@ class HostClock : public Clock {
   void SleepMs(double ms) override;
 };
 
+// The local date and time, "20261121-143005".
+std::string LocalTimeStamp();
+
 // Grants a block that fits into what the kernel calls available memory and into the address space
 // that the process may use. The system lends more memory than it has, so a successful allocation
 // alone would say nothing.
