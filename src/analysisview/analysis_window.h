@@ -73,6 +73,8 @@ class AnalysisWindow : public DocumentObserver {
   // Whether there is a picture.
   virtual bool computed() const = 0;
   virtual bool hasFormants() const = 0;
+  // The samples along the window's time axis; none when it has no such axis.
+  virtual SampleRange ShownSamples() const { return {}; }
   // Whether there is something for Update to compute.
   virtual bool canUpdate() const = 0;
   // Computes again, for the wanted size, what the window shows, cut to the recording. What is tried

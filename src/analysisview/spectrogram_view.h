@@ -47,6 +47,7 @@ class CSpectrogramView : public AnalysisWindow {
   WindowKind kind() const override { return WindowKind::kSpectrogram; }
   bool computed() const override { return spectrogram_.computed(); }
   bool hasFormants() const override { return computed() && !spectrogram_.formants.empty(); }
+  SampleRange ShownSamples() const override { return range_; }
   bool canUpdate() const override { return range_.length() > 0.0; }
   void Update() override;
   // A press places the cursor, a drag of more than kClickPixels selects. While all windows track

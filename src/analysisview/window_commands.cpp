@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "mainview/listening.h"
 #include "platform/progress.h"
 
 namespace cantorix {
@@ -21,6 +22,15 @@ void Enter(AnalysisWindow& window) {
   for (const LogEntry& row : rows) {
     if (window.openLog()->Append(row) || scope.Cancelled(++entered)) return;
   }
+}
+
+// Of the recording, or what the window shows of it.
+template <Stretch kStretch>
+void Play(AnalysisWindow& window) {
+  CSonadexView* const view = window.mainView();
+  if (view == nullptr) return;
+  if (kStretch == Stretch::kWindow) return PlaySamples(*view, window.ShownSamples());
+  PlayStretch(*view, kStretch);
 }
 
 template <WindowSwitch kSwitch>
@@ -65,6 +75,14 @@ constexpr WindowCommandRow kRows[] = {
     LogRow<WindowLog::kEntireFrame>(WindowCommand::kEnterEntireFrame, kInSpectrogram,
      "Enter &Entire Frame", "Ctrl+Shift+E",
      "Enter the levels of the column at the marker into the log", kMarkerThere),
+    {WindowCommand::kPlayAll, kInSpectrogram, WindowGroup::kSound, "Play A&ll", "",
+     "Play the whole file", kSoundThere, Play<Stretch::kAll>, {}, false},
+    {WindowCommand::kPlaySelection, kInSpectrogram, WindowGroup::kSound, "Play Selec&tion", "",
+     "Play the selected section of the file", kSoundThere | kSelectionThere,
+     Play<Stretch::kSelection>, {}, false},
+    {WindowCommand::kPlayWindow, kInSpectrogram, WindowGroup::kSound, "Pla&y Window", "",
+     "Play the section of the file displayed in this window", kSoundThere | kPictureThere,
+     Play<Stretch::kWindow>},
     {WindowCommand::kUpdate, kInAll, WindowGroup::kCompute, "&Update", "F5",
      "Compute again from the recording as it is now", kUpdatePossible, Compute},
     {WindowCommand::kOptions, kInAll, WindowGroup::kCompute, "&Options...", "",
@@ -120,6 +138,11 @@ std::uint32_t ConditionsOf(const AnalysisWindow& window) {
   if (window.hasFormants()) conditions |= kFormantsThere;
   if (window.openLog() != nullptr) conditions |= kWindowLogOpen;
   if (window.canUpdate()) conditions |= kUpdatePossible;
+  const CSonadexView* const view = window.mainView();
+  if (view == nullptr) return conditions;
+  const bool isFree = !view->services().playback.Sound().recordingHere;
+  if (isFree && window.document().loaded) conditions |= kSoundThere;
+  if (view->selectionShown()) conditions |= kSelectionThere;
   return conditions;
 }
 

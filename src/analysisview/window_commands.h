@@ -17,6 +17,9 @@ enum class WindowCommand {
   kEnterFormants,
   kEnterFormantsAll,
   kEnterEntireFrame,
+  kPlayAll,
+  kPlaySelection,
+  kPlayWindow,
   kUpdate,
   kOptions,
   kDrawLpc,
@@ -40,6 +43,8 @@ enum WindowCondition : std::uint32_t {
   kFormantsThere = 1U << 3U,
   kWindowLogOpen = 1U << 4U,
   kUpdatePossible = 1U << 5U,
+  kSoundThere = 1U << 6U,      // the main view has samples to play, and records none
+  kSelectionThere = 1U << 7U,  // of the main view
 };
 
 // Windows that have the command, as bits.
@@ -63,7 +68,7 @@ class WindowActionsHost {
 };
 
 // Commands of a group stand together, with a separator between groups.
-enum class WindowGroup { kLog, kCompute, kSwitches, kOutput };
+enum class WindowGroup { kLog, kSound, kCompute, kSwitches, kOutput };
 
 struct WindowCommandRow {
   WindowCommand id;

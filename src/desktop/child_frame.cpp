@@ -14,6 +14,7 @@
 #include "desktop/tool_icon.h"
 #include "desktop/window_place.h"
 #include "mainview/label_list.h"
+#include "mainview/sound_desk.h"
 #include "platform/abandon.h"
 #include "platform/prompts.h"
 
@@ -104,6 +105,22 @@ void CChildFrame::ViewChanged(const ViewNotice& notice) {
   if (notice.changes.HasAny(kLabelListChanges)) host_.LabelsChanged(*view_);
   if (notice.pointer) host_.CursorMoved(*view_, notice.pointer->phase, notice.pointer->ms);
   host_.StateChanged();
+}
+
+void CChildFrame::StopPlayback() {
+  if (document_ != nullptr) host_.sound().StopPlaying(*document_);
+}
+
+bool CChildFrame::EndRecording() {
+  return document_ != nullptr && host_.sound().EndRecording(*document_);
+}
+
+void CChildFrame::Record() { host_.sound().Record(*view_); }
+
+void CChildFrame::Play(const SampleRange& range) { host_.sound().Play(*view_, range); }
+
+SoundState CChildFrame::Sound() const {
+  return document_ == nullptr ? SoundState{} : host_.sound().StateOf(*document_);
 }
 
 void CChildFrame::ShowTitle() {

@@ -41,7 +41,11 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private Playback
 
  private:
   void ViewChanged(const ViewNotice& notice) override;
-  void StopPlayback() override {}  // nothing plays without sound
+  void StopPlayback() override;
+  bool EndRecording() override;
+  void Record() override;
+  void Play(const SampleRange& range) override;
+  SoundState Sound() const override;
 
   void BeginView();
   void ShowTitle();

@@ -4,6 +4,7 @@
 
 #include "app/application.h"
 #include "mainview/clipboard.h"
+#include "mainview/sound_run.h"
 #include "mainview/view_dialogs.h"
 #include "mainview/view_ports.h"
 #include "platform/services.h"
@@ -19,6 +20,7 @@ struct DesktopServices {
   const TextMeasurer& textMeasurer;
   ShellOpener& opener;
   Clipboard& clipboard;
+  SoundParts sound;
 };
 
 }  // namespace cantorix

@@ -38,9 +38,6 @@ class FrameCommands : private FrameActions {
   void Exit() override;
   void ToggleToolBar() override;
   void ToggleStatusBar() override;
-  // Kept off by their facts: this program has no sound.
-  void Record() override {}
-  void Play(Stretch) override {}
   void ShowRecordPlayOptions() override {}
   void ShowSpectrum() override;
   void ShowMeanSpectrum(Stretch stretch) override;

@@ -11,6 +11,7 @@ class CChildFrame;
 class CSonadexDoc;
 class CSonadexView;
 class LogSink;
+class SoundDesk;
 
 class FrameHost {
  public:
@@ -20,6 +21,7 @@ class FrameHost {
   virtual void StateChanged() = 0;
   virtual void LabelsChanged(CSonadexView& view) = 0;
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
+  virtual SoundDesk& sound() = 0;
   // Null while no log is open.
   virtual LogSink* openLog() = 0;
   // Carries out what the user began in a view: nothing while another operation runs; an operation

@@ -11,6 +11,7 @@
 
 #include "desktop/qt_text.h"
 #include "desktop/table_rows.h"
+#include "mainview/listening.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
 
@@ -79,14 +80,15 @@ LabelListFrame::LabelListFrame(QWidget* owner, FrameHost& host, WindowPlacement&
   table_->setAccessibleName(QStringLiteral("Labels"));
   UseCompactRows(*table_);
   auto* const line = new QHBoxLayout;
-  buttons_ = {AddButton(*line, QStringLiteral("&Zoom"), &LabelListFrame::Zoom),
+  buttons_ = {AddButton(*line, QStringLiteral("&Play"), &LabelListFrame::Play),
+              AddButton(*line, QStringLiteral("&Zoom"), &LabelListFrame::Zoom),
               AddButton(*line, QStringLiteral("&Edit..."), &LabelListFrame::Edit),
               AddButton(*line, QStringLiteral("&Delete"), &LabelListFrame::Delete)};
   line->addStretch();
   auto* const column = new QVBoxLayout(this);
   column->addWidget(table_);
   column->addLayout(line);
-  connect(table_, &QTableView::doubleClicked, this, [this] { Zoom(); });
+  connect(table_, &QTableView::doubleClicked, this, [this] { Play(); });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { ShowButtons(); });
   connect(&model_, &QAbstractItemModel::modelReset, this, [this] { ShowButtons(); });
@@ -120,6 +122,10 @@ void LabelListFrame::Refresh() {
   if (row >= 0 && model_.rowCount() > 0) table_->selectRow(std::min(row, model_.rowCount() - 1));
 }
 
+void LabelListFrame::Play() {
+  Apply([](CSonadexView& view, const LabelListRow& row) { PlayLabel(view, row.tier, row.index); });
+}
+
 void LabelListFrame::Zoom() { Apply(ZoomToLabel); }
 void LabelListFrame::Edit() { Apply(EditListedLabel); }
 void LabelListFrame::Delete() { Apply(DeleteListedLabel); }
@@ -127,6 +133,7 @@ void LabelListFrame::Delete() { Apply(DeleteListedLabel); }
 void LabelListFrame::Apply(RowAction action) {
   const QModelIndex current = table_->currentIndex();
   if (view_ == nullptr || !current.isValid()) return;
+  if (view_->services().playback.Sound().recordingHere) return;
   // A copy: the action brings the list up to date.
   const LabelListRow row = model_.row(current.row());
   host_.Run(*view_, [&] { action(*view_, row); });

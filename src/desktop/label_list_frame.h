@@ -42,6 +42,7 @@ class LabelListFrame : public ToolFrame {
   void Refresh();
 
   QTableView& table() { return *table_; }
+  void Play();
   void Zoom();
   void Edit();
   void Delete();

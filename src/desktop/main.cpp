@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/portaudio/portaudio_host.h"
 #include "desktop/picture_command.h"
 #include "desktop/program.h"
 #include "desktop/qt_messages.h"
@@ -38,6 +39,8 @@ int main(int argc, char** argv) {
     return 0;
   }
   if (cantorix::AsksForPicture(given)) return DrawPicture(argc, argv, given);
+  // It sets variables of the environment, so it comes before everything that has threads.
+  cantorix::PortAudioHost sound;
   const auto application = FindDisplay(argc, argv);
   // Numbers have a decimal point, whatever the user's locale.
   QLocale::setDefault(QLocale::c());
@@ -45,7 +48,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("Cantorix"));
   QApplication::setApplicationVersion(QStringLiteral(CANTORIX_VERSION));
 
-  cantorix::Program program;
+  cantorix::Program program(sound);
   // Qt has taken its own options out of the arguments.
   if (!program.Start(std::vector<std::string>(argv + 1, argv + argc))) return 1;
   return QApplication::exec();

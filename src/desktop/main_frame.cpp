@@ -11,12 +11,26 @@
 #include "desktop/qt_progress.h"
 #include "desktop/tool_icon.h"
 #include "mainview/commands.h"
+#include "mainview/recording_placement.h"
+#include "platform/host_services.h"
 
 namespace cantorix {
+namespace {
+
+RecordingPlace PlaceOfRecordings(const Application& application) {
+  const std::string& folder = application.temporaryDirectory;
+  return {folder.substr(0, folder.find_last_not_of('/') + 1), LocalTimeStamp()};
+}
+
+}  // namespace
 
 CMainFrame::CMainFrame(DesktopServices services)
     : services_(services),
       documents_(services.application),
+      sound_({services.sound, services.application.prompts(),
+              [this] { return PlaceOfRecordings(services_.application); }},
+             *this),
+      soundTimer_(sound_, services.progress, [this] { FollowSound(); }),
       commands_(*this, services_),
       area_(new QMdiArea(this)),
       actions_(*this, {[this](Command command) { commands_.Perform(command); },
@@ -67,7 +81,19 @@ bool CMainFrame::OpenFile(const std::string& path) {
   return true;
 }
 
-void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
+// After the first update of its window.
+void CMainFrame::OpenRecording(std::unique_ptr<RecordingFile> file) {
+  CChildFrame& frame = OpenNewWindow(documents_.New());
+  const auto kept = std::make_shared<std::unique_ptr<RecordingFile>>(std::move(file));
+  QMetaObject::invokeMethod(
+      &frame,
+      [this, &frame, kept] {
+        Run(*frame.view(), [&] { PlaceRecording(*frame.view(), std::move(*kept)); });
+      },
+      Qt::QueuedConnection);
+}
+
+CChildFrame& CMainFrame::OpenNewWindow(CSonadexDoc& document) {
   auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
   area_->addSubWindow(frame);
   Place(*frame);
@@ -76,6 +102,7 @@ void CMainFrame::OpenNewWindow(CSonadexDoc& document) {
   // The window has its size only after its layout ran.
   QMetaObject::invokeMethod(
       frame, [frame] { frame->Begin(); }, Qt::QueuedConnection);
+  return *frame;
 }
 
 bool CMainFrame::CloseDocument(CSonadexDoc& document) {

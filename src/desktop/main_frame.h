@@ -13,7 +13,9 @@
 #include "desktop/frame_host.h"
 #include "desktop/keyboard_panes.h"
 #include "desktop/open_documents.h"
+#include "desktop/sound/sound_timer.h"
 #include "document/save_commands.h"
+#include "mainview/sound_desk.h"
 
 class QMdiArea;
 
@@ -25,7 +27,7 @@ class DocumentOutput;
 class LabelListFrame;
 
 // main_frame.cpp holds its windows, main_frame_events.cpp what happens to them.
-class CMainFrame : public QMainWindow, private FrameHost {
+class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListener {
  public:
   explicit CMainFrame(DesktopServices services);
   ~CMainFrame() override;
@@ -34,7 +36,9 @@ class CMainFrame : public QMainWindow, private FrameHost {
   // Opens a recording in a window of its own, or shows the window it has. False when it could not
   // be opened.
   bool OpenFile(const std::string& path);
-  void OpenNewWindow(CSonadexDoc& document);
+  // Shows a recording that was not saved in a new document.
+  void OpenRecording(std::unique_ptr<RecordingFile> file);
+  CChildFrame& OpenNewWindow(CSonadexDoc& document);
   // Closes all windows of a document. False when the user keeps it open.
   bool CloseDocument(CSonadexDoc& document);
 
@@ -44,6 +48,7 @@ class CMainFrame : public QMainWindow, private FrameHost {
   std::vector<CChildFrame*> Frames() const;
   std::vector<CChildFrame*> FramesOf(const CSonadexDoc& document) const;
   OpenDocuments& documents() { return documents_; }
+  SoundDesk& sound() override { return sound_; }
 
   // What opens analysis windows and what prints: there before a command of theirs is carried out,
   // and for as long as the frame lives. Null windows are told nothing.
@@ -84,6 +89,10 @@ class CMainFrame : public QMainWindow, private FrameHost {
   bool MayClose(CChildFrame& frame) override;
   void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
+  void SoundChanged() override;
+  void SoundNote(const std::string& text) override;
+  // What sounds has moved on.
+  void FollowSound();
 
   // Asks about unsaved changes, which the document keeps.
   CloseAnswer AskAbout(CSonadexDoc& document);
@@ -95,6 +104,8 @@ class CMainFrame : public QMainWindow, private FrameHost {
 
   DesktopServices services_;
   OpenDocuments documents_;
+  SoundDesk sound_;
+  SoundTimer soundTimer_;
   FrameCommands commands_;
   QMdiArea* area_;
   CommandActions actions_;

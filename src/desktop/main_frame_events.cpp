@@ -21,6 +21,8 @@
 namespace cantorix {
 namespace {
 
+constexpr int kNoteMs = 8000;
+
 void BringForward(QWidget& window) {
   window.show();
   window.raise();
@@ -151,10 +153,22 @@ void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
   StateChanged();
 }
 
+void CMainFrame::SoundChanged() {
+  soundTimer_.Follow();
+  StateChanged();
+}
+
+void CMainFrame::SoundNote(const std::string& text) {
+  statusBar()->showMessage(Shown(text), kNoteMs);
+}
+
+void CMainFrame::FollowSound() {}
+
 CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {
   const auto frames = FramesOf(document);
   if (services_.progress.running()) return CloseAnswer::kStays;
   if (frames.empty()) return CloseAnswer::kCloses;
+  sound_.EndRecording(document);
   CloseAnswer answer = CloseAnswer::kStays;
   Guarded(*frames.front()->view(), [&] { answer = AskToClose(document); });
   return answer;
@@ -169,11 +183,16 @@ bool CMainFrame::AgreesToClose(CSonadexDoc& document) {
 bool CMainFrame::MayClose(CChildFrame& frame) {
   CSonadexDoc& document = frame.view()->document();
   if (agreedToClose_ == &document) return true;
-  if (FramesOf(document).size() > 1) return !services_.progress.running();
+  if (FramesOf(document).size() > 1) {
+    if (services_.progress.running()) return false;
+    sound_.EndRecording(document);
+    return true;
+  }
   return AgreesToClose(document);
 }
 
 void CMainFrame::Closing(CSonadexView& view) {
+  sound_.Leave(view);
   if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
 }
 

@@ -8,7 +8,9 @@
 #include <optional>
 
 #include "desktop/paint/main_view_canvas.h"
+#include "desktop/sound/sound_keys.h"
 #include "mainview/document_waveform.h"
+#include "mainview/listening.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
@@ -98,8 +100,11 @@ void MainViewWidget::mouseReleaseEvent(QMouseEvent* event) {
   Pass([&](CSonadexView& view) { ReleaseMouse(view, Pixel(at.x()), Pixel(at.y())); });
 }
 
-// The second press of a double click is a press like any other.
-void MainViewWidget::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+// The second press of a double click is a press like any other; on a label it plays that, too.
+void MainViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+  if (event->button() == Qt::LeftButton) Pass(PlayPressedLabel);
+}
 
 void MainViewWidget::wheelEvent(QWheelEvent* event) {
   wheelRest_ += event->angleDelta();
@@ -136,6 +141,7 @@ void MainViewWidget::TurnSteps(QWheelEvent& event, int steps) {
 }
 
 void MainViewWidget::keyPressEvent(QKeyEvent* event) {
+  if (const auto sound = SoundKey(*event)) return Pass(*sound);
   const auto scroll = ScrollOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   if (!scroll || modifiers != Qt::NoModifier) return QWidget::keyPressEvent(event);

@@ -4,14 +4,21 @@
 #include <filesystem>
 
 #include "app/start_up.h"
+#include "app/unsaved_recordings.h"
 
 namespace cantorix {
 
-Program::Program()
+Program::Program(SoundHost& sound)
     : profile_(UserProfilePath()),
       application_({profile_, prompts_, progress_, memory_}),
       dialogs_(prompts_),
-      services_{application_, progress_, dialogs_, textMeasurer_, opener_, clipboard_},
+      services_{application_,
+                progress_,
+                dialogs_,
+                textMeasurer_,
+                opener_,
+                clipboard_,
+                {sound, clock_, memory_}},
       analysisWindows_(services_),
       output_(prompts_, [this](CSonadexDoc& document) -> DocumentWaveform& {
         return mainFrame_->documents().WaveformOf(document);
@@ -40,6 +47,9 @@ bool Program::Start(const std::vector<std::string>& files) {
   progress_.SetOwner(mainFrame_.get());
   if (!OpenAll(files)) return false;
   mainFrame_->showMaximized();
+  for (auto& recording : OfferUnsavedRecordings(application_)) {
+    mainFrame_->OpenRecording(std::move(recording));
+  }
   return true;
 }
 

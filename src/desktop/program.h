@@ -22,7 +22,8 @@ namespace cantorix {
 
 class Program {
  public:
-  Program();
+  // `sound` outlives the program.
+  explicit Program(SoundHost& sound);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -36,6 +37,7 @@ class Program {
 
   IniProfileStore profile_;
   HostMemoryProbe memory_;
+  HostClock clock_;
   QtPrompts prompts_;
   QtProgress progress_;
   Application application_;

@@ -8,6 +8,7 @@
 #include "mainview/commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
+#include "mainview/listening.h"
 #include "mainview/log_commands.h"
 #include "mainview/option_commands.h"
 #include "mainview/view_commands.h"
@@ -42,6 +43,11 @@ void ZoomBy(CSonadexView& view) {
 }
 
 void IntensityOfAll(CSonadexView& view) { AnalyseIntensity(view, Stretch::kAll); }
+
+template <Stretch kStretch>
+void Play(CSonadexView& view) {
+  PlayStretch(view, kStretch);
+}
 
 template <LogCommand kCommand>
 void Enter(CSonadexView& view) {
@@ -149,16 +155,15 @@ constexpr std::array kTable{
 
     // Record/Play
     CommandRow{Command::kRecord, Menu::kRecordPlay, "Record", "Ctrl+R", kOwn | fact::kRecordAllowed,
-               "Start recording", "Record", ByFrame<&Frame::Record>, false, 4},
+               "Start recording", "Record", BeginRecording, false, 4},
     CommandRow{Command::kPlayAll, Menu::kRecordPlay, "Play All", "Ctrl+Y", kLoaded,
-               "Play the whole file", "Play All", ByFrame<&Frame::Play, Stretch::kAll>, kSeparator,
-               4},
+               "Play the whole file", "Play All", Play<Stretch::kAll>, kSeparator, 4},
     CommandRow{Command::kPlaySelection, Menu::kRecordPlay, "Play Selection", "Ctrl+U", kSelected,
-               "Play the selected section of the file", "Play Selection",
-               ByFrame<&Frame::Play, Stretch::kSelection>, false, 4},
+               "Play the selected section of the file", "Play Selection", Play<Stretch::kSelection>,
+               false, 4},
     CommandRow{Command::kPlayWindow, Menu::kRecordPlay, "Play Window", "", kLoaded,
                "Play the section of the file displayed in the current window", "Play Window",
-               ByFrame<&Frame::Play, Stretch::kWindow>, false, 4},
+               Play<Stretch::kWindow>, false, 4},
 
     // Analysis
     CommandRow{Command::kFftLpc, Menu::kAnalysis, "FFT/LPC", "Ctrl+F", kMarked,

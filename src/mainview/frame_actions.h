@@ -1,5 +1,5 @@
 // frame_actions.h - what the table of commands leaves to the frame around the views: windows,
-// printing, sound and what concerns the whole program. One function for each such command; all of
+// printing and what concerns the whole program. One function for each such command; all of
 // them work on the document in front.
 #pragma once
 
@@ -32,8 +32,6 @@ class FrameActions {
   virtual void ToggleStatusBar() = 0;
 
   // Record/Play
-  virtual void Record() = 0;
-  virtual void Play(Stretch stretch) = 0;
   virtual void ShowRecordPlayOptions() = 0;
 
   // Analysis, in windows of its own

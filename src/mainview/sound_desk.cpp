@@ -78,9 +78,10 @@ bool SoundDesk::MayReplace(CSonadexView& view) {
 }
 
 bool SoundDesk::HasRoom(std::uint32_t rateHz) {
-  const auto seconds = SecondsOfSpace(services_.folder, rateHz);
+  const std::string folder = services_.place().folder;
+  const auto seconds = SecondsOfSpace(folder, rateHz);
   if (!seconds || *seconds >= kLeastRoomSeconds) return true;
-  services_.prompts.Message("There is no room to record: the disk of \"" + services_.folder +
+  services_.prompts.Message("There is no room to record: the disk of \"" + folder +
                             "\" holds another " + FormatOneDecimal(*seconds) + " s only.");
   return false;
 }
@@ -96,8 +97,7 @@ void SoundDesk::Record(CSonadexView& view) {
     notices_->BeginRun();
     std::unique_ptr<Recording> recording(
         new Recording{view, {services_.parts, input_, *rateHz, notices_}});
-    if (recording->run.Start(services_.folder, services_.stamp()))
-      recording_ = std::move(recording);
+    if (recording->run.Start(services_.place())) recording_ = std::move(recording);
   }
   if (!recording_) BeginWatch();
   listener_.SoundChanged();
@@ -172,7 +172,7 @@ void SoundDesk::BeginWatch() {
   }
   watchNotices_->BeginRun();
   auto run = std::make_unique<InputRun>(services_.parts, input_, *watchRateHz_, watchNotices_);
-  if (run->Start("", "")) watch_ = std::move(run);
+  if (run->Start(std::nullopt)) watch_ = std::move(run);
   watchFailure_ = Joined(watchNotices_->Take());
 }
 
@@ -236,7 +236,8 @@ void SoundDesk::ShowNotices() {
 // State
 SoundState SoundDesk::StateOf(const CSonadexDoc& document) const {
   return {.recording = isRecording(),
-          .recordingHere = recording_ && &recording_->view.document() == &document};
+          .recordingHere = recording_ && &recording_->view.document() == &document,
+          .playingHere = playing_ && &playing_->view.document() == &document};
 }
 
 std::optional<RecordingProgress> SoundDesk::recordingProgress() const {
@@ -244,7 +245,8 @@ std::optional<RecordingProgress> SoundDesk::recordingProgress() const {
   const RecorderStatus status = recording_->run.status();
   const std::uint32_t rateHz = recording_->run.rateHz();
   return RecordingProgress{static_cast<double>(status.deliveredSamples) / rateHz,
-                           SecondsOfSpace(services_.folder, rateHz), status.device.lostSamples};
+                           SecondsOfSpace(services_.place().folder, rateHz),
+                           status.device.lostSamples};
 }
 
 std::optional<InputLevel> SoundDesk::inputLevel() const {

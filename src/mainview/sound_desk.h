@@ -30,8 +30,7 @@ class SoundDeskListener {
 struct SoundDeskServices {
   SoundParts parts;
   Prompts& prompts;
-  std::string folder;                  // of recording files, without a separator at its end
-  std::function<std::string()> stamp;  // the local date and time, "20261121-143005"
+  std::function<RecordingPlace()> place;  // of a recording that begins now
 };
 
 // A recording while it runs.

@@ -31,13 +31,15 @@ InputRun::InputRun(const SoundParts& parts, const std::string& device, std::uint
       recorder_(parts.host.MakeInput(device, tap_), std::move(notices), parts.clock, parts.memory),
       meter_(rateHz) {}
 
-bool InputRun::Start(const std::string& folder, const std::string& stamp) {
+bool InputRun::Start(const std::optional<RecordingPlace>& place) {
   RecorderSetup setup;
   setup.rateHz = rateHz_;
-  setup.folder = folder;
-  setup.stamp = stamp;
+  if (place) {
+    setup.folder = place->folder;
+    setup.stamp = place->stamp;
+  }
   recorder_.SetUp(setup);
-  if (!folder.empty() && !recorder_.hasFile()) return false;
+  if (place && !recorder_.hasFile()) return false;
   if (recorder_.Start() || recorder_.isOpen()) return true;
   if (const auto file = Stop()) file->Remove();
   return false;

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -54,15 +55,21 @@ enum class RunEnd {
   kSilent,  // nothing came for two seconds
 };
 
+// Where a recording file is made, and the local date and time in its name, "20261121-143005".
+struct RecordingPlace {
+  std::string folder;
+  std::string stamp;
+};
+
 // A recording into a file, or the sound at the input only watched.
 class InputRun {
  public:
   InputRun(const SoundParts& parts, const std::string& device, std::uint32_t rateHz,
            std::shared_ptr<NoticeSink> notices);
 
-  // Records into a new file in `folder`; "" for none. False, with the reason among the notices,
-  // when nothing runs.
-  bool Start(const std::string& folder, const std::string& stamp);
+  // Records into a new file, or only watches. False, with the reason among the notices, when
+  // nothing runs.
+  bool Start(const std::optional<RecordingPlace>& place);
   // Ends the run with the last whole buffer, and gives its file.
   std::unique_ptr<RecordingFile> Stop();
 

@@ -10,6 +10,7 @@
 namespace cantorix {
 
 struct FontDescription;
+struct SampleRange;
 
 struct PixelSize {
   std::int32_t width = 0;
@@ -57,6 +58,7 @@ class ViewListener {
 struct SoundState {
   bool recording = false;      // into any document
   bool recordingHere = false;  // into this view's document
+  bool playingHere = false;    // from this view's document
 };
 
 // Sound as a view reaches it.
@@ -67,6 +69,9 @@ class PlaybackControl {
   virtual void StopPlayback() = 0;
   // Ends a recording into the view's document, which becomes that recording. False when none runs.
   virtual bool EndRecording() { return false; }
+  // Records into the view's document, or plays some of its samples.
+  virtual void Record() {}
+  virtual void Play(const SampleRange& /*range*/) {}
   virtual SoundState Sound() const { return {}; }
 };
 

@@ -76,7 +76,8 @@ class AnalysisWindowsTest : public DesktopTest {
   // As long as the windows wait for the user to rest, and a little more.
   void Rest() { QTest::qWait(400); }
 
-  DesktopServices services{app, progress, dialogs, textMeasurer, opener, clipboard};
+  DesktopServices services{
+      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
   QPrinter printer;
   AnalysisWindowSet windows{services};
 };

@@ -20,6 +20,7 @@
 #include "support/fake_services.h"
 #include "support/samples.h"
 #include "support/scripted_prompts.h"
+#include "support/scripted_sound.h"
 #include "support/temporary_folder.h"
 #include "support/view_fakes.h"
 
@@ -94,7 +95,10 @@ class DesktopTest : public testing::Test {
   FakeOpener opener;
   RecordingWindows analyses;
   RecordingOutput outputs;
-  CMainFrame frame{{app, progress, dialogs, textMeasurer, opener, clipboard}};
+  ScriptedSound sound;
+  FakeClock clock;
+  CMainFrame frame{
+      {app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}}};
 };
 
 }  // namespace cantorix

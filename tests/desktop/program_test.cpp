@@ -6,13 +6,16 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <filesystem>
 
+#include "audio/recording_file.h"
 #include "desktop/child_frame.h"
 #include "support/samples.h"
+#include "support/scripted_sound.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -25,7 +28,8 @@ class BoxWatcher {
     QObject::connect(&timer_, &QTimer::timeout, [this] {
       if (auto* const box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
         texts.push_back(box->text().toStdString());
-        box->accept();
+        QAbstractButton* const yes = box->button(QMessageBox::Yes);
+        yes != nullptr ? yes->click() : box->accept();
       }
     });
     timer_.start(5);
@@ -53,10 +57,11 @@ class ProgramTest : public testing::Test {
 
   TemporaryFolder folder;
   BoxWatcher boxes;
+  ScriptedSound sound;
 };
 
 TEST_F(ProgramTest, WithoutArgumentsAnEmptyDocumentOpensMaximised) {
-  Program program;
+  Program program(sound);
   ASSERT_TRUE(program.Start({}));
   CMainFrame* const frame = Frame();
   ASSERT_NE(frame, nullptr);
@@ -68,7 +73,7 @@ TEST_F(ProgramTest, WithoutArgumentsAnEmptyDocumentOpensMaximised) {
 
 TEST_F(ProgramTest, AFileArgumentOpensInstead) {
   {
-    Program program;
+    Program program(sound);
     ASSERT_TRUE(program.Start({SamplesDirectory() + "/vowels.qrv"}));
     ASSERT_EQ(Frame()->documents().All().size(), 1U);
     EXPECT_EQ(Frame()->documents().All()[0]->title(), "vowels.qrv");
@@ -81,7 +86,7 @@ TEST_F(ProgramTest, AFileArgumentOpensInstead) {
 }
 
 TEST_F(ProgramTest, AFileThatCannotBeOpenedEndsTheStart) {
-  Program program;
+  Program program(sound);
   EXPECT_FALSE(program.Start({folder / "none.wav"}));
   ASSERT_EQ(boxes.texts.size(), 1U);
   EXPECT_EQ(boxes.texts[0],
@@ -90,12 +95,31 @@ TEST_F(ProgramTest, AFileThatCannotBeOpenedEndsTheStart) {
 
 TEST_F(ProgramTest, AProfileThatCannotBeWrittenEndsTheStart) {
   WriteBytes(folder / "config", {});
-  Program program;
+  Program program(sound);
   EXPECT_FALSE(program.Start({}));
   EXPECT_THAT(boxes.texts,
               testing::ElementsAre("Unable to update the system registry.\n"
                                    "Please contact your system administrator and/or the vender."));
   EXPECT_EQ(Frame(), nullptr);
+}
+
+TEST_F(ProgramTest, OffersWhatAKilledProgramRecorded) {
+  std::filesystem::create_directory(folder / "tmp");
+  const std::vector<std::int16_t> samples(4096, 7);
+  RecordingFile::Create(folder / "tmp", "20261121-143005", 11025)->Append(samples);
+  {
+    Program program(sound);
+    ASSERT_TRUE(program.Start({SamplesDirectory() + "/vowels.qrv"}));
+    EXPECT_THAT(boxes.texts, testing::ElementsAre(testing::HasSubstr("was not saved")));
+    QApplication::processEvents();
+    const auto frames = Frame()->Frames();
+    ASSERT_EQ(frames.size(), 2U) << "behind the file of the command line";
+    const CSonadexDoc& document = frames[1]->view()->document();
+    EXPECT_EQ(document.channel().totalLength, 4096.0);
+    EXPECT_EQ(document.channel().sampleRateHz, 11025.0);
+    EXPECT_TRUE(document.isModified() && document.newRecording);
+  }
+  EXPECT_TRUE(std::filesystem::exists(folder / "tmp/Recording-20261121-143005-11025Hz-1.raw"));
 }
 
 }  // namespace

@@ -267,7 +267,7 @@ class SettingsEffects : public DesktopTest {
   // Where the windows of a new program stand.
   std::string Places(const Settings& settings) {
     app.host.application = settings.application;
-    CMainFrame other{{app, progress, dialogs, textMeasurer, opener, clipboard}};
+    CMainFrame other{services};
     AnalysisWindowSet others{services};
     others.Enter({&other.area(),
                   [&](CSonadexDoc& document) -> DocumentWaveform& {
@@ -315,7 +315,8 @@ class SettingsEffects : public DesktopTest {
   }
 
   QPrinter printer;
-  DesktopServices services{app, progress, dialogs, textMeasurer, opener, clipboard};
+  DesktopServices services{
+      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
   AnalysisWindowSet windows{services};
   MainViewOutput output{prompts, [this](CSonadexDoc& document) -> DocumentWaveform& {
                           return frame.documents().WaveformOf(document);

@@ -164,7 +164,7 @@ TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
   const std::string fifth = Text(list.table(), 4, 2);
   const QPoint place = list.table().visualRect(list.table().model()->index(3, 2)).center();
   QTest::mouseClick(list.table().viewport(), Qt::LeftButton, {}, place);
-  QTest::mouseDClick(list.table().viewport(), Qt::LeftButton, {}, place);
+  list.Zoom();
   EXPECT_TRUE(view.zoomed());
   QApplication::setActiveWindow(&list);
   list.table().setFocus();

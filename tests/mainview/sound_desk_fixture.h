@@ -89,8 +89,9 @@ class SoundDeskTest : public ViewTest {
   DeskListener listener;
   SoundDesk desk{{{sound, clock, world.test.memory},
                   world.test.prompts,
-                  recordings.path(),
-                  [] { return std::string("20261121-143005"); }},
+                  [&] {
+                    return RecordingPlace{recordings.path(), "20261121-143005"};
+                  }},
                  listener};
 };
 

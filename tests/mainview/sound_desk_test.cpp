@@ -166,8 +166,9 @@ TEST_F(SoundDeskTest, WhatCannotStartIsToldOnceAndChangesNothing) {
     };
     SoundDesk scarce({{sound, clock, world.test.memory},
                       world.test.prompts,
-                      recordings.path() + row.folder,
-                      [] { return std::string("20261121-143005"); }},
+                      [&] {
+                        return RecordingPlace{recordings.path() + row.folder, "20261121-143005"};
+                      }},
                      listener);
     scarce.Record(talk.view);
     EXPECT_FALSE(scarce.isActive());

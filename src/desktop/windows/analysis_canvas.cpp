@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/paint/paint_style.h"
+#include "desktop/sound/sound_keys.h"
 
 namespace cantorix {
 namespace {
@@ -139,6 +140,10 @@ void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void AnalysisCanvas::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
+  CSonadexView* const view = model_.mainView();
+  if (const auto sound = SoundKey(*event); sound && view != nullptr) {
+    return guard_([&] { (*sound)(*view); });
+  }
   const QPoint step = StepOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool fast = modifiers == Qt::ShiftModifier;
