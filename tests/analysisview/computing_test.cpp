@@ -46,15 +46,15 @@ TEST(FftLpcView, ChecksSettingsAndMemoryAndKeepsItsResultsWhenTheyDoNotFit) {
   };
   for (const Row& row : rows) {
     RecordingFixture recording(testing::Noise(2000, 5000), 11025.0);
-    CFFTLPCView view(recording.inMemory);
+    CFFTLPCView view(recording.document);
     ASSERT_TRUE(view.AnalyseSpectrum({500.0, {}}, 77));
     const auto before = view.spectrum().fftDb;
-    FftLpcSettings& settings = recording.inMemory.settings.fftLpc;
+    FftLpcSettings& settings = recording.document.settings.fftLpc;
     settings.rangeHz = row.rangeHz;
     settings.lpcOrder = row.order;
     settings.points = row.points;
     settings.stepMs = 12;
-    recording.inMemory.channel().sampleRateHz = row.rateHz;
+    recording.document.channel().sampleRateHz = row.rateHz;
     recording.world.memory.limitBytes = row.bytes;
     EXPECT_EQ(view.AnalyseSpectrum({900.0, {}}, row.displayPoints), row.computed)
         << row.rateHz << " Hz, range " << row.rangeHz << ", order " << row.order;
@@ -68,39 +68,18 @@ TEST(FftLpcView, ChecksSettingsAndMemoryAndKeepsItsResultsWhenTheyDoNotFit) {
 
 TEST(FftLpcView, TakesThePreEmphasisOfTheSpectrogram) {
   RecordingFixture recording(testing::Noise(2000, 5000));
-  CFFTLPCView view(recording.inMemory);
+  CFFTLPCView view(recording.document);
   view.AnalyseSpectrum({500.0, {}}, 100);
   const auto emphasised = view.spectrum().fftDb;
-  recording.inMemory.settings.spectrogram.preEmphasis = 0.0;
+  recording.document.settings.spectrogram.preEmphasis = 0.0;
   view.AnalyseSpectrum({500.0, {}}, 100);
   EXPECT_NE(view.spectrum().fftDb, emphasised);
 }
 
-TEST(AnalysisWindows, ComputeTheSameFromMemoryAndFromTheStore) {
-  RecordingFixture recording(testing::Noise(9000, 5000));
-  ASSERT_TRUE(recording.onDisk.channel().samples.empty());
-  ASSERT_FALSE(recording.inMemory.channel().samples.empty());
-  CFFTLPCView memory(recording.inMemory), store(recording.onDisk);
-  for (const SpectrumPlace& place :
-       {SpectrumPlace{1000.5, {}}, SpectrumPlace{8900.0, {}}, SpectrumPlace{9500.0, {}},
-        SpectrumPlace{0.0, SampleRange{1000.25, 6000.0}}}) {
-    ASSERT_TRUE(memory.AnalyseSpectrum(place, 333) && store.AnalyseSpectrum(place, 333));
-    EXPECT_EQ(memory.spectrum().fftDb, store.spectrum().fftDb);
-    EXPECT_EQ(memory.spectrum().lpcDb, store.spectrum().lpcDb);
-    EXPECT_EQ(memory.spectrum().formants.frequencyHz, store.spectrum().formants.frequencyHz);
-  }
-  CSpectrogramView left(recording.inMemory), right(recording.onDisk);
-  ASSERT_TRUE(left.ComputeSpectrogram({0.0, 9000.0}, {50, 40}));
-  ASSERT_TRUE(right.ComputeSpectrogram({0.0, 9000.0}, {50, 40}));
-  EXPECT_TRUE(std::equal(left.spectrogram().levels.get(), left.spectrogram().levels.get() + 2000,
-                         right.spectrogram().levels.get()));
-  EXPECT_EQ(left.spectrogram().formants, right.spectrogram().formants);
-}
-
 TEST(AnalysisWindows, HoldNothingAfterACancelOrWithoutMemory) {
   RecordingFixture recording(testing::Noise(9000, 5000));
-  CFFTLPCView spectrum(recording.inMemory);
-  CSpectrogramView spectrogram(recording.inMemory);
+  CFFTLPCView spectrum(recording.document);
+  CSpectrogramView spectrogram(recording.document);
   ASSERT_TRUE(spectrum.AnalyseSpectrum({500.0, {}}, 100));
   ASSERT_TRUE(spectrogram.ComputeSpectrogram({0.0, 9000.0}, {10, 5}));
   recording.world.progress = CancellingProgress(7);
@@ -126,7 +105,7 @@ TEST(SpectrogramView, SaysWhenMemoryIsShortAtFirstAndLater) {
       "Please close some windows and try again.\n"
       "If the problem persists, please save work, close application and start again.";
   RecordingFixture recording(testing::Noise(2000, 5000), 4000.0);
-  CSpectrogramView view(recording.inMemory);
+  CSpectrogramView view(recording.document);
   view.WantSize({10, 5});
   recording.world.memory.limitBytes = 100;
   EXPECT_THROW(view.Show({0.0, 2000.0}), Abandoned);
@@ -139,12 +118,12 @@ TEST(SpectrogramView, SaysWhenMemoryIsShortAtFirstAndLater) {
 
 TEST(SpectrogramView, LimitsTheRangeToTheRateAndLeavesTheSettingAlone) {
   RecordingFixture recording(testing::Noise(2000, 5000), 4000.0);
-  CSpectrogramView view(recording.inMemory);
+  CSpectrogramView view(recording.document);
   view.cursorHz = 4000.0;
   ASSERT_TRUE(view.ComputeSpectrogram({0.0, 2000.0}, {5, 40}));
   EXPECT_EQ(view.spectrogram().maxHz, 2000.0);
   EXPECT_EQ(view.cursorHz, 2000.0);
-  EXPECT_EQ(recording.inMemory.settings.spectrogram.rangeHz, 5000);
+  EXPECT_EQ(recording.document.settings.spectrogram.rangeHz, 5000);
 }
 
 }  // namespace

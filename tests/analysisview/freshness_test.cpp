@@ -46,8 +46,8 @@ class Windows : public MainViewTest {
     return Joined(spectrogram.spectrogram().range.start, spectrogram.spectrogram().range.end);
   }
 
-  CFFTLPCView spectrum{inMemory, Services()};
-  CSpectrogramView spectrogram{inMemory, Services()};
+  CFFTLPCView spectrum{document, Services()};
+  CSpectrogramView spectrogram{document, Services()};
   CPitchView pitch{view, Services()};
   const std::vector<AnalysisWindow*> all{&spectrum, &spectrogram, &pitch};
 };
@@ -107,10 +107,10 @@ TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {
        "fftlpc.powerGridDb=3 fftlpc.relative=0 spectrogram.frequencyGridHz=3 "
        "spectrogram.drawAudio=1 pitch.displayHighHz=800 pitch.frequencyGridHz=800"},
   };
-  const DocumentSettings usual = inMemory.settings;
+  const DocumentSettings usual = document.settings;
   const auto set = [this](const DocumentSettings& settings) {
-    inMemory.settings = settings;
-    inMemory.Notify(DocumentChange::kSettings);
+    document.settings = settings;
+    document.Notify(DocumentChange::kSettings);
   };
   for (const auto& [due, fields] : rows) {
     std::istringstream list(fields);
@@ -144,8 +144,8 @@ TEST_F(Windows, ANewSizeIsComputedAtTheNextRestAndOnlyOnce) {
 }
 
 TEST_F(Windows, WhatFailsIsNotTriedAgainByItself) {
-  inMemory.settings.fftLpc.rangeHz = 9000;
-  inMemory.Notify(DocumentChange::kSettings);
+  document.settings.fftLpc.rangeHz = 9000;
+  document.Notify(DocumentChange::kSettings);
   EXPECT_EQ(Due(), "1 0 0");
   spectrum.Update();
   EXPECT_EQ(Due(), "0 0 0");
@@ -184,7 +184,7 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   EXPECT_EQ(enabled(spectrogram),
             "Enter &Marker;Enter &Formants;Enter Formants &All;Enter &Entire Frame;");
   EXPECT_EQ(enabled(pitch), "Enter &Marker;");
-  inMemory.settings.spectrogram.trackFormants = 0;
+  document.settings.spectrogram.trackFormants = 0;
   spectrogram.Update();
   EXPECT_EQ(enabled(spectrogram), "Enter &Marker;Enter &Entire Frame;");
   around.logOpen = false;
@@ -194,8 +194,8 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
   PlaceMarkers();
   pitch.StepCursor(50, 0);
-  inMemory.settings.display.timeBase = 1;
-  inMemory.settings.logStepHz = 100;
+  document.settings.display.timeBase = 1;
+  document.settings.logStepHz = 100;
   const struct {
     AnalysisWindow& window;
     WindowCommand command;
@@ -245,7 +245,7 @@ TEST_F(Windows, OnlyANewPictureIsARevision) {
     for (AnalysisWindow* window : all) {
       const std::int64_t before = window->revision();
       changes = 0;
-      inMemory.Notify(change);
+      document.Notify(change);
       EXPECT_EQ(window->revision() > before, picture);
       EXPECT_GE(changes, 3) << "every window is told";
     }
@@ -253,7 +253,7 @@ TEST_F(Windows, OnlyANewPictureIsARevision) {
 }
 
 TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {
-  auto& s = inMemory.settings;
+  auto& s = document.settings;
   const struct {
     AnalysisWindow& window;
     WindowCommand command;

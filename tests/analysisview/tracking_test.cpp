@@ -40,7 +40,7 @@ class SpectrogramTracking : public MainViewTest {
                 ? Joined(" from", window.selection.startMs, "to", window.selection.endMs)
                 : "");
   }
-  CSpectrogramView window{inMemory, Services()};
+  CSpectrogramView window{document, Services()};
 };
 
 TEST_F(SpectrogramTracking, APressPutsBothCursorsUnderThePointer) {
@@ -68,7 +68,7 @@ TEST_F(SpectrogramTracking, ReadoutsAreThoseOfTheCursorAndOfTheSelection) {
   EXPECT_EQ(TextOf(window), expected + " Duration(ms)=0.0");
   window.Move(250, 59);
   EXPECT_EQ(TextOf(window), expected + " Duration(ms)=100.0");
-  inMemory.settings.display.timeBase = 1;
+  document.settings.display.timeBase = 1;
   EXPECT_EQ(TextOf(window).substr(0, 14), "Time(sec)=0.3 ");
   EXPECT_EQ(TextOf(window).substr(TextOf(window).rfind("Dur")), "Duration(sec)=0.1");
 }
@@ -114,7 +114,7 @@ TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
 // What other windows pass on is the user's choice; the main view passes its pointer to every
 // spectrogram of the same samples.
 TEST_F(SpectrogramTracking, WithoutTrackingTheMainViewShowsAMarkAndIsFollowedStill) {
-  inMemory.settings.display.trackMouse = 0;
+  document.settings.display.trackMouse = 0;
   Drag(150, 160);
   EXPECT_EQ(MarksOf(view), "0 of 0 0 = 0");
   EXPECT_DOUBLE_EQ(view.otherPointerMs.value_or(-1.0), 310.0);
@@ -160,8 +160,8 @@ class FftLpcCursor : public MainViewTest {
     window.WantSize({points, 0});
     ASSERT_TRUE(window.Show({500.0, {}}));
   }
-  CFFTLPCView window{inMemory, Services()};
-  FftLpcSettings& options = inMemory.settings.fftLpc;
+  CFFTLPCView window{document, Services()};
+  FftLpcSettings& options = document.settings.fftLpc;
 };
 
 TEST_F(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
@@ -185,7 +185,7 @@ TEST_F(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
 }
 
 TEST_F(FftLpcCursor, ReadoutsNameLevelsFormantsAndSettings) {
-  inMemory.channel().sampleRateHz = 10000.7;
+  document.channel().sampleRateHz = 10000.7;
   Show(500);
   std::string formants;
   for (std::size_t i = 0; i < kFormants; ++i) {

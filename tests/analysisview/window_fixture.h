@@ -1,5 +1,5 @@
-// window_fixture.h - a recording for the analysis windows: in memory and in the disk store, and one
-// in a laid-out main view that the windows follow.
+// window_fixture.h - a recording for the analysis windows, and one in a laid-out main view that the
+// windows follow.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,22 +15,20 @@ namespace cantorix {
 
 struct RecordingFixture {
   explicit RecordingFixture(const testing::Samples& samples, double rateHz = 11025.0) {
-    Hold(inMemory, samples, rateHz);
-    Hold(onDisk, samples, rateHz, Place::kDisk);
+    Hold(document, samples, rateHz);
   }
 
   ViewWorld around;
   TestHost& world = around.test;
-  CSonadexDoc inMemory{world.host};
-  CSonadexDoc onDisk{world.host};
+  CSonadexDoc document{world.host};
 };
 
 // One second at 10 samples per ms, 1000 pixels wide from the margin on: a pixel is a millisecond.
 class MainViewTest : public RecordingFixture, public ::testing::Test {
  protected:
   MainViewTest() : RecordingFixture(testing::Noise(10000, 5000), 10000.0) {
-    inMemory.SetPathName("/recordings/talk.wav");
-    inMemory.settings.display.trackMouse = 1;
+    document.SetPathName("/recordings/talk.wav");
+    document.settings.display.trackMouse = 1;
     around.logOpen = true;
     view.Begin({1045, 500});
   }
@@ -41,14 +39,14 @@ class MainViewTest : public RecordingFixture, public ::testing::Test {
   }
   // The samples go away but for the first ones, as a cut leaves them.
   void CutTo(std::int64_t samples) {
-    const auto all = inMemory.channel().samples.samples();
-    Hold(inMemory, Samples(all.begin(), all.begin() + samples), 10000.0);
-    inMemory.Notify(DocumentChange::kSamples);
+    const auto all = document.channel().samples.samples();
+    Hold(document, Samples(all.begin(), all.begin() + samples), 10000.0);
+    document.Notify(DocumentChange::kSamples);
   }
 
   RecordingLog& log = around.log;
   int changes = 0;
-  CSonadexView view{inMemory, around.Services()};
+  CSonadexView view{document, around.Services()};
 };
 
 // Every readout as one text.

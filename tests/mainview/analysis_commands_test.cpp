@@ -7,8 +7,8 @@
 
 #include "analysis/test_signals.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "settings/settings.h"
-#include "view_fixture.h"
 
 namespace cantorix {
 namespace {

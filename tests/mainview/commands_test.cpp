@@ -195,16 +195,6 @@ TEST_F(RunCommandTest, RunsWhatIsEnabledAndNothingElse) {
   EXPECT_THAT(world.log.entries[0].columns, ElementsAre("0.0", "1000.0", "1000.0"));
 }
 
-TEST_F(RunCommandTest, NamesLabelEntryByWhatAClickWouldDo) {
-  ViewedRecording recording(world, Ramp(1000));
-  const CommandRow& row = RowOf(Command::kLabelEntryMode);
-  EXPECT_EQ(MenuText(row, nullptr), "Enable Label Entry Mode");
-  EXPECT_EQ(MenuText(row, &recording.view), "Enable Label Entry Mode");
-  EXPECT_TRUE(RunCommand(recording.view, Command::kLabelEntryMode));
-  EXPECT_EQ(MenuText(row, &recording.view), "Disable Label Entry Mode");
-  EXPECT_EQ(MenuText(RowOf(Command::kUndo), &recording.view), "&Undo");
-}
-
 TEST_F(RunCommandTest, EndsAFailedSaveSilentlyAfterItsMessage) {
   ViewedRecording recording(world, Ramp(10));
   world.test.prompts.WillChooseFile(world.temporary / "no folder/out");

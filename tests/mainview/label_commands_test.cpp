@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 
 #include "document/label.h"
-#include "label_fixture.h"
 #include "mainview/dialog_answers.h"
 #include "mainview/editing.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_list.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "platform/abandon.h"
 #include "settings/settings.h"
 

@@ -4,9 +4,8 @@
 #include <gmock/gmock.h>
 
 #include "document/label.h"
-#include "label_fixture.h"
-#include "mainview/time_axis_fixture.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "settings/settings.h"
 
 namespace cantorix {

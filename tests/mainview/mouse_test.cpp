@@ -6,10 +6,9 @@
 
 #include "document/label.h"
 #include "mainview/label_entry_state.h"
-#include "mainview/time_axis_fixture.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "platform/file_error.h"
-#include "wide_view.h"
 
 namespace cantorix {
 namespace {

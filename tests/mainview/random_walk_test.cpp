@@ -14,8 +14,8 @@
 #include "mainview/commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "recording_model.h"
-#include "view_fixture.h"
 
 namespace cantorix {
 namespace {

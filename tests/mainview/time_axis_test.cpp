@@ -1,10 +1,8 @@
 // time_axis_test.cpp - pixels to times and back, the cursor's sample, selections either way.
 #include "mainview/time_axis.h"
+#include "mainview/view_fixture.h"
 
 #include <gtest/gtest.h>
-
-#include "mainview/time_axis_fixture.h"
-#include "view_fixture.h"
 
 namespace cantorix {
 namespace {

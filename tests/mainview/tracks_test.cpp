@@ -5,9 +5,9 @@
 #include <cmath>
 #include <limits>
 
-#include "mainview/time_axis_fixture.h"
 #include "mainview/track_columns.h"
 #include "mainview/track_lookup.h"
+#include "mainview/view_fixture.h"
 
 namespace cantorix {
 namespace {

@@ -7,9 +7,9 @@
 #include "mainview/label_list.h"
 #include "mainview/option_commands.h"
 #include "mainview/time_axis.h"
+#include "mainview/view_fixture.h"
 #include "settings/config_file.h"
 #include "settings/field_text.h"
-#include "wide_view.h"
 
 namespace cantorix {
 namespace {

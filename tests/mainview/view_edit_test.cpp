@@ -5,12 +5,12 @@
 
 #include <functional>
 
-#include "label_fixture.h"
 #include "mainview/analysis_commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "mainview/wheel_zoom.h"
 #include "platform/abandon.h"
 #include "settings/settings.h"

@@ -1,5 +1,6 @@
-// view_fixture.h - documents with a recording and the views that show them, in a program of their
-// own: one clipboard, one listener, scripted prompts and dialogs, two temporary folders.
+// view_fixture.h - channels with a length and tracks over them, documents with a recording and the
+// views that show them, in a program of their own: one clipboard, one listener, scripted prompts
+// and dialogs, two temporary folders.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/pitch.h"
 #include "document/label.h"
 #include "mainview/clipboard.h"
 #include "mainview/editing.h"
@@ -23,6 +25,50 @@
 namespace cantorix {
 
 using Samples = std::vector<std::int16_t>;
+
+inline void SetLength(CChannel& channel, double length, double rateHz) {
+  channel.sampleRateHz = rateHz;
+  channel.totalLength = length;
+  channel.totalDurationMs = length * 1000.0 / rateHz;
+  channel.ShowWholeFile();
+}
+
+inline void Show(CChannel& channel, double start, double end) {
+  channel.visibleStart.samples = start;
+  channel.visibleEnd.samples = end;
+  channel.visibleLength.samples = end - start;
+  channel.UpdateVisibleMs();
+}
+
+// Start, end and length of what is shown, "=" the same in ms, "after" what was shown before.
+inline std::string StretchText(const CChannel& channel) {
+  const TimePoint& start = channel.visibleStart;
+  const TimePoint& end = channel.visibleEnd;
+  const TimePoint& length = channel.visibleLength;
+  return Joined(start.samples, end.samples, length.samples, "=", start.ms, end.ms, length.ms,
+                "after", channel.previousStart, channel.previousEnd);
+}
+
+inline PitchResult PitchOf(std::vector<double> entries, const SampleRange& range) {
+  PitchResult pitch;
+  pitch.PitchFrameCount = static_cast<double>(entries.size()) + 0.7;
+  pitch.PitchTrack = std::move(entries);
+  pitch.PitchTrack.resize(pitch.PitchTrack.size() + 5);
+  pitch.PitchValid = true;
+  pitch.range = range;
+  return pitch;
+}
+
+// As many samples to each level.
+inline IntensityResult IntensityOf(const std::vector<double>& levels, const SampleRange& range) {
+  const double each = (range.end - range.start) / static_cast<double>(levels.size());
+  IntensityResult intensity;
+  intensity.IntensityTrack =
+      LevelTrack(levels, each, each, static_cast<std::int64_t>(range.end - range.start));
+  intensity.IntensityValid = true;
+  intensity.range = range;
+  return intensity;
+}
 
 // What surrounds all views of a test. `world.test.prompts`, `.progress` and `.memory` script it.
 struct ViewWorld {
@@ -52,11 +98,7 @@ enum class Place { kMemory, kDisk };
 // Makes `samples` the loaded recording of channel 0, shown whole.
 inline void Hold(CSonadexDoc& document, std::span<const std::int16_t> samples, double rateHz,
                  Place place = Place::kMemory) {
-  CChannel& channel = document.channel();
-  channel.sampleRateHz = rateHz;
-  channel.totalLength = static_cast<double>(samples.size());
-  channel.totalDurationMs = channel.totalLength * 1000.0 / rateHz;
-  channel.ShowWholeFile();
+  SetLength(document.channel(), static_cast<double>(samples.size()), rateHz);
   document.loaded = true;
   if (place == Place::kMemory) {
     SampleBlock block(std::ssize(samples));
@@ -175,6 +217,41 @@ inline void CopyWholeOf(ViewWorld& world, const Samples& samples, double rateHz 
 class ViewTest : public ::testing::Test {
  protected:
   ViewWorld world;
+};
+
+// A recording of 10000 ms at one sample per ms, counting up from 0, and its view on a time axis of
+// 1000 pixels: 10 ms per pixel, the recording's start at pixel 40.
+inline constexpr PixelSize kWideClient{1045, 300};
+
+class WideViewTest : public ViewTest {
+ protected:
+  WideViewTest() { view.LayOut(kWideClient); }
+
+  ViewedRecording recording{world, Ramp(10'000)};
+  CSonadexDoc& document = recording.document;
+  CSonadexView& view = recording.view;
+  CChannel& channel = recording.channel();
+  RecordingListener& listener = world.listener;
+  CountingPlayback& playback = world.playback;
+};
+
+// The tiers "words", 40 pixels high at the top, and "breaks" below it in use; "words" holds a label
+// "one" at 2000 ms and "two" at 6000 ms.
+inline constexpr int kWords = 1;
+inline constexpr int kBreaks = 2;
+
+class LabelTest : public WideViewTest {
+ protected:
+  LabelTest() {
+    AddLabel(document, kWords, 2000.0, "one");
+    AddLabel(document, kWords, 6000.0, "two");
+    tier(kWords).tierWord = 40;
+    tier(kBreaks).inUse = true;
+    view.LayOut(kWideClient);
+  }
+
+  Tier& tier(int index) { return channel.tiers[static_cast<std::size_t>(index)]; }
+  std::string Words() const { return LabelsOf(channel, kWords); }
 };
 
 }  // namespace cantorix

@@ -8,7 +8,7 @@
 #include "mainview/label_layout.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
-#include "wide_view.h"
+#include "mainview/view_fixture.h"
 
 namespace cantorix {
 namespace {
