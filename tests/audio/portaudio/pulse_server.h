@@ -14,7 +14,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "audio/sound_fixture.h"
+#include "support/sound_samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
