@@ -120,15 +120,6 @@ TEST_F(Commands, EnablingFollowsTheTable) {
   EXPECT_TRUE(Enabled(Command::kEnterDuration));
 }
 
-TEST_F(Commands, WithoutSoundNothingIsRecordedOrPlayed) {
-  OpenSample();
-  Perform(Command::kSelectAll);
-  for (const Command command : {Command::kRecord, Command::kPlayAll, Command::kPlaySelection,
-                                Command::kPlayWindow, Command::kRecordPlayOptions}) {
-    EXPECT_FALSE(Enabled(command)) << RowOf(command).text;
-  }
-}
-
 TEST_F(Commands, WhatAViewCarriesOutNeedsADocument) {
   for (const CommandRow& row : CommandTable()) {
     EXPECT_TRUE(row.carrier.IsFor<FrameActions>() || (row.needs & fact::kDocument) != 0U)
