@@ -1,5 +1,5 @@
-// formants_test.cpp - factors to formants at their borders, the order and the filter of candidates,
-// and whole frames: a sinusoid, synthetic vowels, silence.
+// formants_test.cpp - factors to formants at their borders, and the order and the filter of
+// candidates. Whole frames stand in spectrum_test.cpp and spectrogram_test.cpp.
 #include "analysis/formants.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 #include <string>
 
 #include "analysis/fft.h"
-#include "analysis/framer.h"
 #include "analysis/polynomial_twin.h"
 #include "analysis/spectrogram_column.h"
 #include "analysis/test_signals.h"
@@ -118,62 +117,27 @@ TEST(FindFormants, SaysWhenItIsConfusedAndNothingOfFramesWithoutAPolynomial) {
   EXPECT_EQ(errors.str(), "");
 }
 
-// The candidates of the first frame of a signal.
-FormantList CandidatesOf(const std::vector<double>& x, std::size_t length, int order) {
-  Framer framer(length, true, 0.0);
-  LpcResult lpc;
-  LpcAnalyse(framer.Frame(x), order, lpc, std::cerr);
-  return FindFormants(lpc, kRate, std::cerr).value();
-}
-
-TEST(Formants, OfSyntheticVowelsAreTheResonances) {
-  const std::vector<Formant> vowels[] = {
-      {{730, 80}, {1090, 90}, {2440, 120}, {3400, 200}, {4400, 250}},
-      {{270, 60}, {2290, 100}, {3010, 140}, {3700, 200}, {4600, 250}},
-      {{300, 60}, {870, 80}, {2240, 120}, {3300, 200}, {4300, 250}},
-  };
-  for (const auto& vowel : vowels) {
-    const auto a = PolynomialOf(vowel);
-    std::vector<double> x(6000);  // pulses through the resonances
-    for (std::size_t i = 0; i < x.size(); ++i) {
-      x[i] = i % 250 == 0 ? 1000.0 : 0.0;
-      for (std::size_t j = 1; j < a.size() && j <= i; ++j) x[i] -= a[j] * x[i - j];
-    }
-    const FormantList list = CandidatesOf({x.begin() + 3000, x.end()}, 512, 10);
-    ASSERT_EQ(list.candidates, 5) << vowel[0].frequencyHz;
-    for (std::size_t i = 0; i < 5; ++i) {
-      const double hz = vowel[i].frequencyHz;
-      EXPECT_NEAR(list.frequencyHz[i], hz, 0.03 * hz) << vowel[0].frequencyHz;
-    }
-  }
-}
-
 TEST(FormantSelection, LooksAtFiveCandidatesAndDropsWideOnes) {
-  struct Row {
-    std::string name;
-    std::vector<Formant> candidates;
-    FormantColumn expected;
-  };
   constexpr std::uint16_t kNone = kNoFormantHz;
-  const Row rows[] = {
-      {"none", {}, {kNone, kNone, kNone, kNone, kNone}},
-      {"too wide", {{500.0, 300.0}}, {kNone, kNone, kNone, kNone, kNone}},
-      {"narrow enough", {{500.0, 200.0}}, {500, kNone, kNone, kNone, kNone}},
-      {"just narrow enough", {{500.5, 250.0}}, {501, kNone, kNone, kNone, kNone}},
-      {"sixth never looked at",
-       {{99.0, 90.0}, {700.7, 50.0}, {800.0, 500.0}, {1500.0, 80.0}, {2500.0, 90.0}, {3500.0, 9.0}},
+  const std::pair<std::vector<Formant>, FormantColumn> rows[] = {
+      {{}, {kNone, kNone, kNone, kNone, kNone}},
+      {{{500.0, 300.0}}, {kNone, kNone, kNone, kNone, kNone}},  // too wide
+      {{{500.5, 250.0}}, {501, kNone, kNone, kNone, kNone}},    // just narrow enough
+      // The sixth is never looked at.
+      {{{99.0, 90.0}, {700.7, 50.0}, {800.0, 500.0}, {1500.0, 80.0}, {2500.0, 90.0}, {3500.0, 9.0}},
        {701, 1500, 2500, kNone, kNone}},
-      {"beyond 16 bits", {{900.0, 50.0}, {65534.5, 50.0}}, {900, kNone, kNone, kNone, kNone}},
-      {"the last of 16 bits", {{65533.5, 50.0}}, {65534, kNone, kNone, kNone, kNone}},
+      // Up to the last of 16 bits, which stands for none.
+      {{{900.0, 50.0}, {65534.5, 50.0}}, {900, kNone, kNone, kNone, kNone}},
+      {{{65533.5, 50.0}}, {65534, kNone, kNone, kNone, kNone}},
   };
-  for (const Row& row : rows) {
+  for (const auto& [candidates, expected] : rows) {
     FormantList list;
-    for (const Formant& formant : row.candidates) {
+    for (const Formant& formant : candidates) {
       const auto i = static_cast<std::size_t>(list.candidates++);
       list.frequencyHz[i] = formant.frequencyHz;
       list.bandwidthHz[i] = formant.bandwidthHz;
     }
-    EXPECT_EQ(InWholeHz(SelectFormants(list)), row.expected) << row.name;
+    EXPECT_EQ(InWholeHz(SelectFormants(list)), expected) << expected[0];
   }
 }
 

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cmath>
+#include <iostream>
 #include <vector>
 
+#include "analysis/formants.h"
 #include "analysis/plain_fft.h"
 #include "analysis/plain_spline.h"
 #include "analysis/power_spectrum.h"
@@ -116,6 +118,23 @@ struct PlainPrediction {
   }
   std::vector<double> k, a{1.0};
   double E;
+};
+
+// What linear prediction finds in the windowed frame y; the roots come from the formant search,
+// which has a yardstick of its own.
+struct PlainPoles {
+  PlainPoles(const std::vector<double>& y, int order, double rateHz) {
+    const auto r = PlainAutocorrelation(y, static_cast<std::size_t>(order) + 1);
+    if (r[0] == 0.0) return;
+    a = PlainPrediction(r).a;
+    const auto list = FindFormants(order, 600.0, a, rateHz, std::cerr).value();
+    for (std::size_t i = 0; i < 5 && i < static_cast<std::size_t>(list.candidates); ++i) {
+      const Formant formant{list.frequencyHz[i] + 0.5, list.bandwidthHz[i] + 0.5};
+      if (formant.frequencyHz >= 2.0 * formant.bandwidthHz) formants.push_back(formant);
+    }
+  }
+  std::vector<double> a;  // none in silence
+  std::vector<Formant> formants;
 };
 
 }  // namespace cantorix::testing

@@ -61,27 +61,22 @@ std::vector<double> PlainReference(std::vector<double> levels) {
   return levels;
 }
 
-// The envelope and the formants of one frame; the roots come from the formant search itself.
+// The envelope and the formants of one frame.
 struct PlainLpc {
   PlainLpc(const Samples& samples, double start, const SpectrumFrameOptions& o)
       : envelope(static_cast<std::size_t>(o.displayPoints)) {
     const int length = static_cast<int>(o.rateHz * 0.001 * o.lpcOrder);
     const auto x = PlainSamples(samples, start, length + 1, length + 1);
     const auto y = testing::PlainInput(x, static_cast<std::size_t>(length), o.preEmphasis);
-    const auto r = testing::PlainAutocorrelation(y, static_cast<std::size_t>(o.lpcOrder) + 1);
-    if (r[0] == 0.0) return;
-    const auto a = testing::PlainPrediction(r).a;
-    envelope = testing::PlainEnvelope(a, o.maxHz, o.rateHz, o.displayPoints);
-    for (double& v : envelope) v = -v;
-    const double most = -*std::min_element(envelope.begin(), envelope.end());
-    for (double& v : envelope) v += most;
+    const testing::PlainPoles poles(y, o.lpcOrder, o.rateHz);
+    if (poles.a.empty()) return;
+    envelope = testing::PlainEnvelope(poles.a, o.maxHz, o.rateHz, o.displayPoints);
+    const double most = *std::max_element(envelope.begin(), envelope.end());
+    for (double& v : envelope) v = most - v;
     envelope = PlainReference(envelope);
-    const auto list = FindFormants(o.lpcOrder, 600.0, a, o.rateHz, std::cerr).value();
-    for (std::size_t i = 0, kept = 0; i < 5 && i < static_cast<std::size_t>(list.candidates); ++i) {
-      const double hz = list.frequencyHz[i] + 0.5, bandwidth = list.bandwidthHz[i] + 0.5;
-      if (hz < 2.0 * bandwidth) continue;
-      formants.frequencyHz[kept] = hz;
-      formants.bandwidthHz[kept++] = bandwidth;
+    for (std::size_t i = 0; i < poles.formants.size(); ++i) {
+      formants.frequencyHz[i] = poles.formants[i].frequencyHz;
+      formants.bandwidthHz[i] = poles.formants[i].bandwidthHz;
     }
   }
   std::vector<double> envelope;

@@ -18,6 +18,7 @@ using testing::IsEmpty;
 constexpr const char* kReverted =
     "message: Configuration setting has been reverted back to default. Close application and "
     "restart.";
+const std::string kFilter = "Configuration files (*.cfg)|*.cfg|";
 constexpr const char* kReadError = "message: Error in reading the configuration file.";
 
 Settings With(std::int32_t memoryMinutes, double referenceRateHz) {
@@ -100,23 +101,18 @@ TEST_F(ConfigurationTest, LoadFillsTheActiveDocumentTheApplicationAndTheFile) {
   EXPECT_EQ(app.host.application.memoryMinutes, 9);
   EXPECT_EQ(app.host.recordingRateHz, 22050.0);
   EXPECT_EQ(ReadBytes(ConfigFile()), ReadBytes(UserFile()));
-
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("open: Load a Configuration file"));
-  EXPECT_EQ(prompts.fileRequests[0].proposedName, "User_Configuration");
-  EXPECT_EQ(prompts.fileRequests[0].filter, "Configuration files (*.cfg)|*.cfg|");
-}
-
-TEST_F(ConfigurationTest, LoadWithoutADocumentCopiesTheFileAndReadsIt) {
-  Record chosen = EncodeRecord(With(9, 60000.0));
-  chosen[180] = std::byte{0x55};  // a byte of the file that is no field
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]),
+            "Load a Configuration file, User_Configuration.cfg, " + kFilter + " #1, must exist");
+  // Without a document the file is copied, a byte that is no field and an unusable rate included.
+  Record chosen = EncodeRecord(With(7, 60000.0));
+  chosen[180] = std::byte{0x55};
   WriteBytes(folder / "user.cfg", chosen);
-  app.host.recordingRateHz = 44100.0;
   prompts.WillChooseFile(folder / "user.cfg");
   EXPECT_TRUE(LoadConfiguration(app.host, nullptr));
-  prompts.TakeTranscript();
-  EXPECT_EQ(app.host.application.memoryMinutes, 9);
-  EXPECT_EQ(app.host.recordingRateHz, 44100.0) << "an unusable rate leaves it alone";
+  EXPECT_EQ(app.host.application.memoryMinutes, 7);
+  EXPECT_EQ(app.host.recordingRateHz, 22050.0) << "an unusable rate leaves it alone";
   EXPECT_EQ(ReadBytes(ConfigFile()), ReadBytes(folder / "user.cfg"));
+  prompts.TakeTranscript();
 }
 
 TEST_F(ConfigurationTest, ALoadThatFailsChangesNothing) {
@@ -126,25 +122,18 @@ TEST_F(ConfigurationTest, ALoadThatFailsChangesNothing) {
   WriteBytes(folder / "good.cfg", good);
   WriteBytes(folder / "foreign.cfg", foreign);
   WriteBytes(folder / "short.cfg", std::span(good).first(1151));
-  struct Row {
-    const char* file;
-    bool writable;
-  };
   const auto document = NewDocument();
   StoreConfiguration(Settings{});
   const auto before = ReadBytes(ConfigFile());
   for (CSonadexDoc* const active : {document.get(), static_cast<CSonadexDoc*>(nullptr)}) {
-    for (const Row& row : {Row{"foreign.cfg", true},
-                           {"short.cfg", true},
-                           {"missing.cfg", true},
-                           {"good.cfg", false}}) {
-      app.host.programDirectory = row.writable ? folder.path() : folder / "gone";
-      prompts.WillChooseFile(folder / row.file);
-      EXPECT_FALSE(LoadConfiguration(app.host, active)) << row.file;
+    for (const std::string file : {"foreign.cfg", "short.cfg", "missing.cfg", "good.cfg"}) {
+      app.host.programDirectory = file == "good.cfg" ? folder / "gone" : folder.path();
+      prompts.WillChooseFile(folder / file);
+      EXPECT_FALSE(LoadConfiguration(app.host, active)) << file;
       EXPECT_THAT(prompts.TakeTranscript(),
                   ElementsAre("open: Load a Configuration file", kReadError));
-      EXPECT_EQ(app.host.application.memoryMinutes, 5) << row.file;
-      EXPECT_EQ(ReadBytes(ConfigFile()), before) << row.file;
+      EXPECT_EQ(app.host.application.memoryMinutes, 5) << file;
+      EXPECT_EQ(ReadBytes(ConfigFile()), before) << file;
     }
     prompts.WillCancel();
     EXPECT_FALSE(LoadConfiguration(app.host, active));
@@ -169,6 +158,8 @@ TEST_F(ConfigurationTest, SaveWritesTheDocumentsRecordOrSaysThatItCouldNot) {
               ElementsAre("save: Save Configuration As", "save: Save Configuration As",
                           "message: Error in saving the configuration file.",
                           "save: Save Configuration As"));
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]), "Save Configuration As, User_Configuration.cfg, " +
+                                                 kFilter + " #1, asks before overwriting");
   EXPECT_FALSE(std::filesystem::exists(ConfigFile()));
 }
 

@@ -35,43 +35,33 @@ class LogDocumentsTest : public AppTest {
   std::string path = folder / "log.txt";
 };
 
-TEST_F(LogDocumentsTest, RowsGoToTheOpenLogOnly) {
+TEST_F(LogDocumentsTest, WithoutALogNothingIsSavedOrAsked) {
   EXPECT_EQ(OpenLogSink(app), nullptr);
   EXPECT_FALSE(SaveOpenLog(app));
   EXPECT_FALSE(SaveOpenLogAs(app));
   EXPECT_TRUE(CloseLog(app));
-  Enter();
-  EXPECT_EQ(app.log->rows().size(), 1U);
 }
 
 TEST_F(LogDocumentsTest, ModifiedLogIsNotDroppedUnasked) {
-  const struct {
-    const char* name;
+  struct Row {
     Answer answer;
-    bool savesFile;
-    bool closes;
-  } cases[] = {
-      {"yes", Answer::kYes, true, true},
-      {"yes, but no file", Answer::kYes, false, false},
-      {"no", Answer::kNo, false, true},
-      {"cancel", Answer::kCancel, false, false},
+    bool savesFile, closes;
   };
-  bool (*const commands[])(Application&) = {NewLog, CloseLog, OpenLogFile};
-  for (const auto& command : commands) {
-    for (const auto& c : cases) {
-      SCOPED_TRACE(c.name);
+  for (const auto& command : {NewLog, CloseLog, OpenLogFile}) {
+    for (const Row& row : {Row{Answer::kYes, true, true}, Row{Answer::kYes, false, false},
+                           Row{Answer::kNo, false, true}, Row{Answer::kCancel, false, false}}) {
       app.log.reset();
       std::filesystem::remove(path);
       Store(folder / "other.txt", "A\tB\t\r\n");
       Enter();
-      prompts.WillAnswer(c.answer);
-      if (c.savesFile) prompts.WillChooseFile(path);
-      if (c.answer == Answer::kYes && !c.savesFile) prompts.WillCancel();
-      if (c.closes && command == OpenLogFile) prompts.WillChooseFile(folder / "other.txt");
-      EXPECT_EQ(command(app), c.closes);
+      prompts.WillAnswer(row.answer);
+      if (row.savesFile) prompts.WillChooseFile(path);
+      if (row.answer == Answer::kYes && !row.savesFile) prompts.WillCancel();
+      if (row.closes && command == OpenLogFile) prompts.WillChooseFile(folder / "other.txt");
+      EXPECT_EQ(command(app), row.closes);
       EXPECT_EQ(prompts.TakeTranscript().front(), kQuestion);
-      EXPECT_EQ(app.log && app.log->rows().size() == 1, !c.closes);
-      EXPECT_EQ(c.savesFile ? RowsIn(path) : 0U, c.savesFile ? 1U : 0U);
+      EXPECT_EQ(app.log && app.log->rows().size() == 1, !row.closes);
+      EXPECT_EQ(row.savesFile ? RowsIn(path) : 0U, row.savesFile ? 1U : 0U);
     }
   }
 }
@@ -81,8 +71,9 @@ TEST_F(LogDocumentsTest, SavedLogClosesWithoutAQuestion) {
   prompts.WillChooseFile(path);
   ASSERT_TRUE(SaveOpenLog(app));
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("save: Save Log"));
-  EXPECT_FALSE(prompts.fileRequests[0].fileMustExist);
-  EXPECT_TRUE(prompts.fileRequests[0].overwritePrompt);
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]),
+            "Save Log, Untitled Log.txt, text files (*.txt)|*.txt|| #1, asks before overwriting, "
+            "hides read-only");
   OpenLogSink(app)->Append({"b.wav", "Pitch", {"2.0"}});
   EXPECT_TRUE(SaveOpenLog(app));  // into its own file
   EXPECT_EQ(RowsIn(path), 2U);
@@ -102,9 +93,9 @@ TEST_F(LogDocumentsTest, SaveAsTakesOnlyAFileThatExistsIsKept) {
               ElementsAre("save: Save As Text",
                           "message: ' " + fresh + " ' does not exist. Choose a file that exists.",
                           "save: Save As Text"));
-  const FileRequest& request = prompts.fileRequests.front();
-  EXPECT_EQ(request.filter, "text files (*.txt)|*.txt||");
-  EXPECT_TRUE(request.overwritePrompt && request.hideReadOnly && request.fileMustExist);
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]),
+            "Save As Text, ., text files (*.txt)|*.txt|| #1, must exist, asks before overwriting, "
+            "hides read-only");
   EXPECT_FALSE(std::filesystem::exists(fresh));
   EXPECT_EQ(app.log->title(), "log.txt");
   EXPECT_EQ(RowsIn(path), 1U);
@@ -122,7 +113,8 @@ TEST_F(LogDocumentsTest, RefusedFileLeavesTheOpenLog) {
   EXPECT_FALSE(OpenLogFile(app));
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kQuestion, "open: Open a log file",
                                                     "message: This is not a valid log file."));
-  EXPECT_TRUE(prompts.fileRequests.front().fileMustExist);
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]),
+            "Open a log file, ., text files (*.txt)|*.txt|| #1, must exist, hides read-only");
   EXPECT_EQ(app.log->rows().size(), 1U);
   EXPECT_TRUE(app.log->isModified());
 }

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "platform/file.h"
+#include "support/folder_sync_failure.h"
 #include "support/scripted_prompts.h"
 #include "support/temporary_folder.h"
 
@@ -62,38 +63,35 @@ TEST(LogTableTest, GrowsColumnsWithItsLongestRowAndLosesRows) {
 }
 
 TEST(LogTextTest, ReadsLinesHoweverTheyEnd) {
-  const struct {
-    const char* name;
+  struct Row {
     std::string text;
-    LogReading reading;
+    LogReading reading = LogReading::kRead;
     std::vector<std::string> captions;
     std::vector<LogTable::Row> rows;
-  } cases[] = {
-      {"CR LF", "A\tB\t\r\n1\t2\t\r\n", LogReading::kRead, {"A", "B"}, {{"1", "2"}}},
-      {"LF", "A\tB\t\n1\t2\t\n", LogReading::kRead, {"A", "B"}, {{"1", "2"}}},
-      {"CR", "A\tB\t\r1\t2\t\r", LogReading::kRead, {"A", "B"}, {{"1", "2"}}},
-      {"no last end", "\n\nA\tB\t\r\n\r\n1\t2\t", LogReading::kRead, {"A", "B"}, {{"1", "2"}}},
-      {"text after the last TAB", "A\tB\tx\n1\t2\n", LogReading::kRead, {"A", "B"}, {{"1"}}},
-      {"a row wider than the captions",
-       "A\t\n1\t2\t\n",
-       LogReading::kRead,
-       {"A", ""},
-       {{"1", "2"}}},
-      {"a row without TAB", "A\t\nx\n", LogReading::kRead, {"A"}, {{}}},
-      {"empty fields", "\t\t\n\t\n", LogReading::kRead, {"", ""}, {{""}}},
-      {"only line ends", "\r\n\r\n", LogReading::kNotALog, {}, {}},
-      {"no TAB", "A\n1\n", LogReading::kNotALog, {}, {}},
-      {"999", "A\t" + std::string(997, 'x') + "\n", LogReading::kRead, {"A"}, {}},
-      {"999 at the end", "A\t\n\t" + std::string(998, 'x'), LogReading::kRead, {"A"}, {{""}}},
-      {"1000", "A\t\n\t" + std::string(999, 'x') + "\n", LogReading::kLineTooLong, {}, {}},
-      {"1000 at the end", std::string(1000, 'x'), LogReading::kLineTooLong, {}, {}},
   };
-  for (const auto& c : cases) {
+  const LogReading kRead = LogReading::kRead;
+  const LogReading kLong = LogReading::kLineTooLong;
+  const Row table[] = {
+      {"A\tB\t\r\n1\t2\t\r\n", kRead, {"A", "B"}, {{"1", "2"}}},
+      {"A\tB\t\r1\t2\t\r", kRead, {"A", "B"}, {{"1", "2"}}},
+      {"\n\nA\tB\t\n\r\n1\t2\t", kRead, {"A", "B"}, {{"1", "2"}}},
+      {"A\tB\tx\n1\t2\n", kRead, {"A", "B"}, {{"1"}}},  // text after the last TAB
+      {"A\t\n1\t2\t\n", kRead, {"A", ""}, {{"1", "2"}}},
+      {"A\t\nx\n", kRead, {"A"}, {{}}},
+      {"\t\t\n\t\n", kRead, {"", ""}, {{""}}},
+      {"\r\n\r\n", LogReading::kNotALog, {}, {}},
+      {"A\n1\n", LogReading::kNotALog, {}, {}},
+      {"A\t" + std::string(997, 'x') + "\n", kRead, {"A"}, {}},
+      {"A\t\n\t" + std::string(998, 'x'), kRead, {"A"}, {{""}}},
+      {"A\t\n\t" + std::string(999, 'x') + "\n", kLong, {}, {}},
+      {std::string(1000, 'x'), kLong, {}, {}},
+  };
+  for (const Row& row : table) {
     LogTable log = TableOf({"old"}, {{"kept"}});
-    ASSERT_EQ(ReadLogText(c.text, log), c.reading) << c.name;
-    const bool read = c.reading == LogReading::kRead;
-    EXPECT_EQ(log.captions(), read ? c.captions : std::vector<std::string>{"old"}) << c.name;
-    EXPECT_EQ(log.rows(), read ? c.rows : std::vector<LogTable::Row>{{"kept"}}) << c.name;
+    ASSERT_EQ(ReadLogText(row.text, log), row.reading) << row.text;
+    const bool read = row.reading == kRead;
+    EXPECT_EQ(log.captions(), read ? row.captions : std::vector<std::string>{"old"}) << row.text;
+    EXPECT_EQ(log.rows(), read ? row.rows : std::vector<LogTable::Row>{{"kept"}}) << row.text;
   }
 }
 
@@ -127,7 +125,7 @@ TEST_F(LogFileTest, SavedLogOpensAsTheSameTable) {
   EXPECT_EQ(LogText(opened), Stored());
 }
 
-TEST_F(LogFileTest, RefusedFilesLeaveTheLogAsItWas) {
+TEST_F(LogFileTest, RefusedAndHeldFilesLeaveTheLogAsItWas) {
   LogTable log;
   log.Append({"a.wav", "Pitch", {"1.0"}});
   const std::string before = LogText(log);
@@ -148,22 +146,24 @@ TEST_F(LogFileTest, RefusedFilesLeaveTheLogAsItWas) {
     EXPECT_EQ(prompts.TakeTranscript(), row.said);
   }
   EXPECT_FALSE(SaveLog(log, folder / "gone/log.txt", prompts));
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", kOpenError));
-  EXPECT_EQ(LogText(log), before);
-  EXPECT_TRUE(log.isModified());
-  EXPECT_EQ(log.title(), "Untitled Log");
-}
-
-TEST_F(LogFileTest, FileInUseElsewhereIsNeitherReadNorReplaced) {
-  Store("A\tB\t\r\n");
-  LogTable log;
   {
+    Store("A\tB\t\r\n");
     const File held = File::OpenForUpdate(path);
     EXPECT_FALSE(SaveLog(log, path, prompts));
     EXPECT_FALSE(OpenLog(log, path, prompts));
   }
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("beep", kOpenError, "beep", kOpenError));
+  EXPECT_THAT(prompts.TakeTranscript(),
+              ElementsAre("beep", kOpenError, "beep", kOpenError, "beep", kOpenError));
   EXPECT_EQ(Stored(), "A\tB\t\r\n");
+  EXPECT_EQ(LogText(log), before);
+  EXPECT_TRUE(log.isModified());
+  EXPECT_EQ(log.title(), "Untitled Log");
+  const FolderSyncFailure failure;
+  EXPECT_TRUE(SaveLog(log, path, prompts));
+  EXPECT_THAT(prompts.TakeTranscript(),
+              ElementsAre("message: " + path +
+                          " is saved, but perhaps not yet on disk: its folder "
+                          "could not be synced."));
 }
 
 }  // namespace

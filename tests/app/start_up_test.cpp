@@ -54,33 +54,34 @@ TEST_F(StartUpTest, EndsWhenTheProfileDoesNotKeepTheDirectory) {
   EXPECT_THAT(folder.Names(), IsEmpty());
 }
 
-TEST_F(StartUpTest, LetsTheUserReplaceADirectoryThatCannotBeWritten) {
-  profile.texts[kDirectoryEntry] = folder / "gone";
-  prompts.WillChooseFolder(folder.path() + "/");
-  ASSERT_EQ(StartUp(app, "/"), StartUpResult::kReady);
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kAccessBox, "folder: /"));
-  EXPECT_EQ(app.host.programDirectory, folder.path());
-  EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
-  EXPECT_TRUE(std::filesystem::is_directory(folder / "tmp"));
-}
-
-TEST_F(StartUpTest, EndsWhenNoOtherDirectoryIsChosenOrKept) {
-  profile.texts[kDirectoryEntry] = folder / "gone";
-  prompts.WillCancel();
-  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kNoFolder);
-  profile.losesWrites = true;
-  prompts.WillChooseFolder(folder.path());
-  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kProfileRefused);
-  EXPECT_THAT(prompts.TakeTranscript(),
-              ElementsAre(kAccessBox, "folder: /", kAccessBox, "folder: /", kRegistryBox));
-  EXPECT_THAT(folder.Names(), IsEmpty());
-}
-
+// Kept: the folder that is chosen is not tried.
 TEST_F(StartUpTest, TakesAChosenFolderWithoutTryingItIsKept) {
-  profile.texts[kDirectoryEntry] = folder / "gone";
-  prompts.WillChooseFolder(folder / "gone too");
-  EXPECT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
-  EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kAccessBox, "folder: /"));
+  struct Row {
+    std::string chosen;  // none: cancelled
+    bool keeps;
+    StartUpResult result;
+    std::string directory;
+  };
+  for (const Row& row : {Row{"", true, StartUpResult::kNoFolder, folder / "gone"},
+                         {folder.path(), false, StartUpResult::kProfileRefused, folder.path()},
+                         {folder / "gone too", true, StartUpResult::kReady, folder / "gone too"},
+                         {folder.path() + "/", true, StartUpResult::kReady, folder.path()}}) {
+    profile.texts[kDirectoryEntry] = folder / "gone";
+    profile.losesWrites = !row.keeps;
+    EXPECT_THAT(folder.Names(), IsEmpty());
+    if (row.chosen.empty()) {
+      prompts.WillCancel();
+    } else {
+      prompts.WillChooseFolder(row.chosen);
+    }
+    EXPECT_EQ(StartUp(app, "/"), row.result) << row.chosen;
+    EXPECT_EQ(app.host.programDirectory, row.directory);
+    std::vector<std::string> said{kAccessBox, "folder: /"};
+    if (!row.keeps) said.emplace_back(kRegistryBox);
+    EXPECT_EQ(prompts.TakeTranscript(), said);
+  }
+  EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
+  EXPECT_THAT(folder.Names(), UnorderedElementsAre("tmp", "CantorixConf.cfg"));
 }
 
 TEST_F(StartUpTest, LeavesTheUsersFilesAlone) {
@@ -134,22 +135,20 @@ TEST_F(StartUpTest, ClearsWhatKilledProgramsLeftAndNothingElse) {
 }
 
 TEST_F(StartUpTest, TakesTheApplicationBlockAndAUsableRecordingRate) {
-  struct Row {
-    double storedHz, recordingHz;
-  };
-  for (const Row& row : {Row{22050.0, 22050.0},
-                         {0.0, 11025.0},
-                         {-1.0, 11025.0},
-                         {49999.0, 49999.0},
-                         {50000.0, 11025.0},
-                         {std::numeric_limits<double>::quiet_NaN(), 11025.0}}) {
+  for (const auto& [storedHz, recordingHz] :
+       {std::pair(22050.0, 22050.0),
+        {0.0, 11025.0},
+        {-1.0, 11025.0},
+        {49999.0, 49999.0},
+        {50000.0, 11025.0},
+        {std::numeric_limits<double>::quiet_NaN(), 11025.0}}) {
     Settings settings;
     settings.application.memoryMinutes = 17;
     settings.application.labelList = {-1, 2, 300, 400};
-    settings.document.referenceRateHz = row.storedHz;
+    settings.document.referenceRateHz = storedHz;
     StoreConfiguration(settings);
     ASSERT_EQ(StartUp(app, folder.path()), StartUpResult::kReady);
-    EXPECT_EQ(app.host.recordingRateHz, row.recordingHz) << row.storedHz;
+    EXPECT_EQ(app.host.recordingRateHz, recordingHz) << storedHz;
     EXPECT_EQ(app.host.application.memoryMinutes, 17);
     EXPECT_EQ(app.host.application.labelList.height, 400);
     EXPECT_EQ(app.host.currentRateHz, 11025.0) << "set by opening a recording only";

@@ -17,6 +17,15 @@
 
 namespace cantorix {
 
+// All that a file dialog was asked for: "TITLE, NAME.EXTENSION, FILTER #INDEX" and what it must do.
+inline std::string TextOf(const FileRequest& request) {
+  return request.title + ", " + request.proposedName + "." + request.defaultExtension + ", " +
+         request.filter + " #" + std::to_string(request.filterIndex) +
+         (request.fileMustExist ? ", must exist" : "") +
+         (request.overwritePrompt ? ", asks before overwriting" : "") +
+         (request.hideReadOnly ? ", hides read-only" : "");
+}
+
 class ScriptedPrompts : public Prompts {
  public:
   ScriptedPrompts() = default;
