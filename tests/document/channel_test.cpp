@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "document/native_io.h"
+#include "document/document_io.h"
 #include "platform/abandon.h"
 #include "support/fake_services.h"
 

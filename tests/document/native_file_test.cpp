@@ -4,8 +4,8 @@
 
 #include <cmath>
 
+#include "document/document_io.h"
 #include "document/label.h"
-#include "document/native_io.h"
 #include "platform/bytes.h"
 
 namespace cantorix {
@@ -75,26 +75,12 @@ TEST(NativeFile, IsWrittenAsItWasRead) {
 
 TEST(NativeFile, HoldsTheTiersInUseOneAfterTheOther) {
   TestHost host;
-  CSonadexDoc document(host.host);
-  FillWithRamp(document, 5.0);
-  CChannel& channel = document.channel();
-  channel.sampleRateHz = 8000.25;
-  channel.referenceLevel = -3.5;
-  channel.channelValues = {0.1, 0.2, 0.3, 0.4};
-  channel.channelTag = 0xDEADBEEF;
+  const auto document = Read(host, fixture::Header(5.0, 5.0, 0).I16({0, 1, 2, 3, 4}).bytes);
+  ASSERT_TRUE(document);
+  CChannel& channel = document->channel();
   channel.bitsPerSample = 8;
-  channel.channelWord1 = 1;
-  channel.channelWord2 = 2;
-  channel.channelWord3 = 3;
   channel.displayLow = -7.9;  // loses its fraction
   channel.displayHigh = 4000.9;
-  channel.channelWord4 = 4;
-  channel.channelWord5 = 5;
-  channel.channelWord6 = 6;
-  channel.channelWord7 = 7;
-  channel.channelWord8 = 0xFFFFFFFF;
-  channel.channelName = "left \xC3\xA9 \xE9";
-  channel.channelComment = "Pa";
   channel.tiers[0].inUse = channel.tiers[3].inUse = true;
   channel.tiers[3].name = std::string(300, 'm');
   channel.AddLabel(1, LabelAt(1.0, "in a tier that is not in use"));
@@ -107,10 +93,10 @@ TEST(NativeFile, HoldsTheTiersInUseOneAfterTheOther) {
   expected.F64({77.0, 0.7}).I32({0, 0, 0, 0, 0, 0, 0, 0, 0});
   expected.I32({14, 0, 0, 0, 400}).Zeros(8).Text("Arial", 32).Text("past the end", 256);
   expected.I16({0, 1, 2, 3, 4});
-  EXPECT_EQ(Written(document), expected.bytes);
+  EXPECT_EQ(Written(*document), expected.bytes);
 
   channel.tiers[3].labels[0].timeMs = 5.0;
-  const auto again = Read(host, Written(document));
+  const auto again = Read(host, Written(*document));
   ASSERT_TRUE(again);
   const Tiers& tiers = again->channel().tiers;
   EXPECT_EQ(tiers[1].name, std::string(255, 'm'));
@@ -126,44 +112,30 @@ TEST(NativeFile, OfASelectionCountsFromItsStart) {
   FillWithRamp(document, 2000.0);
   document.channel().tiers[0].inUse = true;
   for (const double ms : {900.0, 999.999, 1000.0, 1200.0, 1500.0, 1500.001}) {
-    document.channel().AddLabel(0, LabelAt(ms, std::to_string(ms)));
+    document.channel().AddLabel(0, LabelAt(ms, "x"));
   }
   const auto selection = Read(host, Written(document, RangeOf(1000.0, 1500.0)));
   ASSERT_TRUE(selection);
-  const CChannel& channel = selection->channel();
-  EXPECT_EQ(channel.totalDurationMs, 500.0);
-  EXPECT_EQ(channel.totalLength, 500.0);
-  EXPECT_EQ(channel.sampleRateHz, 1000.0);
   std::vector<double> times;
-  for (const Label& label : channel.tiers[0].labels) times.push_back(label.timeMs);
+  for (const Label& label : selection->channel().tiers[0].labels) times.push_back(label.timeMs);
   EXPECT_THAT(times, ElementsAre(0.0, 200.0, 500.0));
-  const auto samples = SamplesOf(*selection);
-  ASSERT_EQ(samples.size(), 500U);
-  EXPECT_EQ(samples.front(), 1000);
-  EXPECT_EQ(samples.back(), 1499);
-  EXPECT_EQ(Written(document).size(), 512 + 248 + 264 + 6 * 368 + 4000U)
-      << "the whole is untouched";
-}
-
-TEST(NativeFile, OfASelectionTruncatesAndStaysInsideTheRecording) {
-  TestHost host;
-  CSonadexDoc document(host.host);
-  FillWithRamp(document, 10.0);
   struct Row {
     double start, end, length;
-    std::vector<std::int16_t> samples;
+    std::int16_t first;
+    std::size_t count;
   };
-  const Row rows[] = {
-      {2.75, 5.5, 2.75, {2, 3}},       {8.0, 12.0, 2.0, {8, 9}}, {-1.0, 1.0, 1.0, {0}},
-      {11.0, 12.0, 0.0, {}},           {6.0, 4.0, 0.0, {}},      {10.0, 10.0, 0.0, {}},
-      {9.999, 10.0, 10.0 - 9.999, {}},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row :
+       {Row{1000.0, 1500.0, 500.0, 1000, 500}, Row{2.75, 5.5, 2.75, 2, 2},
+        Row{1998.0, 2002.0, 2.0, 1998, 2}, Row{-1.0, 1.0, 1.0, 0, 1},
+        Row{2001.0, 2002.0, 0.0, 0, 0}, Row{6.0, 4.0, 0.0, 0, 0}, Row{10.0, 10.0, 0.0, 0, 0}}) {
     const auto part = Read(host, Written(document, RangeOf(row.start, row.end)));
     ASSERT_TRUE(part) << row.start;
     EXPECT_EQ(part->channel().totalLength, row.length) << row.start;
     EXPECT_EQ(part->channel().totalDurationMs, row.length) << row.start;
-    EXPECT_EQ(SamplesOf(*part), row.samples) << row.start;
+    Values expected(row.count);
+    std::iota(expected.begin(), expected.end(), row.first);
+    EXPECT_EQ(SamplesOf(*part), expected) << row.start;
+    host.prompts.TakeTranscript();
   }
 }
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <variant>
 
-#include "document/native_io.h"
+#include "document/document_io.h"
 #include "platform/file_error.h"
 
 namespace cantorix {

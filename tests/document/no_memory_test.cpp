@@ -6,7 +6,7 @@
 #include <new>
 #include <optional>
 
-#include "document/native_io.h"
+#include "document/document_io.h"
 #include "document/sample_store.h"
 #include "platform/claimed_file.h"
 #include "platform/leftovers.h"

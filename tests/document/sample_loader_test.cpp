@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "document/sample_access.h"
+#include "document/document_io.h"
 #include "platform/abandon.h"
 #include "platform/file.h"
 #include "platform/file_error.h"

@@ -4,9 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "document/document_io.h"
 #include "document/label.h"
-#include "document/native_io.h"
-#include "document/wav_file.h"
 #include "platform/abandon.h"
 #include "support/folder_sync_failure.h"
 
@@ -15,16 +14,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::MatchesRegex;
-
-constexpr bool kOverwrite = true;
-constexpr bool kMustExist = true;
-
-Bytes WaveOf(CSonadexDoc& document, WaveBytes range) {
-  Bytes bytes;
-  WriteWave([&](auto piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); }, document,
-            range, document.host().progress);
-  return bytes;
-}
 
 // A modified document of 100 samples at "talk.one.qrv", with the samples [20, 60) selected and a
 // label in and outside of them.
@@ -57,37 +46,33 @@ class SaveCommandsTest : public testing::Test {
 struct DialogRow {
   bool (*command)(CSonadexDoc&);
   const char* title;
-  const char* proposedName;
-  const char* extension;
-  const char* filter;
-  bool fileMustExist;
+  const char* request;  // behind the title
 };
 
-constexpr const char* kNative = "Cantorix files (*.qrv)|*.qrv|";
-constexpr const char* kWave = "Wave files (*.wav)|*.wav|";
-
 const DialogRow kDialogs[] = {
-    {SaveDocumentAs, "Save file As", "Untitled", "qrv", kNative, !kMustExist},
-    {SaveCopyAs, "Save a Copy As", "Copy of talk_one_qrv", "pmf", kNative, kMustExist},
-    {SaveSelectionAs, "Save Selection As", "Selection of talk_one_qrv", "qrv", kNative, kMustExist},
-    {ExportAsWave, "Save a Data Channel As", "Export talk_one_qrv", "wav", kWave, kMustExist},
-    {ExportSelectionAsWave, "Save Selection of a Data Channel As", "Export talk_one_qrv", "wav",
-     kWave, kMustExist},
+    {SaveDocumentAs, "Save file As",
+     ", Untitled.qrv, Cantorix files (*.qrv)|*.qrv| #1, asks before overwriting"},
+    {SaveCopyAs, "Save a Copy As",
+     ", Copy of talk_one_qrv.pmf, Cantorix files (*.qrv)|*.qrv| #1, must exist, asks before "
+     "overwriting"},
+    {SaveSelectionAs, "Save Selection As",
+     ", Selection of talk_one_qrv.qrv, Cantorix files (*.qrv)|*.qrv| #1, must exist, asks before "
+     "overwriting"},
+    {ExportAsWave, "Save a Data Channel As",
+     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, asks before "
+     "overwriting"},
+    {ExportSelectionAsWave, "Save Selection of a Data Channel As",
+     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, asks before "
+     "overwriting"},
 };
 
 TEST_F(SaveCommandsTest, AsksForANameAndChangesNothingWhenTheUserCancels) {
   for (const DialogRow& row : kDialogs) {
-    SCOPED_TRACE(row.title);
     host_.prompts.WillCancel();
     EXPECT_FALSE(row.command(document_));
     EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(std::string("save: ") + row.title));
-    const FileRequest& request = host_.prompts.fileRequests.back();
-    EXPECT_EQ(request.proposedName, row.proposedName);
-    EXPECT_EQ(request.defaultExtension, row.extension);
-    EXPECT_EQ(request.filter, row.filter);
-    EXPECT_TRUE(request.hideReadOnly);
-    EXPECT_EQ(request.overwritePrompt, kOverwrite);
-    EXPECT_EQ(request.fileMustExist, row.fileMustExist);
+    EXPECT_EQ(TextOf(host_.prompts.fileRequests.back()),
+              std::string(row.title) + row.request + ", hides read-only");
     EXPECT_TRUE(document_.hasSelection && document_.isModified());
     EXPECT_EQ(document_.pathName(), path_);
   }
@@ -96,7 +81,7 @@ TEST_F(SaveCommandsTest, AsksForANameAndChangesNothingWhenTheUserCancels) {
 
 TEST_F(SaveCommandsTest, WritesTheWholeOrTheSelection) {
   const std::vector<Bytes> expected = {Whole(), Whole(), Written(document_, RangeOf(20.0, 60.0)),
-                                       WaveOf(document_, {0, 200}), WaveOf(document_, {40, 80})};
+                                       RampWave(0, 100), RampWave(20, 40)};
   for (std::size_t i = 0; i < std::size(kDialogs); ++i) {
     SCOPED_TRACE(kDialogs[i].title);
     document_.hasSelection = true;
@@ -137,15 +122,8 @@ TEST_F(SaveCommandsTest, LeavesPathAndFlagsAsEachCommandDemands) {
   EXPECT_EQ(document_.title(), "chosen");
 }
 
-TEST_F(SaveCommandsTest, SavesANativeRecordingWholeUnderItsOwnName) {
-  EXPECT_TRUE(SaveDocument(document_));
-  EXPECT_EQ(ReadBytes(path_), Whole());
-  EXPECT_FALSE(document_.isModified() || document_.hasSelection);
-  EXPECT_EQ(remembered_.size(), 0U);
-}
-
 TEST_F(SaveCommandsTest, NeverSavesARecordingOrAForeignFileUnderItsOwnName) {
-  WriteBytes(path_, WaveOf(document_, {0, 200}));
+  WriteBytes(path_, RampWave(0, 100));
   CSonadexDoc foreign(host_.host);
   ASSERT_TRUE(foreign.OnOpenDocument(path_));
   CSonadexDoc recorded(host_.host);
@@ -168,10 +146,10 @@ TEST_F(SaveCommandsTest, NeverSavesARecordingOrAForeignFileUnderItsOwnName) {
               ElementsAre("save: Save a Copy As", "save: Save file As"));
   // Its own file now.
   EXPECT_TRUE(SaveDocument(foreign));
-  EXPECT_EQ(ReadBytes(path_), WaveOf(document_, {0, 200}));
+  EXPECT_EQ(ReadBytes(path_), RampWave(0, 100));
 }
 
-TEST_F(SaveCommandsTest, ReportsAPathThatCannotBeWritten) {
+TEST_F(SaveCommandsTest, AFailedSaveIsReportedAndACopyForgetsTheSelectionIsKept) {
   constexpr const char* kReport = "message: .*/chosen could not be saved. No such file .*\\.";
   constexpr const char* kError = "message: Error in save operation\\.";
   for (const DialogRow& row : kDialogs) {
@@ -184,13 +162,15 @@ TEST_F(SaveCommandsTest, ReportsAPathThatCannotBeWritten) {
       EXPECT_FALSE(row.command(document_));
     }
     const auto transcript = host_.prompts.TakeTranscript();
-    if (row.extension == std::string("wav")) {
+    if (row.command == ExportAsWave || row.command == ExportSelectionAsWave) {
       EXPECT_THAT(transcript, ElementsAre(testing::_, MatchesRegex(kReport)));
     } else {
       EXPECT_THAT(transcript, ElementsAre(testing::_, MatchesRegex(kReport), MatchesRegex(kError)));
     }
     EXPECT_TRUE(document_.isModified());
     EXPECT_EQ(document_.pathName(), path_);
+    // Kept: a copy, too, forgets the selection.
+    EXPECT_EQ(document_.hasSelection, row.command != SaveDocumentAs && row.command != SaveCopyAs);
   }
   EXPECT_EQ(remembered_.size(), 0U);
 }
@@ -211,31 +191,26 @@ TEST_F(SaveCommandsTest, RefusesASelectionWithoutASample) {
   }
 }
 
-TEST_F(SaveCommandsTest, SaysThatASaveIsPerhapsNotOnDiskAndCountsItAsSaved) {
+TEST_F(SaveCommandsTest, SavesUnderItsOwnNameAndSaysWhenItIsPerhapsNotOnDisk) {
+  EXPECT_TRUE(SaveDocument(document_));
+  EXPECT_EQ(ReadBytes(path_), Whole());
+  EXPECT_FALSE(document_.isModified() || document_.hasSelection);
+  document_.SetModified(true);
   const FolderSyncFailure failure;
   EXPECT_TRUE(SaveDocument(document_));
   EXPECT_THAT(host_.prompts.TakeTranscript(),
               ElementsAre("message: " + path_ +
                           " is saved, but perhaps not yet on disk: its "
                           "folder could not be synced."));
-  EXPECT_EQ(ReadBytes(path_), Whole());
   EXPECT_FALSE(document_.isModified());
+  EXPECT_THAT(remembered_, ElementsAre());
   host_.prompts.WillChooseFile(chosen_);
   EXPECT_TRUE(ExportAsWave(document_));
   EXPECT_EQ(host_.prompts.TakeTranscript().size(), 2U);
 }
 
-TEST_F(SaveCommandsTest, FailedCopyForgetsTheSelectionIsKept) {
-  host_.prompts.WillChooseFile(impossible_);
-  EXPECT_FALSE(SaveCopyAs(document_));
-  host_.prompts.TakeTranscript();
-  EXPECT_FALSE(document_.hasSelection);
-}
-
 TEST_F(SaveCommandsTest, CancelledWritingOfAStoreLeavesTheEarlierFile) {
-  auto store = std::make_unique<SampleStore>(host_.folder.path(), host_.host.storeCounter);
-  store->Append(document_.channel().samples.samples());
-  document_.HoldOnDisk(std::move(store));
+  MoveToStore(document_);
   const Bytes earlier(3, std::byte{7});
   WriteBytes(path_, earlier);
   host_.progress = CancellingProgress(1);

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "document/wav_io.h"
+#include "document/document_io.h"
 
 namespace cantorix {
 namespace {

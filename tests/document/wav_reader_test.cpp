@@ -5,8 +5,8 @@
 #include <limits>
 #include <numeric>
 
+#include "document/document_io.h"
 #include "document/sample_conversion.h"
-#include "document/wav_io.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
 
