@@ -4,25 +4,10 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <functional>
-
-#include "platform/file_error.h"
-#include "support/temporary_folder.h"
+#include "platform/file_fixture.h"
 
 namespace cantorix {
 namespace {
-
-constexpr const char* kInUse = "Another program is using it.";
-
-std::string ReasonOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const FileError& error) {
-    return error.what();
-  }
-  return {};
-}
 
 TEST(File, IsSharedByReadersAndHeldByOneWriter) {
   using Opener = File (*)(const std::string&);
@@ -31,22 +16,20 @@ TEST(File, IsSharedByReadersAndHeldByOneWriter) {
   const Opener update = File::OpenForUpdate;
   const Opener create = File::Create;
   struct Row {
-    const char* name;
     Opener first, second;
     bool bothSucceed;
   };
-  for (const Row& row :
-       {Row{"two readers", read, read, true}, Row{"reader, writer", read, update, false},
-        Row{"reader, creator", read, create, false}, Row{"writer, reader", update, read, false},
-        Row{"creator, reader", create, read, false}, Row{"two writers", update, update, false},
-        Row{"writer, unlocked", update, peek, true}, Row{"unlocked, writer", peek, update, true}}) {
+  const Row rows[] = {{read, read, true},    {read, update, false}, {read, create, false},
+                      {update, read, false}, {create, read, false}, {update, update, false},
+                      {update, peek, true},  {peek, update, true}};
+  for (const Row& row : rows) {
     const TemporaryFolder folder;
-    WriteBytes(folder / "talk", std::vector<std::byte>(5));
+    WriteBytes(folder / "talk", Filled(5, 0));
     const File first = row.first(folder / "talk");
     const auto size = first.Size();
     EXPECT_EQ(ReasonOf([&] { row.second(folder / "talk"); }), row.bothSucceed ? "" : kInUse)
-        << row.name;
-    EXPECT_EQ(first.Size(), size) << row.name << ": a refused file keeps its bytes";
+        << &row - rows;
+    EXPECT_EQ(first.Size(), size) << &row - rows << ": a refused file keeps its bytes";
   }
 }
 
@@ -69,10 +52,7 @@ TEST(File, ReadsAndWritesAtItsPlacesAndSaysWhereItEnds) {
 TEST(File, LeavesNoDescriptorBehind) {
   const TemporaryFolder folder;
   WriteBytes(folder / "talk", std::vector<std::byte>(5));
-  const auto open = [] {
-    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-  };
-  const auto before = open();
+  const auto before = OpenDescriptors();
   {
     File file = File::OpenForReading(folder / "talk");
     File moved = std::move(file);
@@ -83,7 +63,7 @@ TEST(File, LeavesNoDescriptorBehind) {
     closed.Close();
     EXPECT_FALSE(closed.isOpen());
   }
-  EXPECT_EQ(open(), before);
+  EXPECT_EQ(OpenDescriptors(), before);
 }
 
 }  // namespace

