@@ -29,11 +29,14 @@ class CountingObserver : public PlaybackObserver {
   std::atomic<int> calls{0};
 };
 
-class SoundPlayerTest : public testing::Test {
- protected:
-  static void SetUpMemory(SoundPlayer& target, std::int64_t count, std::uint32_t rateHz = 11025) {
+// A player on a scripted device on which one call, by its number, has another outcome.
+struct PlayerRig {
+  explicit PlayerRig(int call = -1, Outcome outcome = Outcome::kDone) {
+    device->script.Set(call, outcome);
+  }
+  void SetUpMemory(std::int64_t count, std::uint32_t rateHz = 11025) {
     const auto samples = SamplesFrom(0, static_cast<std::size_t>(count) + 20);
-    target.SetUpFromMemory(SpanSource(samples), {10, count, rateHz});
+    player.SetUpFromMemory(SpanSource(samples), {10, count, rateHz});
   }
   // Takes `buffers` of the player's in pieces like a device, each when it has been written.
   std::vector<std::int16_t> PlayBuffers(std::size_t buffers, std::size_t bufferSamples) {
@@ -47,6 +50,7 @@ class SoundPlayerTest : public testing::Test {
     }
     return heard;
   }
+
   VirtualClock clock;
   FakeMemoryProbe memory;
   std::shared_ptr<ScriptedOut> device = std::make_shared<ScriptedOut>();
@@ -55,8 +59,10 @@ class SoundPlayerTest : public testing::Test {
   SoundPlayer player{device, notices, clock, memory, observer};
 };
 
+class SoundPlayerTest : public testing::Test, protected PlayerRig {};
+
 TEST_F(SoundPlayerTest, PlaysAShortStretchAsOneBuffer) {
-  SetUpMemory(player, 32767);
+  SetUpMemory(32767);
   EXPECT_TRUE(player.Start());
   EXPECT_THAT(device->script.calls(),
               ElementsAre("DeviceCount", "Capabilities", "Open", "Prepare", "Write"));
@@ -85,7 +91,7 @@ TEST_F(SoundPlayerTest, StreamsALongerStretchAndSilenceToTheEndOfABuffer) {
   for (const Row& row : {Row{32768, 11025, 2048, 17}, Row{40000, 16000, 4096, 10},
                          Row{100001, 44100, 8192, 13}, Row{60000, 96000, 2048, 30}}) {
     SCOPED_TRACE(testing::Message() << row.count << " samples");
-    SetUpMemory(player, row.count, row.rateHz);
+    SetUpMemory(row.count, row.rateHz);
     EXPECT_TRUE(player.Start());
     auto expected = SamplesFrom(10, static_cast<std::size_t>(row.count));
     expected.resize(row.buffers * row.buffer, 0);
@@ -103,37 +109,40 @@ TEST_F(SoundPlayerTest, SaysEachFailureOfTheStartOnceAndGoesOn) {
     int call;
     Outcome outcome;
     Texts texts;
-    std::size_t calls;
   };
   const std::string open = "Sound output Cannot Open Device!";
   const std::string prepare = " Sound Output Cannot Prepare Header !";
   const std::string write = " Sound Output Cannot Write Buffer !";
-  const std::string card = "Sound output Cannot determine card capabilities !";
-  for (const Row& row :
-       {Row{false, 0, Outcome::kFails, {"No Sound Output Device"}, 1},
-        Row{false, 1, Outcome::kFails, {card}, 5},
-        Row{false, 2, Outcome::kFails, {open, prepare, write}, 5},
-        Row{false, 3, Outcome::kFails, {prepare}, 5},
-        Row{false, 3, Outcome::kUnmarked, {prepare}, 5}, Row{false, 4, Outcome::kFails, {write}, 5},
-        Row{true, 0, Outcome::kFails, {"No Sound Output Device"}, 1},
-        Row{true, 1, Outcome::kFails, {card}, 7},
-        Row{true, 2, Outcome::kFails, {open, prepare, write, prepare, write}, 7},
-        Row{true, 3, Outcome::kFails, {prepare}, 7}, Row{true, 4, Outcome::kFails, {write}, 7},
-        Row{true, 5, Outcome::kUnmarked, {prepare}, 7},
-        Row{true, 6, Outcome::kFails, {write}, 7}}) {
+  const Texts none{"No Sound Output Device"};
+  const Texts card{"Sound output Cannot determine card capabilities !"};
+  const Outcome kFails = Outcome::kFails;
+  const Outcome kUnmarked = Outcome::kUnmarked;
+  const Row rows[] = {
+      {false, 0, kFails, none},
+      {false, 1, kFails, card},
+      {false, 2, kFails, {open, prepare, write}},
+      {false, 3, kFails, {prepare}},
+      {false, 3, kUnmarked, {prepare}},
+      {false, 4, kFails, {write}},
+      {true, 0, kFails, none},
+      {true, 1, kFails, card},
+      {true, 2, kFails, {open, prepare, write, prepare, write}},
+      {true, 3, kFails, {prepare}},
+      {true, 4, kFails, {write}},
+      {true, 5, kUnmarked, {prepare}},
+      {true, 6, kFails, {write}},
+  };
+  for (const Row& row : rows) {
     SCOPED_TRACE(testing::Message() << (row.streams ? "streaming, " : "single, ") << row.call);
-    const auto scripted = std::make_shared<ScriptedOut>();
-    const auto told = std::make_shared<RecordingNotices>();
-    SoundPlayer failing(scripted, told, clock, memory);
+    PlayerRig failing(row.call, row.outcome);
     // At this rate two buffers never fill the store, so the worker does nothing by itself.
-    SetUpMemory(failing, row.streams ? 32768 : 100);
-    scripted->script.Set(row.call, row.outcome);
-    EXPECT_FALSE(failing.Start());
-    const auto calls = scripted->script.calls();
+    failing.SetUpMemory(row.streams ? 32768 : 100);
+    EXPECT_FALSE(failing.player.Start());
+    const auto calls = failing.device->script.calls();
     const auto began = std::find(calls.begin(), calls.end(), "Unprepare") - calls.begin();
-    EXPECT_EQ(static_cast<std::size_t>(began), row.calls);
-    failing.Stop();
-    EXPECT_EQ(told->texts(), row.texts);
+    EXPECT_EQ(began, row.call == 0 ? 1 : row.streams ? 7 : 5);
+    failing.player.Stop();
+    EXPECT_EQ(failing.notices->texts(), row.texts);
   }
 }
 
@@ -141,33 +150,28 @@ TEST_F(SoundPlayerTest, SaysEachFailureOfARefillOnceAndGoesOn) {
   struct Row {
     int call;
     Outcome outcome;
-    Texts texts;
+    const char* text;
     std::int64_t lost;  // first sample of the buffer that is not heard, or -1
   };
   // 7 calls start; each refill is Unprepare, Prepare and Write.
-  for (const Row& row : {Row{7, Outcome::kFails, {"Sound output Cannot UnPrepareHeader !"}, -1},
-                         Row{8, Outcome::kFails, {"Sound output Cannot Prepare Header !"}, -1},
-                         Row{8, Outcome::kUnmarked, {"Sound output Cannot Prepare Header !"}, -1},
-                         Row{9, Outcome::kFails, {"Sound output Cannot Add Buffer !"}, 4096}}) {
+  for (const Row& row : {Row{7, Outcome::kFails, "Sound output Cannot UnPrepareHeader !", -1},
+                         Row{8, Outcome::kFails, "Sound output Cannot Prepare Header !", -1},
+                         Row{8, Outcome::kUnmarked, "Sound output Cannot Prepare Header !", -1},
+                         Row{9, Outcome::kFails, "Sound output Cannot Add Buffer !", 4096}}) {
     SCOPED_TRACE(testing::Message() << "call " << row.call);
-    const auto scripted = std::make_shared<ScriptedOut>();
-    const auto told = std::make_shared<RecordingNotices>();
-    const auto watching = std::make_shared<CountingObserver>();
-    SoundPlayer failing(scripted, told, clock, memory, watching);
-    SetUpMemory(failing, 32768);
-    scripted->script.Set(row.call, row.outcome);
-    EXPECT_TRUE(failing.Start());
+    PlayerRig failing(row.call, row.outcome);
+    failing.SetUpMemory(32768);
+    EXPECT_TRUE(failing.player.Start());
     // The store of a second takes five buffers and a bit; both of the player's are in it.
-    EXPECT_TRUE(Eventually([&] { return watching->calls >= 4; }));
-    const auto heard = scripted->Take(6000);
+    EXPECT_TRUE(Eventually([&] { return failing.observer->calls >= 4; }));
     auto expected = SamplesFrom(10, 6000);
     if (row.lost >= 0) {
       const auto behind = SamplesFrom(10 + row.lost + 2048, 6000);
       std::copy(behind.begin(), behind.begin() + (6000 - row.lost), expected.begin() + row.lost);
     }
-    EXPECT_EQ(heard, expected);
-    failing.Stop();
-    EXPECT_EQ(told->texts(), row.texts);
+    EXPECT_EQ(failing.device->Take(6000), expected);
+    failing.player.Stop();
+    EXPECT_THAT(failing.notices->texts(), ElementsAre(row.text));
   }
 }
 
@@ -194,17 +198,17 @@ TEST_F(SoundPlayerTest, PlaysFromAFileWhatItPlaysFromMemory) {
 
 TEST_F(SoundPlayerTest, PlaysNothingWithoutMemory) {
   memory.limitBytes = 199;
-  SetUpMemory(player, 100);
+  SetUpMemory(100);
   EXPECT_THAT(notices->texts(), ElementsAre("error in memory"));
   EXPECT_FALSE(player.Start());
   EXPECT_THAT(device->script.calls(), IsEmpty());
   memory.limitBytes = 200;
-  SetUpMemory(player, 100);
+  SetUpMemory(100);
   EXPECT_TRUE(player.Start());
 }
 
 TEST_F(SoundPlayerTest, RefillsNothingAfterAPauseIsKept) {
-  SetUpMemory(player, 60000);
+  SetUpMemory(60000);
   EXPECT_TRUE(player.Start());
   // The store of a second takes five buffers; two more wait.
   ASSERT_TRUE(Eventually([&] { return observer->calls == 5; }));
@@ -220,7 +224,7 @@ TEST_F(SoundPlayerTest, RefillsNothingAfterAPauseIsKept) {
 }
 
 TEST_F(SoundPlayerTest, TellsItsObserverOfEveryBufferAndOfTheEnd) {
-  SetUpMemory(player, 32768, 44100);
+  SetUpMemory(32768, 44100);
   EXPECT_TRUE(player.Start());
   // The store takes two buffers at the start and three refills, the last beyond the end. All five
   // are finished at once, and each is told of.
@@ -233,7 +237,7 @@ TEST_F(SoundPlayerTest, TellsItsObserverOfEveryBufferAndOfTheEnd) {
 TEST_F(SoundPlayerTest, LeavesWithAWordWhenStoppedBeforeItsFirstRound) {
   // The device does not open, so the worker waits for that until Stop.
   device->script.Set(2, Outcome::kFails);
-  SetUpMemory(player, 32768);
+  SetUpMemory(32768);
   EXPECT_FALSE(player.Start());
   player.Stop();
   EXPECT_EQ(observer->calls, 1);

@@ -35,19 +35,23 @@ class GatedScope : public ScopeSink {
   std::vector<std::int16_t> seen;
 };
 
-class SoundRecorderTest : public testing::Test {
- protected:
+// A recorder on a scripted device on which one call, by its number, has another outcome.
+struct RecorderRig {
+  explicit RecorderRig(int call = -1, Outcome outcome = Outcome::kDone) {
+    device->script.Set(call, outcome);
+  }
   void SetUpFile(std::uint32_t rateHz = 11025) {
     recorder.SetUp({rateHz, 16, folder.path(), "20261121-143005", nullptr, scope});
   }
   void DeliverBuffers(int count) {
-    device->Deliver(SamplesFrom(at_, static_cast<std::size_t>(count) * kBuffer));
-    at_ += static_cast<std::int64_t>(count * kBuffer);
+    device->Deliver(SamplesFrom(at, static_cast<std::size_t>(count) * kBuffer));
+    at += static_cast<std::int64_t>(count) * std::int64_t{kBuffer};
   }
-  bool Delivered(int buffers) {
-    return Eventually([&] {
-      return recorder.Status().deliveredSamples == static_cast<std::int64_t>(kBuffer) * buffers;
-    });
+  bool Delivered(std::int64_t samples) {
+    return Eventually([&] { return recorder.Status().deliveredSamples == samples; });
+  }
+  bool Failed() {
+    return Eventually([&] { return recorder.Status().hasFailed; });
   }
   std::vector<std::int16_t> FileSamples() {
     const auto file = recorder.TakeFile();
@@ -64,10 +68,10 @@ class SoundRecorderTest : public testing::Test {
   std::shared_ptr<RecordingNotices> notices = std::make_shared<RecordingNotices>();
   std::shared_ptr<GatedScope> scope = std::make_shared<GatedScope>();
   SoundRecorder recorder{device, notices, clock, memory};
-
- private:
-  std::int64_t at_ = 0;
+  std::int64_t at = 0;
 };
+
+class SoundRecorderTest : public testing::Test, protected RecorderRig {};
 
 TEST_F(SoundRecorderTest, RecordsWholeBuffersInTheStatedOrderOfCalls) {
   SetUpFile();
@@ -76,7 +80,7 @@ TEST_F(SoundRecorderTest, RecordsWholeBuffersInTheStatedOrderOfCalls) {
   EXPECT_EQ(device->format.blockAlign, 2);
   EXPECT_EQ(device->format.averageBytesPerSecond, 22050U);
   DeliverBuffers(1);
-  ASSERT_TRUE(Delivered(1));
+  ASSERT_TRUE(Delivered(kBuffer));
   device->Deliver(SamplesFrom(kBuffer, kBuffer - 1));
   recorder.Stop();
   EXPECT_THAT(device->script.calls(),
@@ -97,37 +101,35 @@ TEST_F(SoundRecorderTest, SaysEachFailureOfTheStartOnceAndGoesOn) {
     int call;
     Outcome outcome;
     Texts texts;
-    std::size_t calls;  // of the start
   };
-  const Texts prepare{"Cannot Prepare Header !"};
-  const Texts add{"Cannot Add Buffer !"};
-  for (const Row& row :
-       {Row{0, Outcome::kFails, {"No Sound Device"}, 1},
-        Row{1, Outcome::kFails, {"Cannot determine sound card capabilities !"}, 8},
-        Row{2,
-            Outcome::kFails,
-            {"Cannot Open Sound Input Device!", prepare[0], add[0], prepare[0], add[0],
-             "Cannot Start Wave In !"},
-            8},
-        Row{3, Outcome::kFails, prepare, 8}, Row{3, Outcome::kUnmarked, prepare, 8},
-        Row{4, Outcome::kFails, add, 8}, Row{5, Outcome::kFails, prepare, 8},
-        Row{5, Outcome::kUnmarked, prepare, 8}, Row{6, Outcome::kFails, add, 8},
-        Row{7, Outcome::kFails, {"Cannot Start Wave In !"}, 8}}) {
+  const std::string prepare = "Cannot Prepare Header !";
+  const std::string add = "Cannot Add Buffer !";
+  const std::string start = "Cannot Start Wave In !";
+  const Row rows[] = {
+      {0, Outcome::kFails, {"No Sound Device"}},
+      {1, Outcome::kFails, {"Cannot determine sound card capabilities !"}},
+      {2, Outcome::kFails, {"Cannot Open Sound Input Device!", prepare, add, prepare, add, start}},
+      {3, Outcome::kFails, {prepare}},
+      {3, Outcome::kUnmarked, {prepare}},
+      {4, Outcome::kFails, {add}},
+      {5, Outcome::kFails, {prepare}},
+      {5, Outcome::kUnmarked, {prepare}},
+      {6, Outcome::kFails, {add}},
+      {7, Outcome::kFails, {start}},
+  };
+  for (const Row& row : rows) {
     SCOPED_TRACE(testing::Message() << "call " << row.call);
-    const auto scripted = std::make_shared<ScriptedIn>();
-    const auto told = std::make_shared<RecordingNotices>();
-    SoundRecorder failing(scripted, told, clock, memory);
-    failing.SetUp({11025, 16, {}, {}, nullptr, nullptr});
-    scripted->script.Set(row.call, row.outcome);
-    EXPECT_FALSE(failing.Start());
-    EXPECT_EQ(told->texts(), row.texts);
-    EXPECT_EQ(scripted->script.calls().size(), row.calls);
-    clock.sleepsMs.clear();
-    failing.Stop();
-    EXPECT_THAT(clock.sleepsMs, ElementsAre(500.0));
+    RecorderRig failing(row.call, row.outcome);
+    failing.SetUpFile();
+    EXPECT_FALSE(failing.recorder.Start());
+    EXPECT_EQ(failing.notices->texts(), row.texts);
+    const std::size_t calls = row.call == 0 ? 1 : 8;
+    EXPECT_EQ(failing.device->script.calls().size(), calls);
+    failing.recorder.Stop();
+    EXPECT_THAT(failing.clock.sleepsMs, ElementsAre(500.0));
     // Only a device that was opened is reset, stopped and closed.
-    EXPECT_EQ(scripted->script.calls().size(),
-              row.calls + (row.call == 0 || row.call == 2 ? 0 : 4));
+    const bool wasOpened = row.call != 0 && row.call != 2;
+    EXPECT_EQ(failing.device->script.calls().size(), calls + (wasOpened ? 4 : 0));
   }
 }
 
@@ -136,37 +138,34 @@ TEST_F(SoundRecorderTest, TriesTheSameBufferAgainAfterAFailedRequeue) {
     int call;
     Outcome outcome;
     Texts texts;
-    bool recovers;
   };
-  for (const Row& row : {Row{8, Outcome::kFails, {"Cannot UnPrepareHeader !"}, true},
-                         Row{9, Outcome::kFails, {"Cannot Prepare Header !"}, true},
-                         Row{9, Outcome::kUnmarked, {"Cannot Prepare Header !"}, true},
-                         Row{10, Outcome::kFails, {"Cannot Add Buffer (Add Buffer)!"}, true},
-                         // The device has the buffer by then and does not let go of it.
-                         Row{11,
-                             Outcome::kFails,
-                             {"Cannot Start Wave In (Add Buffer)!", "Cannot UnPrepareHeader !"},
-                             false}}) {
+  const std::string unprepare = "Cannot UnPrepareHeader !";
+  const Row rows[] = {
+      {8, Outcome::kFails, {unprepare}},
+      {9, Outcome::kFails, {"Cannot Prepare Header !"}},
+      {9, Outcome::kUnmarked, {"Cannot Prepare Header !"}},
+      {10, Outcome::kFails, {"Cannot Add Buffer (Add Buffer)!"}},
+      // The device has the buffer by then and does not let go of it.
+      {11, Outcome::kFails, {"Cannot Start Wave In (Add Buffer)!", unprepare}},
+  };
+  for (const Row& row : rows) {
     SCOPED_TRACE(testing::Message() << "call " << row.call);
-    const auto scripted = std::make_shared<ScriptedIn>();
-    const auto told = std::make_shared<RecordingNotices>();
-    const auto kept = std::make_shared<GatedScope>();
-    SoundRecorder failing(scripted, told, clock, memory);
-    failing.SetUp({11025, 16, {}, {}, nullptr, kept});
-    scripted->script.Set(row.call, row.outcome);
-    EXPECT_TRUE(failing.Start());
-    scripted->Deliver(SamplesFrom(0, kBuffer));
-    ASSERT_TRUE(Eventually([&] { return failing.Status().hasFailed; }));
-    EXPECT_EQ(told->texts(), Texts{row.texts[0]});
-    EXPECT_EQ(failing.Status().deliveredSamples, 0);
-    scripted->event->Signal();
+    RecorderRig failing(row.call, row.outcome);
+    failing.SetUpFile();
+    EXPECT_TRUE(failing.recorder.Start());
+    failing.DeliverBuffers(1);
+    ASSERT_TRUE(failing.Failed());
+    EXPECT_EQ(failing.notices->texts(), Texts{row.texts[0]});
+    EXPECT_EQ(failing.recorder.Status().deliveredSamples, 0);
+    failing.device->event->Signal();
+    const bool recovers = row.texts.size() == 1;
     ASSERT_TRUE(Eventually([&] {
-      return told->texts().size() == row.texts.size() &&
-             (!row.recovers || failing.Status().deliveredSamples > 0);
+      return failing.notices->texts().size() == row.texts.size() &&
+             (!recovers || failing.recorder.Status().deliveredSamples > 0);
     }));
-    failing.Stop();
-    EXPECT_EQ(told->texts(), row.texts);
-    EXPECT_EQ(kept->seen, row.recovers ? SamplesFrom(0, kBuffer) : std::vector<std::int16_t>{});
+    failing.recorder.Stop();
+    EXPECT_EQ(failing.notices->texts(), row.texts);
+    EXPECT_EQ(failing.scope->seen, SamplesFrom(0, recovers ? kBuffer : 0));
   }
 }
 
@@ -184,9 +183,9 @@ TEST_F(SoundRecorderTest, RecordsIntoMemoryWithOffsetAndGain) {
   samples[3] = 30000;  // and this after the gain
   samples[kBuffer] = 7;
   device->Deliver(samples);
-  ASSERT_TRUE(Delivered(2));
+  ASSERT_TRUE(Delivered(2 * kBuffer));
   device->Deliver(samples);
-  ASSERT_TRUE(Eventually([&] { return recorder.Status().hasFailed; }));
+  ASSERT_TRUE(Failed());
   recorder.Stop();
   ASSERT_EQ(block->samples.size(), 2 * kBuffer) << "no memory for a third buffer";
   EXPECT_THAT(notices->texts(), ElementsAre("There is not enough memory to go on recording."));
@@ -206,7 +205,7 @@ TEST_F(SoundRecorderTest, KeepsWholeBuffersOnAFullDiskAndSaysSoOnce) {
   {
     const FileSizeLimit limit(2 * 2 * kBuffer + 1001);
     DeliverBuffers(4);
-    ASSERT_TRUE(Eventually([&] { return recorder.Status().hasFailed; }));
+    ASSERT_TRUE(Failed());
   }
   // Room again does not make a hole in the recording.
   DeliverBuffers(2);
@@ -222,7 +221,7 @@ TEST_F(SoundRecorderTest, SaysThatThereIsNoFileAndRecordsOn) {
   EXPECT_THAT(notices->texts(), ElementsAre("Failure to create a temp file to record."));
   EXPECT_TRUE(recorder.Start());
   DeliverBuffers(1);
-  EXPECT_TRUE(Delivered(1));
+  EXPECT_TRUE(Delivered(kBuffer));
   recorder.Stop();
   EXPECT_EQ(recorder.TakeFile(), nullptr);
   EXPECT_EQ(scope->seen.size(), kBuffer);
@@ -256,7 +255,7 @@ TEST_F(SoundRecorderTest, LetsGoOfAStuckConsumerAfterItsPatience) {
     EXPECT_EQ(recorder.TakeFile(), nullptr) << "the worker has it";
   }
   // The worker ends with the buffer that it held.
-  EXPECT_TRUE(Delivered(1));
+  EXPECT_TRUE(Delivered(kBuffer));
   EXPECT_EQ(scope->seen, SamplesFrom(0, kBuffer));
 }
 
@@ -264,7 +263,7 @@ TEST_F(SoundRecorderTest, DeliversNothingAfterAPauseIsKept) {
   SetUpFile();
   EXPECT_TRUE(recorder.Start());
   DeliverBuffers(1);
-  ASSERT_TRUE(Delivered(1));
+  ASSERT_TRUE(Delivered(kBuffer));
   recorder.Pause();
   recorder.Resume();
   const auto calls = device->script.calls();
@@ -278,7 +277,7 @@ TEST_F(SoundRecorderTest, FillsNoBufferBeyondItsRoom) {
   SetUpFile(192000);  // by the rule 77824 samples
   EXPECT_TRUE(recorder.Start());
   device->Deliver(SamplesFrom(0, 2 * 65536 + 10));
-  ASSERT_TRUE(Eventually([&] { return recorder.Status().deliveredSamples == 2 * 65536; }));
+  ASSERT_TRUE(Delivered(2 * 65536));
   recorder.Stop();
   EXPECT_EQ(FileSamples(), SamplesFrom(0, 2 * 65536));
 }
@@ -289,7 +288,7 @@ TEST_F(SoundRecorderTest, SilencesTheBufferThatCompletesNext) {
   device->Deliver(SamplesFrom(0, 5000));
   EXPECT_EQ(recorder.SilenceCurrentBuffer(), 4096);
   device->Deliver(SamplesFrom(5000, 3192));
-  ASSERT_TRUE(Eventually([&] { return recorder.Status().deliveredSamples == 8192; }));
+  ASSERT_TRUE(Delivered(8192));
   recorder.Stop();
   auto expected = SamplesFrom(0, 8192);
   std::fill_n(expected.begin(), 4096, std::int16_t{0});

@@ -51,16 +51,22 @@ class ComparingScope : public ScopeSink {
   const LongSound& sound_;
 };
 
-TEST(SoundThreads, AnHourOfRecordingHasEverySample) {
+class SoundThreads : public testing::Test {
+ protected:
+  ~SoundThreads() override { EXPECT_TRUE(notices->texts().empty()); }
+
+  const LongSound sound;
+  const std::shared_ptr<RecordingNotices> notices = std::make_shared<RecordingNotices>();
+  VirtualClock clock;
+  const FakeMemoryProbe memory;
+};
+
+TEST_F(SoundThreads, AnHourOfRecordingHasEverySample) {
   constexpr std::uint32_t kRateHz = 44100;
   constexpr std::int64_t kTotal = std::int64_t{kRateHz} * 3600;
   constexpr std::int64_t kPeriod = 1102;  // of a callback
-  const LongSound sound;
   const auto scope = std::make_shared<ComparingScope>(sound);
   const auto device = std::make_shared<ScriptedIn>();
-  const auto notices = std::make_shared<RecordingNotices>();
-  VirtualClock clock;
-  const FakeMemoryProbe memory;
   SoundRecorder recorder(device, notices, clock, memory);
   recorder.SetUp({kRateHz, 16, {}, {}, nullptr, scope});
   ASSERT_TRUE(recorder.Start());
@@ -72,14 +78,9 @@ TEST(SoundThreads, AnHourOfRecordingHasEverySample) {
   EXPECT_EQ(scope->wrongBuffers, 0);
   EXPECT_GT(scope->at, kTotal - 16384);
   EXPECT_EQ(recorder.Status().device.lostSamples, 0);
-  EXPECT_TRUE(notices->texts().empty());
 }
 
-TEST(SoundThreads, ManyRecordingsStartDeliverAndStop) {
-  const LongSound sound;
-  const auto notices = std::make_shared<RecordingNotices>();
-  VirtualClock clock;
-  const FakeMemoryProbe memory;
+TEST_F(SoundThreads, ManyRecordingsStartDeliverAndStop) {
   for (int round = 0; round < kRounds; ++round) {
     const auto scope = std::make_shared<ComparingScope>(sound);
     const auto device = std::make_shared<ScriptedIn>();
@@ -104,15 +105,10 @@ TEST(SoundThreads, ManyRecordingsStartDeliverAndStop) {
     ASSERT_EQ(scope->wrongBuffers, 0) << "round " << round;
     ASSERT_GE(scope->at, (round % 4) * 4096);
   }
-  EXPECT_TRUE(notices->texts().empty());
 }
 
-TEST(SoundThreads, ManyPlaybacksStartPlayAndStop) {
-  const LongSound sound;
-  const auto notices = std::make_shared<RecordingNotices>();
+TEST_F(SoundThreads, ManyPlaybacksStartPlayAndStop) {
   const auto stretch = sound.Piece(0, 40000);
-  VirtualClock clock;
-  const FakeMemoryProbe memory;
   for (int round = 0; round < kRounds; ++round) {
     const auto device = std::make_shared<ScriptedOut>();
     SoundPlayer player(device, notices, clock, memory);
@@ -138,7 +134,6 @@ TEST(SoundThreads, ManyPlaybacksStartPlayAndStop) {
     callback.join();
     ASSERT_EQ(wrong, 0) << "round " << round;
   }
-  EXPECT_TRUE(notices->texts().empty());
 }
 
 }  // namespace

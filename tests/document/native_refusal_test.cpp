@@ -1,4 +1,4 @@
-// native_refusal_test.cpp - native files that cannot be true, and saves that end early.
+// native_refusal_test.cpp - native files that cannot be true, or are held in the store.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -97,72 +97,6 @@ TEST(NativeFile, IsTheSameFromMemoryAndFromTheStore) {
   EXPECT_THAT(host.progress.done, ElementsAre(0.0, 1000.0, 2000.0, 3000.0));
   EXPECT_EQ(host.progress.texts.back(), " Reading File...(Press mouse to cancel)");
   EXPECT_EQ(Written(*onDisk, RangeOf(500.5, 2600.75)), Written(inMemory, RangeOf(500.5, 2600.75)));
-}
-
-TEST(SaveNative, CancelledKeepsTheOldFileAndANewOneAsFarAsItGot) {
-  TestHost host;
-  host.memory.limitBytes = 0;
-  ByteBuilder file = fixture::Header(1000.0, 16000.0, 0);
-  for (int i = 0; i < 16000; ++i) file.I16({i});
-  const auto document = Read(host, file.bytes);
-  ASSERT_TRUE(document);
-  SaveNative(*document, host.folder / "old", std::nullopt);
-  EXPECT_EQ(ReadBytes(host.folder / "old"), file.bytes);
-
-  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
-  for (const char* name : {"old", "new"}) {
-    host.progress = CancellingProgress(2);
-    EXPECT_THROW(SaveNative(*document, host.folder / name, std::nullopt), Abandoned) << name;
-    EXPECT_EQ(host.progress.endCount, 1) << name;
-  }
-  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
-  const std::ptrdiff_t oneSecond = 512 + 248 + 16000;
-  EXPECT_EQ(ReadBytes(host.folder / "new"),
-            Bytes(file.bytes.begin(), file.bytes.begin() + oneSecond));
-}
-
-TEST(SaveNative, RefusesWhatCouldNotBeReadBack) {
-  const double nan = std::nan("");
-  struct Row {
-    const char* reason;
-    std::optional<NativeRange> range;
-    double CChannel::*field = nullptr;
-    double value = 0.0;
-  };
-  const char* const kEmpty = "There is no sample to write.";
-  const Row rows[] = {
-      {kEmpty, RangeOf(4.0, 4.0)},
-      {kEmpty, RangeOf(4.0, 4.9)},
-      {kEmpty, RangeOf(6.0, 4.0)},
-      {kEmpty, RangeOf(11.0, 12.0)},
-      {kEmpty, RangeOf(nan, nan)},
-      {"The sample rate is not possible.", std::nullopt, &CChannel::sampleRateHz, 0.0},
-      {"The length is not possible.", std::nullopt, &CChannel::totalLength, nan},
-      {"The duration is not possible.", std::nullopt, &CChannel::totalDurationMs, -1.0},
-  };
-  for (const Row& row : rows) {
-    TestHost host;
-    CSonadexDoc document(host.host);
-    FillWithRamp(document, 10.0);
-    if (row.field != nullptr) document.channel().*row.field = row.value;
-    try {
-      SaveNative(document, host.folder / "new", row.range);
-      ADD_FAILURE() << "not refused: " << row.reason;
-    } catch (const SaveRefused& refusal) {
-      EXPECT_STREQ(refusal.what(), row.reason);
-    }
-    EXPECT_THAT(host.folder.Names(), IsEmpty());
-  }
-}
-
-TEST(SaveNative, FailsWithTheReasonAndLeavesTheOldFile) {
-  TestHost host;
-  CSonadexDoc document(host.host);
-  FillWithRamp(document, 10.0);
-  WriteBytes(host.folder / "old", Bytes(7, std::byte{1}));
-  const File reader = File::OpenForReading(host.folder / "old");
-  EXPECT_THROW(SaveNative(document, host.folder / "old", std::nullopt), FileError);
-  EXPECT_EQ(ReadBytes(host.folder / "old"), Bytes(7, std::byte{1}));
 }
 
 }  // namespace

@@ -186,15 +186,6 @@ TEST_F(OpenTest, ContentAloneDecidesTheFormat) {
   EXPECT_FALSE(native.foreignSource);
 }
 
-TEST_F(OpenTest, CutNativeFileIsReportedAndNotTriedFurther) {
-  auto bytes = fixture::SmallFile();
-  bytes.resize(600);
-  WriteBytes(path, bytes);
-  EXPECT_FALSE(document.OnOpenDocument(path));
-  EXPECT_THAT(host.prompts.TakeTranscript(),
-              ElementsAre(::testing::StartsWith("message: " + path + " could not be opened. ")));
-}
-
 TEST_F(OpenTest, EveryFormatHasItsSlot) {
   const auto slotsOf = [](std::span<const Reader> readers) {
     std::string slots;

@@ -42,7 +42,6 @@ class ScriptedPrompts : public Prompts {
   }
   void WillChooseFolder(std::string path) { answers_.emplace_back(std::move(path)); }
   void WillChooseChannel(int channel) { answers_.emplace_back(channel); }
-  void WillGive(const GenericParameters& parameters) { answers_.emplace_back(parameters); }
   // Cancels whatever dialog comes next.
   void WillCancel() { answers_.emplace_back(Cancelled{}); }
 
@@ -51,8 +50,7 @@ class ScriptedPrompts : public Prompts {
   // "folder: START", "channel of COUNT: TEXT", "generic".
   std::vector<std::string> TakeTranscript() { return std::exchange(transcript_, {}); }
 
-  std::vector<FileRequest> fileRequests;          // of open and save dialogs, oldest first
-  std::vector<GenericParameters> genericPresets;  // as the generic dialog was filled
+  std::vector<FileRequest> fileRequests;  // of open and save dialogs, oldest first
 
   void Beep() override { transcript_.emplace_back("beep"); }
   void Message(const std::string& text) override { transcript_.push_back("message: " + text); }
@@ -74,8 +72,7 @@ class ScriptedPrompts : public Prompts {
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override {
     return Next<int>("channel of " + std::to_string(channelCount) + ": " + text);
   }
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override {
-    genericPresets.push_back(preset);
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
     return Next<GenericParameters>("generic");
   }
 

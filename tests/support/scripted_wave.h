@@ -47,9 +47,9 @@ class CallScript {
   std::vector<std::string> calls_;
 };
 
-// Feed is InputFeed or OutputFeed.
-template <typename Feed>
-class ScriptedDevice {
+// What both directions have: Port is WaveIn with InputFeed, or WaveOut with OutputFeed.
+template <typename Port, typename Feed>
+class ScriptedDevice : public Port {
  public:
   CallScript script;
   std::atomic<DeviceHealth> health{DeviceHealth::kRunning};
@@ -59,11 +59,9 @@ class ScriptedDevice {
 
   std::shared_ptr<Feed> feed() const { return feed_; }
 
- protected:
-  bool Done(const std::string& name, bool needsOpen = true) {
-    return script.Next(name) == Outcome::kDone && (isOpen_ || !needsOpen);
-  }
-  bool OpenFeed(const WaveFormat& wanted, std::shared_ptr<WaveEvent> notified) {
+  int DeviceCount() override { return Done("DeviceCount", false) ? 1 : 0; }
+  bool Capabilities() override { return Done("Capabilities", false); }
+  bool Open(const WaveFormat& wanted, std::shared_ptr<WaveEvent> notified) override {
     format = wanted;
     event = std::move(notified);
     if (!Done("Open", false)) return false;
@@ -72,47 +70,47 @@ class ScriptedDevice {
     if (event) event->Signal();
     return true;
   }
-  bool PrepareHeader(WaveHeader& header) {
+  bool Prepare(WaveHeader& header) override {
     const Outcome outcome = script.Next("Prepare");
     if (outcome == Outcome::kFails || !isOpen_) return false;
     if (outcome == Outcome::kDone) header.flags |= kHeaderPrepared;
     return true;
   }
-  bool UnprepareHeader(WaveHeader& header) {
+  bool Unprepare(WaveHeader& header) override {
     if (!Done("Unprepare") || (header.flags & kHeaderQueued) != 0) return false;
     header.flags &= ~kHeaderPrepared;
     return true;
   }
-  bool GiveBack(const std::string& name) {
-    if (!Done(name)) return false;
-    feed_->ReturnHeaders();
+  bool Reset() override { return GiveBack("Reset"); }
+  bool Close() override {
+    if (!GiveBack("Close")) return false;
+    isOpen_ = false;
     return true;
+  }
+
+ protected:
+  bool Done(const std::string& name, bool needsOpen = true) {
+    return script.Next(name) == Outcome::kDone && (isOpen_ || !needsOpen);
   }
   template <typename Status>
   Status Told(Status status) const {
     status.health = health;
     return status;
   }
-  bool CloseFeed() {
-    if (!GiveBack("Close")) return false;
-    isOpen_ = false;
+
+ private:
+  bool GiveBack(const std::string& name) {
+    if (!Done(name)) return false;
+    feed_->ReturnHeaders();
     return true;
   }
 
- private:
   std::shared_ptr<Feed> feed_;
   bool isOpen_ = false;
 };
 
-class ScriptedIn : public WaveIn, public ScriptedDevice<InputFeed> {
+class ScriptedIn : public ScriptedDevice<WaveIn, InputFeed> {
  public:
-  int DeviceCount() override { return Done("DeviceCount", false) ? 1 : 0; }
-  bool Capabilities() override { return Done("Capabilities", false); }
-  bool Open(const WaveFormat& wanted, std::shared_ptr<WaveEvent> notified) override {
-    return OpenFeed(wanted, std::move(notified));
-  }
-  bool Prepare(WaveHeader& header) override { return PrepareHeader(header); }
-  bool Unprepare(WaveHeader& header) override { return UnprepareHeader(header); }
   bool AddBuffer(WaveHeader& header) override { return Done("AddBuffer") && feed()->Add(header); }
   bool Start() override { return Capture("Start", true); }
   bool Stop() override { return Capture("Stop", false); }
@@ -121,8 +119,6 @@ class ScriptedIn : public WaveIn, public ScriptedDevice<InputFeed> {
     feed()->Hold();
     return true;
   }
-  bool Reset() override { return GiveBack("Reset"); }
-  bool Close() override { return CloseFeed(); }
   WaveInStatus Status() const override { return Told(feed() ? feed()->Status() : WaveInStatus{}); }
 
   // Brings samples, as the callback of a device does; also after the device was closed.
@@ -138,20 +134,11 @@ class ScriptedIn : public WaveIn, public ScriptedDevice<InputFeed> {
   }
 };
 
-class ScriptedOut : public WaveOut, public ScriptedDevice<OutputFeed> {
+class ScriptedOut : public ScriptedDevice<WaveOut, OutputFeed> {
  public:
-  int DeviceCount() override { return Done("DeviceCount", false) ? 1 : 0; }
-  bool Capabilities() override { return Done("Capabilities", false); }
-  bool Open(const WaveFormat& wanted, std::shared_ptr<WaveEvent> notified) override {
-    return OpenFeed(wanted, std::move(notified));
-  }
-  bool Prepare(WaveHeader& header) override { return PrepareHeader(header); }
-  bool Unprepare(WaveHeader& header) override { return UnprepareHeader(header); }
   bool Write(WaveHeader& header) override { return Done("Write") && feed()->Write(header); }
   bool Pause() override { return SetPaused("Pause", true); }
   bool Restart() override { return SetPaused("Restart", false); }
-  bool Reset() override { return GiveBack("Reset"); }
-  bool Close() override { return CloseFeed(); }
   WaveOutStatus Status() const override {
     return Told(feed() ? feed()->Status(nowNs_) : WaveOutStatus{});
   }
