@@ -75,9 +75,9 @@ TEST(AutoCorrelationPitch, GivesTheDigitsOfThePlainMethodWhereverTheSamplesAre) 
       {"offset", Samples(9000, 9000)},
   };
   const AutoCorrelationOptions settings[] = {
-      {8000, 50, 500, 100, 1},  {11025, 80, 300, 20, 40}, {12000, 60, 700, 10, 12},
-      {16000, 50, 500, 30, 1},  {44100, 50, 500, 100, 1}, {48000, 70, 400, 15, 5},
-      {48000, 20, 3000, 50, 0}, {1000, 45, 500, 100, -5},
+      {8000, 50, 500, 100, 60},  {11025, 80, 300, 20, 40}, {12000, 60, 700, 10, 12},
+      {16000, 50, 500, 30, 150}, {44100, 50, 500, 100, 1}, {48000, 70, 400, 15, 5},
+      {48000, 20, 3000, 50, 0},  {1000, 45, 500, 100, -5},
   };
   for (const Signal& signal : signals) {
     for (const auto& options : settings) ExpectPlainDigits(signal.name, signal.samples, options);
