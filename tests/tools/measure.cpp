@@ -6,6 +6,8 @@
 #include <complex>
 #include <numbers>
 
+#include "analysis/plain_frames.h"
+
 namespace cantorix::testing {
 namespace {
 
@@ -25,32 +27,6 @@ double Correlation(std::span<const std::int16_t> x, std::int64_t centre, std::in
     energyB += b * b;
   }
   return product / std::sqrt(energyA * energyB + 1e-9);
-}
-
-// Levinson-Durbin: a[0] = 1, ..., a[order] of the whitening filter for the autocorrelation `r`.
-std::vector<double> Predictor(const std::vector<double>& r) {
-  std::vector<double> a(r.size());
-  a[0] = 1.0;
-  double error = r[0];
-  for (std::size_t i = 1; i < r.size(); ++i) {
-    double sum = 0.0;
-    for (std::size_t j = 0; j < i; ++j) sum += a[j] * r[i - j];
-    const double k = -sum / error;
-    const std::vector<double> before = a;
-    for (std::size_t j = 1; j <= i; ++j) a[j] = before[j] + k * before[i - j];
-    error *= 1.0 - k * k;
-  }
-  return a;
-}
-
-std::vector<double> Autocorrelation(const std::vector<double>& x, int order) {
-  std::vector<double> r;
-  for (std::size_t lag = 0; lag <= static_cast<std::size_t>(order); ++lag) {
-    double sum = 0.0;
-    for (std::size_t n = lag; n < x.size(); ++n) sum += x[n] * x[n - lag];
-    r.push_back(sum);
-  }
-  return r;
 }
 
 double Gain(const std::vector<double>& a, double hz, double rateHz) {
@@ -83,14 +59,13 @@ double CorrelationPitch(std::span<const std::int16_t> x, std::int64_t centre, do
 std::vector<double> EnvelopePeaks(std::span<const std::int16_t> x, std::int64_t centre,
                                   std::size_t length, int order, double preEmphasis,
                                   double rateHz) {
-  const std::size_t first = static_cast<std::size_t>(centre) - length / 2;
-  std::vector<double> frame(length);
-  for (std::size_t n = 0; n < length; ++n) {
-    const double angle =
-        2.0 * std::numbers::pi * static_cast<double>(n) / static_cast<double>(length);
-    frame[n] = (0.54 - 0.46 * std::cos(angle)) * (x[first + n] - preEmphasis * x[first + n - 1]);
-  }
-  const std::vector<double> a = Predictor(Autocorrelation(frame, order));
+  // The pre-emphasis takes one sample before the frame.
+  const std::int64_t first =
+      centre - static_cast<std::int64_t>(length / 2) - (preEmphasis > 0.0 ? 1 : 0);
+  const std::vector<double> samples(x.begin() + first, x.end());
+  const std::vector<double> frame = PlainInput(samples, length, preEmphasis);
+  const std::vector<double> a =
+      PlainPrediction(PlainAutocorrelation(frame, static_cast<std::size_t>(order) + 1)).a;
   std::vector<double> peaks;
   for (int hz = 1; hz < 0.5 * rateHz - 1.0; ++hz) {
     const double here = Gain(a, hz, rateHz);
