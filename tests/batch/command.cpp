@@ -15,6 +15,7 @@
 #include <sstream>
 
 #include "support/file_size_limit.h"
+#include "support/samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix::batch {
@@ -45,6 +46,10 @@ void AppendLittle(std::string& bytes, std::uint32_t value, int width) {
 std::string FileText(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string Expected(const std::string& name) {
+  return FileText(SamplesDirectory() + "/../tests/batch/expected/" + name);
 }
 
 void PutFile(const std::string& path, const std::string& bytes) {
@@ -108,6 +113,22 @@ void Check(const std::string& folder, const std::vector<Case>& cases) {
     EXPECT_EQ(result.out, Filled(row.out, folder)) << name;
     EXPECT_EQ(result.err, Filled(row.err, folder)) << name;
   }
+}
+
+std::string RefusalsOf(const std::string& folder, const std::vector<Words>& commands) {
+  std::string said;
+  for (Words words : commands) {
+    for (std::string& word : words) word = Filled(word, folder);
+    const CommandResult result = RunBatch(words);
+    EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(words);
+    EXPECT_EQ(result.out, "") << testing::PrintToString(words);
+    EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << testing::PrintToString(words);
+    said += result.err;
+  }
+  for (std::size_t at; (at = said.find(folder)) != std::string::npos;) {
+    said.replace(at, folder.size(), "@");
+  }
+  return said;
 }
 
 std::string Wave(const std::vector<int>& samples, int rateHz, int channels) {

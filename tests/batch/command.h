@@ -25,6 +25,8 @@ struct CommandHost {
 using Table = std::vector<std::vector<std::string>>;
 
 std::string FileText(const std::string& path);
+// A file of the folder "expected", in which the words and digits stand that users see.
+std::string Expected(const std::string& name);
 void PutFile(const std::string& path, const std::string& bytes);
 
 CommandResult RunBatch(const Words& words, const CommandHost& host = {});
@@ -42,6 +44,8 @@ struct Case {
   std::string err;
 };
 void Check(const std::string& folder, const std::vector<Case>& cases);
+// What is said to commands that are refused, each in one line, without a result.
+std::string RefusalsOf(const std::string& folder, const std::vector<Words>& commands);
 std::string Filled(std::string text, const std::string& folder);
 
 // A 16-bit WAV of the samples, every one in each of the channels; channel c counts from 0 and its

@@ -15,10 +15,6 @@ namespace {
 
 const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 
-std::string Expected(const std::string& name) {
-  return FileText(SamplesDirectory() + "/../tests/batch/expected/" + name);
-}
-
 // What the commands say, one after the other; "VOWELS" in their words stands for the recording.
 std::string SaidBy(const std::vector<Words>& commands) {
   std::string said;
