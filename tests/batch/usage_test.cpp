@@ -92,7 +92,7 @@ TEST_F(UsageTest, WhatADialogRefusesIsRefusedInItsWords) {
       {"intensity", "@/ten.wav", "--step", "0.5"},
       {"info", "@/ten.wav", "--set", "zoom.rangeMs=0"},
       {"info", "@/ten.wav", "--set", "log.stepHz=0"},
-      {"info", "@/ten.wav", "--set", "gain.gainPercent=1000000"},
+      {"info", "@/ten.wav", "--set", "gain.gainPercent=1000001"},
       {"spectrum", "@/slow.wav", "--at", "5", "--lpc", "101"},
       {"spectrogram", "@/slow.wav", "--fmax", "499"},
       {"formants", "@/slow.wav", "--columns", "1", "--fmax", "4001"},
