@@ -64,12 +64,15 @@ TEST(AutoCorrelationPitch, GivesTheDigitsOfThePlainMethodWhereverTheSamplesAre) 
   };
   Samples clicks(40000, 0);
   for (std::size_t i = 0; i < clicks.size(); i += 97) clicks[i] = 32767;
+  Samples bursts = Square(40000, 83);
+  for (std::size_t i = 0; i < bursts.size(); ++i) bursts[i] = i % 1700 < 800 ? 0 : bursts[i];
   const Signal signals[] = {
       {"speech, every fourth sample", Speech(4)},
       {"loud noise", Noise(40000, 32767)},
       {"soft noise", Noise(40000, 600, 7)},
       {"silence", Samples(3000, 0)},
       {"clicks", clicks},
+      {"bursts", bursts},
       {"full scale", Square(40000, 83)},
       {"lowest value", Samples(9000, -32768)},
       {"offset", Samples(9000, 9000)},

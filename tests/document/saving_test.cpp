@@ -57,7 +57,7 @@ TEST(Saving, RefusesWhatCouldNotBeReadBack) {
        "A WAV file cannot hold so many samples.",
        {},
        &CChannel::totalLength,
-       static_cast<double>(kMaxWaveBytes / 2 + 1)},
+       static_cast<double>(kMaxWaveBytes) / 2.0 + 1.0},
   };
   for (const Row& row : rows) {
     for (const auto& [save, reason] :
