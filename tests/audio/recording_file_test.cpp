@@ -92,7 +92,7 @@ TEST(RecordingFile, IsFoundAgainWhenNobodyHasIt) {
 
 TEST(RecordingFile, OutlivesAKilledProgram) {
   constexpr std::size_t kPiece = 512;
-  for (int run = 0; run < 40; ++run) {
+  for (int run = 0; run < 100; ++run) {
     TemporaryFolder folder;
     int fds[2];
     ASSERT_EQ(::pipe(fds), 0);

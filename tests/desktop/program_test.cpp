@@ -63,6 +63,8 @@ class ProgramTest : public testing::Test {
 TEST_F(ProgramTest, WithoutArgumentsAnEmptyDocumentOpensMaximised) {
   Program program(sound);
   ASSERT_TRUE(program.Start({}));
+  EXPECT_EQ(sound.questions, 0) << "no device is looked for at the start";
+  EXPECT_TRUE(sound.openedInputs.empty() && sound.out == nullptr);
   CMainFrame* const frame = Frame();
   ASSERT_NE(frame, nullptr);
   EXPECT_TRUE(frame->isMaximized());

@@ -6,6 +6,8 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <mutex>
 
@@ -80,6 +82,14 @@ bool IsWhatWasPlayed(const std::vector<std::int16_t>& heard, std::size_t count) 
          Expect(std::all_of(end, heard.end(), [](auto s) { return s == 0; }), "silence behind");
 }
 
+// Waits as long as the playback goes on.
+bool IsPlayed(const Studio& studio, std::int64_t total) {
+  std::int64_t played = -1;
+  const auto goesOn = [&] { return studio.player.Status().playedSamples > played; };
+  while (played < total && Eventually(goesOn)) played = studio.player.Status().playedSamples;
+  return played >= total;
+}
+
 bool Loops(std::uint32_t rateHz, std::size_t count) {
   PulseServer server;
   if (!Expect(server.Start(rateHz), "the server comes up")) return false;
@@ -96,7 +106,7 @@ bool Loops(std::uint32_t rateHz, std::size_t count) {
   good &= Expect(Eventually([&] { return accepted() > 0; }), "sound comes in");
   good &= Expect(studio.Play(count), "player starts");
   const auto total = static_cast<std::int64_t>(count);
-  good &= Expect(Eventually([&] { return studio.player.Status().playedSamples >= total; }), "end");
+  good &= Expect(IsPlayed(studio, total), "end");
   // What the server still holds, and up to two buffers that only whole ones are kept of.
   const std::int64_t enough = accepted() + rateHz + std::int64_t{2} * CaptureBufferSamples(rateHz);
   good &= Expect(Eventually([&] { return accepted() >= enough; }), "sound goes on coming in");
@@ -134,6 +144,13 @@ TEST(Loopback, BringsBackEverySampleAtEveryRate) {
                        [=] { return Loops(rateHz, std::size_t{2} * rateHz); });
   }
   RunAll(cases);
+}
+
+// LOOPBACK_MINUTES of it; one when that is not set.
+TEST(Loopback, LosesAndInsertsNothingInALongRecording) {
+  const char* const wanted = std::getenv("LOOPBACK_MINUTES");
+  const std::size_t minutes = wanted == nullptr ? 1 : std::strtoul(wanted, nullptr, 10);
+  RunAll({{"long", [=] { return Loops(16000, minutes * 60 * 16000); }}});
 }
 
 TEST(Loopback, BringsBackTheShortestAndTheBorderOfStreaming) {
@@ -199,6 +216,36 @@ bool FindsALateServer() {
   return good & Expect(!studio.host.DeviceNames(SoundDirection::kOut).empty(), "has devices");
 }
 
+// Devices come and go without a trace.
+bool OpensManyTimes() {
+  PulseServer server;
+  if (!Expect(server.Start(16000), "the server comes up")) return false;
+  const auto entries = [](const char* folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), {});
+  };
+  PortAudioHost host;
+  std::ptrdiff_t files = 0;
+  std::ptrdiff_t threads = 0;
+  for (int round = 0; round < 200; ++round) {
+    const auto in = host.MakeInput("", nullptr);
+    const auto out = host.MakeOutput("");
+    std::vector<std::int16_t> samples(100, 1);
+    WaveHeader header;
+    header.data = samples.data();
+    header.lengthBytes = 200;
+    const bool opened = in->Open(MonoFormat(16000, 16), std::make_shared<WaveEvent>()) &&
+                        in->Start() && out->Open(MonoFormat(16000, 16), nullptr) &&
+                        out->Prepare(header) && out->Write(header);
+    const bool closed = in->Reset() & in->Close() & out->Reset() & out->Close();
+    if (!Expect(opened && closed, "round " + std::to_string(round))) return false;
+    if (round > 9) continue;
+    files = entries("/proc/self/fd");
+    threads = entries("/proc/self/task");
+  }
+  return Expect(entries("/proc/self/fd") <= files, "no file is left open") &
+         Expect(entries("/proc/self/task") <= threads, "no thread is left");
+}
+
 // A normal start, record and play write nothing to standard error.
 bool IsQuiet() {
   TemporaryFolder folder;
@@ -211,7 +258,9 @@ bool IsQuiet() {
 TEST(Loopback, SurvivesWhatHappensToTheServer) {
   RunAll({{"killed", [] { return Survives([](PulseServer& s) { s.Kill(); }, true); }},
           {"hanging", [] { return Survives([](PulseServer& s) { s.Signal(SIGSTOP); }, false); }},
+          {"sink unloaded", [] { return Survives([](PulseServer& s) { s.Unload(); }, true); }},
           {"absent and late", FindsALateServer},
+          {"opened 200 times", OpensManyTimes},
           {"quiet", IsQuiet}});
 }
 

@@ -49,6 +49,8 @@ class PulseServer {
     }
     return Eventually([this] { return Connects(); });
   }
+  // Takes its sink and source away.
+  bool Unload() const { return std::system("pactl unload-module module-null-sink") == 0; }
   void Signal(int signal) const { ::kill(process_, signal); }
   void Kill() {
     if (process_ <= 0) return;
