@@ -18,11 +18,9 @@ constexpr PixelSize kClient{645, 500};
 class MainViewCanvasTest : public testing::Test {
  protected:
   QImage Paint() {
-    QImage image = Canvas(kClient);
-    QPainter painter(&image);
-    canvas.Paint(painter, StyleOf(PaletteKind::kLight));
-    painter.end();
-    return image;
+    return Painted(kClient, [this](QPainter& painter, const PaintStyle& style) {
+      canvas.Paint(painter, style);
+    });
   }
   // Changes the samples behind everybody's back: a picture that was kept does not show it.
   void ChangeSamplesSilently() {
@@ -78,11 +76,10 @@ TEST_F(MainViewCanvasTest, EveryOtherChangeIsPaintedAnew) {
 TEST_F(MainViewCanvasTest, IsTheSameAsThePictureItself) {
   recording.view.LayOut(kClient);
   Paint();
-  QImage whole = Canvas(kClient);
-  QPainter painter(&whole);
-  PaintMainView(painter, {recording.view, waveform.Pyramid()}, StyleOf(PaletteKind::kLight));
-  painter.end();
-  EXPECT_EQ(Paint(), whole);
+  const auto paint = [this](QPainter& painter, const PaintStyle& style) {
+    PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
+  };
+  EXPECT_EQ(Paint(), Painted(kClient, paint));
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST_F(PictureExport, EveryFormatShowsTheSamePicture) {
   QPainter painter(&drawn);
   svg.render(&painter);
   painter.end();
-  EXPECT_LT(Difference(drawn, png), 8.0);
+  EXPECT_LT(Difference(drawn, png), 10.0);
 
   const QByteArray pdf = BytesOf(Path("a.pdf"));
   EXPECT_TRUE(pdf.startsWith("%PDF"));

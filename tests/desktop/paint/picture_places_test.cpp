@@ -3,10 +3,8 @@
 
 #include <functional>
 
-#include "desktop/paint/label_painter.h"
 #include "desktop/paint/main_view_painter.h"
 #include "desktop/paint/paint_fixture.h"
-#include "desktop/paint/pitch_painter.h"
 #include "desktop/paint/spectrogram_image.h"
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/paint/spectrum_painter.h"
@@ -28,10 +26,6 @@ int Most(int first, int last, const std::function<double(int)>& value) {
   return best;
 }
 
-bool IsColor(const QImage& image, int x, int y, const QColor& color) {
-  return (image.pixel(x, y) & RGB_MASK) == (color.rgb() & RGB_MASK);
-}
-
 class PictureOfTone : public testing::TestWithParam<double> {};
 
 TEST_P(PictureOfTone, IsALineAtItsRowOfTheSpectrogramFromItsOnset) {
@@ -51,10 +45,9 @@ TEST_P(PictureOfTone, IsALineAtItsRowOfTheSpectrogramFromItsOnset) {
   const QImage levels =
       SpectrogramImage(view.spectrogram(), settings.dynamicRangeDb, ColorMap::kGrey);
   const SpectrogramPicture picture{view, levels, nullptr, kClient, {}, {}};
-  QImage image = Canvas(kClient);
-  QPainter painter(&image);
-  PaintSpectrogram(painter, picture, StyleOf(PaletteKind::kLight));
-  painter.end();
+  const QImage image = Painted(kClient, [&](QPainter& painter, const PaintStyle& style) {
+    PaintSpectrogram(painter, picture, style);
+  });
 
   const int column = plot.left + (plot.right - plot.left) * 3 / 4;
   double weight = 0.0, sum = 0.0;
@@ -92,12 +85,10 @@ TEST_P(PictureOfTone, HasItsPeakAtItsColumnOfTheSpectrum) {
   CFFTLPCView view(recording.document);
   ASSERT_TRUE(view.AnalyseSpectrum({.position = 1000.0, .selection = {}},
                                    layout.plot.right - layout.plot.left));
-  const PaintStyle style = StyleOf(PaletteKind::kLight);
   const SpectrumPicture picture{view, kClient, {}};
-  QImage image = Canvas(kClient);
-  QPainter painter(&image);
-  PaintSpectrum(painter, picture, style);
-  painter.end();
+  const QImage image = Painted(kClient, [&](QPainter& painter, const PaintStyle& style) {
+    PaintSpectrum(painter, picture, style);
+  });
 
   // The topmost point of the curve; the caption in the corner is of another colour.
   const auto height = [&](int x) {
@@ -122,140 +113,19 @@ TEST(MainViewPicture, AnImpulseStandsAtItsTime) {
     ViewedRecording recording(world, samples, kFixtureRateHz);
     DocumentWaveform waveform(recording.document);
     recording.view.LayOut(kClient);
-    QImage image = Canvas(kClient, ratio);
-    const PaintStyle style = StyleOf(PaletteKind::kLight);
-    QPainter painter(&image);
-    PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
-    painter.end();
+    const auto paint = [&](QPainter& painter, const PaintStyle& style) {
+      PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
+    };
+    const QImage image = Painted(kClient, paint, ratio);
     const PixelRect& pane = recording.view.layout.audio;
     const int row = static_cast<int>((pane.top + (pane.bottom - pane.top) * 0.25) * ratio);
     const double expected =
         TimeAxisOf(recording.channel(), pane.right - pane.left).X(6000.0 / kFixtureRateHz * 1000.0);
     int found = -1;
     for (int x = static_cast<int>(pane.left * ratio); x < pane.right * ratio; ++x) {
-      if (IsColor(image, x, row, style.waveform)) found = x;
+      if (image.pixelColor(x, row) == StyleOf(PaletteKind::kLight).waveform) found = x;
     }
     EXPECT_NEAR(found / ratio, expected, 1.0) << ratio;
-  }
-}
-
-TEST(MainViewPicture, SamplesAreJoinedWhereThereIsLessThanOnePerPixel) {
-  ViewWorld world;
-  ViewedRecording recording(world, Ramp(1000, -500), kFixtureRateHz);
-  DocumentWaveform waveform(recording.document);
-  recording.view.LayOut(kClient);
-  recording.channel().visibleStart.samples = 400.0;
-  recording.channel().visibleEnd.samples = 600.0;
-  QImage image = Canvas(kClient);
-  const PaintStyle style = StyleOf(PaletteKind::kLight);
-  QPainter painter(&image);
-  PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
-  painter.end();
-  // A ramp is a straight line through the pane's middle without steps or gaps.
-  const PixelRect& pane = recording.view.layout.audio;
-  const double middle = (pane.top + pane.bottom) / 2.0;
-  for (int x = pane.left + 2; x < pane.right - 2; ++x) {
-    const double sample = -500.0 + 400.0 + 200.0 * (x + 0.5 - pane.left) / (pane.right - pane.left);
-    const double half = (pane.bottom - pane.top - 4) / 2.0;
-    const double y = middle - sample / (1.05 * 500.0) * half;
-    const int darkest = Most(pane.top + 20, pane.bottom - 4, [&](int row) {
-      const QColor pixel = image.pixelColor(x, row);
-      return static_cast<double>(pixel.blue() - pixel.red());
-    });
-    EXPECT_NEAR(darkest + 0.5, y, 1.5) << x;
-  }
-}
-
-TEST(MainViewPicture, CursorAndSelectionStandAtTheirTimes) {
-  AnalysedRecording analysed(ToneFrom(0.0, 150.0, 1000.0), kClient);
-  CSonadexView& view = analysed.recording.view;
-  const PaintStyle style = StyleOf(PaletteKind::kLight);
-  const AxisScale time = TimeAxisOf(view.channel(), view.layout.axisWidth());
-  const int row = view.layout.pitch.bottom - 10;
-  const auto paint = [&] {
-    QImage image = Canvas(kClient);
-    QPainter painter(&image);
-    PaintMainView(painter, {view, analysed.waveform.Pyramid()}, style);
-    painter.end();
-    return image;
-  };
-  const QImage plain = paint();
-  view.channel().cursor.ms = 640.0;
-  view.SetMarker();
-  const QImage withCursor = paint();
-  EXPECT_TRUE(IsColor(withCursor, static_cast<int>(time.X(640.0)), row, style.cursor));
-
-  view.DropMarks();
-  view.SetSelection();
-  view.channel().selectionStart.ms = 250.0;
-  view.channel().selectionEnd.ms = 500.0;
-  const QImage selected = paint();
-  for (int x = static_cast<int>(time.left) + 1; x < static_cast<int>(time.right()); ++x) {
-    const bool inside = x >= time.X(250.0) && x <= time.X(500.0);
-    const bool changed = selected.pixel(x, row) != plain.pixel(x, row);
-    if (std::abs(x - time.X(250.0)) > 1.5 && std::abs(x - time.X(500.0)) > 1.5) {
-      EXPECT_EQ(changed, inside) << x;
-    }
-  }
-}
-
-// How many pixels of an area have nearly that colour.
-int CountOf(const QImage& image, const QRect& area, const QColor& color) {
-  int count = 0;
-  for (int y = area.top(); y <= area.bottom(); ++y) {
-    for (int x = area.left(); x <= area.right(); ++x) {
-      const QColor pixel = image.pixelColor(x, y);
-      const int distance = std::abs(pixel.red() - color.red()) +
-                           std::abs(pixel.green() - color.green()) +
-                           std::abs(pixel.blue() - color.blue());
-      if (distance < 30) ++count;
-    }
-  }
-  return count;
-}
-
-// The axis reaches down to 0 Hz, so that a dot for an unvoiced entry would be seen.
-TEST(PitchPicture, ShowsNothingWhereTheTrackIsUnvoiced) {
-  AnalysedRecording analysed(ToneFrom(500.0, 150.0, 1000.0), kClient);
-  CSonadexView& view = analysed.recording.view;
-  view.document().settings.pitch.displayLowHz = 0;
-  view.document().settings.pitch.addLabels = 0;
-  const PitchPicture picture{.document = view.document(),
-                             .pitch = view.pitch,
-                             .waveform = nullptr,
-                             .client = kClient,
-                             .startMs = 0.0,
-                             .endMs = 1000.0,
-                             .cursorMs = {},
-                             .selection = {}};
-  QImage image = Canvas(kClient);
-  QPainter painter(&image);
-  const PaintStyle style = StyleOf(PaletteKind::kLight);
-  PaintPitch(painter, picture, style);
-  painter.end();
-  const PixelRect& plot = PitchLayout(picture).plot;
-  const int half = (plot.right - plot.left) / 2;
-  const int height = plot.bottom - plot.top;
-  EXPECT_EQ(CountOf(image, {plot.left, plot.top, half - 30, height + 3}, style.pitch), 0);
-  EXPECT_GT(CountOf(image, {plot.left + half, plot.top, half, height}, style.pitch), 100);
-}
-
-TEST(MainViewPicture, ALabelHasItsOwnColour) {
-  AnalysedRecording analysed(ToneFrom(0.0, 150.0, 1000.0), kClient);
-  CSonadexView& view = analysed.recording.view;
-  Label& label = view.channel().tiers[0].labels[0];
-  label.text = "MMMMM";
-  const PaintStyle style = StyleOf(PaletteKind::kLight);
-  const QColor blue(0x10, 0x20, 0xd0);
-  for (const std::uint32_t word : {0xd02010U, 0x000000U}) {  // red in the lowest byte
-    label.colour = word;
-    view.LayOut(kClient);
-    QImage image = Canvas(kClient);
-    QPainter painter(&image);
-    PaintMainView(painter, {view, analysed.waveform.Pyramid()}, style);
-    painter.end();
-    const int found = CountOf(image, image.rect(), blue);
-    EXPECT_EQ(found > 4, word != 0) << found;
   }
 }
 
