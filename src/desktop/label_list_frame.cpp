@@ -117,7 +117,7 @@ void LabelListFrame::Follow(CSonadexView* view) {
 
 // The same row stays selected: after a deletion the label that took its place.
 void LabelListFrame::Refresh() {
-  const int row = table_->currentIndex().row();
+  const int row = ChosenRow();
   model_.Show(view_);
   if (row >= 0 && model_.rowCount() > 0) table_->selectRow(std::min(row, model_.rowCount() - 1));
 }
@@ -130,18 +130,22 @@ void LabelListFrame::Zoom() { Apply(ZoomToLabel); }
 void LabelListFrame::Edit() { Apply(EditListedLabel); }
 void LabelListFrame::Delete() { Apply(DeleteListedLabel); }
 
+// The focus alone makes the first row the current one, which chooses nothing.
+int LabelListFrame::ChosenRow() const {
+  return table_->selectionModel()->hasSelection() ? table_->currentIndex().row() : -1;
+}
+
 void LabelListFrame::Apply(RowAction action) {
-  const QModelIndex current = table_->currentIndex();
-  if (view_ == nullptr || !current.isValid()) return;
+  const int chosen = ChosenRow();
+  if (view_ == nullptr || chosen < 0) return;
   if (view_->services().playback.Sound().recordingHere) return;
   // A copy: the action brings the list up to date.
-  const LabelListRow row = model_.row(current.row());
+  const LabelListRow row = model_.row(chosen);
   host_.Run(*view_, [&] { action(*view_, row); });
 }
 
 void LabelListFrame::ShowButtons() {
-  const bool chosen = table_->selectionModel()->hasSelection();
-  for (QPushButton* const button : buttons_) button->setEnabled(chosen);
+  for (QPushButton* const button : buttons_) button->setEnabled(ChosenRow() >= 0);
 }
 
 QRect LabelListFrame::DefaultPlace() const {

@@ -53,6 +53,7 @@ class LabelListFrame : public ToolFrame {
  private:
   using RowAction = void (*)(CSonadexView&, const LabelListRow&);
 
+  int ChosenRow() const;  // -1: none
   void Apply(RowAction action);
   void ShowButtons();
   QPushButton* AddButton(QHBoxLayout& line, const QString& text, void (LabelListFrame::*act)());

@@ -17,6 +17,7 @@
 #include "desktop/main_view_widget.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
+#include "mainview/view_commands.h"
 #include "support/fake_services.h"
 #include "support/samples.h"
 #include "support/scripted_prompts.h"
@@ -80,7 +81,18 @@ class DesktopTest : public testing::Test {
     return *frame.activeView();
   }
   MainViewWidget& Picture() { return frame.activeFrame()->area().picture(); }
-  void Perform(Command command) { frame.actions().ActionOf(command).trigger(); }
+  void Perform(Command command) {
+    frame.actions().ActionOf(command).trigger();
+    QApplication::processEvents();
+  }
+  void Select(CSonadexView& view, double startMs, double endMs) {
+    SelectSpan(view, startMs, endMs);
+    frame.Refresh();
+  }
+  void Mark(CSonadexView& view, double ms) {
+    PlaceMarker(view, ms);
+    frame.Refresh();
+  }
   bool Enabled(Command command) { return frame.actions().ActionOf(command).isEnabled(); }
 
   TemporaryFolder folder;

@@ -8,18 +8,17 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTableView>
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/dialog_sheet.h"
 #include "desktop/display_option_frame.h"
 #include "desktop/keyboard_panes.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
-#include "mainview/view_commands.h"
-#include "platform/numbers.h"
 #include "settings/config_file.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -30,6 +29,12 @@ class ToolWindows : public DesktopTest {
     Settings settings;
     EXPECT_TRUE(DecodeRecord(ReadConfiguration(ConfigPath(folder.path())), settings));
     return settings;
+  }
+  static QPushButton& ButtonOf(QWidget& window, const char* text) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>()) {
+      if (button->text() == text) return *button;
+    }
+    throw std::runtime_error(text);
   }
   std::string Text(const QTableView& table, int row, int column) {
     return Typed(table.model()->index(row, column).data().toString());
@@ -54,56 +59,54 @@ TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
   ASSERT_TRUE(WriteConfiguration(ConfigPath(folder.path()), Settings{}));
   CSonadexView& view = OpenSample();
   DisplaySettings& display = view.document().settings.display;
+  CDisplayOptionFrame& options = frame.displayOptions();
+  ExpectText("desktop/expected/DisplayOptions.txt", SheetOf(options));
   const Told told(view.document());
   int changes = 0;
   using Y = DisplaySettings;
   const std::pair<const char*, std::int32_t Y::*> switches[] = {
-      {"Audio", &Y::drawAudio},
-      {"Intensity", &Y::drawIntensity},
-      {"Intensity in its own pane", &Y::intensityInOwnPane},
-      {"Pitch", &Y::drawPitch},
-      {"Tiers", &Y::drawTiers},
-      {"Grids", &Y::drawGrids},
-      {"Track mouse for all windows", &Y::trackMouse},
-      {"Always perform Pitch and Intensity\nfor all files automatically.", &Y::automaticAnalysis}};
-  for (const auto& [name, field] : switches) {
-    const std::string text = name;
+      {"&Audio", &Y::drawAudio},
+      {"&Intensity", &Y::drawIntensity},
+      {"Intensity in its &own pane", &Y::intensityInOwnPane},
+      {"&Pitch", &Y::drawPitch},
+      {"&Tiers", &Y::drawTiers},
+      {"&Grids", &Y::drawGrids},
+      {"Trac&k mouse for all windows", &Y::trackMouse},
+      {"Always perform Pitch and Intensity\nfor all &files automatically.", &Y::automaticAnalysis}};
+  for (const auto& [text, field] : switches) {
     SCOPED_TRACE(text);
-    const auto boxes = frame.displayOptions().findChildren<QCheckBox*>();
-    const auto box = std::ranges::find_if(
-        boxes, [&](QCheckBox* found) { return Typed(found->text().remove('&')) == text; });
-    ASSERT_NE(box, boxes.end());
     const DisplaySettings before = display;
-    (*box)->click();
+    for (QCheckBox* const box : options.findChildren<QCheckBox*>()) {
+      if (box->text() == text) box->click();
+    }
     EXPECT_EQ(told.settings, ++changes) << "the windows draw it";
     for (const auto& [other, each] : switches) {
       EXPECT_EQ(display.*each, each == field ? 1 - before.*each : before.*each) << other;
     }
     EXPECT_EQ(Stored().document.display.*field, display.*field);
   }
-  frame.displayOptions().audioPercent().setValue(70);
-  frame.displayOptions().timeBase().button(1)->click();
-  frame.displayOptions().printWidth().setValue(10.5);
-  frame.displayOptions().printUnit().setCurrentIndex(1);
-  EXPECT_EQ(display.audioPanePercent, 70);
-  EXPECT_EQ(display.printWidth, 10.5);
-  EXPECT_EQ(Stored().document.display.printUnit, 1);
-  EXPECT_EQ(Stored().document.display.printHeight, 4.0);
-  EXPECT_EQ(display.timeBase, 1);
-  EXPECT_EQ(Stored().document.display.timeBase, 1);
-  EXPECT_EQ(Stored().document.display.pitchPanePercent, 50);
+  options.audioPercent().setValue(70);
+  options.pitchPercent().setValue(60);
+  options.timeBase().button(1)->click();
+  options.printWidth().setValue(10.5);
+  options.printHeight().setValue(8.5);
+  options.printUnit().setCurrentIndex(1);
+  for (const DisplaySettings& each : {display, Stored().document.display}) {
+    EXPECT_EQ(each.audioPanePercent, 70);
+    EXPECT_EQ(each.pitchPanePercent, 60);
+    EXPECT_EQ(each.timeBase, 1);
+    EXPECT_EQ(each.printWidth, 10.5);
+    EXPECT_EQ(each.printHeight, 8.5);
+    EXPECT_EQ(each.printUnit, 1);
+  }
 }
 
 TEST_F(ToolWindows, DisplayOptionsFollowTheDocumentInFront) {
   EXPECT_FALSE(frame.displayOptions().isEnabled());
   OpenSample().document().settings.display.drawGrids = 0;
   Perform(Command::kNew);
-  QApplication::processEvents();
   const auto grids = [&] {
-    for (const auto& entry : frame.displayOptions().switches()) {
-      if (entry.field == &DisplaySettings::drawGrids) return entry.box->isChecked();
-    }
-    return false;
+    return SheetOf(frame.displayOptions()).find("(x) &Grids") != std::string::npos;
   };
   EXPECT_TRUE(grids());
   frame.activeFrame()->close();
@@ -116,32 +119,10 @@ TEST_F(ToolWindows, TheLabelListShowsTierTimeAndText) {
   CSonadexView& view = OpenSample();
   Perform(Command::kViewLabels);
   LabelListFrame& list = frame.labelList();
-  EXPECT_EQ(list.windowTitle(), "Labels - vowels.qrv");
-  const auto& tiers = view.channel().tiers;
-  const QAbstractItemModel& model = *list.table().model();
-  for (const int seconds : {0, 1}) {
-    view.document().settings.display.timeBase = seconds;
-    list.Refresh();
-    int row = 0;
-    for (const Tier& tier : tiers) {
-      for (int i = 0; tier.inUse && i < tier.labelCount(); ++i, ++row) {
-        const Label& label = tier.labels[static_cast<std::size_t>(i)];
-        EXPECT_EQ(Text(list.table(), row, 0), tier.name);
-        EXPECT_EQ(Text(list.table(), row, 1),
-                  FormatOneDecimal(seconds == 1 ? label.timeMs * 0.001 : label.timeMs));
-        EXPECT_EQ(Text(list.table(), row, 2), label.text);
-      }
-    }
-    EXPECT_GT(row, 7);
-    EXPECT_EQ(model.rowCount(), row);
-    EXPECT_EQ(model.headerData(1, Qt::Horizontal), seconds == 1 ? "Time (sec)" : "Time (ms)");
-  }
-  EXPECT_EQ(model.headerData(0, Qt::Horizontal), "Tier");
-  EXPECT_EQ(model.headerData(2, Qt::Horizontal), "Label");
-  EXPECT_EQ(model.headerData(4, Qt::Vertical), 5);
-  EXPECT_EQ(model.index(0, 1).data(Qt::TextAlignmentRole).toInt(),
-            Qt::AlignRight | Qt::AlignVCenter);
-  EXPECT_FALSE(model.index(0, 2).data(Qt::TextAlignmentRole).isValid());
+  std::string sheet = SheetOf(list) + TableSheet(list.table());
+  view.document().settings.display.timeBase = 1;
+  list.Refresh();
+  ExpectText("desktop/expected/LabelList.txt", sheet + TableSheet(list.table()));
 }
 
 TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
@@ -149,25 +130,22 @@ TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
   Perform(Command::kViewLabels);
   LabelListFrame& list = frame.labelList();
   const auto buttonsWork = [&] {
-    const auto buttons = list.findChildren<QPushButton*>();
-    return std::all_of(buttons.begin(), buttons.end(),
-                       [](const QPushButton* button) { return button->isEnabled(); });
+    return std::ranges::all_of(list.findChildren<QPushButton*>(), &QPushButton::isEnabled);
   };
   const int labels = list.table().model()->rowCount();
   EXPECT_FALSE(buttonsWork());
-  list.Delete();
+  QApplication::setActiveWindow(&list);
+  list.table().setFocus();
+  QTest::keyClick(&list.table(), Qt::Key_Delete);
   EXPECT_EQ(list.table().model()->rowCount(), labels) << "nothing is chosen";
 
   list.table().selectRow(3);
   EXPECT_TRUE(buttonsWork());
-  const std::string fourth = Text(list.table(), 3, 2);
   const std::string fifth = Text(list.table(), 4, 2);
   const QPoint place = list.table().visualRect(list.table().model()->index(3, 2)).center();
   QTest::mouseClick(list.table().viewport(), Qt::LeftButton, {}, place);
   list.Zoom();
   EXPECT_TRUE(view.zoomed());
-  QApplication::setActiveWindow(&list);
-  list.table().setFocus();
   QTest::keyClick(&list.table(), Qt::Key_Delete);
   EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
   EXPECT_EQ(Text(list.table(), 3, 2), fifth);
@@ -178,18 +156,14 @@ TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
   edited.text = "edited";
   edited.timeMs = std::stod(Text(list.table(), 3, 1));
   dialogs.label.WillGive({edited, false});
-  list.Edit();
+  ButtonOf(list, "&Edit...").click();
   ASSERT_EQ(dialogs.label.presets.size(), 1U);
   EXPECT_TRUE(dialogs.label.presets[0].exists);
   EXPECT_EQ(dialogs.label.presets[0].label.text, fifth);
   EXPECT_EQ(list.table().model()->rowCount(), labels - 1);
-  EXPECT_EQ(list.table()
-                .model()
-                ->match(list.table().model()->index(0, 2), Qt::DisplayRole, "edited")
-                .size(),
-            1);
+  EXPECT_THAT(TableSheet(list.table()), testing::HasSubstr("| edited"));
   Perform(Command::kUndo);
-  EXPECT_EQ(Text(list.table(), 3, 2), fifth) << "of " << fourth;
+  EXPECT_EQ(Text(list.table(), 3, 2), fifth);
   view.document().SetModified(false);
 }
 
@@ -197,31 +171,24 @@ TEST_F(ToolWindows, TheLogShowsRowsAsTheyComeAndLosesThoseDeleted) {
   CSonadexView& view = OpenSample();
   Perform(Command::kLogNew);
   EXPECT_TRUE(frame.log().isVisible());
-  SelectSpan(view, 100.0, 350.5);
+  Select(view, 100.0, 350.5);
   Perform(Command::kEnterDuration);
   Perform(Command::kEnterLabelsAll);
-  QTableView& table = frame.log().form().table();
-  ASSERT_GT(table.model()->rowCount(), 2);
-  EXPECT_EQ(Text(table, 0, 0), "vowels.qrv");
-  EXPECT_EQ(Text(table, 0, 4), "250.5");
+  CFormLog& form = frame.log().form();
+  ExpectText("desktop/expected/Log.txt", SheetOf(frame.log()) + TableSheet(form.table()));
   EXPECT_TRUE(frame.log().isWindowModified());
 
-  const int rows = table.model()->rowCount();
-  const std::string third = Text(table, 2, 3);
-  table.selectRow(0);
-  frame.log().form().CopyRows();
+  const int rows = form.table().model()->rowCount();
+  const std::string third = Text(form.table(), 2, 3);
+  form.table().selectRow(0);
+  ButtonOf(form, "&Copy").click();
   EXPECT_EQ(QApplication::clipboard()->text(),
             "vowels.qrv\tDuration Entry: start, end, duration\t100.0\t350.5\t250.5\t\t\n");
-  table.selectionModel()->select(table.model()->index(1, 0),
-                                 QItemSelectionModel::Select | QItemSelectionModel::Rows);
-  frame.log().form().DeleteRows();
-  EXPECT_EQ(table.model()->rowCount(), rows - 2);
-  EXPECT_EQ(Text(table, 0, 3), third);
-  EXPECT_EQ(table.model()->headerData(2, Qt::Horizontal), "Entry 1");
-  EXPECT_EQ(table.model()->headerData(0, Qt::Vertical), 1);
-  EXPECT_EQ(table.model()->index(0, 2).data(Qt::TextAlignmentRole).toInt(),
-            Qt::AlignRight | Qt::AlignVCenter);
-  EXPECT_FALSE(table.model()->index(0, 1).data(Qt::TextAlignmentRole).isValid());
+  form.table().selectionModel()->select(form.table().model()->index(1, 0),
+                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  ButtonOf(form, "&Delete").click();
+  EXPECT_EQ(form.table().model()->rowCount(), rows - 2);
+  EXPECT_EQ(Text(form.table(), 0, 3), third);
 }
 
 TEST_F(ToolWindows, TakingRowsOutOfASavedLogModifiesIt) {
@@ -246,7 +213,7 @@ TEST_F(ToolWindows, TakingRowsOutOfASavedLogModifiesIt) {
 TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
   CSonadexView& view = OpenSample();
   Perform(Command::kLogNew);
-  SelectSpan(view, 100.0, 350.5);
+  Select(view, 100.0, 350.5);
   Perform(Command::kEnterDuration);
   Perform(Command::kEnterDuration);
   QApplication::setActiveWindow(&frame.log());
@@ -282,7 +249,7 @@ TEST_F(ToolWindows, TablesWithoutRowsCopyNothing) {
 TEST_F(ToolWindows, AModifiedLogAsksBeforeItCloses) {
   CSonadexView& view = OpenSample();
   Perform(Command::kLogNew);
-  SelectSpan(view, 100.0, 200.0);
+  Select(view, 100.0, 200.0);
   Perform(Command::kEnterDuration);
   prompts.WillAnswer(Answer::kCancel);
   EXPECT_FALSE(frame.log().close());

@@ -1,0 +1,94 @@
+// dialog_sheet.h - all that a user sees of a window as lines of text: group by group its labels,
+// buttons, fields and what they hold, with mnemonics, tooltips and limits.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTableView>
+#include <string>
+
+#include "desktop/qt_text.h"
+
+namespace cantorix {
+
+inline QString ListOf(const QComboBox& list) {
+  QStringList entries;
+  for (int i = 0; i < list.count(); ++i) {
+    entries << (i == list.currentIndex() ? '*' + list.itemText(i) : list.itemText(i));
+  }
+  return entries.join(" | ");
+}
+
+// What a user sees of one widget, or "".
+inline QString SheetLine(const QWidget& widget) {
+  const QString name = widget.accessibleName() + " = ";
+  if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
+    return '[' + group->title() + ']';
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return '"' + label->text() + '"';
+  if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return name + ListOf(*list);
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+    if (button->text().isEmpty()) return {};
+    const QString state = !button->isCheckable() ? "< > " : button->isChecked() ? "(x) " : "( ) ";
+    return state + button->text();
+  }
+  if (const auto* box = qobject_cast<const QSpinBox*>(&widget)) {
+    return QString("%1, %2 to %3").arg(box->text()).arg(box->minimum()).arg(box->maximum());
+  }
+  if (const auto* box = qobject_cast<const QDoubleSpinBox*>(&widget)) {
+    return QString("%1, %2 to %3").arg(box->text()).arg(box->minimum()).arg(box->maximum());
+  }
+  const auto* field = qobject_cast<const QLineEdit*>(&widget);
+  if (field == nullptr || qobject_cast<const QAbstractSpinBox*>(field->parent())) return {};
+  constexpr int kUsualLetters = 32767;
+  const int letters = field->maxLength();
+  const QString most = letters == kUsualLetters ? "" : QString(", %1 letters").arg(letters);
+  return name + field->text() + most;
+}
+
+// A line for each widget, below the title; `remark` has more to say of one.
+template <typename Remark>
+std::string SheetOf(QWidget& window, const Remark& remark) {
+  QString sheet = "== " + window.windowTitle() + " ==\n";
+  window.show();
+  QList<QWidget*> seen = window.findChildren<QWidget*>();
+  seen.removeIf([](QWidget* widget) { return !widget->isVisible(); });
+  for (QWidget* const widget : seen) {
+    const QString line = SheetLine(*widget);
+    if (line.isEmpty()) continue;
+    const QString use = widget->isEnabled() ? "" : " (off)";
+    const QString tip = widget->toolTip().isEmpty() ? "" : " tip " + widget->toolTip();
+    sheet += line + use + tip + remark(*widget) + '\n';
+  }
+  return Typed(sheet) + '\n';
+}
+
+inline std::string SheetOf(QWidget& window) {
+  return SheetOf(window, [](QWidget&) { return QString(); });
+}
+
+// The headings and the rows of a table; a cell that stands right begins with ">".
+inline std::string TableSheet(const QTableView& table) {
+  const QAbstractItemModel& model = *table.model();
+  const int columns = model.columnCount();
+  QString sheet;
+  for (int row = -1; row < model.rowCount(); ++row) {
+    QStringList cells{row < 0 ? "" : model.headerData(row, Qt::Vertical).toString()};
+    for (int column = 0; column < columns; ++column) {
+      const QModelIndex at = model.index(row, column);
+      const QVariant place = at.data(Qt::TextAlignmentRole);
+      const bool right = place.isValid() && (place.toInt() & Qt::AlignRight) != 0;
+      cells << (row < 0 ? model.headerData(column, Qt::Horizontal).toString()
+                        : (right ? ">" : "") + at.data().toString());
+    }
+    sheet += cells.join(" | ") + '\n';
+  }
+  return Typed(sheet) + '\n';
+}
+
+}  // namespace cantorix
