@@ -1,46 +1,31 @@
 // analysis_windows_test.cpp - the windows of spectrum, spectrogram and pitch as a user sees them.
-// It is long because it holds every way out of a window beside what it shows.
 #include <QClipboard>
 #include <QComboBox>
 #include <QMdiArea>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QSpinBox>
 #include <cmath>
 #include <fstream>
 
 #include "analysisview/fft_lpc_view.h"
 #include "analysisview/pitch_view.h"
-#include "desktop/desktop_fixture.h"
+#include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
+#include "desktop/dialog_sheet.h"
 #include "desktop/paint/spectrogram_image.h"
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/paint/spectrum_painter.h"
-#include "desktop/windows/analysis_window_set.h"
 #include "desktop/windows/spectrogram_frame.h"
 #include "document/wav_fixture.h"
-#include "mainview/view_commands.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
 
 using ::testing::HasSubstr;
 
-class AnalysisWindowsTest : public DesktopTest {
+class AnalysisWindowsTest : public AnalysisDesktopTest {
  protected:
-  AnalysisWindowsTest() {
-    windows.Enter({&frame.area(),
-                   [this](CSonadexDoc& document) -> DocumentWaveform& {
-                     return frame.documents().WaveformOf(document);
-                   },
-                   [this] { frame.Refresh(); }, [this]() -> QPrinter& { return printer; }});
-    frame.SetAnalysisWindows(&windows);
-  }
-  ~AnalysisWindowsTest() override {
-    for (CChildFrame* const child : frame.Frames()) windows.CloseWindowsOf(*child->view());
-    frame.SetAnalysisWindows(nullptr);
-  }
-
   // One second of 1000 Hz, then one of 3000 Hz, at 10000 Hz.
   CSonadexView& OpenTones() {
     ByteBuilder data;
@@ -48,38 +33,27 @@ class AnalysisWindowsTest : public DesktopTest {
       const double hz = i < 10000 ? 1000.0 : 3000.0;
       data.I16({std::lround(8000.0 * std::sin(2.0 * 3.14159265358979 * hz * i / 10000.0))});
     }
-    const auto bytes = fixture::Wav({.rateHz = 10000}, data.bytes);
-    const std::string path = folder.path() + "/tones.wav";
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return Open(path);
-  }
-  AnalysisFrame& Find(CSonadexView& view, WindowKind kind) {
-    AnalysisFrame* const found = windows.Find(view, kind);
-    if (found == nullptr) throw std::runtime_error("no such window");
-    return *found;
+    WriteBytes(folder / "tones.wav", fixture::Wav({.rateHz = 10000}, data.bytes));
+    return Open(folder / "tones.wav");
   }
   CSpectrogramView& SpectrogramOf(CSonadexView& view) {
     return dynamic_cast<CSpectrogramView&>(Find(view, WindowKind::kSpectrogram).model());
   }
+  // A spectrum at a time of the recording.
+  AnalysisFrame& OpenSpectrum(CSonadexView& view, double ms) {
+    Mark(view, ms);
+    Perform(Command::kFftLpc);
+    return Find(view, WindowKind::kFftLpc);
+  }
   void Press(AnalysisFrame& window, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    frame.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
+    frame.area().setActiveSubWindow(&window);
+    QApplication::setActiveWindow(&frame);
+    window.canvas().setFocus();
     QTest::keyClick(&window.canvas(), key, modifiers);
   }
-  void Drag(QWidget& canvas, QPoint from, QPoint to) {
-    QTest::mousePress(&canvas, Qt::LeftButton, {}, from);
-    QTest::mouseMove(&canvas, to);
-    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, to);
-  }
+  void Click(QWidget& canvas, QPoint at) { QTest::mouseClick(&canvas, Qt::LeftButton, {}, at); }
   // As long as the windows wait for the user to rest, and a little more.
   void Rest() { QTest::qWait(400); }
-
-  DesktopServices services{
-      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
-  QPrinter printer;
-  AnalysisWindowSet windows{services};
 };
 
 // The row of the plot, counted from its top, whose pixel in column `x` is the darkest.
@@ -93,20 +67,32 @@ int DarkestRow(AnalysisFrame& window, int x) {
   return darkest;
 }
 
+TEST_F(AnalysisWindowsTest, AreAsApproved) {
+  frame.resize(1800, 800);
+  CSonadexView& view = OpenSample();
+  OpenSpectrum(view, 300.0);
+  Perform(Command::kSpectrogramAll);
+  Perform(Command::kPitchWindow);
+  std::string sheets;
+  for (const WindowKind kind :
+       {WindowKind::kFftLpc, WindowKind::kSpectrogram, WindowKind::kPitch}) {
+    sheets += SheetOf(Find(view, kind));
+  }
+  ExpectText("desktop/expected/AnalysisWindows.txt", sheets);
+}
+
 TEST_F(AnalysisWindowsTest, ATonesLineIsAtItsRowAndReadsItsFrequency) {
   CSonadexView& view = OpenTones();
-  view.document().settings.spectrogram.displayFormants = 0;
-  view.document().settings.spectrogram.addFrequencyGrid = 0;
-  view.document().settings.spectrogram.addTimeGrid = 0;
-  view.document().settings.spectrogram.points = 256;
+  SpectrogramSettings& settings = view.document().settings.spectrogram;
+  settings.displayFormants = settings.addFrequencyGrid = settings.addTimeGrid = 0;
+  settings.points = 256;
   Perform(Command::kSpectrogramAll);
   AnalysisFrame& window = Find(view, WindowKind::kSpectrogram);
   const PixelRect& plot = window.model().plot;
   const int width = plot.right - plot.left;
   for (const auto& [part, hz] : {std::pair{0.25, 1000.0}, {0.75, 3000.0}}) {
     const int x = plot.left + static_cast<int>(part * width);
-    const int y = DarkestRow(window, x);
-    QTest::mouseClick(&window.canvas(), Qt::LeftButton, {}, {x, y});
+    Click(window.canvas(), {x, DarkestRow(window, x)});
     EXPECT_NEAR(SpectrogramOf(view).cursorHz, hz, 60.0);
     EXPECT_NEAR(SpectrogramOf(view).cursorMs, part * 2000.0, 2.0 * 2000.0 / width);
   }
@@ -114,46 +100,40 @@ TEST_F(AnalysisWindowsTest, ATonesLineIsAtItsRowAndReadsItsFrequency) {
 
 TEST_F(AnalysisWindowsTest, ATonesPeakIsAtItsColumnInTheSpectrum) {
   CSonadexView& view = OpenTones();
-  PlaceMarker(view, 500.0);
-  frame.Refresh();
-  Perform(Command::kFftLpc);
-  AnalysisFrame& window = Find(view, WindowKind::kFftLpc);
+  AnalysisFrame& window = OpenSpectrum(view, 500.0);
   const auto& model = dynamic_cast<CFFTLPCView&>(window.model());
-  const PixelRect& plot = window.model().plot;
-  ASSERT_EQ(static_cast<int>(model.spectrum().fftDb.size()), plot.right - plot.left);
-  const int x = plot.left + (plot.right - plot.left) / 5;  // 1000 of 5000 Hz
-  QTest::mouseClick(&window.canvas(), Qt::LeftButton, {}, {x, plot.top + 20});
-  EXPECT_NEAR(model.cursorHz, 1000.0, 5000.0 / (plot.right - plot.left));
-  EXPECT_NEAR(std::stod(window.model().Readouts()[1].value), model.spectrum().fftMaxDb, 1.0);
-
-  PlaceMarker(view, 1500.0);
-  Perform(Command::kFftLpc);
-  EXPECT_LT(std::stod(window.model().Readouts()[1].value), model.spectrum().fftMaxDb - 20.0);
-  EXPECT_EQ(&Find(view, WindowKind::kFftLpc), &window) << "in the same window";
+  const PixelRect& plot = model.plot;
+  const int width = plot.right - plot.left;
+  ASSERT_EQ(static_cast<int>(model.spectrum().fftDb.size()), width);
+  Click(window.canvas(), {plot.left + width / 5, plot.top + 20});  // 1000 of 5000 Hz
+  EXPECT_NEAR(model.cursorHz, 1000.0, 5000.0 / width);
+  const auto level = [&] { return std::stod(model.Readouts()[1].value); };
+  EXPECT_NEAR(level(), model.spectrum().fftMaxDb, 1.0);
+  EXPECT_EQ(&OpenSpectrum(view, 1500.0), &window) << "in the same window";
+  EXPECT_LT(level(), model.spectrum().fftMaxDb - 20.0);
 }
 
 TEST_F(AnalysisWindowsTest, KeysEnterRowsIntoTheOpenLog) {
   CSonadexView& view = OpenSample();
   Perform(Command::kSpectrogramAll);
-  PlaceMarker(view, 300.0);
-  frame.Refresh();
-  Perform(Command::kFftLpc);
-  AnalysisFrame& spectrum = Find(view, WindowKind::kFftLpc);
+  AnalysisFrame& spectrum = OpenSpectrum(view, 300.0);
   AnalysisFrame& spectrogram = Find(view, WindowKind::kSpectrogram);
-  EXPECT_FALSE(spectrum.actions().ActionOf(WindowCommand::kEnterFormants)->isEnabled());
+  const auto enabled = [&](WindowCommand command) {
+    return spectrum.actions().ActionOf(command)->isEnabled();
+  };
+  EXPECT_FALSE(enabled(WindowCommand::kEnterFormants));
   Perform(Command::kLogNew);
-  EXPECT_TRUE(spectrum.actions().ActionOf(WindowCommand::kEnterFormants)->isEnabled());
-  EXPECT_FALSE(spectrum.actions().ActionOf(WindowCommand::kEnterMarker)->isEnabled());
+  EXPECT_TRUE(enabled(WindowCommand::kEnterFormants));
+  EXPECT_FALSE(enabled(WindowCommand::kEnterMarker));
 
-  frame.area().setActiveSubWindow(&spectrum);
-  spectrum.canvas().setFocus();
+  const auto enter = Qt::ControlModifier | Qt::ShiftModifier;
   Press(spectrum, Qt::Key_Right);
   Press(spectrum, Qt::Key_Right, Qt::ShiftModifier);
-  Press(spectrum, Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
-  Press(spectrum, Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-  frame.area().setActiveSubWindow(&spectrogram);
-  spectrogram.canvas().setFocus();
-  Press(spectrogram, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_NEAR(dynamic_cast<CFFTLPCView&>(spectrum.model()).cursorHz,
+              10 * 5000.0 / (spectrum.model().plot.right - spectrum.model().plot.left), 1e-6);
+  Press(spectrum, Qt::Key_M, enter);
+  Press(spectrum, Qt::Key_F, enter);
+  Press(spectrogram, Qt::Key_A, enter);
   const auto& rows = app.log->rows();
   const auto columns = static_cast<std::size_t>(SpectrogramOf(view).spectrogram().columns);
   ASSERT_EQ(rows.size(), 2 + columns);
@@ -164,18 +144,15 @@ TEST_F(AnalysisWindowsTest, KeysEnterRowsIntoTheOpenLog) {
   EXPECT_THAT(rows[2][1], HasSubstr("Spec. Formants All Entry"));
   // In the document's time base: the last column begins just before the end of 5.5 seconds.
   view.document().settings.display.timeBase = 1;
-  Press(spectrogram, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+  Press(spectrogram, Qt::Key_A, enter);
   EXPECT_NEAR(std::stod(rows.back()[2]), 5.5, 0.2);
   EXPECT_NEAR(std::stod(rows[1 + columns][2]), 5500.0, 100.0);
 }
 
 TEST_F(AnalysisWindowsTest, OptionsReachTheirWindowsAndAreUsedAtARest) {
   CSonadexView& view = OpenSample();
-  PlaceMarker(view, 300.0);
-  frame.Refresh();
-  Perform(Command::kFftLpc);
+  auto& spectrum = dynamic_cast<CFFTLPCView&>(OpenSpectrum(view, 300.0).model());
   Perform(Command::kSpectrogramAll);
-  auto& spectrum = dynamic_cast<CFFTLPCView&>(Find(view, WindowKind::kFftLpc).model());
   FftLpcSettings fft = view.document().settings.fftLpc;
   fft.rangeHz = 4000;
   dialogs.fftLpc.WillGive(fft);
@@ -192,42 +169,22 @@ TEST_F(AnalysisWindowsTest, OptionsReachTheirWindowsAndAreUsedAtARest) {
   EXPECT_EQ(SpectrogramOf(view).spectrogram().maxHz, 3000.0);
 }
 
-TEST_F(AnalysisWindowsTest, ASpectrumIsSavedInBlackAndWhiteWhenItsOptionsSaySo) {
-  CSonadexView& view = OpenSample();
-  PlaceMarker(view, 300.0);
-  frame.Refresh();
-  Perform(Command::kFftLpc);
-  for (const std::int32_t blackWhite : {1, 0}) {
-    view.document().settings.fftLpc.blackWhite = blackWhite;
-    const std::string path = folder.path() + "/spectrum.png";
-    prompts.WillChooseFile(path);
-    Find(view, WindowKind::kFftLpc).Perform(WindowCommand::kSavePicture);
-    prompts.TakeTranscript();
-    const QImage saved(QString::fromStdString(path));
-    int coloured = 0;
-    for (int y = 0; y < saved.height(); ++y) {
-      for (int x = 0; x < saved.width(); ++x) {
-        if (saved.pixelColor(x, y).saturation() > 60) ++coloured;
-      }
-    }
-    EXPECT_EQ(coloured == 0, blackWhite != 0) << coloured;
-  }
-}
-
 TEST_F(AnalysisWindowsTest, AllWindowsTrackTheMouse) {
   CSonadexView& view = OpenTones();
   view.document().settings.display.trackMouse = 1;
   Perform(Command::kSpectrogramAll);
-  AnalysisFrame& window = Find(view, WindowKind::kSpectrogram);
+  QWidget& canvas = Find(view, WindowKind::kSpectrogram).canvas();
   CSpectrogramView& model = SpectrogramOf(view);
-  const PixelRect& plot = model.plot;
-  Drag(window.canvas(), {plot.left + 100, plot.top + 30}, {plot.left + 300, plot.top + 30});
+  const QPoint from(model.plot.left + 100, model.plot.top + 30);
+  QTest::mousePress(&canvas, Qt::LeftButton, {}, from);
+  QTest::mouseMove(&canvas, from + QPoint(200, 0));
+  QTest::mouseRelease(&canvas, Qt::LeftButton, {}, from + QPoint(200, 0));
   EXPECT_TRUE(view.selectionShown());
   EXPECT_NEAR(view.channel().selectionStart.ms, model.selection.startMs, 1e-9);
   EXPECT_NEAR(view.channel().selectionEnd.ms, model.selection.endMs, 2000.0 / 500.0);
 
-  QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {400, 200});
-  QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {400, 200});
+  Click(Picture(), {400, 200});
+  Click(Picture(), {400, 200});
   EXPECT_TRUE(model.markerSet);
   EXPECT_FALSE(model.selectionShown);
   EXPECT_DOUBLE_EQ(model.cursorMs, view.channel().cursor.ms);
@@ -237,13 +194,13 @@ TEST_F(AnalysisWindowsTest, AnEditShowsInTheOldPictureUntilItIsUpdated) {
   CSonadexView& view = OpenTones();
   Perform(Command::kSpectrogramAll);
   AnalysisFrame& window = Find(view, WindowKind::kSpectrogram);
-  SelectSpan(view, 0.0, 1000.0);
-  frame.Refresh();
+  Select(view, 0.0, 1000.0);
   Perform(Command::kCut);
-  EXPECT_TRUE(window.model().samplesChanged());
   Rest();
   EXPECT_TRUE(window.model().samplesChanged()) << "only on demand";
-  window.canvas().setFocus();
+  EXPECT_THAT(SheetOf(window),
+              HasSubstr("\"The recording has changed since this was computed. Press Update (F5) to "
+                        "compute again.\""));
   Press(window, Qt::Key_F5);
   EXPECT_FALSE(window.model().samplesChanged());
   EXPECT_EQ(SpectrogramOf(view).spectrogram().range.end, 10000.0);
@@ -268,12 +225,11 @@ TEST_F(AnalysisWindowsTest, CommandsInFrontOfAWindowAreThoseOfItsRecording) {
   Perform(Command::kSpectrogramAll);
   CSonadexView& tones = OpenTones();
   Perform(Command::kSpectrogramAll);
-  frame.area().setActiveSubWindow(&Find(sample, WindowKind::kSpectrogram));
-  EXPECT_EQ(frame.activeView(), &sample);
-  frame.area().setActiveSubWindow(&Find(tones, WindowKind::kSpectrogram));
-  EXPECT_EQ(frame.activeView(), &tones);
+  for (CSonadexView* const view : {&sample, &tones}) {
+    frame.area().setActiveSubWindow(&Find(*view, WindowKind::kSpectrogram));
+    EXPECT_EQ(frame.activeView(), view);
+  }
   Perform(Command::kClose);
-  QApplication::processEvents();
   EXPECT_EQ(frame.documents().All().size(), 1U);
   EXPECT_EQ(windows.Find(tones, WindowKind::kSpectrogram), nullptr);
   EXPECT_NE(windows.Find(sample, WindowKind::kSpectrogram), nullptr);
@@ -281,9 +237,8 @@ TEST_F(AnalysisWindowsTest, CommandsInFrontOfAWindowAreThoseOfItsRecording) {
 
 TEST_F(AnalysisWindowsTest, AWindowThatCouldShowNothingIsNotLeftOpen) {
   CSonadexView& view = OpenTones();
-  PlaceMarker(view, 500.0);
-  frame.Refresh();
   view.document().settings.fftLpc.rangeHz = 9000;
+  Mark(view, 500.0);
   Perform(Command::kFftLpc);
   EXPECT_EQ(prompts.TakeTranscript().size(), 1U);
   EXPECT_EQ(windows.Find(view, WindowKind::kFftLpc), nullptr);
@@ -293,8 +248,7 @@ TEST_F(AnalysisWindowsTest, APitchWindowComesWithAStretchOrWithoutAPane) {
   CSonadexView& view = OpenSample();
   Perform(Command::kPitchAll);
   EXPECT_EQ(windows.Find(view, WindowKind::kPitch), nullptr) << "the main view shows it";
-  SelectSpan(view, 500.0, 1500.0);
-  frame.Refresh();
+  Select(view, 500.0, 1500.0);
   Perform(Command::kPitchSelection);
   const auto& model = dynamic_cast<CPitchView&>(Find(view, WindowKind::kPitch).model());
   EXPECT_NEAR(model.TimeAxis().low, 500.0, 1e-9);
@@ -308,40 +262,35 @@ TEST_F(AnalysisWindowsTest, APitchWindowComesWithAStretchOrWithoutAPane) {
 
 TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
   CSonadexView& view = OpenSample();
-  view.document().settings.spectrogram.drawAudio = 1;
-  view.document().settings.spectrogram.drawLabels = 1;
   view.document().settings.pitch.printWidth = 5.0;
   view.document().settings.pitch.printHeight = 3.0;
   Perform(Command::kSpectrogramAll);
   Perform(Command::kPitchWindow);
-  for (const WindowKind kind : {WindowKind::kSpectrogram, WindowKind::kPitch}) {
+  for (const auto& [kind, size] : {std::pair{WindowKind::kSpectrogram, QSize(6 * 192, 4 * 192)},
+                                   {WindowKind::kPitch, QSize(5 * 192, 3 * 192)}}) {
     AnalysisFrame& window = Find(view, kind);
-    const std::string path = folder.path() + "/picture.png";
-    prompts.WillChooseFile(path);
-    window.Perform(WindowCommand::kSavePicture);
-    EXPECT_EQ(prompts.TakeTranscript(), std::vector<std::string>{"save: Save Picture"});
-    const QImage saved(QString::fromStdString(path));
-    EXPECT_EQ(saved.size(),
-              kind == WindowKind::kSpectrogram ? QSize(6 * 192, 4 * 192) : QSize(5 * 192, 3 * 192));
+    EXPECT_EQ(SavedFrom(window).size(), size);
     window.Perform(WindowCommand::kCopyPicture);
     EXPECT_EQ(QGuiApplication::clipboard()->image().size(), window.canvas().size() * 2);
+    window.Perform(WindowCommand::kCopyReadouts);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), window.canvas().accessibleDescription());
   }
-  AnalysisFrame& window = Find(view, WindowKind::kSpectrogram);
-  prompts.WillChooseFile(folder.path() + "/missing/picture.png");
-  window.Perform(WindowCommand::kSavePicture);
-  EXPECT_THAT(prompts.TakeTranscript()[1], HasSubstr("picture.png could not be saved."));
+  prompts.WillChooseFile(folder / "missing/picture.png");
+  Find(view, WindowKind::kSpectrogram).Perform(WindowCommand::kSavePicture);
+  EXPECT_THAT(
+      prompts.TakeTranscript(),
+      testing::ElementsAre("save: Save Picture", HasSubstr("picture.png could not be saved.")));
 }
 
 TEST_F(AnalysisWindowsTest, PrintsGoToThePrinterThatWasSetUp) {
   CSonadexView& view = OpenSample();
   Perform(Command::kPitchWindow);
-  const std::string path = folder.path() + "/page.pdf";
-  printer.setOutputFormat(QPrinter::PdfFormat);
-  printer.setOutputFileName(QString::fromStdString(path));
+  output.printer().setOutputFormat(QPrinter::PdfFormat);
+  output.printer().setOutputFileName(ShownPath(folder / "page.pdf"));
   DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.accept(); });
   Find(view, WindowKind::kPitch).Perform(WindowCommand::kPrint);
   EXPECT_EQ(user.used, 1);
-  EXPECT_TRUE(std::ifstream(path).good());
+  EXPECT_TRUE(std::ifstream(folder / "page.pdf").good());
 }
 
 // The file against a picture whose analysis was made for its size; the window's would be coarser.
@@ -351,46 +300,35 @@ TEST_F(AnalysisWindowsTest, FilesAreComputedForTheirOwnSize) {
   settings.fftLpc.printWidth = settings.spectrogram.printWidth = 12.0;
   settings.fftLpc.blackWhite = 0;
   const PixelSize size{1152, 384};
-  const auto saved = [&](AnalysisFrame& window) {
-    window.resize(400, 300);
-    const std::string path = folder.path() + "/own.png";
-    prompts.WillChooseFile(path);
-    window.Perform(WindowCommand::kSavePicture);
-    prompts.TakeTranscript();
-    return QImage(QString::fromStdString(path)).convertToFormat(QImage::Format_RGB32);
-  };
   const auto painted = [&](const auto& paint) {
     QImage image(2304, 768, QImage::Format_RGB32);
     image.setDevicePixelRatio(2.0);
     QPainter painter(&image);
-    paint(painter);
+    paint(painter, StyleOf(PaletteKind::kLight));
     painter.end();
     image.setDevicePixelRatio(1.0);
     return image;
   };
-  PlaceMarker(view, 500.0);
-  frame.Refresh();
-  Perform(Command::kFftLpc);
-  AnalysisFrame& spectrumWindow = Find(view, WindowKind::kFftLpc);
-  spectrumWindow.canvas().setFocus();
+  AnalysisFrame& spectrumWindow = OpenSpectrum(view, 500.0);
   Press(spectrumWindow, Qt::Key_Right);
+  spectrumWindow.resize(400, 300);
   CFFTLPCView spectrum(view.document());
   const PixelRect plot = SpectrumLayout(size).plot;
   spectrum.AnalyseSpectrum({.position = 5000.0, .selection = {}}, plot.right - plot.left);
-  const SpectrumPicture expected{spectrum, size, 0.0};
-  EXPECT_EQ(saved(spectrumWindow), painted([&](QPainter& painter) {
-              PaintSpectrum(painter, expected, StyleOf(PaletteKind::kLight));
+  EXPECT_EQ(SavedFrom(spectrumWindow), painted([&](QPainter& painter, const PaintStyle& style) {
+              PaintSpectrum(painter, {spectrum, size, 0.0}, style);
             }));
 
   Perform(Command::kSpectrogramAll);
+  Find(view, WindowKind::kSpectrogram).resize(400, 300);
   CSpectrogramView levels(view.document());
   const PixelRect pane = SpectrogramLayout(size, view.document()).plot;
   levels.ComputeSpectrogram({0.0, 20000.0},
                             {2 * (pane.right - pane.left), 2 * (pane.bottom - pane.top)});
   const QImage image = SpectrogramImage(levels.spectrogram(), 35.0, ColorMap::kGrey);
-  const SpectrogramPicture picture{levels, image, nullptr, size, {}, {}};
-  EXPECT_EQ(saved(Find(view, WindowKind::kSpectrogram)), painted([&](QPainter& painter) {
-              PaintSpectrogram(painter, picture, StyleOf(PaletteKind::kLight));
+  EXPECT_EQ(SavedFrom(Find(view, WindowKind::kSpectrogram)),
+            painted([&](QPainter& painter, const PaintStyle& style) {
+              PaintSpectrogram(painter, {levels, image, nullptr, size, {}, {}}, style);
             }));
 }
 
@@ -399,8 +337,11 @@ TEST_F(AnalysisWindowsTest, ThePitchWindowDrawsByThePitchOptions) {
   CSonadexView& view = OpenSample();
   PitchSettings options = view.document().settings.pitch;
   options.addLabels = 0;
-  dialogs.pitch.WillGive(options);
-  Perform(Command::kPitchOptions);
+  const auto set = [&] {
+    dialogs.pitch.WillGive(options);
+    Perform(Command::kPitchOptions);
+  };
+  set();
   Perform(Command::kPitchWindow);
   AnalysisFrame& window = Find(view, WindowKind::kPitch);
   QImage before = window.canvas().grab().toImage();
@@ -408,8 +349,7 @@ TEST_F(AnalysisWindowsTest, ThePitchWindowDrawsByThePitchOptions) {
        {&PitchSettings::addAudio, &PitchSettings::addIntensity, &PitchSettings::addLabels}) {
     const std::int32_t top = window.model().plot.top;
     options.*option = 1;
-    dialogs.pitch.WillGive(options);
-    Perform(Command::kPitchOptions);
+    set();
     EXPECT_GT(window.model().plot.top, top) << "a strip above the plot";
     const QImage after = window.canvas().grab().toImage();
     EXPECT_NE(after, before);

@@ -10,6 +10,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -67,7 +68,7 @@ class DialogTest : public testing::Test {
   // OK is pressed: the message that keeps the dialog open, or "" when it closed.
   std::string Ok(QDialog& dialog) {
     dialog.show();
-    dialog.accept();
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     const auto shown = prompts.TakeTranscript();
     EXPECT_EQ(shown.empty(), !dialog.isVisible());
     EXPECT_LE(shown.size(), 1U);

@@ -10,21 +10,15 @@
 #include <fstream>
 #include <sstream>
 
-#include "desktop/desktop_fixture.h"
+#include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
-#include "desktop/main_view_output.h"
 #include "desktop/paint/paint_style.h"
-#include "mainview/view_commands.h"
-#include "platform/file_error.h"
 #include "settings/settings.h"
 
 namespace cantorix {
 namespace {
 
 using ::testing::ElementsAre;
-
-constexpr Command kOutputs[] = {Command::kSaveAsBmp, Command::kSaveScreenAsBmp, Command::kPrint,
-                                Command::kPrintScreen, Command::kPrintPreview};
 
 std::string Content(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -69,54 +63,32 @@ QRect InkOf(const QImage& paper) {
   return ink;
 }
 
-class DocumentOutputTest : public DesktopTest {
+class DocumentOutputTest : public AnalysisDesktopTest {
  protected:
-  DocumentOutputTest() {
-    frame.SetOutput(&output);
-    frame.Refresh();
-  }
-  ~DocumentOutputTest() override { frame.SetOutput(nullptr); }
-
   // Carries out a save command under a name of the test's folder.
   std::string SaveAs(Command command, const char* name) {
-    std::string path = folder.path() + "/" + name;
-    prompts.WillChooseFile(path);
+    prompts.WillChooseFile(folder / name);
     Perform(command);
-    return path;
+    return folder / name;
   }
-  void PrintInto(const std::string& path) {
+  // Prints go into that file.
+  std::string PrintInto(const std::string& name) {
     output.printer().setOutputFormat(QPrinter::PdfFormat);
-    output.printer().setOutputFileName(QString::fromStdString(path));
+    output.printer().setOutputFileName(ShownPath(folder / name));
+    return folder / name;
   }
-
-  bool unreadable = false;  // the samples, as of a disk that is gone
-  MainViewOutput output{prompts, [this](CSonadexDoc& document) -> DocumentWaveform& {
-                          if (unreadable) throw FileError("The disk is gone.");
-                          return frame.documents().WaveformOf(document);
-                        }};
+  void PrintWith(Command command, QDialog::DialogCode answer) {
+    DialogUser<QPrintDialog> user([answer](QPrintDialog& dialog) { dialog.QDialog::done(answer); });
+    Perform(command);
+    EXPECT_EQ(user.used, 1);
+  }
 };
-
-TEST_F(DocumentOutputTest, NeedsALoadedDocumentExceptForTheSetUp) {
-  const auto check = [&](bool enabled) {
-    for (const Command command : kOutputs) {
-      EXPECT_EQ(Enabled(command), enabled) << RowOf(command).text;
-    }
-    EXPECT_TRUE(Enabled(Command::kPrintSetup));
-  };
-  check(false);
-  frame.NewDocument();
-  QApplication::processEvents();
-  check(false);
-  OpenSample();
-  check(true);
-}
 
 // Two pixels for each logical one of 96 to the inch, laid out for that size: the panes reach across
 // the whole width and the window stays as it is.
 TEST_F(DocumentOutputTest, APictureOfPixelsHasTheSizeOfPrintsWhateverTheWindowHas) {
   CSonadexView& view = OpenSample();
-  SelectSpan(view, 300.0, 900.0);
-  frame.Refresh();
+  Select(view, 300.0, 900.0);
   const QImage screen = Picture().grab().toImage();
   struct Row {
     const char* name;
@@ -155,8 +127,8 @@ TEST_F(DocumentOutputTest, APictureOfPixelsHasTheSizeOfPrintsWhateverTheWindowHa
 TEST_F(DocumentOutputTest, ADrawingHasTheSizeOfPrints) {
   DisplaySettings& display = OpenSample().document().settings.display;
   display.printWidth = 7.5;
-  const std::string svg = Content(SaveAs(Command::kSaveAsBmp, "view.svg"));
-  EXPECT_THAT(svg, testing::HasSubstr("viewBox=\"0 0 720 384\""));
+  EXPECT_THAT(Content(SaveAs(Command::kSaveAsBmp, "view.svg")),
+              testing::HasSubstr("viewBox=\"0 0 720 384\""));
   const std::string pdf = Content(SaveAs(Command::kSaveAsBmp, "view.pdf"));
   EXPECT_THAT(pdf, testing::StartsWith("%PDF"));
   EXPECT_NEAR(PdfPages(pdf).points.width(), 7.5 * 72.0, 0.5);
@@ -199,38 +171,19 @@ TEST_F(DocumentOutputTest, WhatCannotBeSavedIsShownAndCancelledNamesWriteNothing
 
 TEST_F(DocumentOutputTest, PrintsAreOnePageAndLeaveTheWindowAsItIs) {
   CSonadexView& view = OpenSample();
-  const PixelRect audio = view.layout.audio;
+  const std::int32_t bottom = view.layout.audio.bottom;
+  const std::string path = PrintInto("page.pdf");
   for (const Command command : {Command::kPrint, Command::kPrintScreen}) {
-    SCOPED_TRACE(RowOf(command).text);
-    const std::string path = folder.path() + "/page.pdf";
-    PrintInto(path);
-    DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.accept(); });
-    Perform(command);
-    EXPECT_EQ(user.used, 1);
-    const std::string page = Content(path);
-    EXPECT_THAT(page, testing::StartsWith("%PDF"));
-    EXPECT_EQ(PdfPages(page).count, 1);
+    PrintWith(command, QDialog::Rejected);
+    EXPECT_FALSE(std::filesystem::exists(path)) << RowOf(command).text;
+    PrintWith(command, QDialog::Accepted);
+    EXPECT_EQ(PdfPages(Content(path)).count, 1) << RowOf(command).text;
     std::filesystem::remove(path);
   }
-  EXPECT_EQ(view.layout.audio.bottom, audio.bottom);
+  EXPECT_EQ(view.layout.audio.bottom, bottom);
   EXPECT_EQ(view.layout.client.width, Picture().width());
-}
-
-TEST_F(DocumentOutputTest, ACancelledPrintPrintsNothing) {
-  OpenSample();
-  const std::string path = folder.path() + "/page.pdf";
-  PrintInto(path);
-  DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.reject(); });
-  Perform(Command::kPrint);
-  EXPECT_EQ(user.used, 1);
-  EXPECT_FALSE(std::filesystem::exists(path));
-}
-
-TEST_F(DocumentOutputTest, APrintThatFailsIsShown) {
-  OpenSample();
-  PrintInto(folder.path() + "/missing/page.pdf");
-  DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.QDialog::done(1); });
-  Perform(Command::kPrint);
+  PrintInto("missing/page.pdf");
+  PrintWith(Command::kPrint, QDialog::Accepted);
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("message: The picture could not be begun."));
 }
 
@@ -242,7 +195,7 @@ TEST_F(DocumentOutputTest, UnreadableSamplesAreShownAndEndAPreview) {
               ElementsAre("save: Save As bmp",
                           "message: " + path + " could not be saved. The disk is gone."));
   EXPECT_FALSE(std::filesystem::exists(path));
-  PrintInto(folder.path() + "/page.pdf");
+  PrintInto("page.pdf");
   Perform(Command::kPrintPreview);
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre("message: The disk is gone."));
 }
@@ -252,7 +205,7 @@ TEST_F(DocumentOutputTest, ThePreviewShowsOnePageWithTheViewInItsPrintSize) {
   display.printUnit = 1;
   display.printWidth = 12.7;
   display.printHeight = 7.62;
-  PrintInto(folder.path() + "/page.pdf");
+  PrintInto("page.pdf");
   output.printer().setPageSize(QPageSize(QPageSize::A4));
   int pages = 0;
   QRect ink;
@@ -282,10 +235,8 @@ TEST_F(DocumentOutputTest, TheSetUpWorksWithoutADocumentAndHoldsForThePrintsThat
   Perform(Command::kPrintSetup);
   EXPECT_EQ(user.used, 1);
   OpenSample();
-  const std::string path = folder.path() + "/page.pdf";
-  PrintInto(path);
-  DialogUser<QPrintDialog> printing([](QPrintDialog& dialog) { dialog.accept(); });
-  Perform(Command::kPrint);
+  const std::string path = PrintInto("page.pdf");
+  PrintWith(Command::kPrint, QDialog::Accepted);
   const PdfPages printed(Content(path));
   EXPECT_GT(printed.points.width(), printed.points.height());
 }

@@ -2,25 +2,22 @@
 // see: a picture, a result, a sheet of paper, a window or a dialog. A field that nobody reads
 // fails. The file is long because it is a table of all fields.
 #include <QComboBox>
-#include <QPrinter>
-#include <map>
+#include <set>
 #include <sstream>
 
 #include "analysis/intensity.h"
 #include "analysis/pitch.h"
-#include "desktop/desktop_fixture.h"
+#include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialogs/option_dialog.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
-#include "desktop/main_view_output.h"
 #include "desktop/paint/main_view_painter.h"
 #include "desktop/paint/paint_fixture.h"
 #include "desktop/paint/pitch_painter.h"
 #include "desktop/paint/spectrogram_image.h"
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/paint/spectrum_painter.h"
-#include "desktop/windows/analysis_window_set.h"
 #include "mainview/editing.h"
 #include "mainview/view_commands.h"
 #include "mainview/zoom.h"
@@ -37,13 +34,13 @@ std::string BytesOf(const QImage& image) {
           static_cast<std::size_t>(image.sizeInBytes())};
 }
 
+std::string SizedBytes(const QImage& image) {
+  return std::to_string(image.width()) + 'x' + std::to_string(image.height()) + BytesOf(image);
+}
+
 template <typename Paint>
-std::string Painted(const Paint& paint) {
-  QImage image = Canvas(kCanvas);
-  QPainter painter(&image);
-  paint(painter, StyleOf(PaletteKind::kLight));
-  painter.end();
-  return BytesOf(image);
+std::string Drawn(const Paint& paint) {
+  return BytesOf(Painted(kCanvas, paint));
 }
 
 template <typename Range>
@@ -96,7 +93,7 @@ std::string SpectrumDrawn(const Settings& settings) {
   Sample sample(settings);
   CFFTLPCView view(sample.document);
   EXPECT_TRUE(view.AnalyseSpectrum({.position = sample.vowel().start, .selection = {}}, 300));
-  return Painted([&](QPainter& painter, const PaintStyle& style) {
+  return Drawn([&](QPainter& painter, const PaintStyle& style) {
     PaintSpectrum(painter, {view, kCanvas, {}}, style);
   });
 }
@@ -116,7 +113,7 @@ std::string SpectrogramDrawn(const Settings& settings) {
   EXPECT_TRUE(view.ComputeSpectrogram(sample.vowel(), {300, 200}));
   const QImage levels =
       SpectrogramImage(view.spectrogram(), view.dynamicRangeDb(), ColorMap::kGrey);
-  return Painted([&](QPainter& painter, const PaintStyle& style) {
+  return Drawn([&](QPainter& painter, const PaintStyle& style) {
     PaintSpectrogram(painter, {view, levels, &waveform.Pyramid(), kCanvas, {}, {}}, style);
   });
 }
@@ -133,7 +130,7 @@ struct Tone : AnalysedRecording {
 std::string MainViewDrawn(const Settings& settings) {
   Tone tone(settings);
   const MainViewPicture picture{tone.recording.view, tone.waveform.Pyramid()};
-  return Painted(
+  return Drawn(
       [&](QPainter& painter, const PaintStyle& style) { PaintMainView(painter, picture, style); });
 }
 
@@ -147,7 +144,7 @@ std::string PitchDrawn(const Settings& settings) {
                              .endMs = 800.0,
                              .cursorMs = {},
                              .selection = {}};
-  return Painted(
+  return Drawn(
       [&](QPainter& painter, const PaintStyle& style) { PaintPitch(painter, picture, style); });
 }
 
@@ -220,61 +217,27 @@ std::string InTheFileAlone(const Settings& settings) {
 }
 
 // With the windows of the program.
-class SettingsEffects : public DesktopTest {
+class SettingsEffects : public AnalysisDesktopTest {
  protected:
-  SettingsEffects() {
-    windows.Enter({&frame.area(),
-                   [this](CSonadexDoc& document) -> DocumentWaveform& {
-                     return frame.documents().WaveformOf(document);
-                   },
-                   [this] { frame.Refresh(); }, [this]() -> QPrinter& { return printer; }});
-    frame.SetAnalysisWindows(&windows);
-    frame.SetOutput(&output);
-    view = &OpenSample();
-    SelectSpan(*view, 1700.0, 1900.0);
-    frame.Refresh();
-  }
-  ~SettingsEffects() override {
-    for (CChildFrame* const child : frame.Frames()) windows.CloseWindowsOf(*child->view());
-    frame.SetAnalysisWindows(nullptr);
-    frame.SetOutput(nullptr);
-  }
+  SettingsEffects() : view(&OpenSample()) { Select(*view, 1700.0, 1900.0); }
 
   // The picture that is saved under these settings.
   std::string MainSheet(const Settings& settings) {
     view->document().settings = settings.document;
-    return Saved([this] { Perform(Command::kSaveAsBmp); });
+    return SizedBytes(Saved([this] { Perform(Command::kSaveAsBmp); }));
   }
   std::string SheetOf(WindowKind kind, Command open, const Settings& settings) {
     if (windows.Find(*view, kind) == nullptr) Perform(open);
     view->document().settings = settings.document;
-    return Saved([&] {
-      if (AnalysisFrame* const window = windows.Find(*view, kind)) {
-        window->Perform(WindowCommand::kSavePicture);
-      }
-    });
-  }
-  std::string SpectrumSheet(const Settings& settings) {
-    return SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection, settings);
-  }
-  std::string SpectrogramSheet(const Settings& settings) {
-    return SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection, settings);
-  }
-  std::string PitchSheet(const Settings& settings) {
-    return SheetOf(WindowKind::kPitch, Command::kPitchSelection, settings);
+    return SizedBytes(SavedFrom(Find(*view, kind)));
   }
 
   // Where the windows of a new program stand.
   std::string Places(const Settings& settings) {
     app.host.application = settings.application;
-    CMainFrame other{services};
+    CMainFrame other{{app, progress, dialogs, textMeasurer, opener, clipboard}};
     AnalysisWindowSet others{services};
-    others.Enter({&other.area(),
-                  [&](CSonadexDoc& document) -> DocumentWaveform& {
-                    return other.documents().WaveformOf(document);
-                  },
-                  {},
-                  {}});
+    Enter(others, other);
     other.SetAnalysisWindows(&others);
     other.resize(1000, 700);
     other.show();
@@ -301,131 +264,90 @@ class SettingsEffects : public DesktopTest {
     return text.str();
   }
 
-  CSonadexView* view = nullptr;
-
- private:
-  template <typename Save>
-  std::string Saved(const Save& save) {
-    const std::string path = folder.path() + "/sheet.png";
-    prompts.WillChooseFile(path);
-    save();
-    EXPECT_EQ(prompts.TakeTranscript().size(), 1U);
-    const QImage image(QString::fromStdString(path));
-    return std::to_string(image.width()) + 'x' + std::to_string(image.height()) + BytesOf(image);
-  }
-
-  QPrinter printer;
-  DesktopServices services{
-      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
-  AnalysisWindowSet windows{services};
-  MainViewOutput output{prompts, [this](CSonadexDoc& document) -> DocumentWaveform& {
-                          return frame.documents().WaveformOf(document);
-                        }};
+  CSonadexView* view;
 };
 
 using Effect = std::function<std::string(const Settings&)>;
 
-// What another value of the field changes, beside `with`, which both have.
-struct Row {
-  const char* value;
+// What other values of some fields change, each alone, beside `with`, which both sides have.
+struct Group {
   Effect effect;
-  std::vector<std::pair<const char*, const char*>> with;
+  std::string values;  // "field=value field=value"
+  std::string with = "";
 };
+
+std::vector<std::pair<std::string, std::string>> PairsOf(const std::string& values) {
+  std::vector<std::pair<std::string, std::string>> pairs;
+  std::istringstream words(values);
+  for (std::string word; words >> word;) {
+    const std::size_t end = word.find('=');
+    pairs.emplace_back(word.substr(0, end), word.substr(end + 1));
+  }
+  return pairs;
+}
 
 TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
   const Effect places = [this](const Settings& s) { return Places(s); };
   const Effect mainSheet = [this](const Settings& s) { return MainSheet(s); };
-  const Effect spectrumSheet = [this](const Settings& s) { return SpectrumSheet(s); };
-  const Effect spectrogramSheet = [this](const Settings& s) { return SpectrogramSheet(s); };
-  std::map<std::string, Row> rows{
-      {"application.memoryMinutes", {"0", StorageOfSample, {}}},
-      {"document.referenceRateHz", {"16000", NewDocument, {}}},
-      {"display.automaticAnalysis", {"1", TracksAfterOpening, {}}},
-      {"display.printUnit", {"1", mainSheet, {}}},
-      {"display.recordingInput", {"1", InTheFileAlone, {}}},
-      {"display.trackMouse", {"1", TrackedMouse, {}}},
-      {"display.printWidth", {"5", mainSheet, {}}},
-      {"display.printHeight", {"5", mainSheet, {}}},
-      {"display.drawAudio", {"0", MainViewDrawn, {}}},
-      {"display.drawIntensity", {"0", MainViewDrawn, {}}},
-      {"display.timeBase", {"1", MainViewDrawn, {}}},
-      {"display.intensityInOwnPane", {"1", MainViewDrawn, {}}},
-      {"display.drawPitch", {"0", MainViewDrawn, {}}},
-      {"display.drawTiers", {"0", MainViewDrawn, {}}},
-      {"display.drawGrids", {"0", MainViewDrawn, {}}},
-      {"display.audioPanePercent", {"30", MainViewDrawn, {}}},
-      {"display.pitchPanePercent", {"30", MainViewDrawn, {}}},
-      {"zoom.rangeMs", {"300", ZoomFromCursor, {}}},
-      {"gain.gainPercent", {"15", GainPreset, {}}},
-      {"gain.reference", {"200", GainPreset, {}}},
-      {"carried.word1", {"7", InTheFileAlone, {}}},
-      {"carried.word2", {"7", InTheFileAlone, {}}},
-      {"fftlpc.sizeIndex", {"5", ShownSize, {}}},
-      {"fftlpc.points", {"1024", SpectrumValues, {}}},
-      {"fftlpc.windowMs", {"12", SpectrumValues, {}}},
-      {"fftlpc.stepMs", {"33", SpectrumValues, {}}},
-      {"fftlpc.rangeHz", {"3000", SpectrumValues, {}}},
-      {"fftlpc.relative", {"0", SpectrumDrawn, {{"fftlpc.absoluteDb", "150"}}}},
-      {"fftlpc.absoluteDb", {"150", SpectrumDrawn, {{"fftlpc.relative", "0"}}}},
-      {"fftlpc.blackWhite", {"0", spectrumSheet, {}}},
-      {"fftlpc.printWidth", {"5", spectrumSheet, {}}},
-      {"fftlpc.printHeight", {"5", spectrumSheet, {}}},
-      {"fftlpc.printUnit", {"1", spectrumSheet, {}}},
-      {"fftlpc.addFrequencyGrid", {"0", SpectrumDrawn, {}}},
-      {"fftlpc.frequencyGridHz", {"300", SpectrumDrawn, {}}},
-      {"fftlpc.addPowerGrid", {"0", SpectrumDrawn, {}}},
-      {"fftlpc.powerGridDb", {"7", SpectrumDrawn, {}}},
-      {"fftlpc.lpcOrder", {"8", SpectrumValues, {}}},
-      {"fftlpc.drawLpc", {"0", SpectrumDrawn, {}}},
-      {"log.stepHz", {"50", LogRowCount, {}}},
-      {"intensity.windowMs", {"50", Levels, {}}},
-      {"intensity.stepMs", {"5", Levels, {}}},
-      {"intensity.relative", {"1", Levels, {}}},
-      {"spectrogram.points", {"512", SpectrogramDrawn, {}}},
-      {"spectrogram.sizeIndex", {"5", InTheFileAlone, {}}},
-      {"spectrogram.rangeHz", {"3000", SpectrogramDrawn, {}}},
-      {"spectrogram.dynamicRangeDb", {"60", SpectrogramDrawn, {}}},
-      {"spectrogram.preEmphasis", {"0", SpectrumValues, {}}},
-      {"spectrogram.displayFormants", {"0", SpectrogramDrawn, {}}},
-      {"spectrogram.lpcOrder", {"8", SpectrogramDrawn, {}}},
-      {"spectrogram.trackFormants", {"0", SpectrogramDrawn, {}}},
-      {"spectrogram.printWidth", {"5", spectrogramSheet, {}}},
-      {"spectrogram.printHeight", {"5", spectrogramSheet, {}}},
-      {"spectrogram.drawAudio", {"1", SpectrogramDrawn, {}}},
-      {"spectrogram.drawIntensity", {"1", SpectrogramDrawn, {}}},
-      {"spectrogram.drawLabels", {"1", SpectrogramDrawn, {}}},
-      {"spectrogram.addFrequencyGrid", {"0", SpectrogramDrawn, {}}},
-      {"spectrogram.frequencyGridHz", {"700", SpectrogramDrawn, {}}},
-      {"spectrogram.addTimeGrid", {"0", SpectrogramDrawn, {{"spectrogram.timeGridMs", "90"}}}},
-      {"spectrogram.timeGridMs", {"0", SpectrogramDrawn, {}}},
-      {"pitch.windowMs", {"60", PitchValues, {{"pitch.method", "0"}}}},
-      {"pitch.stepMs", {"20", PitchValues, {{"pitch.method", "0"}}}},
-      {"pitch.highHz", {"260", PitchValues, {}}},
-      {"pitch.lowHz", {"115", PitchValues, {}}},
-      {"pitch.displayHighHz", {"400", MainViewDrawn, {}}},
-      {"pitch.displayLowHz", {"100", MainViewDrawn, {}}},
-      {"pitch.addFrequencyGrid", {"0", PitchDrawn, {}}},
-      {"pitch.frequencyGridHz", {"55", PitchDrawn, {}}},
-      {"pitch.method", {"0", PitchValues, {}}},
-      {"pitch.thresholdPercent", {"60", PitchValues, {{"pitch.method", "0"}}}},
-      {"pitch.deviationHz", {"1", PitchValues, {{"pitch.method", "0"}}}},
-      {"pitch.voicingLevel", {"30000", PitchValues, {}}},
-      {"pitch.tolerancePercent", {"0", PitchValues, {}}},
-      {"generic.headerBytes", {"44", InTheFileAlone, {}}},
-      {"generic.rateHz", {"8000", InTheFileAlone, {}}},
-      {"generic.sixteenBit", {"0", InTheFileAlone, {}}},
-      {"generic.highByteFirst", {"0", InTheFileAlone, {}}},
-      {"generic.binary", {"0", InTheFileAlone, {}}},
+  const Effect spectrumSheet = [this](const Settings& s) {
+    return SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection, s);
   };
-  for (const char* const window : {"mainView", "fftLpc", "spectrogram", "log", "labelList"}) {
-    const std::string name = std::string("application.") + window;
-    rows[name + "X"] = {"61", places, {}};
-    rows[name + "Y"] = {"62", places, {}};
-    rows[name + "Width"] = {"563", places, {}};
-    rows[name + "Height"] = {"364", places, {}};
+  const Effect spectrogramSheet = [this](const Settings& s) {
+    return SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection, s);
+  };
+  std::vector<Group> groups{
+      {StorageOfSample, "application.memoryMinutes=0"},
+      {NewDocument, "document.referenceRateHz=16000"},
+      {TracksAfterOpening, "display.automaticAnalysis=1"},
+      {TrackedMouse, "display.trackMouse=1"},
+      {ZoomFromCursor, "zoom.rangeMs=300"},
+      {GainPreset, "gain.gainPercent=15 gain.reference=200"},
+      {ShownSize, "fftlpc.sizeIndex=5"},
+      {LogRowCount, "log.stepHz=50"},
+      {InTheFileAlone,
+       "display.recordingInput=1 carried.word1=7 carried.word2=7 spectrogram.sizeIndex=5"
+       " generic.headerBytes=44 generic.rateHz=8000 generic.sixteenBit=0 generic.highByteFirst=0"
+       " generic.binary=0"},
+      {mainSheet, "display.printUnit=1 display.printWidth=5 display.printHeight=5"},
+      {MainViewDrawn,
+       "display.drawAudio=0 display.drawIntensity=0 display.drawPitch=0 display.drawTiers=0"
+       " display.drawGrids=0 display.timeBase=1 display.intensityInOwnPane=1"
+       " display.audioPanePercent=30 display.pitchPanePercent=30"
+       " pitch.displayHighHz=400 pitch.displayLowHz=100"},
+      {SpectrumValues,
+       "fftlpc.points=1024 fftlpc.windowMs=12 fftlpc.stepMs=33 fftlpc.rangeHz=3000"
+       " fftlpc.lpcOrder=8 spectrogram.preEmphasis=0"},
+      {SpectrumDrawn, "fftlpc.relative=0", "fftlpc.absoluteDb=150"},
+      {SpectrumDrawn, "fftlpc.absoluteDb=150", "fftlpc.relative=0"},
+      {SpectrumDrawn,
+       "fftlpc.addFrequencyGrid=0 fftlpc.frequencyGridHz=300 fftlpc.addPowerGrid=0"
+       " fftlpc.powerGridDb=7 fftlpc.drawLpc=0"},
+      {spectrumSheet,
+       "fftlpc.blackWhite=0 fftlpc.printWidth=5 fftlpc.printHeight=5 fftlpc.printUnit=1"},
+      {Levels, "intensity.windowMs=50 intensity.stepMs=5 intensity.relative=1"},
+      {SpectrogramDrawn,
+       "spectrogram.points=512 spectrogram.rangeHz=3000 spectrogram.dynamicRangeDb=60"
+       " spectrogram.displayFormants=0 spectrogram.lpcOrder=8 spectrogram.trackFormants=0"
+       " spectrogram.drawAudio=1 spectrogram.drawIntensity=1 spectrogram.drawLabels=1"
+       " spectrogram.addFrequencyGrid=0 spectrogram.frequencyGridHz=700"
+       " spectrogram.timeGridMs=0"},
+      {SpectrogramDrawn, "spectrogram.addTimeGrid=0", "spectrogram.timeGridMs=90"},
+      {spectrogramSheet, "spectrogram.printWidth=5 spectrogram.printHeight=5"},
+      {PitchValues,
+       "pitch.windowMs=60 pitch.stepMs=20 pitch.thresholdPercent=60 pitch.deviationHz=1",
+       "pitch.method=0"},
+      {PitchValues,
+       "pitch.highHz=260 pitch.lowHz=115 pitch.method=0 pitch.voicingLevel=30000"
+       " pitch.tolerancePercent=0"},
+      {PitchDrawn, "pitch.addFrequencyGrid=0 pitch.frequencyGridHz=55"},
+  };
+  for (const std::string window : {"mainView", "fftLpc", "spectrogram", "log", "labelList"}) {
+    const std::string field = " application." + window;
+    groups.push_back(
+        {places, field + "X=61" + field + "Y=62" + field + "Width=563" + field + "Height=364"});
   }
   for (int tier = 1; tier <= 10; ++tier) {
-    rows["tiers.name" + std::to_string(tier)] = {"vowels", NewDocument, {}};
+    groups.push_back({NewDocument, "tiers.name" + std::to_string(tier) + "=vowels"});
   }
 
   Settings usual{{}, DefaultDocumentSettings()};
@@ -434,25 +356,24 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
         &usual.application.log, &usual.application.labelList}) {
     *place = {40, 50, 600, 400};
   }
-  const std::string placesBefore = Places(usual);
+  std::set<std::string> missing;
   for (const Field& field : Fields()) {
-    const std::string name = std::string(field.group) + '.' + std::string(field.name);
-    SCOPED_TRACE(name);
-    const auto found = rows.find(name);
-    ASSERT_NE(found, rows.end()) << "no row says what the field changes";
-    const Row& row = found->second;
-    Settings first = usual;
-    for (const auto& [other, value] : row.with) {
-      ASSERT_EQ(SetFieldFromText(first, other, value), std::nullopt);
-    }
-    Settings second = first;
-    ASSERT_EQ(SetFieldFromText(second, name, row.value), std::nullopt);
-    const bool isPlace = field.group == "application" && field.name != "memoryMinutes";
-    const std::string was = isPlace ? placesBefore : row.effect(first);
-    EXPECT_TRUE(row.effect(second) != was) << "nothing changes";
-    rows.erase(found);
+    missing.insert(std::string(field.group) + '.' + std::string(field.name));
   }
-  EXPECT_TRUE(rows.empty()) << rows.begin()->first << " is no field";
+  for (const Group& group : groups) {
+    Settings before = usual;
+    for (const auto& [name, value] : PairsOf(group.with)) {
+      ASSERT_EQ(SetFieldFromText(before, name, value), std::nullopt);
+    }
+    const std::string was = group.effect(before);
+    for (const auto& [name, value] : PairsOf(group.values)) {
+      EXPECT_EQ(missing.erase(name), 1U) << name << " is no field, or one twice";
+      Settings changed = before;
+      ASSERT_EQ(SetFieldFromText(changed, name, value), std::nullopt);
+      EXPECT_TRUE(group.effect(changed) != was) << name << " changes nothing";
+    }
+  }
+  EXPECT_THAT(missing, testing::IsEmpty()) << "no group says what they change";
 }
 
 // Fields that a document keeps and no file holds.
@@ -462,7 +383,9 @@ TEST_F(SettingsEffects, SoDoTheFieldsOfThePitchWindow) {
     void (*change)(PitchSettings&);
     Effect effect;
   };
-  const Effect sheet = [this](const Settings& s) { return PitchSheet(s); };
+  const Effect sheet = [this](const Settings& s) {
+    return SheetOf(WindowKind::kPitch, Command::kPitchSelection, s);
+  };
   for (const Unsaved& row : {
            Unsaved{"addTimeGrid", [](PitchSettings& p) { p.addTimeGrid = 0; }, PitchDrawn},
            Unsaved{"timeGridMs", [](PitchSettings& p) { p.timeGridMs = 90; }, PitchDrawn},
