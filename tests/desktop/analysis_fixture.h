@@ -57,7 +57,8 @@ class AnalysisDesktopTest : public DesktopTest {
                           if (unreadable) throw FileError("The disk is gone.");
                           return frame.documents().WaveformOf(document);
                         }};
-  DesktopServices services{app, progress, dialogs, textMeasurer, opener, clipboard};
+  DesktopServices services{
+      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
   AnalysisWindowSet windows{services};
 };
 

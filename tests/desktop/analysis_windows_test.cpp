@@ -12,9 +12,6 @@
 #include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialog_sheet.h"
-#include "desktop/paint/spectrogram_image.h"
-#include "desktop/paint/spectrogram_painter.h"
-#include "desktop/paint/spectrum_painter.h"
 #include "desktop/windows/spectrogram_frame.h"
 #include "document/wav_fixture.h"
 #include "support/expected_text.h"
@@ -190,6 +187,19 @@ TEST_F(AnalysisWindowsTest, AllWindowsTrackTheMouse) {
   EXPECT_DOUBLE_EQ(model.cursorMs, view.channel().cursor.ms);
 }
 
+// A spectrum at the right edge, a spectrogram along the bottom, so that the recording is in sight.
+TEST_F(AnalysisWindowsTest, StandBesideTheirRecording) {
+  CSonadexView& view = OpenSample();
+  const QRect area = frame.area().viewport()->rect();
+  const QRect spectrum = OpenSpectrum(view, 300.0).geometry();
+  EXPECT_EQ(spectrum.topRight(), area.topRight());
+  EXPECT_EQ(spectrum.size(), QSize(area.width() * 11 / 20, area.height() / 2));
+  Perform(Command::kSpectrogramAll);
+  const QRect spectrogram = Find(view, WindowKind::kSpectrogram).geometry();
+  EXPECT_EQ(spectrogram.bottomLeft(), area.bottomLeft());
+  EXPECT_EQ(spectrogram.size(), QSize(area.width(), area.height() / 2));
+}
+
 TEST_F(AnalysisWindowsTest, AnEditShowsInTheOldPictureUntilItIsUpdated) {
   CSonadexView& view = OpenTones();
   Perform(Command::kSpectrogramAll);
@@ -293,43 +303,22 @@ TEST_F(AnalysisWindowsTest, PrintsGoToThePrinterThatWasSetUp) {
   EXPECT_TRUE(std::ifstream(folder / "page.pdf").good());
 }
 
-// The file against a picture whose analysis was made for its size; the window's would be coarser.
+// A picture that took over the window's columns would change with its size.
 TEST_F(AnalysisWindowsTest, FilesAreComputedForTheirOwnSize) {
   CSonadexView& view = OpenTones();
-  DocumentSettings& settings = view.document().settings;
-  settings.fftLpc.printWidth = settings.spectrogram.printWidth = 12.0;
-  settings.fftLpc.blackWhite = 0;
-  const PixelSize size{1152, 384};
-  const auto painted = [&](const auto& paint) {
-    QImage image(2304, 768, QImage::Format_RGB32);
-    image.setDevicePixelRatio(2.0);
-    QPainter painter(&image);
-    paint(painter, StyleOf(PaletteKind::kLight));
-    painter.end();
-    image.setDevicePixelRatio(1.0);
-    return image;
-  };
-  AnalysisFrame& spectrumWindow = OpenSpectrum(view, 500.0);
-  Press(spectrumWindow, Qt::Key_Right);
-  spectrumWindow.resize(400, 300);
-  CFFTLPCView spectrum(view.document());
-  const PixelRect plot = SpectrumLayout(size).plot;
-  spectrum.AnalyseSpectrum({.position = 5000.0, .selection = {}}, plot.right - plot.left);
-  EXPECT_EQ(SavedFrom(spectrumWindow), painted([&](QPainter& painter, const PaintStyle& style) {
-              PaintSpectrum(painter, {spectrum, size, 0.0}, style);
-            }));
-
+  view.document().settings.fftLpc.printWidth = 12.0;
+  OpenSpectrum(view, 500.0);
   Perform(Command::kSpectrogramAll);
-  Find(view, WindowKind::kSpectrogram).resize(400, 300);
-  CSpectrogramView levels(view.document());
-  const PixelRect pane = SpectrogramLayout(size, view.document()).plot;
-  levels.ComputeSpectrogram({0.0, 20000.0},
-                            {2 * (pane.right - pane.left), 2 * (pane.bottom - pane.top)});
-  const QImage image = SpectrogramImage(levels.spectrogram(), 35.0, ColorMap::kGrey);
-  EXPECT_EQ(SavedFrom(Find(view, WindowKind::kSpectrogram)),
-            painted([&](QPainter& painter, const PaintStyle& style) {
-              PaintSpectrogram(painter, {levels, image, nullptr, size, {}, {}}, style);
-            }));
+  for (const WindowKind kind : {WindowKind::kFftLpc, WindowKind::kSpectrogram}) {
+    AnalysisFrame& window = Find(view, kind);
+    window.resize(800, 600);
+    Rest();
+    const QImage ofLarge = SavedFrom(window);
+    window.resize(400, 300);
+    Rest();
+    EXPECT_EQ(SavedFrom(window), ofLarge);
+  }
+  EXPECT_EQ(SavedFrom(Find(view, WindowKind::kFftLpc)).width(), 12 * 192);
 }
 
 // The document's options decide; the window's own switches turn them and keep them in the file.

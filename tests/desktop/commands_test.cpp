@@ -1,11 +1,14 @@
 // commands_test.cpp - menus, accelerators and enabling as the user meets them.
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QSpinBox>
+#include <QStatusBar>
 #include <QToolBar>
 #include <filesystem>
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/dialog_helpers.h"
 #include "desktop/display_option_frame.h"
 #include "document/document.h"
 #include "mainview/label_entry_state.h"
@@ -53,7 +56,11 @@ class Commands : public DesktopTest {
       if (menu->isVisible()) sheet += LinesOf(menu->text(), menu->menu()->actions());
     }
     const QToolBar& bar = frame.actions().toolBar();
-    return Typed(sheet + LinesOf(bar.windowTitle(), bar.actions()));
+    sheet += LinesOf(bar.windowTitle(), bar.actions()) + "== Keys ==\n";
+    for (const QLabel* const pane : frame.statusBar()->findChildren<QLabel*>()) {
+      sheet += pane->text() + " | " + pane->toolTip() + '\n';
+    }
+    return Typed(sheet);
   }
 
   // Commands whose accelerator was typed, carried out by nobody: every one of them is enabled.
@@ -114,30 +121,16 @@ TEST_F(Commands, AcceleratorsPassThroughTheFieldsOfAFloatingWindow) {
 
 TEST_F(Commands, EnablingFollowsTheTable) {
   CSonadexView& view = OpenSample();
-  const auto check = [&](const char* state) {
-    SCOPED_TRACE(state);
-    frame.Refresh();
+  for (const Command next : {Command::kZoomIn, Command::kSelectAll, Command::kLogNew}) {
+    SCOPED_TRACE(RowOf(next).text);
+    EXPECT_FALSE(Enabled(Command::kEnterDuration));
     const Facts facts = FactsOf(&view);
     for (const CommandRow& row : CommandTable()) {
       if (row.id == Command::kRecentFiles) continue;  // gave its place to the files
       EXPECT_EQ(Enabled(row.id), IsEnabled(row, facts)) << row.text;
     }
-  };
-  check("loaded");
-  EXPECT_FALSE(Enabled(Command::kZoomOut));
-  EXPECT_FALSE(Enabled(Command::kCut));
-  Perform(Command::kZoomIn);
-  check("zoomed");
-  EXPECT_TRUE(Enabled(Command::kZoomOut));
-  Mark(view, 300.0);
-  check("marker");
-  EXPECT_TRUE(Enabled(Command::kZoomFromCursor));
-  Perform(Command::kSelectAll);
-  check("selection");
-  EXPECT_TRUE(Enabled(Command::kCut));
-  EXPECT_FALSE(Enabled(Command::kEnterDuration));
-  Perform(Command::kLogNew);
-  check("log open");
+    Perform(next);
+  }
   EXPECT_TRUE(Enabled(Command::kEnterDuration));
 }
 
@@ -236,6 +229,34 @@ TEST_F(Commands, HelpOpensTheManualOfTheCurrentFolder) {
   Perform(Command::kHelpTopics);
   EXPECT_THAT(opener.opened, ElementsAre(folder / "Manual/HelpIndex.html"));
   std::filesystem::current_path("/");
+}
+
+TEST_F(Commands, TheAboutBoxNamesProgramVersionAndPurpose) {
+  QApplication::setApplicationVersion("9.8");
+  DialogUser<QMessageBox> user([](QMessageBox& box) {
+    EXPECT_EQ(box.windowTitle(), "About Cantorix");
+    EXPECT_EQ(box.text(), "<b>Cantorix 9.8</b>");
+    EXPECT_EQ(box.informativeText(),
+              QString("A speech-analysis workstation for phoneticians and speech scientists.\n\n"
+                      "Built with Qt %1.")
+                  .arg(qVersion()));
+    EXPECT_EQ(box.iconPixmap().width(), 64);
+    box.accept();
+  });
+  Perform(Command::kAbout);
+  EXPECT_EQ(user.used, 1);
+}
+
+TEST_F(Commands, ConfigurationsAreSavedAndLoaded) {
+  CSonadexView& view = OpenSample();
+  for (const double rangeMs : {333.0, 444.0}) {
+    view.document().settings.zoomRangeMs = rangeMs;
+    prompts.WillChooseFile(folder / "own.cfg");
+    Perform(rangeMs == 333.0 ? Command::kSaveConfiguration : Command::kLoadConfiguration);
+  }
+  EXPECT_EQ(view.document().settings.zoomRangeMs, 333.0);
+  EXPECT_THAT(prompts.TakeTranscript(),
+              ElementsAre("save: Save Configuration As", "open: Load a Configuration file"));
 }
 
 TEST_F(Commands, ToolBarAndStatusBarComeAndGo) {

@@ -11,8 +11,11 @@
 #include "desktop/dialogs/label_dialog.h"
 #include "desktop/dialogs/label_import_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_prompts.h"
 #include "desktop/qt_text.h"
 #include "mainview/dialog_answers.h"
+#include "settings/settings.h"
 #include "support/expected_text.h"
 #include "support/scripted_prompts.h"
 
@@ -21,9 +24,14 @@ namespace {
 
 using Dialogs = DialogTest;
 
-TEST_F(Dialogs, AreAsApproved) {
+Label LabelOf(const char* text) {
   Label label;
-  label.text = "H*";
+  label.text = text;
+  return label;
+}
+
+TEST_F(Dialogs, AreAsApproved) {
+  Label label = LabelOf("H*");
   label.font.Set(-17, 700, false, false, "<b>Sans</b>");
   label.colour = 0x2010d0;
   LabelDialog entry(prompts, {}, false, nullptr);
@@ -56,8 +64,7 @@ TEST_F(Dialogs, TextsAreCutAtACharacter) {
 }
 
 TEST_F(Dialogs, ALabelKeepsWhatTheDialogDoesNotShow) {
-  Label label;
-  label.text = "caf\xE9";  // not UTF-8: shown as it was meant
+  Label label = LabelOf("caf\xE9");  // not UTF-8: shown as it was meant
   label.timeMs = 12.5;
   label.verticalPosition = 0.25;
   label.colour = 0x0000FF;
@@ -146,6 +153,34 @@ TEST_F(Dialogs, ChannelsAreADropDownListOfAtMostTen) {
     EXPECT_EQ(dialog.Entered(), 0);
     list->setCurrentIndex(1);
     EXPECT_EQ(dialog.Entered(), 1);
+  }
+}
+
+// Every dialog of the working view, answered by OK and by Cancel.
+TEST_F(Dialogs, GiveWhatOkTookAndNothingOnCancel) {
+  QtPrompts boxes;
+  QtDialogs dialogs(boxes);
+  for (const bool ok : {true, false}) {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [ok] {
+      auto* const dialog = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog != nullptr) ok ? dialog->accept() : dialog->reject();
+    });
+    timer.start(5);
+    const auto label = dialogs.AskLabel(LabelOf("H*"), true);
+    ASSERT_EQ(label.has_value(), ok);
+    EXPECT_TRUE(!ok || (label->label.text == "H*" && !label->remove));
+    EXPECT_EQ(dialogs.AskTiers({{{"tones", 21, true}}}).value_or(TierSetups{})[0].height,
+              ok ? 21 : 20);
+    EXPECT_EQ(dialogs.AskLabelImport({"words"}, {}).value_or(LabelImportAnswer{}).tierName,
+              ok ? "words" : "");
+    EXPECT_EQ(dialogs.AskGain({15.0, 0.0}).value_or(GainSettings{}).gainPercent, ok ? 15.0 : 0.0);
+    EXPECT_EQ(dialogs.AskZoomRange(1234).value_or(0), ok ? 1234 : 0);
+    EXPECT_EQ(dialogs.AskFftLpc({}, 8000.0).has_value(), ok);
+    EXPECT_EQ(dialogs.AskSpectrogram({}, {}, 8000.0).has_value(), ok);
+    EXPECT_EQ(dialogs.AskPitch({}).has_value(), ok);
+    EXPECT_EQ(dialogs.AskIntensity({}).has_value(), ok);
+    EXPECT_EQ(dialogs.AskLogStep(77).value_or(0), ok ? 77 : 0);
   }
 }
 

@@ -92,7 +92,12 @@ TEST_F(Frame, AModifiedDocumentAsksBeforeItCloses) {
   prompts.WillAnswer(Answer::kCancel);
   EXPECT_FALSE(frame.activeFrame()->close());
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(question));
-  EXPECT_EQ(frame.documents().All().size(), 1U);
+  // A save that fails keeps it open, too.
+  std::filesystem::remove(folder / "talk.qrv");
+  std::filesystem::create_directory(folder / "talk.qrv");
+  prompts.WillAnswer(Answer::kYes);
+  EXPECT_FALSE(frame.activeFrame()->close());
+  EXPECT_EQ(prompts.TakeTranscript().size(), 2U);
 
   prompts.WillAnswer(Answer::kNo);
   Perform(Command::kClose);
@@ -130,18 +135,6 @@ TEST_F(Frame, LeavingGivesNothingUpBeforeEveryAnswerIsIn) {
   };
   EXPECT_THAT(prompts.TakeTranscript(),
               ElementsAre(question("one.qrv"), question("two.qrv"), question("Untitled Log")));
-}
-
-TEST_F(Frame, AFailedSaveKeepsTheDocumentOpen) {
-  const std::string path = CopySample("talk.qrv");
-  Open(path).document().SetModified(true);
-  std::filesystem::remove(path);
-  std::filesystem::create_directory(path);
-  prompts.WillAnswer(Answer::kYes);
-  EXPECT_FALSE(frame.activeFrame()->close());
-  EXPECT_EQ(prompts.TakeTranscript().size(), 2U);
-  ASSERT_EQ(frame.documents().All().size(), 1U);
-  frame.documents().All()[0]->SetModified(false);
 }
 
 TEST_F(Frame, TheWindowKeepsItsPlaceForTheNextOne) {

@@ -1,4 +1,5 @@
 // progress_test.cpp - a long operation on the interface thread and the user who loses patience.
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/desktop_fixture.h"
@@ -77,6 +78,9 @@ TEST_F(ProgressTest, TheWindowShowsTextAndPartWhileItRuns) {
     EXPECT_EQ(shown->Text(), "Processing Pitch...(Press mouse to cancel)");
     EXPECT_GT(shown->Percent(), 5);
     EXPECT_LT(shown->Percent(), 30);
+    EXPECT_GE(shown->width(), 360);
+    const QPoint middle = QGuiApplication::primaryScreen()->availableGeometry().center();
+    EXPECT_LE((shown->frameGeometry().center() - middle).manhattanLength(), 2);
   }
   EXPECT_FALSE(shown->isVisible());
   EXPECT_FALSE(progress.running());
@@ -110,6 +114,9 @@ TEST_F(BusyFrame, TheStatusWindowClosesByTheKeysOfItsMenuUntilTheNextOperation) 
     const ProgressScope scope(progress, "busy", 1.0);
     EXPECT_FALSE(CancelledWithin(progress, 60));
     ASSERT_TRUE(progress.window()->isVisible());
+    const QPoint aside =
+        progress.window()->frameGeometry().center() - frame.frameGeometry().center();
+    EXPECT_LE(aside.manhattanLength(), 2);
     if (!closes) continue;
     QTimer::singleShot(0, &frame, [this] {
       QTest::keyClick(&frame, Qt::Key_W, Qt::AltModifier);

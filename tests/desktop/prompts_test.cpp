@@ -43,19 +43,16 @@ TEST_F(PromptsTest, TheButtonPressedIsTheAnswer) {
                          Row{Buttons::kYesNoCancel, QMessageBox::No, Answer::kNo},
                          Row{Buttons::kYesNoCancel, QMessageBox::Cancel, Answer::kCancel},
                          Row{Buttons::kOkCancel, QMessageBox::Ok, Answer::kOk},
-                         Row{Buttons::kOkCancel, QMessageBox::Cancel, Answer::kCancel}}) {
+                         Row{Buttons::kOkCancel, QMessageBox::Cancel, Answer::kCancel},
+                         Row{Buttons::kYesNoCancel, QMessageBox::NoButton, Answer::kCancel}}) {
     WhenOpen<QMessageBox>([&](QMessageBox& box) {
       EXPECT_EQ(box.text(), "Save <b>this</b> ?");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      if (row.pressed == QMessageBox::NoButton) return box.reject();  // Escape
       box.button(row.pressed)->click();
     });
     EXPECT_EQ(prompts.Ask("Save <b>this</b> ?", row.buttons), row.answer);
   }
-}
-
-TEST_F(PromptsTest, EscapeIsCancel) {
-  WhenOpen<QMessageBox>([](QMessageBox& box) { box.reject(); });
-  EXPECT_EQ(prompts.Ask("?", Buttons::kYesNoCancel), Answer::kCancel);
 }
 
 TEST_F(PromptsTest, TheOpenDialogGivesPathAndFilter) {
@@ -108,19 +105,24 @@ TEST_F(PromptsTest, ChannelsCountFromNought) {
 }
 
 TEST_F(PromptsTest, GenericParametersComeBackAsTheyWent) {
-  GenericParameters preset;
-  preset.headerBytes = 512;
-  preset.rateHz = 20000;
-  preset.sixteenBit = 0;
-  preset.binary = 0;
+  const GenericParameters preset{512, 20000, 0, 1, 0};
   WhenOpen<QDialog>([](QDialog& dialog) { dialog.accept(); });
-  const auto given = prompts.AskGenericParameters(preset);
-  ASSERT_TRUE(given.has_value());
-  EXPECT_EQ(given->headerBytes, 512);
-  EXPECT_EQ(given->rateHz, 20000);
-  EXPECT_EQ(given->sixteenBit, 0);
-  EXPECT_EQ(given->highByteFirst, 1);
-  EXPECT_EQ(given->binary, 0);
+  const auto [header, rate, sixteen, highFirst, binary] =
+      prompts.AskGenericParameters(preset).value();
+  EXPECT_EQ(std::tuple(header, rate, sixteen, highFirst, binary), std::tuple(512, 20000, 0, 1, 0));
+  WhenOpen<QDialog>([](QDialog& dialog) { dialog.reject(); });
+  EXPECT_FALSE(prompts.AskGenericParameters(preset).has_value());
+}
+
+TEST_F(PromptsTest, MessagesArePlainWarningsOfTheProgram) {
+  WhenOpen<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.windowTitle(), "Cantorix");
+    EXPECT_EQ(box.text(), "No <b>disk</b>.");
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_EQ(box.icon(), QMessageBox::Warning);
+    box.accept();
+  });
+  prompts.Message("No <b>disk</b>.");
 }
 
 }  // namespace

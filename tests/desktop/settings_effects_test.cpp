@@ -7,19 +7,15 @@
 
 #include "analysis/intensity.h"
 #include "analysis/pitch.h"
+#include "analysisview/fft_lpc_view.h"
+#include "analysisview/spectrogram_view.h"
 #include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialogs/option_dialog.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
-#include "desktop/paint/main_view_painter.h"
-#include "desktop/paint/paint_fixture.h"
-#include "desktop/paint/pitch_painter.h"
-#include "desktop/paint/spectrogram_image.h"
-#include "desktop/paint/spectrogram_painter.h"
-#include "desktop/paint/spectrum_painter.h"
 #include "mainview/editing.h"
-#include "mainview/view_commands.h"
+#include "mainview/view_fixture.h"
 #include "mainview/zoom.h"
 #include "settings/config_file.h"
 #include "settings/field_text.h"
@@ -27,20 +23,10 @@
 namespace cantorix {
 namespace {
 
-constexpr PixelSize kCanvas{700, 420};
-
-std::string BytesOf(const QImage& image) {
-  return {reinterpret_cast<const char*>(image.constBits()),
-          static_cast<std::size_t>(image.sizeInBytes())};
-}
-
 std::string SizedBytes(const QImage& image) {
-  return std::to_string(image.width()) + 'x' + std::to_string(image.height()) + BytesOf(image);
-}
-
-template <typename Paint>
-std::string Drawn(const Paint& paint) {
-  return BytesOf(Painted(kCanvas, paint));
+  return std::to_string(image.width()) + 'x' + std::to_string(image.height()) +
+         std::string(reinterpret_cast<const char*>(image.constBits()),
+                     static_cast<std::size_t>(image.sizeInBytes()));
 }
 
 template <typename Range>
@@ -51,24 +37,29 @@ std::string Listed(const Range& values) {
   return text.str();
 }
 
-// The sample recording, analysed with the defaults, under other settings.
+// The sample recording and its view under other settings.
 struct Sample {
-  explicit Sample(const Settings& settings) : document(world.test.host) {
+  explicit Sample(const Settings& settings)
+      : document(world.test.host), view(document, world.Services()) {
     EXPECT_TRUE(document.OnOpenDocument(SamplePath()));
     document.settings = settings.document;
+    view.Begin({645, 500});
   }
-  SampleRange vowel() const { return {1700.0 * rate() / 1000.0, 2300.0 * rate() / 1000.0}; }
-  double rate() const { return document.channel().sampleRateHz; }
+  SampleRange Between(double startMs, double endMs) const {
+    const double perMs = document.channel().sampleRateHz / 1000.0;
+    return {startMs * perMs, endMs * perMs};
+  }
 
   ViewWorld world;
   CSonadexDoc document;
+  CSonadexView view;
 };
 
 std::string PitchValues(const Settings& settings) {
   Sample sample(settings);
   NoProgress progress;
-  const SampleRange range{0.0, 3000.0 * sample.rate() / 1000.0};
-  const PitchResult pitch = ComputePitch(sample.document.Samples(), range, sample.rate(),
+  const PitchResult pitch = ComputePitch(sample.document.Samples(), sample.Between(0.0, 3000.0),
+                                         sample.document.channel().sampleRateHz,
                                          sample.document.settings.pitch, progress);
   return Listed(pitch.PitchTrack);
 }
@@ -76,91 +67,32 @@ std::string PitchValues(const Settings& settings) {
 std::string Levels(const Settings& settings) {
   Sample sample(settings);
   NoProgress progress;
-  const auto intensity = ComputeIntensity(sample.document.Samples(), sample.vowel(), sample.rate(),
+  const auto intensity = ComputeIntensity(sample.document.Samples(), sample.Between(1700.0, 2300.0),
+                                          sample.document.channel().sampleRateHz,
                                           settings.document.intensity, progress);
   return Listed(intensity.IntensityTrack.levels());
-}
-
-std::string SpectrumValues(const Settings& settings) {
-  Sample sample(settings);
-  CFFTLPCView view(sample.document);
-  EXPECT_TRUE(view.AnalyseSpectrum({.position = 0.0, .selection = sample.vowel()}, 300));
-  return Listed(view.spectrum().fftDb) + Listed(view.spectrum().lpcDb) +
-         std::to_string(view.spectrum().maxHz);
-}
-
-std::string SpectrumDrawn(const Settings& settings) {
-  Sample sample(settings);
-  CFFTLPCView view(sample.document);
-  EXPECT_TRUE(view.AnalyseSpectrum({.position = sample.vowel().start, .selection = {}}, 300));
-  return Drawn([&](QPainter& painter, const PaintStyle& style) {
-    PaintSpectrum(painter, {view, kCanvas, {}}, style);
-  });
 }
 
 std::string LogRowCount(const Settings& settings) {
   Sample sample(settings);
   CFFTLPCView view(sample.document);
-  EXPECT_TRUE(view.AnalyseSpectrum({.position = sample.vowel().start, .selection = {}}, 300));
+  EXPECT_TRUE(view.AnalyseSpectrum({.position = 18742.5, .selection = {}}, 300));
   return std::to_string(view.LogRows(WindowLog::kEntireFrame).size());
 }
 
-std::string SpectrogramDrawn(const Settings& settings) {
-  Sample sample(settings);
-  AddLabel(sample.document, 0, 1800.0, "H*");
-  DocumentWaveform waveform(sample.document);
-  CSpectrogramView view(sample.document);
-  EXPECT_TRUE(view.ComputeSpectrogram(sample.vowel(), {300, 200}));
-  const QImage levels =
-      SpectrogramImage(view.spectrogram(), view.dynamicRangeDb(), ColorMap::kGrey);
-  return Drawn([&](QPainter& painter, const PaintStyle& style) {
-    PaintSpectrogram(painter, {view, levels, &waveform.Pyramid(), kCanvas, {}, {}}, style);
-  });
-}
-
-// A recording whose tracks were made with the defaults.
-struct Tone : AnalysedRecording {
-  explicit Tone(const Settings& settings)
-      : AnalysedRecording(ToneFrom(200.0, 150.0, 800.0), kCanvas) {
-    recording.document.settings = settings.document;
-    recording.view.LayOut(kCanvas);
-  }
-};
-
-std::string MainViewDrawn(const Settings& settings) {
-  Tone tone(settings);
-  const MainViewPicture picture{tone.recording.view, tone.waveform.Pyramid()};
-  return Drawn(
-      [&](QPainter& painter, const PaintStyle& style) { PaintMainView(painter, picture, style); });
-}
-
-std::string PitchDrawn(const Settings& settings) {
-  Tone tone(settings);
-  const PitchPicture picture{.document = tone.recording.document,
-                             .pitch = tone.recording.view.pitch,
-                             .waveform = &tone.waveform.Pyramid(),
-                             .client = kCanvas,
-                             .startMs = 0.0,
-                             .endMs = 800.0,
-                             .cursorMs = {},
-                             .selection = {}};
-  return Drawn(
-      [&](QPainter& painter, const PaintStyle& style) { PaintPitch(painter, picture, style); });
-}
-
 std::string ZoomFromCursor(const Settings& settings) {
-  Tone tone(settings);
-  PlaceMarker(tone.recording.view, 100.0);
-  ZoomView(tone.recording.view, Zoom::kFromCursor);
-  return std::to_string(tone.recording.channel().visibleEnd.samples);
+  Sample sample(settings);
+  PlaceMarker(sample.view, 100.0);
+  ZoomView(sample.view, Zoom::kFromCursor);
+  return std::to_string(sample.view.channel().visibleEnd.samples);
 }
 
 std::string GainPreset(const Settings& settings) {
-  Tone tone(settings);
-  tone.world.dialogs.gain.WillCancel();
-  SelectSamples(tone.recording, 0.0, 1000.0);
-  ReferenceAndGain(tone.recording.view);
-  const GainSettings& preset = tone.world.dialogs.gain.presets.at(0);
+  Sample sample(settings);
+  sample.world.dialogs.gain.WillCancel();
+  SelectSpan(sample.view, 0.0, 100.0);
+  ReferenceAndGain(sample.view);
+  const GainSettings& preset = sample.world.dialogs.gain.presets.at(0);
   return Listed(std::array{preset.gainPercent, preset.reference});
 }
 
@@ -184,10 +116,8 @@ std::string StorageOfSample(const Settings& settings) {
 }
 
 std::string TracksAfterOpening(const Settings& settings) {
-  Sample sample(settings);
-  CSonadexView view(sample.document, sample.world.Services());
-  view.Begin({645, 500});
-  return std::to_string(view.pitch.count()) +
+  const Sample sample(settings);
+  return std::to_string(sample.view.pitch.count()) +
          (sample.document.channel().intensity.IntensityValid ? " and intensity" : "");
 }
 
@@ -200,14 +130,14 @@ std::string ShownSize(const Settings& settings) {
 
 // What a drag in a spectrogram window does to the main view.
 std::string TrackedMouse(const Settings& settings) {
-  Tone tone(settings);
-  CSpectrogramView window(tone.recording.document, {&tone.recording.view, {}, {}});
-  EXPECT_TRUE(window.ComputeSpectrogram({0.0, tone.recording.channel().totalLength}, {300, 200}));
+  Sample sample(settings);
+  CSpectrogramView window(sample.document, {&sample.view, {}, {}});
+  EXPECT_TRUE(window.ComputeSpectrogram(sample.Between(0.0, 1000.0), {300, 200}));
   window.plot = {0, 0, 300, 200};
   window.Press(100, 50);
   window.Move(200, 50);
   window.Release(200, 50);
-  return tone.recording.view.selectionShown() ? "selected" : "left alone";
+  return sample.view.selectionShown() ? "selected" : "left alone";
 }
 
 // Only the file has it: what it was for is gone, or another field decides.
@@ -216,26 +146,36 @@ std::string InTheFileAlone(const Settings& settings) {
   return {reinterpret_cast<const char*>(record.data()), record.size()};
 }
 
+using Effect = std::function<std::string(const Settings&)>;
+
 // With the windows of the program.
 class SettingsEffects : public AnalysisDesktopTest {
  protected:
-  SettingsEffects() : view(&OpenSample()) { Select(*view, 1700.0, 1900.0); }
-
-  // The picture that is saved under these settings.
-  std::string MainSheet(const Settings& settings) {
-    view->document().settings = settings.document;
-    return SizedBytes(Saved([this] { Perform(Command::kSaveAsBmp); }));
+  SettingsEffects() : view(&OpenSample()) {
+    Select(*view, 1700.0, 1900.0);
+    Perform(Command::kPitchAll);
   }
-  std::string SheetOf(WindowKind kind, Command open, const Settings& settings) {
-    if (windows.Find(*view, kind) == nullptr) Perform(open);
-    view->document().settings = settings.document;
-    return SizedBytes(SavedFrom(Find(*view, kind)));
+
+  // What saves the picture of the main view, or that of a window, under given settings.
+  Effect MainSheet() {
+    return [this](const Settings& settings) {
+      view->document().settings = settings.document;
+      view->LayOut(view->layout.client);
+      return SizedBytes(Saved([this] { Perform(Command::kSaveAsBmp); }));
+    };
+  }
+  Effect SheetOf(WindowKind kind, Command open) {
+    return [this, kind, open](const Settings& settings) {
+      if (windows.Find(*view, kind) == nullptr) Perform(open);
+      view->document().settings = settings.document;
+      return SizedBytes(SavedFrom(Find(*view, kind)));
+    };
   }
 
   // Where the windows of a new program stand.
   std::string Places(const Settings& settings) {
     app.host.application = settings.application;
-    CMainFrame other{{app, progress, dialogs, textMeasurer, opener, clipboard}};
+    CMainFrame other{services};
     AnalysisWindowSet others{services};
     Enter(others, other);
     other.SetAnalysisWindows(&others);
@@ -267,8 +207,6 @@ class SettingsEffects : public AnalysisDesktopTest {
   CSonadexView* view;
 };
 
-using Effect = std::function<std::string(const Settings&)>;
-
 // What other values of some fields change, each alone, beside `with`, which both sides have.
 struct Group {
   Effect effect;
@@ -288,13 +226,10 @@ std::vector<std::pair<std::string, std::string>> PairsOf(const std::string& valu
 
 TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
   const Effect places = [this](const Settings& s) { return Places(s); };
-  const Effect mainSheet = [this](const Settings& s) { return MainSheet(s); };
-  const Effect spectrumSheet = [this](const Settings& s) {
-    return SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection, s);
-  };
-  const Effect spectrogramSheet = [this](const Settings& s) {
-    return SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection, s);
-  };
+  const Effect mainView = MainSheet();
+  const Effect spectrum = SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection);
+  const Effect spectrogram = SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection);
+  const Effect pitch = SheetOf(WindowKind::kPitch, Command::kPitchSelection);
   std::vector<Group> groups{
       {StorageOfSample, "application.memoryMinutes=0"},
       {NewDocument, "document.referenceRateHz=16000"},
@@ -308,38 +243,33 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
        "display.recordingInput=1 carried.word1=7 carried.word2=7 spectrogram.sizeIndex=5"
        " generic.headerBytes=44 generic.rateHz=8000 generic.sixteenBit=0 generic.highByteFirst=0"
        " generic.binary=0"},
-      {mainSheet, "display.printUnit=1 display.printWidth=5 display.printHeight=5"},
-      {MainViewDrawn,
-       "display.drawAudio=0 display.drawIntensity=0 display.drawPitch=0 display.drawTiers=0"
-       " display.drawGrids=0 display.timeBase=1 display.intensityInOwnPane=1"
-       " display.audioPanePercent=30 display.pitchPanePercent=30"
-       " pitch.displayHighHz=400 pitch.displayLowHz=100"},
-      {SpectrumValues,
+      {mainView,
+       "display.printUnit=1 display.printWidth=5 display.printHeight=5 display.drawAudio=0"
+       " display.drawIntensity=0 display.drawPitch=0 display.drawTiers=0 display.drawGrids=0"
+       " display.timeBase=1 display.intensityInOwnPane=1 display.audioPanePercent=30"
+       " display.pitchPanePercent=30 pitch.displayHighHz=400 pitch.displayLowHz=100"},
+      {spectrum,
        "fftlpc.points=1024 fftlpc.windowMs=12 fftlpc.stepMs=33 fftlpc.rangeHz=3000"
-       " fftlpc.lpcOrder=8 spectrogram.preEmphasis=0"},
-      {SpectrumDrawn, "fftlpc.relative=0", "fftlpc.absoluteDb=150"},
-      {SpectrumDrawn, "fftlpc.absoluteDb=150", "fftlpc.relative=0"},
-      {SpectrumDrawn,
-       "fftlpc.addFrequencyGrid=0 fftlpc.frequencyGridHz=300 fftlpc.addPowerGrid=0"
-       " fftlpc.powerGridDb=7 fftlpc.drawLpc=0"},
-      {spectrumSheet,
-       "fftlpc.blackWhite=0 fftlpc.printWidth=5 fftlpc.printHeight=5 fftlpc.printUnit=1"},
+       " fftlpc.lpcOrder=8 spectrogram.preEmphasis=0 fftlpc.addFrequencyGrid=0"
+       " fftlpc.frequencyGridHz=300 fftlpc.addPowerGrid=0 fftlpc.powerGridDb=7 fftlpc.drawLpc=0"
+       " fftlpc.blackWhite=0 fftlpc.printWidth=5 fftlpc.printHeight=5 fftlpc.printUnit=1"},
+      {spectrum, "fftlpc.relative=0", "fftlpc.absoluteDb=150"},
+      {spectrum, "fftlpc.absoluteDb=150", "fftlpc.relative=0"},
       {Levels, "intensity.windowMs=50 intensity.stepMs=5 intensity.relative=1"},
-      {SpectrogramDrawn,
+      {spectrogram,
        "spectrogram.points=512 spectrogram.rangeHz=3000 spectrogram.dynamicRangeDb=60"
        " spectrogram.displayFormants=0 spectrogram.lpcOrder=8 spectrogram.trackFormants=0"
        " spectrogram.drawAudio=1 spectrogram.drawIntensity=1 spectrogram.drawLabels=1"
        " spectrogram.addFrequencyGrid=0 spectrogram.frequencyGridHz=700"
-       " spectrogram.timeGridMs=0"},
-      {SpectrogramDrawn, "spectrogram.addTimeGrid=0", "spectrogram.timeGridMs=90"},
-      {spectrogramSheet, "spectrogram.printWidth=5 spectrogram.printHeight=5"},
+       " spectrogram.timeGridMs=0 spectrogram.printWidth=5 spectrogram.printHeight=5"},
+      {spectrogram, "spectrogram.addTimeGrid=0", "spectrogram.timeGridMs=90"},
       {PitchValues,
        "pitch.windowMs=60 pitch.stepMs=20 pitch.thresholdPercent=60 pitch.deviationHz=1",
        "pitch.method=0"},
       {PitchValues,
        "pitch.highHz=260 pitch.lowHz=115 pitch.method=0 pitch.voicingLevel=30000"
        " pitch.tolerancePercent=0"},
-      {PitchDrawn, "pitch.addFrequencyGrid=0 pitch.frequencyGridHz=55"},
+      {pitch, "pitch.addFrequencyGrid=0 pitch.frequencyGridHz=55"},
   };
   for (const std::string window : {"mainView", "fftLpc", "spectrogram", "log", "labelList"}) {
     const std::string field = " application." + window;
@@ -378,28 +308,24 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
 
 // Fields that a document keeps and no file holds.
 TEST_F(SettingsEffects, SoDoTheFieldsOfThePitchWindow) {
-  struct Unsaved {
-    const char* name;
-    void (*change)(PitchSettings&);
-    Effect effect;
+  const std::pair<const char*, void (*)(PitchSettings&)> rows[] = {
+      {"addTimeGrid", [](PitchSettings& p) { p.addTimeGrid = 0; }},
+      {"timeGridMs", [](PitchSettings& p) { p.timeGridMs = 90; }},
+      {"timeGridMs 0", [](PitchSettings& p) { p.timeGridMs = 0; }},
+      {"addAudio", [](PitchSettings& p) { p.addAudio = 1; }},
+      {"addIntensity", [](PitchSettings& p) { p.addIntensity = 1; }},
+      {"addLabels", [](PitchSettings& p) { p.addLabels = 0; }},
+      {"printWidth", [](PitchSettings& p) { p.printWidth = 5.0; }},
+      {"printHeight", [](PitchSettings& p) { p.printHeight = 5.0; }},
   };
-  const Effect sheet = [this](const Settings& s) {
-    return SheetOf(WindowKind::kPitch, Command::kPitchSelection, s);
-  };
-  for (const Unsaved& row : {
-           Unsaved{"addTimeGrid", [](PitchSettings& p) { p.addTimeGrid = 0; }, PitchDrawn},
-           Unsaved{"timeGridMs", [](PitchSettings& p) { p.timeGridMs = 90; }, PitchDrawn},
-           Unsaved{"timeGridMs 0", [](PitchSettings& p) { p.timeGridMs = 0; }, PitchDrawn},
-           Unsaved{"addAudio", [](PitchSettings& p) { p.addAudio = 1; }, PitchDrawn},
-           Unsaved{"addIntensity", [](PitchSettings& p) { p.addIntensity = 1; }, PitchDrawn},
-           Unsaved{"addLabels", [](PitchSettings& p) { p.addLabels = 0; }, PitchDrawn},
-           Unsaved{"printWidth", [](PitchSettings& p) { p.printWidth = 5.0; }, sheet},
-           Unsaved{"printHeight", [](PitchSettings& p) { p.printHeight = 5.0; }, sheet},
-       }) {
-    const Settings usual{{}, DefaultDocumentSettings()};
+  Select(*view, 1000.0, 2500.0);
+  const Effect sheet = SheetOf(WindowKind::kPitch, Command::kPitchSelection);
+  const Settings usual{{}, DefaultDocumentSettings()};
+  const std::string was = sheet(usual);
+  for (const auto& [name, change] : rows) {
     Settings changed = usual;
-    row.change(changed.document.pitch);
-    EXPECT_TRUE(row.effect(changed) != row.effect(usual)) << row.name << " changes nothing";
+    change(changed.document.pitch);
+    EXPECT_TRUE(sheet(changed) != was) << name << " changes nothing";
   }
 }
 

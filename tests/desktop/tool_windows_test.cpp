@@ -261,9 +261,13 @@ TEST_F(ToolWindows, AModifiedLogAsksBeforeItCloses) {
   EXPECT_EQ(prompts.TakeTranscript().size(), 2U);
 }
 
-TEST_F(ToolWindows, PlacesAreRemembered) {
+TEST_F(ToolWindows, StandAsideAndTheirPlacesAreRemembered) {
+  frame.setGeometry(0, 0, 1000, 700);
   OpenSample();
   Perform(Command::kViewLabels);
+  Perform(Command::kLogNew);
+  EXPECT_EQ(frame.labelList().geometry(), QRect(539, 140, 420, 360));
+  EXPECT_EQ(frame.log().geometry(), QRect(199, 319, 760, 300));
   frame.labelList().setGeometry(120, 130, 410, 320);
   QApplication::processEvents();
   const WindowPlacement& place = app.host.application.labelList;

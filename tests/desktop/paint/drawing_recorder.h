@@ -33,20 +33,13 @@ class DrawingRecorder : public QPaintDevice {
 
  protected:
   int metric(PaintDeviceMetric metric) const override {
-    switch (metric) {
-      case PdmWidth:
-        return static_cast<int>(size_.width() * pixelRatio_);
-      case PdmHeight:
-        return static_cast<int>(size_.height() * pixelRatio_);
-      case PdmDevicePixelRatio:
-        return static_cast<int>(pixelRatio_);
-      case PdmDevicePixelRatioScaled:
-        return static_cast<int>(pixelRatio_ * devicePixelRatioFScale());
-      case PdmDepth:
-        return 32;
-      default:
-        return 96;
+    if (metric == PdmWidth) return static_cast<int>(size_.width() * pixelRatio_);
+    if (metric == PdmHeight) return static_cast<int>(size_.height() * pixelRatio_);
+    if (metric == PdmDevicePixelRatio) return static_cast<int>(pixelRatio_);
+    if (metric == PdmDevicePixelRatioScaled) {
+      return static_cast<int>(pixelRatio_ * devicePixelRatioFScale());
     }
+    return metric == PdmDepth ? 32 : 96;
   }
 
  private:

@@ -29,14 +29,21 @@ class PictureCommand : public testing::Test {
   std::string errors;
 };
 
-TEST_F(PictureCommand, DrawsEveryKind) {
+TEST_F(PictureCommand, DrawsEveryKindAsItsOptionsSay) {
   for (const char* const kind : {"main", "pitch", "spectrum", "spectrogram"}) {
-    const std::string out = Path(std::string(kind) + ".png");
-    EXPECT_EQ(Run({"--picture", kind, out, "--size", "400x300", "--select", "500:700", kVowels}), 0)
-        << kind << errors;
-    EXPECT_EQ(errors, "") << kind;
-    const QImage image(QString::fromStdString(out));
-    EXPECT_EQ(image.size(), QSize(400, 300)) << kind;
+    const auto draw = [&](std::vector<std::string> arguments) {
+      arguments.insert(arguments.begin(), {"--picture", kind, Path("a.png"), kVowels});
+      EXPECT_EQ(Run(arguments), 0) << kind;
+      EXPECT_EQ(errors, "") << kind;
+      return QImage(QString::fromStdString(Path("a.png")));
+    };
+    EXPECT_EQ(draw({}).size(), QSize(1000, 600)) << kind;
+    const QImage plain = draw({"--size", "400x300"});
+    EXPECT_EQ(plain.size(), QSize(400, 300)) << kind;
+    EXPECT_EQ(draw({"--size", "400x300", "--scale", "2"}).size(), QSize(800, 600)) << kind;
+    EXPECT_NE(draw({"--size", "400x300", "--dark"}), plain) << kind;
+    EXPECT_NE(draw({"--size", "400x300", "--at", "1900"}), plain) << kind;
+    EXPECT_NE(draw({"--size", "400x300", "--select", "1700:1800"}), plain) << kind;
   }
 }
 

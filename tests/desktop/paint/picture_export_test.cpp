@@ -35,10 +35,10 @@ double Difference(const QImage& a, const QImage& b) {
 
 class PictureExport : public testing::Test {
  protected:
-  void Export(const std::string& name, double ratio = 1.0) {
+  void Export(const std::string& name) {
     const PictureLayout layout(analysed.recording.view, kSize);
     const MainViewPicture picture{analysed.recording.view, analysed.waveform.Pyramid()};
-    ExportPicture(Path(name), QSize(kSize.width, kSize.height), ratio, [&](QPainter& painter) {
+    ExportPicture(Path(name), QSize(kSize.width, kSize.height), 1.0, [&](QPainter& painter) {
       PaintMainView(painter, picture, StyleOf(PaletteKind::kLight));
     });
   }
@@ -65,21 +65,6 @@ TEST_F(PictureExport, EveryFormatShowsTheSamePicture) {
   const QByteArray pdf = BytesOf(Path("a.pdf"));
   EXPECT_TRUE(pdf.startsWith("%PDF"));
   EXPECT_TRUE(pdf.contains("/MediaBox [0 0 480")) << "640 pixels of 1/96 inch";
-}
-
-TEST_F(PictureExport, TheViewIsLaidOutAsBefore) {
-  const ViewLayout before = analysed.recording.view.layout;
-  Export("a.png");
-  const ViewLayout& after = analysed.recording.view.layout;
-  EXPECT_EQ(after.client.width, before.client.width);
-  EXPECT_EQ(after.pitch.bottom, before.pitch.bottom);
-  EXPECT_EQ(after.tier(1).bottom, before.tier(1).bottom);
-  EXPECT_EQ(after.axisWidth(), before.axisWidth());
-}
-
-TEST_F(PictureExport, ResolutionOfBitmapsFollowsTheRatio) {
-  Export("a.PNG", 2.0);
-  EXPECT_EQ(QImage(QString::fromStdString(Path("a.PNG"))).size(), QSize(1280, 800));
 }
 
 TEST_F(PictureExport, AFailureLeavesTheEarlierFile) {
