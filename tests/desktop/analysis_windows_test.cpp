@@ -131,6 +131,12 @@ TEST_F(AnalysisWindowsTest, KeysEnterRowsIntoTheOpenLog) {
   Press(spectrum, Qt::Key_M, enter);
   Press(spectrum, Qt::Key_F, enter);
   Press(spectrogram, Qt::Key_A, enter);
+  const CSpectrogramView& levels = SpectrogramOf(view);
+  for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Up, Qt::Key_Up, Qt::Key_Down}) {
+    Press(spectrogram, key, Qt::ShiftModifier);
+  }
+  const double pixelHz = levels.spectrogram().maxHz / (levels.plot.bottom - levels.plot.top);
+  EXPECT_NEAR(levels.cursorHz, 10.0 * pixelHz, pixelHz);
   const auto& rows = app.log->rows();
   const auto columns = static_cast<std::size_t>(SpectrogramOf(view).spectrogram().columns);
   ASSERT_EQ(rows.size(), 2 + columns);
@@ -211,7 +217,11 @@ TEST_F(AnalysisWindowsTest, AnEditShowsInTheOldPictureUntilItIsUpdated) {
   EXPECT_THAT(SheetOf(window),
               HasSubstr("\"The recording has changed since this was computed. Press Update (F5) to "
                         "compute again.\""));
+  const QLabel* const note = window.canvas().findChild<QLabel*>();
+  EXPECT_NEAR(note->geometry().center().x(), window.canvas().width() / 2, 2);
+  EXPECT_EQ(note->y(), 12);
   Press(window, Qt::Key_F5);
+  EXPECT_FALSE(note->isVisible());
   EXPECT_FALSE(window.model().samplesChanged());
   EXPECT_EQ(SpectrogramOf(view).spectrogram().range.end, 10000.0);
 }
@@ -221,6 +231,9 @@ TEST_F(AnalysisWindowsTest, ANewSizeAndRangeAreComputedAtARest) {
   Perform(Command::kSpectrogramAll);
   auto& window = dynamic_cast<CSpectrogramFrame&>(Find(view, WindowKind::kSpectrogram));
   const std::int64_t columns = SpectrogramOf(view).spectrogram().columns;
+  const QImage grey = window.canvas().grab().toImage();
+  window.findChild<QComboBox*>()->setCurrentIndex(2);
+  EXPECT_NE(window.canvas().grab().toImage(), grey) << "Ember";
   window.resize(window.width() - 60, window.height());
   window.dynamicRange().setValue(50);
   EXPECT_EQ(SpectrogramOf(view).spectrogram().columns, columns);
@@ -281,7 +294,14 @@ TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
     AnalysisFrame& window = Find(view, kind);
     EXPECT_EQ(SavedFrom(window).size(), size);
     window.Perform(WindowCommand::kCopyPicture);
-    EXPECT_EQ(QGuiApplication::clipboard()->image().size(), window.canvas().size() * 2);
+    const FileRequest& asked = prompts.fileRequests.back();
+    EXPECT_EQ(asked.proposedName + ", " + asked.defaultExtension + ", " + asked.filter,
+              "vowels, png, PNG pictures (*.png)|*.png|Bitmaps (*.bmp)|*.bmp|"
+              "SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf|");
+    const QImage copied = QGuiApplication::clipboard()->image();
+    EXPECT_EQ(copied.size(), window.canvas().size() * 2);
+    EXPECT_EQ(copied.pixelColor(copied.width() - 2, copied.height() - 2),
+              StyleOf(PaletteKind::kLight).background);
     window.Perform(WindowCommand::kCopyReadouts);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), window.canvas().accessibleDescription());
   }

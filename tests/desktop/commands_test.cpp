@@ -36,6 +36,7 @@ class Commands : public DesktopTest {
     QStringList parts{action.text(), action.shortcut().toString(), action.toolTip(),
                       action.statusTip()};
     if (!icon.isNull()) {
+      if (action.isIconVisibleInMenu()) parts << "drawn in menus";
       for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Selected}) {
         parts << InkOf(icon, mode);
       }

@@ -30,7 +30,11 @@ inline QString SheetLine(const QWidget& widget) {
   const QString name = widget.accessibleName() + " = ";
   if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
     return '[' + group->title() + ']';
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return '"' + label->text() + '"';
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+    const QString buddy =
+        label->buddy() == nullptr ? "" : " for " + label->buddy()->accessibleName();
+    return '"' + label->text() + '"' + buddy;
+  }
   if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return name + ListOf(*list);
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
     if (button->text().isEmpty()) return {};
@@ -48,7 +52,8 @@ inline QString SheetLine(const QWidget& widget) {
   constexpr int kUsualLetters = 32767;
   const int letters = field->maxLength();
   const QString most = letters == kUsualLetters ? "" : QString(", %1 letters").arg(letters);
-  return name + field->text() + most;
+  const QString side = (field->alignment() & Qt::AlignRight) != 0 ? ", right" : "";
+  return name + field->text() + most + side;
 }
 
 // A line for each widget, below the title; `remark` has more to say of one.

@@ -76,6 +76,18 @@ TEST_F(PromptsTest, TheOpenDialogGivesPathAndFilter) {
   EXPECT_EQ(choice->filterIndex, 13);
 }
 
+TEST_F(PromptsTest, AFolderIsChosen) {
+  const TemporaryFolder folder;
+  for (const bool chosen : {true, false}) {
+    WhenOpen<QFileDialog>([chosen](QFileDialog& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Select a folder");
+      static_cast<QDialog&>(dialog).done(chosen ? QDialog::Accepted : QDialog::Rejected);
+    });
+    EXPECT_EQ(prompts.ChooseFolder(folder.path()).value_or("none"),
+              chosen ? folder.path() : "none");
+  }
+}
+
 TEST_F(PromptsTest, TheSaveDialogProposesANameAndAlwaysAsksBeforeOverwriting) {
   FileRequest request;
   request.title = "Save a Copy As";

@@ -207,7 +207,13 @@ TEST_F(ToolWindows, TakingRowsOutOfASavedLogModifiesIt) {
   EXPECT_TRUE(app.log->isModified());
   EXPECT_TRUE(frame.log().isWindowModified());
   EXPECT_EQ(Text(table, 7, 2), "8");
-  prompts.TakeTranscript();
+  for (const Command command : {Command::kLogSaveAs, Command::kLogOpen}) {
+    prompts.WillChooseFile(folder / "log.txt");
+    Perform(command);
+    EXPECT_FALSE(frame.log().isWindowModified());
+    EXPECT_EQ(table.model()->rowCount(), 59);
+  }
+  EXPECT_EQ(prompts.TakeTranscript().size(), 3U);
 }
 
 TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
@@ -219,7 +225,9 @@ TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
   QApplication::setActiveWindow(&frame.log());
   QTableView& table = frame.log().form().table();
   table.setFocus();
+  QApplication::clipboard()->clear();
   QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), "");
   QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 2);
   EXPECT_FALSE(clipboard.clipboardFull);
@@ -266,6 +274,10 @@ TEST_F(ToolWindows, StandAsideAndTheirPlacesAreRemembered) {
   OpenSample();
   Perform(Command::kViewLabels);
   Perform(Command::kLogNew);
+  Perform(Command::kDisplayOptions);
+  EXPECT_TRUE(frame.displayOptions().isVisible());
+  EXPECT_EQ(frame.displayOptions().pos(),
+            QPoint(939 - frame.displayOptions().sizeHint().width(), 120));
   EXPECT_EQ(frame.labelList().geometry(), QRect(539, 140, 420, 360));
   EXPECT_EQ(frame.log().geometry(), QRect(199, 319, 760, 300));
   frame.labelList().setGeometry(120, 130, 410, 320);

@@ -88,7 +88,10 @@ class DrawingRecorder : public QPaintDevice {
                        item.ascent() + item.descent());
       const QRectF seen = painter()->transform().mapRect(box);
       recorder_.drawing.texts.push_back({item.text().toStdString(), seen});
-      Note(QStringLiteral("text \"%1\" %2px").arg(item.text()).arg(item.font().pixelSize()), box);
+      const QFont font = item.font();
+      Note(QString("text \"%1\" %2px").arg(item.text()).arg(font.pixelSize()) +
+               (font.bold() ? " bold" : "") + (font.italic() ? " italic" : ""),
+           box);
     }
 
    private:

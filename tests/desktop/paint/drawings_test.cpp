@@ -57,6 +57,16 @@ void Zoomed(QPainter& painter, AnalysedRecording& analysed, PixelSize size) {
   Draw(painter, analysed, StyleOf(PaletteKind::kLight));
 }
 
+// More samples and entries of the tracks than pixels.
+void ZoomedOut(QPainter& painter, AnalysedRecording& analysed, PixelSize) {
+  CChannel& channel = analysed.recording.channel();
+  channel.totalLength *= 20.0;
+  channel.totalDurationMs *= 20.0;
+  channel.ShowWholeFile();
+  channel.tiers[0].labels[1].timeMs *= 20.0;
+  Draw(painter, analysed, BlackOnWhite());
+}
+
 // Wide numbers on the time axis: hours in milliseconds, zoomed in.
 void FarOut(QPainter& painter, AnalysedRecording& analysed, PixelSize) {
   CChannel& channel = analysed.recording.channel();
@@ -156,9 +166,9 @@ TEST_P(Drawings, KeepTextsInsideAndApart) {
 INSTANTIATE_TEST_SUITE_P(
     All, Drawings,
     testing::Values(Row{"MainView", MainView}, Row{"IntensityPane", IntensityPane, {1200, 600}},
-                    Row{"Zoomed", Zoomed}, Row{"FarOut", FarOut}, Row{"Spectrum", SpectrumWindow},
-                    Row{"PrintedSpectrum", PrintedSpectrum}, Row{"Spectrogram", SpectrogramWindow},
-                    Row{"Pitch", PitchWindow}),
+                    Row{"Zoomed", Zoomed}, Row{"ZoomedOut", ZoomedOut}, Row{"FarOut", FarOut},
+                    Row{"Spectrum", SpectrumWindow}, Row{"PrintedSpectrum", PrintedSpectrum},
+                    Row{"Spectrogram", SpectrogramWindow}, Row{"Pitch", PitchWindow}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace

@@ -17,10 +17,11 @@ constexpr PixelSize kClient{645, 500};
 
 class MainViewCanvasTest : public testing::Test {
  protected:
-  QImage Paint() {
-    return Painted(kClient, [this](QPainter& painter, const PaintStyle& style) {
+  QImage Paint(double pixelRatio = 1.0) {
+    const auto paint = [this](QPainter& painter, const PaintStyle& style) {
       canvas.Paint(painter, style);
-    });
+    };
+    return Painted(kClient, paint, pixelRatio);
   }
   // Changes the samples behind everybody's back: a picture that was kept does not show it.
   void ChangeSamplesSilently() {
@@ -75,11 +76,12 @@ TEST_F(MainViewCanvasTest, EveryOtherChangeIsPaintedAnew) {
 
 TEST_F(MainViewCanvasTest, IsTheSameAsThePictureItself) {
   recording.view.LayOut(kClient);
-  Paint();
   const auto paint = [this](QPainter& painter, const PaintStyle& style) {
     PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
   };
-  EXPECT_EQ(Paint(), Painted(kClient, paint));
+  for (const double ratio : {1.0, 2.0}) {
+    for (int time = 0; time < 2; ++time) EXPECT_EQ(Paint(ratio), Painted(kClient, paint, ratio));
+  }
 }
 
 }  // namespace

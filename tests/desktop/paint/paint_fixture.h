@@ -67,9 +67,10 @@ struct AnalysedRecording {
     recording.channel().tiers[1].labels[0].flag = 1;
     AddLabel(recording.document, 0, 450.0, "red");
     Label& red = recording.channel().tiers[0].labels[1];
-    red.colour = 0x2010d0U;  // red in the lowest byte
+    red.colour = 0x2111d1U;  // red in the lowest byte
     red.alignment = kAlignRight;
     red.flag = 1;
+    red.font.Set(-18, 700, true, false, "Arial");
     CChannel& channel = recording.channel();
     NoProgress progress;
     const SampleRange all{0.0, channel.totalLength};

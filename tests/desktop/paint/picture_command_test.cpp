@@ -60,6 +60,7 @@ TEST_F(PictureCommand, RefusesWhatItDoesNotUnderstand) {
       {"--picture", "main", out, "--select", "9:3", kVowels},
       {"--picture", "main", out, "--scale", "nan", kVowels},
       {"--picture", "main", out, "--at", "soon", kVowels},
+      {"--picture", "main", out, "--at", "12x", kVowels},
       {"--picture", "main", out, kVowels, "--size"},
   };
   for (const auto& row : rows) {

@@ -52,6 +52,9 @@ TEST_F(PictureExport, EveryFormatShowsTheSamePicture) {
   for (const char* const name : {"a.png", "a.bmp", "a.svg", "a.pdf"}) Export(name);
   const QImage png(QString::fromStdString(Path("a.png")));
   ASSERT_EQ(png.size(), QSize(kSize.width, kSize.height));
+  for (const QPoint corner : {QPoint(0, 0), QPoint(639, 399)}) {
+    EXPECT_EQ(png.pixelColor(corner), StyleOf(PaletteKind::kLight).background);
+  }
   EXPECT_EQ(QImage(QString::fromStdString(Path("a.bmp"))).convertToFormat(png.format()), png);
 
   QSvgRenderer svg(BytesOf(Path("a.svg")));
