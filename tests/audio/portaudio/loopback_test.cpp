@@ -146,6 +146,47 @@ TEST(Loopback, BringsBackEverySampleAtEveryRate) {
   RunAll(cases);
 }
 
+// Whether sound is coming in at the moment, after the time it takes to come back.
+bool IsHeard(Studio& studio) {
+  std::vector<std::int16_t> piece(studio.rateHz);
+  piece.resize(studio.tap->Fetch(piece));
+  return std::any_of(piece.begin(), piece.end(), [](auto s) { return s != 0; });
+}
+
+// In the middle of ten hours on the disk: the first sound, and the silence, in milliseconds.
+bool AnswersAtOnce() {
+  constexpr std::int64_t kHour = std::int64_t{16000} * 3600;
+  PulseServer server;
+  if (!Expect(server.Start(16000), "the server comes up")) return false;
+  TemporaryFolder folder;
+  File file = File::Create(folder / "hours");
+  file.Resize(10 * kHour * 2);
+  const auto sound = SamplesFrom(0, 160000);
+  file.Write(5 * kHour * 2, std::as_bytes(std::span(sound)));
+  Studio studio(16000);
+  bool good = Expect(studio.recorder.Start(), "recorder starts");
+  good &= Expect(Eventually([&] { return studio.in->Status().acceptedSamples > 0; }), "comes in");
+  const double begin = SecondsNow();
+  studio.player.SetUpFromFile(std::move(file), {5 * kHour, 5 * kHour, 16000});
+  good &= Expect(studio.player.Start(), "player starts");
+  good &= Expect(Eventually([&] { return IsHeard(studio); }), "something is heard");
+  const double heard = SecondsNow();
+  studio.player.Stop();
+  const double stopped = SecondsNow();
+  good &= Expect(Eventually([&] {
+                   studio.clock.SleepMs(30.0);
+                   return !IsHeard(studio);
+                 }),
+                 "it falls silent");
+  const double silent = SecondsNow();
+  std::printf(
+      "first sound after %.0f ms, stopped after %.0f ms, nothing comes back after %.0f ms\n",
+      (heard - begin) * 1000.0, (stopped - heard) * 1000.0, (silent - heard) * 1000.0);
+  studio.recorder.Stop();
+  // Alone on a machine both take a fifth of a second; a busy one takes its time.
+  return good & Expect(heard - begin < 0.7 && silent - heard < 0.9, "in time");
+}
+
 // LOOPBACK_MINUTES of it; one when that is not set.
 TEST(Loopback, LosesAndInsertsNothingInALongRecording) {
   const char* const wanted = std::getenv("LOOPBACK_MINUTES");
@@ -261,6 +302,7 @@ TEST(Loopback, SurvivesWhatHappensToTheServer) {
           {"sink unloaded", [] { return Survives([](PulseServer& s) { s.Unload(); }, true); }},
           {"absent and late", FindsALateServer},
           {"opened 200 times", OpensManyTimes},
+          {"ten hours", AnswersAtOnce},
           {"quiet", IsQuiet}});
 }
 
