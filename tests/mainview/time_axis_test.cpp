@@ -1,8 +1,16 @@
-// time_axis_test.cpp - pixels to times and back, the cursor's sample, selections either way.
+// time_axis_test.cpp - pixels to times and back, the cursor's sample, selections either way, and
+// what stands at a time: entries of tracks, their mean that weighs later ones more, and the entries
+// and extents under a column of pixels.
 #include "mainview/time_axis.h"
-#include "mainview/view_fixture.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "mainview/track_columns.h"
+#include "mainview/track_lookup.h"
+#include "mainview/view_fixture.h"
 
 namespace cantorix {
 namespace {
@@ -78,6 +86,85 @@ TEST(TimeAxis, SelectionIsTheSameWhicheverWayItIsDragged) {
   EXPECT_EQ(selection(), "700 1400 700 1400 0 0") << "back at the cursor";
   ClearSelection(channel);
   EXPECT_EQ(Joined(channel.selectionEnd.samples, channel.cursor.samples), "0 700");
+}
+
+// A sample every 0.1 ms; tracks run from 100 to 200 ms.
+class TrackLookup : public ::testing::Test {
+ protected:
+  TrackLookup() {
+    SetLength(channel, 10000, 10000);
+    channel.intensity = IntensityOf({50, 60}, {1000, 2000});
+  }
+  CChannel channel;
+  PitchResult pitch = PitchOf({110, 120, 130, 140}, {1000, 2000});
+};
+
+TEST_F(TrackLookup, ReadsTheEntryATimeFallsIntoAndNothingOutside) {
+  const std::pair<double, const char*> rows[] = {{100, "110 50"}, {124, "110 50"}, {126, "120 50"},
+                                                 {160, "130 60"}, {199, "140 60"}, {200, "0 0"},
+                                                 {700, "0 0"},    {70, "0 0"}};
+  const auto read = [this](double ms) {
+    return Joined(PitchAt(pitch, channel, ms), IntensityAt(channel.intensity, channel, ms));
+  };
+  for (const auto& [ms, expected] : rows) EXPECT_EQ(read(ms), expected) << ms;
+  pitch.PitchValid = channel.intensity.IntensityValid = false;
+  EXPECT_EQ(read(100), "0 0");
+  EXPECT_EQ(AveragePitch(pitch, channel, 0, 1000), 0.0);
+  EXPECT_EQ(PitchAt(PitchOf({110}, {1000, 2000}), CChannel(), 0.0), 0.0) << "an empty channel";
+}
+
+TEST_F(TrackLookup, TimesJustBeforeTheTrackReadItsFirstEntryIsKept) {
+  EXPECT_EQ(PitchAt(pitch, channel, 80), 110.0);
+}
+
+TEST_F(TrackLookup, LaterEntriesWeighMoreInTheMeanIsKept) {
+  pitch = PitchOf({100, 0, 200, 120}, {1000, 2000});  // at 100, 125, 150 and 175 ms
+  struct Row {
+    const char* name;
+    double startMs, endMs, meanHz;
+  };
+  for (const Row& row : {Row{"all", 0, 1000, 135}, Row{"ends included", 100, 150, 150},
+                         Row{"first voiced as it is", 110, 160, 200},
+                         Row{"unvoiced only", 120, 130, 0}, Row{"between entries", 151, 174, 0}}) {
+    EXPECT_EQ(AveragePitch(pitch, channel, row.startMs, row.endMs), row.meanHz) << row.name;
+  }
+}
+
+TEST(TrackColumns, HoldTheEntriesThatStandInThem) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  std::vector<double> values(1000);
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    values[i] = i % 7 == 0 ? 0.0 : i % 11 == 0 ? nan : 100.0 + 50.0 * std::sin(double(i));
+  }
+  for (const TrackPlace place :
+       {TrackPlace{0.0, 0.1}, TrackPlace{-40.3, 0.37}, TrackPlace{12.0, 0.05}, TrackPlace{0.0, 3.0},
+        TrackPlace{5000.0, 1.0}}) {
+    const auto columns = TrackColumns(values, place, 90, 0.0);
+    for (std::size_t c = 0; c < columns.size(); ++c) {
+      ValueExtent expected;
+      for (std::size_t i = 0; i < values.size(); ++i) {
+        const double x = place.X(static_cast<double>(i));
+        if (std::floor(x) != static_cast<double>(c) || !(values[i] > 0.0)) continue;
+        const bool first = expected.empty();
+        expected.low = first ? values[i] : std::min(expected.low, values[i]);
+        expected.high = first ? values[i] : std::max(expected.high, values[i]);
+      }
+      EXPECT_EQ(columns[c].low, expected.low) << place.step << ' ' << c;
+      EXPECT_EQ(columns[c].high, expected.high) << place.step << ' ' << c;
+    }
+  }
+}
+
+TEST(TrackColumns, ALineRunsOnToTheEdges) {
+  struct Row {
+    double from, to;
+    const char* entries;
+  };
+  for (const Row& row : {Row{25.0, 55.0, "2 7"}, Row{-5.0, 5.0, "0 2"}, Row{85.0, 500.0, "8 10"},
+                         Row{1000.0, 2000.0, "9 10"}, Row{-50.0, -20.0, "0 1"}}) {
+    const EntryRange range = EntriesAround(10, {0.0, 10.0}, row.from, row.to);
+    EXPECT_EQ(Joined(range.first, range.last), row.entries) << row.from;
+  }
 }
 
 }  // namespace
