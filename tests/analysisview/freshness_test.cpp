@@ -88,7 +88,11 @@ TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   UpdateAll();
   EXPECT_EQ(Joined(spectrum.place().selection->start, spectrum.place().selection->end),
             "1000 3000");
-  EXPECT_EQ(Range(), "0 3000") << "the whole recording stays whole";
+  EXPECT_EQ(Range(), "0 3000");
+  Hold(document, testing::Noise(9000, 5000), 10000.0);
+  document.Notify(DocumentChange::kSamples);
+  spectrogram.Update();
+  EXPECT_EQ(Range(), "0 9000") << "the whole recording stays whole";
 }
 
 TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {

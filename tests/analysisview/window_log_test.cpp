@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 
 Spectrum FourPoints() {
   Spectrum spectrum;
-  spectrum.fftDb = {10.0, 20.25, 30.0, 0.0};
+  spectrum.fftDb = {10.0, 20.25, 30.0, 5.0};
   spectrum.lpcDb = {1.0, 2.0, 3.0, 4.0};
   spectrum.maxHz = 400.0;
   spectrum.formants.frequencyHz = {250.55, 350.5, -1.0, -1.0, -1.0};
@@ -34,10 +34,11 @@ std::vector<std::string> TextsOf(const std::vector<LogEntry>& entries) {
 TEST(FftLpcLog, HasOneDecimalOfWhatIsUnderTheMarkerOfTheFormantsAndOfEveryStep) {
   const Spectrum spectrum = FourPoints();
   const auto marker = [&](double hz) { return FftLpcMarkerEntry("talk.wav", spectrum, hz); };
-  EXPECT_THAT(TextsOf({marker(199.9), marker(400.0), marker(-1.0)}),
-              ElementsAre("talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | 199.9 20.2",
-                          "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | 400.0 0.0",
-                          "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | -1.0 0.0"));
+  const std::string here = "talk.wav: FFT/LPC Marker Entry: freq., FFT_dB | ";
+  EXPECT_THAT(
+      TextsOf({marker(199.9), marker(350.0), marker(399.9999999999), marker(400.0), marker(-1.0)}),
+      ElementsAre(here + "199.9 20.2", here + "350.0 5.0", here + "400.0 5.0", here + "400.0 0.0",
+                  here + "-1.0 0.0"));
   EXPECT_THAT(
       TextsOf({FftLpcFormantsEntry("talk.wav", spectrum)}),
       ElementsAre("talk.wav: FFT/LPC Formants Entry: F1, F2, F3, F4, F5, BW1, BW2, BW3, BW4, BW5 "
@@ -45,7 +46,7 @@ TEST(FftLpcLog, HasOneDecimalOfWhatIsUnderTheMarkerOfTheFormantsAndOfEveryStep) 
   const std::string frame = "talk.wav: FFT/LPC Entire Frame Entry: freq., FFT_dB, LPC_dB | ";
   EXPECT_THAT(
       TextsOf(FftLpcEntireFrameEntries("talk.wav", spectrum, 150)),
-      ElementsAre(frame + "0.0 10.0 1.0", frame + "150.0 20.2 2.0", frame + "300.0 0.0 4.0"));
+      ElementsAre(frame + "0.0 10.0 1.0", frame + "150.0 20.2 2.0", frame + "300.0 5.0 4.0"));
   EXPECT_EQ(FftLpcEntireFrameEntries("", spectrum, 200).size(), 2U) << "below the top";
   EXPECT_EQ(FftLpcEntireFrameEntries("", spectrum, 0).size(), 400U) << "never endless";
   EXPECT_TRUE(FftLpcEntireFrameEntries("", {}, 10).empty());
