@@ -4,6 +4,7 @@
 #include "app/log_file.h"
 #include "batch/printable.h"
 #include "settings/settings.h"
+#include "settings/time_base.h"
 
 namespace cantorix::batch {
 namespace {
@@ -39,8 +40,8 @@ void AppendAll(std::span<const LogEntry> entries, LogRows& rows) {
 }
 
 SpectrogramLogContext LogContextOf(const CSonadexDoc& document) {
-  const bool seconds = document.settings.display.timeBase != 0;
-  return {document.title(), document.channel().msPerSample(), seconds ? 0.001 : 1.0};
+  return {document.title(), document.channel().msPerSample(),
+          TimeFactor(document.settings.display.timeBase)};
 }
 
 }  // namespace cantorix::batch

@@ -11,8 +11,6 @@ class QMdiSubWindow;
 
 namespace cantorix {
 
-using AnalysisKind = WindowKind;
-
 struct AnalysisRequest {
   WindowKind kind;
   std::optional<Stretch> stretch;  // none: the frame at the cursor

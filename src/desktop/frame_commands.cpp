@@ -97,12 +97,12 @@ void FrameCommands::ToggleToolBar() { frame_.ToggleToolBar(); }
 void FrameCommands::ToggleStatusBar() { frame_.ToggleStatusBar(); }
 
 // Analysis
-void FrameCommands::ShowSpectrum() { Analyse({AnalysisKind::kFftLpc, std::nullopt}); }
-void FrameCommands::ShowMeanSpectrum(Stretch stretch) { Analyse({AnalysisKind::kFftLpc, stretch}); }
+void FrameCommands::ShowSpectrum() { Analyse({WindowKind::kFftLpc, std::nullopt}); }
+void FrameCommands::ShowMeanSpectrum(Stretch stretch) { Analyse({WindowKind::kFftLpc, stretch}); }
 void FrameCommands::ShowSpectrogram(Stretch stretch) {
-  Analyse({AnalysisKind::kSpectrogram, stretch});
+  Analyse({WindowKind::kSpectrogram, stretch});
 }
-void FrameCommands::ShowPitch(Stretch stretch) { Analyse({AnalysisKind::kPitch, stretch}); }
+void FrameCommands::ShowPitch(Stretch stretch) { Analyse({WindowKind::kPitch, stretch}); }
 
 void FrameCommands::Analyse(const AnalysisRequest& request) {
   OnView([&](CSonadexView& view) { frame_.analysisWindows()->Open(view, request); });

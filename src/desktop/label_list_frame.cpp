@@ -14,6 +14,7 @@
 #include "mainview/listening.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 namespace {
@@ -27,7 +28,7 @@ void LabelListModel::Show(const CSonadexView* view) {
   rows_.clear();
   if (view != nullptr) {
     rows_ = LabelListRows(view->document());
-    seconds_ = view->document().settings.display.timeBase != 0;
+    timeBase_ = view->document().settings.display.timeBase;
   }
   endResetModel();
 }
@@ -51,7 +52,7 @@ QVariant LabelListModel::data(const QModelIndex& index, int role) const {
     case kTier:
       return Shown(label.tierName);
     case kTime:
-      return Shown(FormatOneDecimal(seconds_ ? label.timeMs * 0.001 : label.timeMs));
+      return Shown(FormatOneDecimal(InTimeBase(label.timeMs, timeBase_)));
     default:
       return Shown(label.text);
   }
@@ -64,7 +65,7 @@ QVariant LabelListModel::headerData(int section, Qt::Orientation orientation, in
     case kTier:
       return QStringLiteral("Tier");
     case kTime:
-      return seconds_ ? QStringLiteral("Time (sec)") : QStringLiteral("Time (ms)");
+      return timeBase_ != 0 ? QStringLiteral("Time (sec)") : QStringLiteral("Time (ms)");
     default:
       return QStringLiteral("Label");
   }

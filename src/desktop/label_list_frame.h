@@ -29,7 +29,7 @@ class LabelListModel : public QAbstractTableModel {
 
  private:
   std::vector<LabelListRow> rows_;
-  bool seconds_ = false;
+  std::int32_t timeBase_ = 0;
 };
 
 class LabelListFrame : public ToolFrame {

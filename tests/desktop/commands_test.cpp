@@ -157,18 +157,18 @@ TEST_F(Commands, AnalysesAreAskedForByKindAndStretch) {
   EXPECT_THAT(analyses.moves, ElementsAre(MousePhase::kPress, MousePhase::kRelease));
   struct Row {
     Command command;
-    AnalysisKind kind;
+    WindowKind kind;
     std::optional<Stretch> stretch;
   };
   for (const Row& row :
-       {Row{Command::kFftLpc, AnalysisKind::kFftLpc, std::nullopt},
-        Row{Command::kFftLpcSelection, AnalysisKind::kFftLpc, Stretch::kSelection},
-        Row{Command::kSpectrogramAll, AnalysisKind::kSpectrogram, Stretch::kAll},
-        Row{Command::kSpectrogramSelection, AnalysisKind::kSpectrogram, Stretch::kSelection},
-        Row{Command::kSpectrogramWindow, AnalysisKind::kSpectrogram, Stretch::kWindow},
-        Row{Command::kPitchAll, AnalysisKind::kPitch, Stretch::kAll},
-        Row{Command::kPitchSelection, AnalysisKind::kPitch, Stretch::kSelection},
-        Row{Command::kPitchWindow, AnalysisKind::kPitch, Stretch::kWindow}}) {
+       {Row{Command::kFftLpc, WindowKind::kFftLpc, std::nullopt},
+        Row{Command::kFftLpcSelection, WindowKind::kFftLpc, Stretch::kSelection},
+        Row{Command::kSpectrogramAll, WindowKind::kSpectrogram, Stretch::kAll},
+        Row{Command::kSpectrogramSelection, WindowKind::kSpectrogram, Stretch::kSelection},
+        Row{Command::kSpectrogramWindow, WindowKind::kSpectrogram, Stretch::kWindow},
+        Row{Command::kPitchAll, WindowKind::kPitch, Stretch::kAll},
+        Row{Command::kPitchSelection, WindowKind::kPitch, Stretch::kSelection},
+        Row{Command::kPitchWindow, WindowKind::kPitch, Stretch::kWindow}}) {
     SCOPED_TRACE(RowOf(row.command).text);
     if (row.command == Command::kFftLpcSelection) Perform(Command::kSelectAll);
     analyses.opened.clear();
