@@ -2,6 +2,7 @@
 // display
 #include <QApplication>
 #include <QLocale>
+#include <QSessionManager>
 #include <clocale>
 #include <iostream>
 #include <memory>
@@ -51,5 +52,11 @@ int main(int argc, char** argv) {
   cantorix::Program program(sound);
   // Qt has taken its own options out of the arguments.
   if (!program.Start(std::vector<std::string>(argv + 1, argv + argc))) return 1;
+  QObject::connect(application.get(), &QGuiApplication::commitDataRequest,
+                   [&program](QSessionManager& session) {
+                     const bool mayAsk = session.allowsInteraction();
+                     if (!program.EndSession(mayAsk)) session.cancel();
+                     if (mayAsk) session.release();
+                   });
   return QApplication::exec();
 }

@@ -53,6 +53,14 @@ bool Program::Start(const std::vector<std::string>& files) {
   return true;
 }
 
+bool Program::EndSession(bool mayAsk) {
+  if (mayAsk) return mainFrame_->close();
+  for (const CSonadexDoc* const document : mainFrame_->documents().All()) {
+    mainFrame_->sound().EndRecording(*document);
+  }
+  return true;
+}
+
 bool Program::OpenAll(const std::vector<std::string>& files) {
   if (files.empty()) {
     mainFrame_->NewDocument();

@@ -32,6 +32,10 @@ class Program {
   // the start-up failed or a file could not be opened; the user has been told.
   bool Start(const std::vector<std::string>& files);
 
+  // The user logs out. Ends a recording and, when questions are allowed, closes as the user would;
+  // false when they keep the program. Without questions what is recorded stays for the next start.
+  bool EndSession(bool mayAsk);
+
  private:
   bool OpenAll(const std::vector<std::string>& files);
 

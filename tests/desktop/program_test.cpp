@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QTest>
 #include <QTimer>
 #include <filesystem>
 
@@ -117,6 +118,26 @@ TEST_F(ProgramTest, OffersWhatAKilledProgramRecorded) {
     EXPECT_TRUE(document.isModified() && document.newRecording);
   }
   EXPECT_TRUE(std::filesystem::exists(folder / "tmp/Recording-20261121-143005-11025Hz-1.raw"));
+}
+
+TEST_F(ProgramTest, TheEndOfTheSessionKeepsARecordingThatRuns) {
+  {
+    Program program(sound);
+    ASSERT_TRUE(program.Start({}));
+    QApplication::processEvents();
+    CMainFrame& frame = *Frame();
+    frame.actions().ActionOf(Command::kRecord).trigger();
+    sound.in->Deliver(std::vector<std::int16_t>(4096, 7));
+    const auto isKept = [&] { return frame.sound().recordingProgress()->seconds > 0.0; };
+    EXPECT_TRUE(QTest::qWaitFor(isKept));
+    EXPECT_TRUE(program.EndSession(false));
+    EXPECT_FALSE(frame.sound().isRecording());
+    EXPECT_TRUE(boxes.texts.empty());
+    // With questions it closes as by the user, who is asked what becomes of the recording.
+    frame.activeView()->document().SetModified(false);
+    EXPECT_TRUE(program.EndSession(true));
+    EXPECT_FALSE(frame.isVisible());
+  }
 }
 
 }  // namespace
