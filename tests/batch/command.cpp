@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -48,12 +49,14 @@ std::string FileText(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string Expected(const std::string& name) {
-  return FileText(SamplesDirectory() + "/../tests/batch/expected/" + name);
-}
-
 void PutFile(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
+}
+
+void ExpectSaid(const std::string& name, const std::string& said) {
+  const std::string path = SamplesDirectory() + "/../tests/batch/expected/" + name;
+  if (std::getenv("CANTORIX_RENEW_EXPECTED") != nullptr) PutFile(path, said);
+  EXPECT_EQ(said, FileText(path)) << name;
 }
 
 CommandResult RunBatch(const Words& words, const CommandHost& host) {

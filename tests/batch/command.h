@@ -25,8 +25,10 @@ struct CommandHost {
 using Table = std::vector<std::vector<std::string>>;
 
 std::string FileText(const std::string& path);
-// A file of the folder "expected", in which the words and digits stand that users see.
-std::string Expected(const std::string& name);
+// Compares with a file of the folder "expected", in which the words and digits stand that users
+// see. With CANTORIX_RENEW_EXPECTED in the environment the file is written first: look at what
+// changed.
+void ExpectSaid(const std::string& name, const std::string& said);
 void PutFile(const std::string& path, const std::string& bytes);
 
 CommandResult RunBatch(const Words& words, const CommandHost& host = {});

@@ -60,7 +60,7 @@ TEST(Expected, EveryWordAndDigitIsGiven) {
          "50"}}},
       {"formants.tsv", {{"formants", "VOWELS", "--step", "50"}}},
   };
-  for (const Row& row : rows) EXPECT_EQ(SaidBy(row.commands), Expected(row.file)) << row.file;
+  for (const Row& row : rows) ExpectSaid(row.file, SaidBy(row.commands));
 }
 
 // The table of the sample's truth has a row for every 10 ms.

@@ -80,7 +80,7 @@ TEST_F(UsageTest, WrongWordsAreRefusedInOneLine) {
       {"import-labels", "@/ten.wav", "t.txt", "--tier", "words", "-o", "@/out.qrv"},
       {"import-labels", "@/ten.wav", "t.txt", "--tier", "words", "--unit", "h", "-o", "@/out.qrv"},
   };
-  EXPECT_EQ(RefusalsOf(folder_.path(), rows), Expected("wrong-words.txt"));
+  ExpectSaid("wrong-words.txt", RefusalsOf(folder_.path(), rows));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "out.qrv"));
 }
 
@@ -99,7 +99,7 @@ TEST_F(UsageTest, WhatADialogRefusesIsRefusedInItsWords) {
       {"spectrum", "@/slow.wav", "--at", "5"},
       {"spectrum", "@/slow.wav", "--at", "5", "--fmax", "4000", "--lpc", "19", "--log"},
   };
-  EXPECT_EQ(RefusalsOf(folder_.path(), rows), Expected("dialog-words.txt"));
+  ExpectSaid("dialog-words.txt", RefusalsOf(folder_.path(), rows));
   EXPECT_EQ(
       OutOf({"pitch", folder_ / "slow.wav", "--low", "50", "--high", "250", "-o", "/dev/null"}),
       "");
@@ -118,7 +118,7 @@ TEST_F(UsageTest, ATimeThatTheRecordingDoesNotHaveIsRefusedWithItsLength) {
       {"spectrogram", "@/ten.wav", "--from", "4", "--to", "4"},
       {"pitch", "@/ten.wav", "--log", "--from", "4", "--to", "4.9"},
   };
-  EXPECT_EQ(RefusalsOf(folder_.path(), rows), Expected("wrong-times.txt"));
+  ExpectSaid("wrong-times.txt", RefusalsOf(folder_.path(), rows));
   // A time that was rounded to one decimal may lie behind the end.
   OutOf({"convert", folder_ / "ten.wav", folder_ / "tail.wav", "--from", "8", "--to", "10.1"});
   EXPECT_EQ(FileText(folder_ / "tail.wav"), Wave({9, 10}, 1000));
