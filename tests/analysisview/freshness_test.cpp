@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "analysisview/fft_lpc_view.h"
@@ -13,6 +14,7 @@
 #include "mainview/analysis_commands.h"
 #include "platform/abandon.h"
 #include "settings/field_text.h"
+#include "support/samples.h"
 
 namespace cantorix {
 namespace {
@@ -66,6 +68,12 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
   EXPECT_EQ(spectrum.spectrum().fftDb, before);
   EXPECT_FALSE(pitch.computed()) << "the track went with the samples";
   EXPECT_THAT(log.entries, IsEmpty());
+}
+
+TEST_F(Windows, NothingIsUpdatedWhereThereNeverWasATrack) {
+  CSonadexView bare(document, around.Services());
+  CPitchView none(bare, Services());
+  EXPECT_FALSE(RunWindowCommand(none, WindowCommand::kUpdate));
 }
 
 TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
@@ -191,8 +199,22 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
   document.settings.spectrogram.trackFormants = 0;
   spectrogram.Update();
   EXPECT_EQ(enabled(spectrogram), "Enter &Marker;Enter &Entire Frame;");
+  EXPECT_NE(TextOf(spectrogram).find("F1(Hz)=- F2(Hz)=-"), std::string::npos);
   around.logOpen = false;
   for (AnalysisWindow* window : all) EXPECT_EQ(enabled(*window), "");
+}
+
+// Kind of window and group, both as their numbers, text, key, tip, conditions, "strip" or "menu".
+TEST_F(Windows, CommandsAreThoseOfTheList) {
+  std::ifstream list(SamplesDirectory() + "/../tests/analysisview/window_commands.txt");
+  std::string line;
+  for (const auto& row : WindowCommands()) {
+    std::getline(list, line);
+    EXPECT_EQ(Joined(row.windows, static_cast<int>(row.group), row.text, "|", row.accelerator, "|",
+                     row.toolTip, "|", row.conditions, row.onStrip ? "strip" : "menu"),
+              line);
+  }
+  EXPECT_FALSE(std::getline(list, line));
 }
 
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {

@@ -115,7 +115,9 @@ TEST_F(SpectrogramTracking, FollowsTheMainViewAtItsOwnFrequency) {
 // spectrogram of the same samples.
 TEST_F(SpectrogramTracking, WithoutTrackingTheMainViewShowsAMarkAndIsFollowedStill) {
   document.settings.display.trackMouse = 0;
+  changes = 0;
   Drag(150, 160);
+  EXPECT_EQ(changes, 3);
   EXPECT_EQ(MarksOf(view), "0 of 0 0 = 0");
   EXPECT_DOUBLE_EQ(view.otherPointerMs.value_or(-1.0), 310.0);
   PressMouse(view, 40 + 400, 250);

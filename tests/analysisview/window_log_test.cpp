@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "analysisview/fft_lpc_log.h"
 #include "analysisview/spectrogram_log.h"
 
@@ -96,6 +98,15 @@ TEST(SpectrogramLog, EntireFrameIsTheColumnUnderTheCursor) {
            SpectrogramFormantsEntries(two.context, two.spectrogram, ms).empty();
   };
   EXPECT_TRUE(noneAt(99.0) && noneAt(500.0));
+  EXPECT_EQ(LevelAt(two.spectrogram, 2.0, 300.0, 999.0), std::nullopt) << "not computed";
+  two.spectrogram.outcome = SpectrogramOutcome::kComputed;
+  for (const auto& [ms, hz, levelDb] : {std::tuple{300.0, 999.0, 4.0},
+                                        {300.0, 1000.0, -1.0},
+                                        {300.0, -1.0, -1.0},
+                                        {99.0, 1.0, -1.0},
+                                        {500.0, 1.0, -1.0}}) {
+    EXPECT_EQ(LevelAt(two.spectrogram, 2.0, ms, hz).value_or(-1.0), levelDb) << ms << ' ' << hz;
+  }
   two.spectrogram.levels.reset();
   two.spectrogram.formants.clear();
   EXPECT_TRUE(noneAt(300.0));

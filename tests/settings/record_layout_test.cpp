@@ -91,7 +91,7 @@ void ExpectBytes(const Record& record, const Record& expected) {
   for (std::size_t i = 0; i < kRecordBytes; ++i) EXPECT_EQ(record[i], expected[i]) << "byte " << i;
 }
 
-TEST(Record, ListsItsFieldsAsTheyAreListedByHand) {
+TEST(Record, ListsItsFieldsAsTheListDoes) {
   const Settings defaults{{}, DefaultDocumentSettings()};
   const std::vector<Listed> list = List();
   ASSERT_EQ(list.size(), Fields().size());
