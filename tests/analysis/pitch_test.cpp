@@ -253,16 +253,5 @@ TEST(ComputePitch, CountsItsStepsAndLeavesNoTrackWhenCancelled) {
   }
 }
 
-TEST(PitchResult, TimesDivideTheStretchEvenly) {
-  PitchResult result;
-  result.range = {1000.0, 3000.0};
-  result.PitchFrameCount = 4.9;
-  EXPECT_EQ(result.count(), 0);
-  result.PitchValid = true;
-  EXPECT_EQ(result.count(), 4);
-  const double times[] = {500.0, 750.0, 1000.0, 1250.0};
-  for (std::int64_t i = 0; i < 4; ++i) EXPECT_EQ(result.TimeMs(i, 0.5), times[i]);
-}
-
 }  // namespace
 }  // namespace cantorix

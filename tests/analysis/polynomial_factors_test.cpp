@@ -105,22 +105,6 @@ TEST(FactorPolynomial, DropsRealRootsBeforeAnyPair) {
   EXPECT_EQ(list.count, 0);
 }
 
-TEST(FactorOfCubic, LeavesAFactorWhoseResidualIsTold) {
-  for (const double real : {0.7, -40.0, 1e-3, -0.9}) {
-    for (const double angle : {0.01, 1.0, 2.0, 3.1}) {
-      std::vector<Complex> roots{real};
-      testing::AddPair(roots, 0.9, angle);
-      const auto a = testing::FromRoots(roots);
-      QuadraticFactor f = FactorOfCubic(a.data());
-      EXPECT_LE(testing::WorstResidual(a, {&f, 1}), 1e-12) << real << ", " << angle;
-      for (const QuadraticFactor off : {QuadraticFactor{f.u + 0.1, f.v}, {f.u, f.v + 5.0}}) {
-        const double residual = testing::WorstResidual(a, {&off, 1});
-        EXPECT_NEAR(RelativeResidual(a.data(), 3, off), residual, 1e-12) << real << ", " << angle;
-      }
-    }
-  }
-}
-
 // Frames of `order` milliseconds. The twin judges where its own digits suffice.
 TEST(FactorPolynomial, FindsThePairsOfSpeechAndNeverFails) {
   struct Row {

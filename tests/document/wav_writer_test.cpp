@@ -1,8 +1,6 @@
 // wav_writer_test.cpp - exported WAV files, byte for byte.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "document/document_io.h"
 
 namespace cantorix {
@@ -42,28 +40,6 @@ TEST(WavWriter, CountsOnlyTheDataBytesInItsSizeFieldIsKept) {
             {7, 4}, host.progress);
   EXPECT_EQ(bytes, RampWave(3, 2));
   EXPECT_EQ(bytes[4], std::byte{4});
-}
-
-TEST(WavWriter, ReadsBackWhatItWrote) {
-  std::vector<std::string> paths;
-  std::error_code ignored;
-  for (const auto& entry : std::filesystem::directory_iterator("/usr/share/sounds/alsa", ignored)) {
-    if (entry.path().extension() == ".wav") paths.push_back(entry.path());
-  }
-  if (paths.empty()) GTEST_SKIP() << "no recordings of real speech here";
-  for (const std::string& path : paths) {
-    SCOPED_TRACE(path);
-    TestHost host;
-    CSonadexDoc original(host.host);
-    ASSERT_TRUE(original.OnOpenDocument(path));
-    ExportWave(original, host.folder / "out.wav", std::nullopt);
-    CSonadexDoc copy(host.host);
-    ASSERT_TRUE(copy.OnOpenDocument(host.folder / "out.wav"));
-    EXPECT_GT(copy.savedLength, 10000.0);
-    EXPECT_EQ(copy.savedLength, original.savedLength);
-    EXPECT_EQ(copy.savedRateHz, original.savedRateHz);
-    EXPECT_EQ(SamplesOf(copy), SamplesOf(original));
-  }
 }
 
 }  // namespace
