@@ -64,6 +64,16 @@ int DarkestRow(AnalysisFrame& window, int x) {
   return darkest;
 }
 
+bool HasWaveform(const QImage& picture) {
+  const QColor wanted = StyleOf(PaletteKind::kLight).waveform;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, y) == wanted) return true;
+    }
+  }
+  return false;
+}
+
 TEST_F(AnalysisWindowsTest, AreAsApproved) {
   frame.resize(1800, 800);
   CSonadexView& view = OpenSample();
@@ -218,7 +228,7 @@ TEST_F(AnalysisWindowsTest, AnEditShowsInTheOldPictureUntilItIsUpdated) {
               HasSubstr("\"The recording has changed since this was computed. Press Update (F5) to "
                         "compute again.\""));
   const QLabel* const note = window.canvas().findChild<QLabel*>();
-  EXPECT_NEAR(note->geometry().center().x(), window.canvas().width() / 2, 2);
+  EXPECT_NEAR(note->geometry().center().x(), window.canvas().width() / 2.0, 2.0);
   EXPECT_EQ(note->y(), 12);
   Press(window, Qt::Key_F5);
   EXPECT_FALSE(note->isVisible());
@@ -287,12 +297,15 @@ TEST_F(AnalysisWindowsTest, PicturesAreSavedAndCopied) {
   CSonadexView& view = OpenSample();
   view.document().settings.pitch.printWidth = 5.0;
   view.document().settings.pitch.printHeight = 3.0;
+  view.document().settings.spectrogram.drawAudio = view.document().settings.pitch.addAudio = 1;
   Perform(Command::kSpectrogramAll);
   Perform(Command::kPitchWindow);
   for (const auto& [kind, size] : {std::pair{WindowKind::kSpectrogram, QSize(6 * 192, 4 * 192)},
                                    {WindowKind::kPitch, QSize(5 * 192, 3 * 192)}}) {
     AnalysisFrame& window = Find(view, kind);
-    EXPECT_EQ(SavedFrom(window).size(), size);
+    const QImage saved = SavedFrom(window);
+    EXPECT_EQ(saved.size(), size);
+    EXPECT_TRUE(HasWaveform(saved));
     window.Perform(WindowCommand::kCopyPicture);
     const FileRequest& asked = prompts.fileRequests.back();
     EXPECT_EQ(asked.proposedName + ", " + asked.defaultExtension + ", " + asked.filter,

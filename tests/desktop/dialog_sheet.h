@@ -28,6 +28,7 @@ inline QString ListOf(const QComboBox& list) {
 // What a user sees of one widget, or "".
 inline QString SheetLine(const QWidget& widget) {
   const QString name = widget.accessibleName() + " = ";
+  if (widget.inherits("QToolBarSeparator")) return "--";
   if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
     return '[' + group->title() + ']';
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {

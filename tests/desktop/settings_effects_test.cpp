@@ -211,7 +211,7 @@ class SettingsEffects : public AnalysisDesktopTest {
 struct Group {
   Effect effect;
   std::string values;  // "field=value field=value"
-  std::string with = "";
+  std::string with{};
 };
 
 std::vector<std::pair<std::string, std::string>> PairsOf(const std::string& values) {
@@ -281,6 +281,9 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
   }
 
   Settings usual{{}, DefaultDocumentSettings()};
+  DocumentSettings& sheets = usual.document;
+  sheets.display.printWidth = sheets.fftLpc.printWidth = sheets.spectrogram.printWidth = 3.0;
+  sheets.display.printHeight = sheets.fftLpc.printHeight = sheets.spectrogram.printHeight = 2.0;
   for (WindowPlacement* const place :
        {&usual.application.mainView, &usual.application.fftLpc, &usual.application.spectrogram,
         &usual.application.log, &usual.application.labelList}) {

@@ -164,6 +164,9 @@ TEST_F(ToolWindows, TheLabelListZoomsEditsAndDeletesTheRowThatIsChosen) {
   EXPECT_THAT(TableSheet(list.table()), testing::HasSubstr("| edited"));
   Perform(Command::kUndo);
   EXPECT_EQ(Text(list.table(), 3, 2), fifth);
+  list.table().selectRow(0);
+  ButtonOf(list, "&Delete").click();
+  EXPECT_EQ(list.table().model()->rowCount(), labels - 2);
   view.document().SetModified(false);
 }
 
@@ -251,6 +254,10 @@ TEST_F(ToolWindows, TablesWithoutRowsCopyNothing) {
     for (int role = 0; role <= Qt::InitialSortOrderRole; ++role) {
       EXPECT_FALSE(table->model()->data({}, role).isValid()) << role;
     }
+  }
+  for (const int section : {-1, 99}) {
+    const QAbstractItemModel& log = *frame.log().form().table().model();
+    EXPECT_FALSE(log.headerData(section, Qt::Horizontal).isValid());
   }
 }
 

@@ -29,7 +29,7 @@ class MainViewCanvasTest : public testing::Test {
   }
 
   ViewWorld world;
-  ViewedRecording recording{world, ToneFrom(0.0, 150.0, 1000.0), kFixtureRateHz};
+  ViewedRecording recording{world, Vowels(), kFixtureRateHz};
   DocumentWaveform waveform{recording.document};
   MainViewCanvas canvas{recording.view, waveform};
 };

@@ -3,8 +3,6 @@
 
 #include <QImage>
 #include <QPainter>
-#include <cmath>
-#include <numbers>
 
 #include "analysis/intensity.h"
 #include "analysis/pitch.h"
@@ -19,17 +17,6 @@
 namespace cantorix {
 
 inline constexpr double kFixtureRateHz = 11025.0;
-
-// Silence up to `fromMs`, then a sine of `hz`.
-inline Samples ToneFrom(double fromMs, double hz, double lengthMs) {
-  Samples samples(static_cast<std::size_t>(lengthMs * kFixtureRateHz / 1000.0));
-  const auto first = static_cast<std::size_t>(fromMs * kFixtureRateHz / 1000.0);
-  for (std::size_t i = first; i < samples.size(); ++i) {
-    const double phase = 2.0 * std::numbers::pi * hz * static_cast<double>(i) / kFixtureRateHz;
-    samples[i] = static_cast<std::int16_t>(std::lround(12000.0 * std::sin(phase)));
-  }
-  return samples;
-}
 
 // A second of the sample recording: the end of a pause, an "a", a pause, the begin of an "o".
 inline Samples Vowels() {

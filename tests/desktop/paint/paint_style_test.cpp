@@ -32,6 +32,12 @@ TEST(PaintStyle, TextsAndCurvesStandOutOfEveryPalette) {
   }
 }
 
+TEST(PaintStyle, ContrastIsThatOfTheLuminances) {
+  EXPECT_NEAR(ContrastRatio(Qt::white, Qt::black), 21.0, 1e-9);
+  EXPECT_NEAR(ContrastRatio(QColor(10, 10, 10), Qt::black), 1.0607, 1e-4);
+  EXPECT_NEAR(ContrastRatio(Qt::black, QColor(0x77, 0x77, 0x77)), 4.6895, 1e-3);
+}
+
 TEST(PaintStyle, LegibleColoursKeepTheirHueWhereTheyCan) {
   const QColor dark(0x16, 0x18, 0x1d);
   EXPECT_EQ(Legible(QColor(255, 200, 0), dark), QColor(255, 200, 0)) << "needs no change";

@@ -45,7 +45,7 @@ class PictureExport : public testing::Test {
   std::string Path(const std::string& name) const { return folder.path() + "/" + name; }
 
   TemporaryFolder folder;
-  AnalysedRecording analysed{ToneFrom(100.0, 150.0, 1000.0), {900, 700}};
+  AnalysedRecording analysed{Vowels(), {900, 700}};
 };
 
 TEST_F(PictureExport, EveryFormatShowsTheSamePicture) {
