@@ -12,6 +12,7 @@
 #include "mainview/document_waveform.h"
 #include "mainview/listening.h"
 #include "mainview/mouse.h"
+#include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
 
@@ -54,7 +55,8 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
     : QWidget(parent),
       view_(&view),
       host_(host),
-      canvas_(std::make_unique<MainViewCanvas>(view, waveform)) {
+      canvas_(std::make_unique<MainViewCanvas>(view, waveform)),
+      played_(*this, [this](double ms) { return PlaceOf(ms); }) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -76,7 +78,18 @@ void MainViewWidget::Pass(const std::function<void(CSonadexView&)>& action) {
 void MainViewWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (!canvas_ || !begun_) return painter.fillRect(rect(), palette().window());
-  canvas_->Paint(painter, StyleFor(palette()));
+  const PaintStyle style = StyleFor(palette());
+  canvas_->Paint(painter, style);
+  played_.Draw(painter, style);
+}
+
+std::optional<PlayPlace> MainViewWidget::PlaceOf(double ms) const {
+  if (view_ == nullptr || !begun_) return std::nullopt;
+  const ViewLayout& layout = view_->layout;
+  const AxisScale time = TimeAxisOf(view_->channel(), layout.axisWidth());
+  const double x = time.X(ms);
+  if (x < time.left || x > time.right()) return std::nullopt;
+  return PlayPlace{Pixel(x), 0, layout.timeAxis.top};
 }
 
 void MainViewWidget::resizeEvent(QResizeEvent*) {

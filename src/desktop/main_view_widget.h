@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "desktop/frame_host.h"
+#include "desktop/sound/play_cursor.h"
 
 namespace cantorix {
 
@@ -23,6 +24,8 @@ class MainViewWidget : public QWidget {
   void ViewBegun() { begun_ = true; }
   // The view is about to go: nothing is passed on or drawn any more.
   void LetGo();
+  // The time that is heard now; nothing: none.
+  void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -38,10 +41,12 @@ class MainViewWidget : public QWidget {
   // Runs `action` on the view under the frame's guard; nothing before the view has begun.
   void Pass(const std::function<void(CSonadexView&)>& action);
   void TurnSteps(QWheelEvent& event, int steps);
+  std::optional<PlayPlace> PlaceOf(double ms) const;
 
   CSonadexView* view_;
   FrameHost& host_;
   std::unique_ptr<MainViewCanvas> canvas_;  // gone when the view is
+  PlayCursor played_;
   bool begun_ = false;
   QPoint wheelRest_;  // turns of the wheel that do not make a whole step yet
 };

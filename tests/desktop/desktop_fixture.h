@@ -34,6 +34,7 @@ class RecordingWindows : public AnalysisWindows {
  public:
   void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
   void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
+  void ShowPlayed(const CSonadexDoc&, std::optional<double>) override {}
   void RefreshCommands() override { ++refreshes; }
   void CloseWindowsOf(CSonadexView&) override { ++closed; }
   CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }

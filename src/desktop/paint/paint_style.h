@@ -27,6 +27,7 @@ struct PaintStyle {
   QColor intensity;
   QColor pitch;
   QColor cursor;
+  QColor played;         // where a recording sounds now
   QColor selection;      // translucent, over the panes
   QColor selectionEdge;  // of the rubber band
   QColor tier;           // behind labels

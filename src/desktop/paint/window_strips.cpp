@@ -12,14 +12,6 @@
 namespace cantorix {
 namespace {
 
-double TopOfParts(const WindowLayout& layout) {
-  double top = layout.plot.top;
-  for (const PixelRect& part : {layout.labels, layout.audio, layout.intensity}) {
-    if (part.bottom > part.top) top = std::min<double>(top, part.top);
-  }
-  return top;
-}
-
 // Tiers one below the other, as far as there is room.
 void DrawLabelStrips(QPainter& painter, const WindowLayout& layout, const AxisScale& time,
                      const Tiers& tiers, const PaintStyle& style) {
@@ -71,6 +63,14 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
   if (layout.labels.bottom > layout.labels.top) {
     DrawLabelStrips(painter, layout, time, channel.tiers, style);
   }
+}
+
+std::int32_t TopOfParts(const WindowLayout& layout) {
+  std::int32_t top = layout.plot.top;
+  for (const PixelRect& part : {layout.labels, layout.audio, layout.intensity}) {
+    if (part.bottom > part.top) top = std::min(top, part.top);
+  }
+  return top;
 }
 
 void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,

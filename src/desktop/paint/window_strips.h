@@ -26,6 +26,8 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
                       const CSonadexDoc& document, const WaveformPyramid* waveform,
                       const PaintStyle& style);
 
+// Of the highest strip that is there, or of the plot.
+std::int32_t TopOfParts(const WindowLayout& layout);
 // From the top of the strips to the bottom of the plot; nothing outside the axis.
 void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                       double value, const PaintStyle& style);

@@ -52,7 +52,8 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
       model_(model),
       picture_(picture),
       guard_(std::move(guard)),
-      note_(new QLabel(this)) {
+      note_(new QLabel(this)),
+      played_(*this, [this](double ms) { return picture_.PlaceOf(size(), ms); }) {
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(220, 120);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -99,6 +100,7 @@ void AnalysisCanvas::paintEvent(QPaintEvent*) {
   const PaintStyle style = StyleFor(palette());
   try {
     picture_.PaintCanvas(painter, size(), style);
+    played_.Draw(painter, style);
   } catch (const std::exception& error) {
     painter.fillRect(rect(), style.background);
     painter.setPen(style.text);

@@ -24,6 +24,8 @@ class AnalysisCanvas : public QWidget {
   // The model has changed: draws it, with a note over it where it needs one, and tells those who
   // cannot see it.
   void Refresh(const QString& note);
+  // The time of the recording that is heard now; nothing: none.
+  void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
   // The place of the plot and the size that the model is to compute for.
   void LayOut();
 
@@ -44,6 +46,7 @@ class AnalysisCanvas : public QWidget {
   WindowPicture& picture_;
   Guard guard_;
   QLabel* note_;
+  PlayCursor played_;
 };
 
 }  // namespace cantorix

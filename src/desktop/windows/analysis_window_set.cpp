@@ -116,6 +116,12 @@ void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double
   }
 }
 
+void AnalysisWindowSet::ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) {
+  for (AnalysisFrame* const frame : frames_) {
+    if (&frame->view().document() == &document) frame->canvas().ShowPlayed(ms);
+  }
+}
+
 void AnalysisWindowSet::RefreshCommands() {
   for (AnalysisFrame* const frame : frames_) frame->actions().Refresh();
 }

@@ -34,6 +34,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   // because there it has the whole width.
   void Open(CSonadexView& view, const AnalysisRequest& request) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) override;
   void RefreshCommands() override;
   void CloseWindowsOf(CSonadexView& view) override;
   CSonadexView* ViewOf(const QMdiSubWindow& window) const override;

@@ -20,6 +20,7 @@ class SpectrogramWindowPicture : public WindowPicture {
 
  protected:
   WindowLayout LayoutIn(PixelSize client) override;
+  std::optional<AxisScale> Times() const override { return model_.TimeAxis(); }
   void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override;
   void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) override;
 

@@ -1,6 +1,10 @@
 // window_picture.cpp - the kept image, and the same picture on other devices.
 #include "desktop/windows/window_picture.h"
 
+#include <cmath>
+
+#include "desktop/paint/window_strips.h"
+
 namespace cantorix {
 namespace {
 
@@ -17,6 +21,15 @@ void WindowPicture::PaintCanvas(QPainter& painter, QSize size, const PaintStyle&
   image_.Draw(painter, ClientOf(size),
               [&](QPainter& data) { PaintData(data, ClientOf(size), style); });
   PaintOverlay(painter, ClientOf(size), style);
+}
+
+std::optional<PlayPlace> WindowPicture::PlaceOf(QSize size, double ms) {
+  const auto times = Times();
+  if (!times || !model_.computed() || model_.samplesChanged()) return std::nullopt;
+  const double x = times->X(ms);
+  if (x < times->left || x > times->right()) return std::nullopt;
+  const WindowLayout layout = LayoutIn(ClientOf(size));
+  return PlayPlace{static_cast<int>(std::floor(x)), TopOfParts(layout), layout.plot.bottom};
 }
 
 void WindowPicture::PaintWhole(QPainter& painter, QSize size, const PaintStyle& style) {

@@ -10,6 +10,7 @@
 #include "analysisview/window_layout.h"
 #include "desktop/paint/cached_picture.h"
 #include "desktop/paint/paint_style.h"
+#include "desktop/sound/play_cursor.h"
 
 namespace cantorix {
 
@@ -27,11 +28,16 @@ class WindowPicture {
   void PaintCanvas(QPainter& painter, QSize size, const PaintStyle& style);
   // Draws all of it at the painter's origin, for paper or a file. Throws FileError.
   void PaintWhole(QPainter& painter, QSize size, const PaintStyle& style);
+  // Where a time of the recording stands in a canvas of that size; nothing when the picture is not
+  // of the recording as it sounds, or does not show it.
+  std::optional<PlayPlace> PlaceOf(QSize size, double ms);
   // For a change that the model does not know.
   void Invalidate() { image_.Invalidate(); }
 
  protected:
   virtual WindowLayout LayoutIn(PixelSize client) = 0;
+  // The times from the left to the right edge of the plot, of a picture over time.
+  virtual std::optional<AxisScale> Times() const { return std::nullopt; }
   virtual void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
   virtual void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
 

@@ -26,6 +26,7 @@ TEST(PaintStyle, TextsAndCurvesStandOutOfEveryPalette) {
       EXPECT_GE(ContrastRatio(curve, s.pane), 4.5) << row.name << ' ' << curve.name().toStdString();
     }
     EXPECT_GE(ContrastRatio(s.cursor, s.pane), 3.0) << row.name;
+    EXPECT_GE(ContrastRatio(s.played, s.pane), 3.0) << row.name;
     EXPECT_GE(ContrastRatio(s.labelLine, s.pane), 3.0) << row.name;
     EXPECT_GE(ContrastRatio(s.axis, s.background), 2.5) << row.name;
     EXPECT_LT(ContrastRatio(s.grid, s.pane), 1.6) << row.name << ": a grid must not compete";

@@ -1,0 +1,45 @@
+// play_cursor.h - the line where a recording sounds now, over a picture that stays as it is: only
+// the columns that it leaves and enters are painted again.
+#pragma once
+
+#include <QPainter>
+#include <QRect>
+#include <functional>
+#include <optional>
+
+#include "desktop/paint/paint_style.h"
+
+class QWidget;
+
+namespace cantorix {
+
+// In logical pixels of the picture; bottom is just outside.
+struct PlayPlace {
+  int x = 0;
+  int top = 0;
+  int bottom = 0;
+};
+
+class PlayCursor {
+ public:
+  // Where a time stands in the picture now; nothing for one that is not in sight.
+  using PlaceOf = std::function<std::optional<PlayPlace>(double ms)>;
+
+  // `canvas` holds the cursor.
+  PlayCursor(QWidget& canvas, PlaceOf placeOf) : canvas_(canvas), placeOf_(std::move(placeOf)) {}
+
+  // Nothing: takes it away.
+  void Show(std::optional<double> ms);
+  // To be called at the end of every paint event.
+  void Draw(QPainter& painter, const PaintStyle& style);
+
+ private:
+  std::optional<PlayPlace> Place() const { return ms_ ? placeOf_(*ms_) : std::nullopt; }
+
+  QWidget& canvas_;
+  PlaceOf placeOf_;
+  std::optional<double> ms_;
+  QRect shown_;  // empty while it is not in sight
+};
+
+}  // namespace cantorix
