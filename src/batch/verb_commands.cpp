@@ -43,6 +43,7 @@ constexpr const char* kPageHead = R"(<!DOCTYPE html>
 <a href="mainview.html">Main view</a>
 <a href="labels.html">Labels</a>
 <a href="editing.html">Editing</a>
+<a href="sound.html">Sound</a>
 <a href="analysis.html">Pitch and intensity</a>
 <a href="spectrum.html">FFT/LPC</a>
 <a href="spectrogram.html">Spectrogram</a>
