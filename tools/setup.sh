@@ -14,7 +14,7 @@ for purpose in "$@"; do
     tests) packages+=(libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
-    pictures) packages+=(xvfb openbox xdotool imagemagick) ;;
+    pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
     *) echo "setup.sh: unknown purpose: $purpose" >&2; exit 2 ;;

@@ -40,6 +40,8 @@ begin() {
 end() { kill "$running"; wait "$running" 2>/dev/null || true; }
 keys() { for key in "$@"; do xdotool key "$key"; sleep 0.5; done; sleep 0.5; }
 drag() { xdotool mousemove "$1" "$3" mousedown 1; sleep 0.2; xdotool mousemove $((($1 + $2) / 2)) "$3"; sleep 0.2; xdotool mousemove "$2" "$3" mouseup 1; sleep 0.5; }
+# A window alone, by its title.
+shoot_window() { import -window "$(xdotool search --onlyvisible --name "^$1\$" | tail -1)" "PNG8:$out/$2.png"; }
 click() { xdotool mousemove "$1" "$2" click 1; sleep 0.6; }
 shoot() { import -window root -colors 255 "PNG8:$out/$1.png"; }
 
@@ -72,6 +74,33 @@ shoot pitch
 keys alt+w Down Down Return
 shoot tiled
 end
+
+# A sound server without a card, whose output is its input.
+export PULSE_SERVER=unix:$work/run/pulse.sock PULSE_SINK=loop PULSE_SOURCE=loop.monitor
+pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 --log-level=error \
+  -L "module-native-protocol-unix socket=$work/run/pulse.sock auth-anonymous=1" \
+  -L "module-null-sink sink_name=loop rate=44100 format=s16le channels=1 channel_map=mono norewinds=1" \
+  2>/dev/null &
+started+=($!)
+until pactl info >/dev/null 2>&1; do sleep 0.1; done
+begin vowels.qrv
+keys ctrl+g alt+a Up Return alt+w Down Down Return ctrl+y
+sleep 0.3
+import -window root -resize 1000x -colors 255 "PNG8:$out/play-cursor.png"
+sleep 5
+keys alt+o Down Return
+(for turn in 1 2 3 4 5 6; do paplay "$work/Front_Center.wav"; done) &
+started+=($!)
+sleep 2
+shoot_window Record/Play record-play
+keys Tab Tab Tab space
+click 300 630
+keys ctrl+r
+sleep 4
+import -window root -crop 1600x384+0+616 +repage -resize 1000x -dither None -colors 64 \
+  "PNG8:$out/scope.png"
+end
+rm -f "$work"/tmp/Recording-*
 
 export QT_SCALE_FACTOR=2
 begin vowels.qrv

@@ -115,7 +115,10 @@ bool CChildFrame::EndRecording() {
   return document_ != nullptr && host_.sound().EndRecording(*document_);
 }
 
-void CChildFrame::Record() { host_.sound().Record(*view_); }
+void CChildFrame::Record() {
+  host_.PrepareRecording();
+  host_.sound().Record(*view_);
+}
 
 void CChildFrame::Play(const SampleRange& range) { host_.sound().Play(*view_, range); }
 

@@ -18,10 +18,10 @@
 namespace cantorix {
 
 template <typename Value>
-void CDisplayOptionFrame::Set(Value DisplaySettings::*field, Value value, SettingsDialog dialog) {
+void CDisplayOptionFrame::Set(Value DisplaySettings::*field, Value value) {
   if (filling_ || view_ == nullptr) return;
   view_->document().settings.display.*field = value;
-  host_.Run(*view_, [&] { KeepOptions(*view_, dialog); });
+  host_.Run(*view_, [&] { KeepOptions(*view_, SettingsDialog::kDisplay); });
 }
 
 CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
@@ -57,18 +57,13 @@ void CDisplayOptionFrame::showEvent(QShowEvent* event) {
 
 void CDisplayOptionFrame::AddDrawing(QWidget* parent) {
   auto* const form = new QFormLayout(parent);
-  AddSwitch(parent, QStringLiteral("&Audio"), &DisplaySettings::drawAudio,
-            SettingsDialog::kDisplay);
-  AddSwitch(parent, QStringLiteral("&Intensity"), &DisplaySettings::drawIntensity,
-            SettingsDialog::kDisplay);
+  AddSwitch(parent, QStringLiteral("&Audio"), &DisplaySettings::drawAudio);
+  AddSwitch(parent, QStringLiteral("&Intensity"), &DisplaySettings::drawIntensity);
   AddSwitch(parent, QStringLiteral("Intensity in its &own pane"),
-            &DisplaySettings::intensityInOwnPane, SettingsDialog::kDisplay);
-  AddSwitch(parent, QStringLiteral("&Pitch"), &DisplaySettings::drawPitch,
-            SettingsDialog::kDisplay);
-  AddSwitch(parent, QStringLiteral("&Tiers"), &DisplaySettings::drawTiers,
-            SettingsDialog::kDisplay);
-  AddSwitch(parent, QStringLiteral("&Grids"), &DisplaySettings::drawGrids,
-            SettingsDialog::kDisplay);
+            &DisplaySettings::intensityInOwnPane);
+  AddSwitch(parent, QStringLiteral("&Pitch"), &DisplaySettings::drawPitch);
+  AddSwitch(parent, QStringLiteral("&Tiers"), &DisplaySettings::drawTiers);
+  AddSwitch(parent, QStringLiteral("&Grids"), &DisplaySettings::drawGrids);
   audioPercent_ =
       AddPercent(form, QStringLiteral("Audio pa&ne (%)"), &DisplaySettings::audioPanePercent);
   pitchPercent_ =
@@ -84,17 +79,13 @@ void CDisplayOptionFrame::AddTime(QWidget* parent) {
     row->addWidget(button);
   }
   connect(timeBase_, &QButtonGroup::idToggled, this, [this](int id, bool checked) {
-    if (checked) Set(&DisplaySettings::timeBase, std::int32_t{id}, SettingsDialog::kDisplay);
+    if (checked) Set(&DisplaySettings::timeBase, std::int32_t{id});
   });
 }
 
 void CDisplayOptionFrame::AddBehaviour(QWidget* parent) {
   new QFormLayout(parent);
-  AddSwitch(parent, QStringLiteral("Trac&k mouse for all windows"), &DisplaySettings::trackMouse,
-            SettingsDialog::kDisplay);
-  AddSwitch(parent,
-            QStringLiteral("Always perform Pitch and Intensity\nfor all &files automatically."),
-            &DisplaySettings::automaticAnalysis, SettingsDialog::kRecordPlay);
+  AddSwitch(parent, QStringLiteral("Trac&k mouse for all windows"), &DisplaySettings::trackMouse);
 }
 
 void CDisplayOptionFrame::AddPrintSize(QWidget* parent) {
@@ -104,9 +95,8 @@ void CDisplayOptionFrame::AddPrintSize(QWidget* parent) {
   printUnit_ = new QComboBox(parent);
   printUnit_->addItems({QStringLiteral("inches"), QStringLiteral("cm")});
   form->addRow(QStringLiteral("&Unit"), printUnit_);
-  connect(printUnit_, &QComboBox::currentIndexChanged, this, [this](int index) {
-    Set(&DisplaySettings::printUnit, std::int32_t{index}, SettingsDialog::kDisplay);
-  });
+  connect(printUnit_, &QComboBox::currentIndexChanged, this,
+          [this](int index) { Set(&DisplaySettings::printUnit, std::int32_t{index}); });
 }
 
 QDoubleSpinBox* CDisplayOptionFrame::AddLength(QFormLayout* form, const QString& text,
@@ -117,17 +107,17 @@ QDoubleSpinBox* CDisplayOptionFrame::AddLength(QFormLayout* form, const QString&
   box->setKeyboardTracking(false);
   form->addRow(text, box);
   connect(box, &QDoubleSpinBox::valueChanged, this,
-          [this, field](double value) { Set(field, value, SettingsDialog::kDisplay); });
+          [this, field](double value) { Set(field, value); });
   return box;
 }
 
 void CDisplayOptionFrame::AddSwitch(QWidget* group, const QString& text,
-                                    std::int32_t DisplaySettings::*field, SettingsDialog dialog) {
+                                    std::int32_t DisplaySettings::*field) {
   auto* const box = new QCheckBox(text, group);
   static_cast<QFormLayout*>(group->layout())->addRow(box);
-  switches_.push_back({box, field, dialog});
+  switches_.push_back({box, field});
   connect(box, &QCheckBox::toggled, this,
-          [this, field, dialog](bool on) { Set(field, std::int32_t{on ? 1 : 0}, dialog); });
+          [this, field](bool on) { Set(field, std::int32_t{on ? 1 : 0}); });
 }
 
 QSpinBox* CDisplayOptionFrame::AddPercent(QFormLayout* form, const QString& text,
@@ -136,8 +126,7 @@ QSpinBox* CDisplayOptionFrame::AddPercent(QFormLayout* form, const QString& text
   box->setRange(1, 100);
   box->setKeyboardTracking(false);
   form->addRow(text, box);
-  connect(box, &QSpinBox::valueChanged, this,
-          [this, field](int value) { Set(field, value, SettingsDialog::kDisplay); });
+  connect(box, &QSpinBox::valueChanged, this, [this, field](int value) { Set(field, value); });
   return box;
 }
 

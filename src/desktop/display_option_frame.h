@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "desktop/frame_host.h"
-#include "settings/field_table.h"
 
 class QButtonGroup;
 class QCheckBox;
@@ -29,7 +28,6 @@ class CDisplayOptionFrame : public QWidget {
   struct Switch {
     QCheckBox* box;
     std::int32_t DisplaySettings::*field;
-    SettingsDialog group;  // of the configuration file
   };
   const std::vector<Switch>& switches() const { return switches_; }
   QSpinBox& audioPercent() { return *audioPercent_; }
@@ -47,14 +45,13 @@ class CDisplayOptionFrame : public QWidget {
   void AddTime(QWidget* parent);
   void AddBehaviour(QWidget* parent);
   void AddPrintSize(QWidget* parent);
-  void AddSwitch(QWidget* group, const QString& text, std::int32_t DisplaySettings::*field,
-                 SettingsDialog dialog);
+  void AddSwitch(QWidget* group, const QString& text, std::int32_t DisplaySettings::*field);
   QSpinBox* AddPercent(QFormLayout* form, const QString& text,
                        std::int32_t DisplaySettings::*field);
   QDoubleSpinBox* AddLength(QFormLayout* form, const QString& text, double DisplaySettings::*field);
   // What the user changed goes into the document in front and, with its group, into the file.
   template <typename Value>
-  void Set(Value DisplaySettings::*field, Value value, SettingsDialog dialog);
+  void Set(Value DisplaySettings::*field, Value value);
 
   FrameHost& host_;
   CSonadexView* view_ = nullptr;

@@ -111,6 +111,7 @@ void FrameCommands::Analyse(const AnalysisRequest& request) {
 // Floating windows and logs
 void FrameCommands::ShowLabelList() { frame_.ShowLabelList(); }
 void FrameCommands::ShowDisplayOptions() { frame_.ShowDisplayOptions(); }
+void FrameCommands::ShowRecordPlayOptions() { frame_.ShowRecordPlayOptions(); }
 
 void FrameCommands::NewLog() {
   if (cantorix::NewLog(services_.application)) frame_.ShowLog();

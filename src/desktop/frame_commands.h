@@ -38,13 +38,13 @@ class FrameCommands : private FrameActions {
   void Exit() override;
   void ToggleToolBar() override;
   void ToggleStatusBar() override;
-  void ShowRecordPlayOptions() override {}
   void ShowSpectrum() override;
   void ShowMeanSpectrum(Stretch stretch) override;
   void ShowSpectrogram(Stretch stretch) override;
   void ShowPitch(Stretch stretch) override;
   void ShowLabelList() override;
   void ShowDisplayOptions() override;
+  void ShowRecordPlayOptions() override;
   void NewLog() override;
   void OpenLog() override;
   void SaveLog() override;

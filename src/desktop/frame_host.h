@@ -22,6 +22,8 @@ class FrameHost {
   virtual void LabelsChanged(CSonadexView& view) = 0;
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
   virtual SoundDesk& sound() = 0;
+  // The input that the user has chosen is used from here on.
+  virtual void PrepareRecording() = 0;
   // Null while no log is open.
   virtual LogSink* openLog() = 0;
   // Carries out what the user began in a view: nothing while another operation runs; an operation

@@ -9,6 +9,7 @@
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
 #include "desktop/qt_progress.h"
+#include "desktop/sound/sound_windows.h"
 #include "desktop/tool_icon.h"
 #include "mainview/commands.h"
 #include "mainview/recording_placement.h"
@@ -38,7 +39,8 @@ CMainFrame::CMainFrame(DesktopServices services)
       keyboardPanes_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),
       labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
-      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })) {
+      log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
+      soundWindows_(new SoundWindows(*this, *this, services_)) {
   setWindowTitle(QStringLiteral("Cantorix"));
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
   setCentralWidget(area_);
@@ -59,6 +61,7 @@ CMainFrame::CMainFrame(DesktopServices services)
 CMainFrame::~CMainFrame() {
   disconnect(area_, nullptr, this, nullptr);
   disconnect(&actions_.toolBar(), nullptr, this, nullptr);
+  soundWindows_->Leave();
   displayOptions_->Follow(nullptr);
   labelList_->Follow(nullptr);
   // The views go before the documents that they look at.

@@ -25,6 +25,7 @@ class CDisplayOptionFrame;
 class CFrameLog;
 class DocumentOutput;
 class LabelListFrame;
+class SoundWindows;
 
 // main_frame.cpp holds its windows, main_frame_events.cpp what happens to them.
 class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListener {
@@ -62,6 +63,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void ShowLog();
   void ShowLabelList();
   void ShowDisplayOptions();
+  void ShowRecordPlayOptions();
   void ToggleToolBar();
   void ToggleStatusBar();
   void CascadeWindows();
@@ -72,6 +74,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CDisplayOptionFrame& displayOptions() { return *displayOptions_; }
   LabelListFrame& labelList() { return *labelList_; }
   CFrameLog& log() { return *log_; }
+  SoundWindows& soundWindows() { return *soundWindows_; }
   QMdiArea& area() { return *area_; }
 
  protected:
@@ -89,6 +92,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool MayClose(CChildFrame& frame) override;
   void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
+  void PrepareRecording() override;
   void SoundChanged() override;
   void SoundNote(const std::string& text) override;
   // What sounds has moved on.
@@ -113,6 +117,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CDisplayOptionFrame* displayOptions_;
   LabelListFrame* labelList_;
   CFrameLog* log_;
+  std::unique_ptr<SoundWindows> soundWindows_;
   AnalysisWindows* analysisWindows_ = nullptr;
   DocumentOutput* output_ = nullptr;
   const CSonadexDoc* agreedToClose_ = nullptr;  // the user was asked about it already

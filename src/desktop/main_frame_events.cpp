@@ -16,12 +16,11 @@
 #include "desktop/main_frame.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
+#include "desktop/sound/sound_windows.h"
 #include "desktop/window_place.h"
 
 namespace cantorix {
 namespace {
-
-constexpr int kNoteMs = 8000;
 
 void BringForward(QWidget& window) {
   window.show();
@@ -40,6 +39,7 @@ void CMainFrame::Refresh() {
   if (recent != shownRecent_) actions_.ShowRecentFiles(shownRecent_ = recent);
   displayOptions_->Follow(view);
   labelList_->Follow(view);
+  soundWindows_->Refresh();
   log_->Refresh();
   if (analysisWindows_ != nullptr) analysisWindows_->RefreshCommands();
 }
@@ -52,6 +52,8 @@ void CMainFrame::ShowLog() {
 void CMainFrame::ShowLabelList() { BringForward(*labelList_); }
 
 void CMainFrame::ShowDisplayOptions() { BringForward(*displayOptions_); }
+
+void CMainFrame::ShowRecordPlayOptions() { soundWindows_->ShowRecordPlay(); }
 
 void CMainFrame::ToggleToolBar() { actions_.toolBar().setVisible(actions_.toolBar().isHidden()); }
 
@@ -155,14 +157,15 @@ void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
 
 void CMainFrame::SoundChanged() {
   soundTimer_.Follow();
+  soundWindows_->SoundChanged();
   StateChanged();
 }
 
-void CMainFrame::SoundNote(const std::string& text) {
-  statusBar()->showMessage(Shown(text), kNoteMs);
-}
+void CMainFrame::PrepareRecording() { soundWindows_->UseChosenInput(); }
 
-void CMainFrame::FollowSound() {}
+void CMainFrame::SoundNote(const std::string& text) { soundWindows_->Note(text); }
+
+void CMainFrame::FollowSound() { soundWindows_->Tick(); }
 
 CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {
   const auto frames = FramesOf(document);

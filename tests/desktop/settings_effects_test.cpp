@@ -14,6 +14,8 @@
 #include "desktop/dialogs/option_dialog.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
+#include "desktop/sound/record_play_frame.h"
+#include "desktop/sound/sound_windows.h"
 #include "mainview/editing.h"
 #include "mainview/view_fixture.h"
 #include "mainview/zoom.h"
@@ -204,6 +206,15 @@ class SettingsEffects : public AnalysisDesktopTest {
     return text.str();
   }
 
+  // What the record/play window offers to record from.
+  std::string UsedInput(const Settings& settings) {
+    view->document().settings = settings.document;
+    frame.ShowRecordPlayOptions();
+    CFrameRecordPlay& window = frame.soundWindows().recordPlay();
+    window.hide();
+    return Typed(window.input().currentText());
+  }
+
   CSonadexView* view;
 };
 
@@ -239,8 +250,9 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
       {GainPreset, "gain.gainPercent=15 gain.reference=200"},
       {ShownSize, "fftlpc.sizeIndex=5"},
       {LogRowCount, "log.stepHz=50"},
+      {[this](const Settings& s) { return UsedInput(s); }, "display.recordingInput=1"},
       {InTheFileAlone,
-       "display.recordingInput=1 carried.word1=7 carried.word2=7 spectrogram.sizeIndex=5"
+       "carried.word1=7 carried.word2=7 spectrogram.sizeIndex=5"
        " generic.headerBytes=44 generic.rateHz=8000 generic.sixteenBit=0 generic.highByteFirst=0"
        " generic.binary=0"},
       {mainView,

@@ -2,8 +2,7 @@
 // painted for it.
 #include <QPaintEvent>
 
-#include "desktop/desktop_fixture.h"
-#include "desktop/windows/analysis_window_set.h"
+#include "desktop/analysis_fixture.h"
 #include "mainview/editing.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
@@ -29,21 +28,8 @@ class PaintWatch : public QObject {
   QRegion painted;
 };
 
-class PlayCursorTest : public DesktopTest {
+class PlayCursorTest : public AnalysisDesktopTest {
  protected:
-  PlayCursorTest() {
-    windows.Enter({&frame.area(),
-                   [this](CSonadexDoc& document) -> DocumentWaveform& {
-                     return frame.documents().WaveformOf(document);
-                   },
-                   {},
-                   {}});
-    frame.SetAnalysisWindows(&windows);
-  }
-  ~PlayCursorTest() override {
-    for (CChildFrame* const child : frame.Frames()) windows.CloseWindowsOf(*child->view());
-    frame.SetAnalysisWindows(nullptr);
-  }
   static QColor ColorOf(const QWidget& canvas) { return StyleFor(canvas.palette()).played; }
   // Columns of the line in the middle of the picture.
   static std::vector<int> Columns(QWidget& canvas) {
@@ -54,10 +40,6 @@ class PlayCursorTest : public DesktopTest {
     }
     return columns;
   }
-
-  DesktopServices services{
-      app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
-  AnalysisWindowSet windows{services};
 };
 
 TEST_F(PlayCursorTest, StandsAtItsTimeAndLeavesTheSight) {

@@ -71,8 +71,7 @@ TEST_F(ToolWindows, EveryDisplayOptionChangesItsOwnFieldAndTheFile) {
       {"&Pitch", &Y::drawPitch},
       {"&Tiers", &Y::drawTiers},
       {"&Grids", &Y::drawGrids},
-      {"Trac&k mouse for all windows", &Y::trackMouse},
-      {"Always perform Pitch and Intensity\nfor all &files automatically.", &Y::automaticAnalysis}};
+      {"Trac&k mouse for all windows", &Y::trackMouse}};
   for (const auto& [text, field] : switches) {
     SCOPED_TRACE(text);
     const DisplaySettings before = display;

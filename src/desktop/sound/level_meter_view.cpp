@@ -15,8 +15,9 @@ constexpr double kLowestDb = -60.0;
 constexpr int kTicksDb[] = {0, -6, -20, -40, -60};
 constexpr int kThickness = 14;  // of the bar, logical pixels
 constexpr int kLamp = 8;
-constexpr int kScale = 26;  // room for the numbers
-constexpr int kEnd = 7;     // half a number beyond the bar
+constexpr int kScale = 26;           // room for the numbers
+constexpr double kLeastRoom = 13.0;  // between two numbers
+constexpr int kEnd = 7;              // half a number beyond the bar
 
 }  // namespace
 
@@ -62,8 +63,10 @@ void LevelMeterView::DrawScale(QPainter& painter) {
   const PaintStyle style = StyleFor(palette());
   const QRectF bar = Bar();
   painter.setFont(style.font);
+  const QPointF room = Part(kLevelMarkDb, kLevelMarkDb).topLeft() - Part(0.0, 0.0).topLeft();
   for (const int db : kTicksDb) {
     const QPointF at = Part(db, db).topLeft();
+    if (db == 0 && room.manhattanLength() < kLeastRoom) continue;
     const QString text = QString::number(db);
     const bool isMark = db == static_cast<int>(kLevelMarkDb);
     painter.setPen(isMark ? style.text : style.muted);
