@@ -158,7 +158,7 @@ class ScriptedOut : public ScriptedDevice<WaveOut, OutputFeed> {
     return true;
   }
 
-  std::int64_t nowNs_ = 0;
+  std::atomic<std::int64_t> nowNs_{0};
 };
 
 // Keeps every text, also the same one twice.
