@@ -50,6 +50,14 @@ export DISPLAY=:$(cat "$work/display") HOME=$work/home XDG_CONFIG_HOME=$work/hom
 export ASAN_OPTIONS=detect_leaks=0:exitcode=86 UBSAN_OPTIONS=print_stacktrace=1
 openbox 2>/dev/null &
 started+=($!)
+# What is played comes back to be recorded.
+export PULSE_SERVER=unix:$work/run/pulse.sock PULSE_SINK=loop PULSE_SOURCE=loop.monitor
+(cd "$work" && exec "${as_user[@]}" pulseaudio -n --daemonize=no --use-pid-file=no \
+  --exit-idle-time=-1 --log-target=stderr --log-level=error \
+  -L "module-native-protocol-unix socket=$work/run/pulse.sock auth-anonymous=1" \
+  -L "module-null-sink sink_name=loop rate=16000 format=s16le channels=1 channel_map=mono" \
+  2>/dev/null) &
+started+=($!)
 sleep 1
 
 begin() {
@@ -75,7 +83,7 @@ fail() {
 pick() { local -n list=$1; picked=${list[RANDOM % ${#list[@]}]}; }
 accelerators=(ctrl+z ctrl+x ctrl+c ctrl+v ctrl+a ctrl+b ctrl+e ctrl+q ctrl+w ctrl+f ctrl+g ctrl+h ctrl+l
   ctrl+d ctrl+m ctrl+n F5 ctrl+shift+m ctrl+shift+f ctrl+shift+a ctrl+shift+e ctrl+shift+c ctrl+shift+r
-  ctrl+shift+w ctrl+s ctrl+o ctrl+p)
+  ctrl+shift+w ctrl+s ctrl+o ctrl+p ctrl+r ctrl+y ctrl+u)
 keys=(Left Right Up Down Page_Up Page_Down Home End Return space Tab shift+Tab Delete BackSpace
   1 2 5 0 minus period a x Escape Escape Escape)
 menus=(alt+f alt+e alt+v alt+z alt+g alt+r alt+a alt+t alt+l alt+o alt+w)
