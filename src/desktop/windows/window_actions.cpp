@@ -1,6 +1,8 @@
 // window_actions.cpp - rows of the table as actions, in groups.
 #include "desktop/windows/window_actions.h"
 
+#include <QMenu>
+
 namespace cantorix {
 namespace {
 
@@ -20,12 +22,23 @@ QAction* Separator(QWidget& owner) {
   return separator;
 }
 
+// The toolkit's own menu of actions waits for its end, and a window that is closed meanwhile by a
+// key takes that menu with it. This one goes by itself.
+void ShowContextMenu(QWidget& owner, const QPoint& at) {
+  auto* const menu = new QMenu(&owner);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addActions(owner.actions());
+  menu->popup(owner.mapToGlobal(at));
+}
+
 }  // namespace
 
 WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
                              const std::function<void(WindowCommand)>& perform)
     : model_(model) {
-  owner.setContextMenuPolicy(Qt::ActionsContextMenu);
+  owner.setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(&owner, &QWidget::customContextMenuRequested, &owner,
+                   [&owner](const QPoint& at) { ShowContextMenu(owner, at); });
   const WindowCommandRow* before = nullptr;
   for (const WindowCommandRow& row : WindowCommands()) {
     if (!Offers(model.kind(), row)) continue;

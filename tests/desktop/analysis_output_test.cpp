@@ -1,0 +1,89 @@
+// analysis_output_test.cpp - pictures of the analysis windows in files, on the clipboard, on paper.
+#include <QClipboard>
+#include <QPrintDialog>
+#include <fstream>
+
+#include "desktop/analysis_fixture.h"
+#include "desktop/dialog_helpers.h"
+
+namespace cantorix {
+namespace {
+
+using ::testing::HasSubstr;
+
+using AnalysisOutputTest = AnalysisDesktopTest;
+
+bool HasWaveform(const QImage& picture) {
+  const QColor wanted = StyleOf(PaletteKind::kLight).waveform;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixelColor(x, y) == wanted) return true;
+    }
+  }
+  return false;
+}
+
+TEST_F(AnalysisOutputTest, PicturesAreSavedAndCopied) {
+  CSonadexView& view = OpenSample();
+  view.document().settings.pitch.printWidth = 5.0;
+  view.document().settings.pitch.printHeight = 3.0;
+  view.document().settings.spectrogram.drawAudio = view.document().settings.pitch.addAudio = 1;
+  Perform(Command::kSpectrogramAll);
+  Perform(Command::kPitchWindow);
+  for (const auto& [kind, size] : {std::pair{WindowKind::kSpectrogram, QSize(6 * 192, 4 * 192)},
+                                   {WindowKind::kPitch, QSize(5 * 192, 3 * 192)}}) {
+    AnalysisFrame& window = Find(view, kind);
+    const QImage saved = SavedFrom(window);
+    EXPECT_EQ(saved.size(), size);
+    EXPECT_TRUE(HasWaveform(saved));
+    window.Perform(WindowCommand::kCopyPicture);
+    const FileRequest& asked = prompts.fileRequests.back();
+    EXPECT_EQ(asked.proposedName + ", " + asked.defaultExtension + ", " + asked.filter,
+              "vowels, png, PNG pictures (*.png)|*.png|Bitmaps (*.bmp)|*.bmp|"
+              "SVG drawings (*.svg)|*.svg|PDF documents (*.pdf)|*.pdf|");
+    const QImage copied = QGuiApplication::clipboard()->image();
+    EXPECT_EQ(copied.size(), window.canvas().size() * 2);
+    EXPECT_EQ(copied.pixelColor(copied.width() - 2, copied.height() - 2),
+              StyleOf(PaletteKind::kLight).background);
+    window.Perform(WindowCommand::kCopyReadouts);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), window.canvas().accessibleDescription());
+  }
+  prompts.WillChooseFile(folder / "missing/picture.png");
+  Find(view, WindowKind::kSpectrogram).Perform(WindowCommand::kSavePicture);
+  EXPECT_THAT(
+      prompts.TakeTranscript(),
+      testing::ElementsAre("save: Save Picture", HasSubstr("picture.png could not be saved.")));
+}
+
+TEST_F(AnalysisOutputTest, PrintsGoToThePrinterThatWasSetUp) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kPitchWindow);
+  output.printer().setOutputFormat(QPrinter::PdfFormat);
+  output.printer().setOutputFileName(ShownPath(folder / "page.pdf"));
+  DialogUser<QPrintDialog> user([](QPrintDialog& dialog) { dialog.accept(); });
+  Find(view, WindowKind::kPitch).Perform(WindowCommand::kPrint);
+  EXPECT_EQ(user.used, 1);
+  EXPECT_TRUE(std::ifstream(folder / "page.pdf").good());
+}
+
+// A picture that took over the window's columns would change with its size.
+TEST_F(AnalysisOutputTest, FilesAreComputedForTheirOwnSize) {
+  CSonadexView& view = OpenSample();
+  view.document().settings.fftLpc.printWidth = 12.0;
+  Mark(view, 500.0);
+  Perform(Command::kFftLpc);
+  Perform(Command::kSpectrogramAll);
+  for (const WindowKind kind : {WindowKind::kFftLpc, WindowKind::kSpectrogram}) {
+    AnalysisFrame& window = Find(view, kind);
+    window.resize(800, 600);
+    QTest::qWait(400);  // longer than the windows wait for their user to rest
+    const QImage ofLarge = SavedFrom(window);
+    window.resize(400, 300);
+    QTest::qWait(400);
+    EXPECT_EQ(SavedFrom(window), ofLarge);
+  }
+  EXPECT_EQ(SavedFrom(Find(view, WindowKind::kFftLpc)).width(), 12 * 192);
+}
+
+}  // namespace
+}  // namespace cantorix
