@@ -55,10 +55,10 @@ class SoundThreads : public testing::Test {
  protected:
   ~SoundThreads() override { EXPECT_TRUE(notices->texts().empty()); }
 
-  const LongSound sound;
+  const LongSound sound{};
   const std::shared_ptr<RecordingNotices> notices = std::make_shared<RecordingNotices>();
   VirtualClock clock;
-  const FakeMemoryProbe memory;
+  const FakeMemoryProbe memory{};
 };
 
 TEST_F(SoundThreads, AnHourOfRecordingHasEverySample) {
