@@ -15,6 +15,15 @@
 
 namespace cantorix {
 
+// Names of what a folder holds, in no order.
+inline std::vector<std::string> NamesIn(const std::string& path) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(path)) {
+    names.push_back(entry.path().filename().string());
+  }
+  return names;
+}
+
 class TemporaryFolder {
  public:
   TemporaryFolder()
@@ -31,14 +40,7 @@ class TemporaryFolder {
   const std::string& path() const { return path_; }
   // The path of `name` inside the folder.
   std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-  // Names of what the folder holds, in no order.
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-      names.push_back(entry.path().filename().string());
-    }
-    return names;
-  }
+  std::vector<std::string> Names() const { return NamesIn(path_); }
 
  private:
   std::string path_;
