@@ -140,7 +140,7 @@ std::uint32_t ConditionsOf(const AnalysisWindow& window) {
   if (window.canUpdate()) conditions |= kUpdatePossible;
   const CSonadexView* const view = window.mainView();
   if (view == nullptr) return conditions;
-  const bool isFree = !view->services().playback.Sound().recordingHere;
+  const bool isFree = !view->services().sound.Sound().recordingHere;
   if (isFree && window.document().loaded) conditions |= kSoundThere;
   if (view->selectionShown()) conditions |= kSelectionThere;
   return conditions;

@@ -16,7 +16,7 @@ class DocumentWaveform;
 class MainViewArea;
 struct DesktopServices;
 
-class CChildFrame : public QMdiSubWindow, private ViewListener, private PlaybackControl {
+class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundControl {
  public:
   CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform, const DesktopServices& services,
               FrameHost& host);

@@ -139,7 +139,7 @@ int LabelListFrame::ChosenRow() const {
 void LabelListFrame::Apply(RowAction action) {
   const int chosen = ChosenRow();
   if (view_ == nullptr || chosen < 0) return;
-  if (view_->services().playback.Sound().recordingHere) return;
+  if (view_->services().sound.Sound().recordingHere) return;
   // A copy: the action brings the list up to date.
   const LabelListRow row = model_.row(chosen);
   host_.Run(*view_, [&] { action(*view_, row); });

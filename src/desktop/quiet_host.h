@@ -28,7 +28,7 @@ struct QuietHost {
             .temporaryDirectory = directory.path().toStdString() + "/",
             .textMeasurer = textMeasurer,
             .listener = window,
-            .playback = window,
+            .sound = window,
             .dialogs = dialogs,
             .openLog = [] { return nullptr; }};
   }

@@ -33,7 +33,7 @@ Facts FactsOf(const CSonadexView* view) {
   if (view == nullptr) return 0U;
   const CSonadexDoc& document = view->document();
   const ViewServices& services = view->services();
-  const SoundState sound = services.playback.Sound();
+  const SoundState sound = services.sound.Sound();
   return fact::kDocument | When(!sound.recordingHere, fact::kIdle) |
          When(document.loaded, fact::kLoaded) | When(view->zoomed(), fact::kZoomed) |
          When(view->markerSet(), fact::kMarker) | When(view->selectionShown(), fact::kSelection) |

@@ -28,10 +28,10 @@ double EndMs(const CChannel& channel, int tier, const Label& label) {
 
 }  // namespace
 
-void BeginRecording(CSonadexView& view) { view.services().playback.Record(); }
+void BeginRecording(CSonadexView& view) { view.services().sound.Record(); }
 
 void PlaySamples(CSonadexView& view, const SampleRange& range) {
-  view.services().playback.Play(range);
+  view.services().sound.Play(range);
 }
 
 void PlayStretch(CSonadexView& view, Stretch stretch) {
@@ -44,8 +44,8 @@ void PlayOrStop(CSonadexView& view) {
 }
 
 bool StopSound(CSonadexView& view) {
-  if (view.services().playback.EndRecording()) return true;
-  if (!view.services().playback.Sound().playingHere) return false;
+  if (view.services().sound.EndRecording()) return true;
+  if (!view.services().sound.Sound().playingHere) return false;
   view.StopPlayback();
   return true;
 }

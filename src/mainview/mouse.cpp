@@ -77,7 +77,7 @@ void FollowPointer(CSonadexView& view, std::int32_t x, std::int32_t y) {
 
 void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   view.press = {};
-  if (view.services().playback.EndRecording()) return;
+  if (view.services().sound.EndRecording()) return;
   if (!view.document().loaded || !InsideClient(view, x, y)) return;
   ViewEdit edit(view, Playback::kStops);
   // The cursor first: where its sample cannot be read, the press leaves everything as it was.
@@ -109,7 +109,7 @@ void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
 }
 
 void PressAtTime(CSonadexView& view, double ms) {
-  if (view.services().playback.EndRecording()) return;
+  if (view.services().sound.EndRecording()) return;
   if (!view.document().loaded) return;
   const ViewEdit edit(view, Playback::kStops);
   SetCursorAtTime(view.document(), ms);

@@ -23,7 +23,7 @@ class QuietDialogs : public ViewDialogs {
   std::optional<std::int32_t> AskLogStep(std::int32_t) override;
 };
 
-class QuietWindow : public ViewListener, public PlaybackControl {
+class QuietWindow : public ViewListener, public SoundControl {
  public:
   void ViewChanged(const ViewNotice&) override {}
   void StopPlayback() override {}

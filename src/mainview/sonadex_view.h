@@ -31,7 +31,7 @@ struct ViewServices {
   std::string temporaryDirectory;  // with a separator at its end
   const TextMeasurer& textMeasurer;
   ViewListener& listener;
-  PlaybackControl& playback;
+  SoundControl& sound;
   ViewDialogs& dialogs;
   std::function<LogSink*()> openLog;  // null while no log is open
 };
@@ -73,7 +73,7 @@ class CSonadexView : public DocumentObserver {
   void Changed(DocumentChanges changes);
   // This view alone looks different.
   void Redraw() { Changed({}); }
-  void StopPlayback() { services_.playback.StopPlayback(); }
+  void StopPlayback() { services_.sound.StopPlayback(); }
 
   // The visible stretch is shorter than the recording.
   bool zoomed() const { return zoomed_; }

@@ -62,9 +62,9 @@ struct SoundState {
 };
 
 // Sound as a view reaches it.
-class PlaybackControl {
+class SoundControl {
  public:
-  virtual ~PlaybackControl() = default;
+  virtual ~SoundControl() = default;
   // Ends a playback of the view's document at once; does nothing otherwise.
   virtual void StopPlayback() = 0;
   // Ends a recording into the view's document, which becomes that recording. False when none runs.

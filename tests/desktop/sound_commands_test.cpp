@@ -137,7 +137,7 @@ TEST_F(SoundCommandsTest, CommandsAndKeysPlayTheirStretchOrStop) {
 TEST_F(SoundCommandsTest, APlaybackEndsByItselfAndOthersAreToldOnce) {
   CSonadexView& view = OpenSample();
   Perform(Command::kPlayAll);
-  EXPECT_TRUE(view.services().playback.Sound().playingHere);
+  EXPECT_TRUE(view.services().sound.Sound().playingHere);
   sound.out->Take(32768);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !plays(); }));
   sound.onOutput = [](ScriptedOut& out) { out.script.Set(0, Outcome::kFails); };

@@ -26,7 +26,7 @@ class DeskListener : public SoundDeskListener {
 };
 
 // A view whose sound is that of the desk.
-class DeskPlayback : public PlaybackControl {
+class DeskPlayback : public SoundControl {
  public:
   DeskPlayback(SoundDesk& desk, CSonadexDoc& document) : desk_(desk), document_(document) {}
   void StopPlayback() override { desk_.StopPlaying(document_); }

@@ -27,9 +27,12 @@ class ViewEditTest : public LabelTest {
   RecordingListener elsewhere;
   ViewServices ServicesOfSecond() {
     ViewServices services = world.Services();
-    return {services.clipboard,         services.temporaryDirectory,
-            services.textMeasurer,      elsewhere,
-            services.playback,          services.dialogs,
+    return {services.clipboard,
+            services.temporaryDirectory,
+            services.textMeasurer,
+            elsewhere,
+            services.sound,
+            services.dialogs,
             std::move(services.openLog)};
   }
   CSonadexView second{document, ServicesOfSecond()};

@@ -77,7 +77,7 @@ struct ViewWorld {
             .temporaryDirectory = temporary.path() + "/",
             .textMeasurer = textMeasurer,
             .listener = listener,
-            .playback = playback,
+            .sound = playback,
             .dialogs = dialogs,
             .openLog = [this]() -> LogSink* { return logOpen ? &log : nullptr; }};
   }

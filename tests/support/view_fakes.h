@@ -44,7 +44,7 @@ class RecordingListener : public ViewListener {
   std::vector<std::pair<MousePhase, double>> moves;
 };
 
-class CountingPlayback : public PlaybackControl {
+class CountingPlayback : public SoundControl {
  public:
   void StopPlayback() override { ++stops; }
 
