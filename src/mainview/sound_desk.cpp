@@ -114,10 +114,11 @@ void SoundDesk::FinishRecording() {
   const std::unique_ptr<Recording> ended = std::move(recording_);
   std::unique_ptr<RecordingFile> file = ended->run.Stop();
   if (!file) notices_->Notice(kInputStuck);
-  BeginWatch();
-  listener_.SoundChanged();
   CSonadexView& view = ended->view;
   if (file) Guarded(view, [&] { PlaceRecording(view, std::move(file)); });
+  // Last, because an input that has gone takes its time to say so.
+  BeginWatch();
+  listener_.SoundChanged();
   ShowNotices();
 }
 

@@ -214,6 +214,18 @@ TEST_F(SoundDeskTest, WhatEndsARecordingByItselfKeepsWhatThereIs) {
   }
 }
 
+TEST_F(SoundDeskTest, ARecordingIsInItsPlaceBeforeTheWatchOpensTheInputAgain) {
+  ViewedRecording talk(world);
+  Desk shown(*this, talk.document);
+  desk.Watch(11025);
+  desk.Record(shown.view);
+  Deliver(kBuffer);
+  double placed = 0.0;
+  sound.onInput = [&](ScriptedIn&) { placed = talk.channel().totalLength; };
+  EXPECT_TRUE(desk.EndRecording(talk.document));
+  EXPECT_EQ(placed, kBuffer);
+}
+
 TEST_F(SoundDeskTest, APressEndsTheRecordingAndDoesNothingElse) {
   ViewedRecording talk(world);
   Desk shown(*this, talk.document);
