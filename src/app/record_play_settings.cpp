@@ -7,9 +7,8 @@
 namespace cantorix {
 namespace {
 
-// Of the document in front, or of the next one.
-DocumentSettings SettingsInFront(const DocumentHost& host, const CSonadexDoc* front) {
-  if (front != nullptr) return front->settings;
+// Of the next document.
+DocumentSettings StoredSettings(const DocumentHost& host) {
   Settings stored{{}, DefaultDocumentSettings()};
   DecodeRecord(ReadConfiguration(ConfigPath(host.programDirectory)), stored);
   return stored.document;
@@ -18,9 +17,11 @@ DocumentSettings SettingsInFront(const DocumentHost& host, const CSonadexDoc* fr
 }  // namespace
 
 RecordPlaySettings RecordPlaySettingsOf(const DocumentHost& host, const CSonadexDoc* front) {
-  const DisplaySettings display = SettingsInFront(host, front).display;
-  return {host.application.memoryMinutes, host.recordingRateHz, display.automaticAnalysis,
-          display.recordingInput};
+  const auto with = [&](const DisplaySettings& display) {
+    return RecordPlaySettings{host.application.memoryMinutes, host.recordingRateHz,
+                              display.automaticAnalysis, display.recordingInput};
+  };
+  return front != nullptr ? with(front->settings.display) : with(StoredSettings(host).display);
 }
 
 void KeepRecordPlaySettings(const RecordPlaySettings& settings, DocumentHost& host,
@@ -32,7 +33,7 @@ void KeepRecordPlaySettings(const RecordPlaySettings& settings, DocumentHost& ho
     document->settings.display.recordingInput = settings.input;
   }
   if (front != nullptr) front->settings.display.automaticAnalysis = settings.automaticAnalysis;
-  DocumentSettings kept = SettingsInFront(host, front);
+  DocumentSettings kept = front != nullptr ? front->settings : StoredSettings(host);
   kept.referenceRateHz = settings.rateHz;
   kept.display.automaticAnalysis = settings.automaticAnalysis;
   kept.display.recordingInput = settings.input;

@@ -160,7 +160,8 @@ void SoundWindows::PlaySecond() {
 void SoundWindows::Refresh() {
   const SoundDesk& desk = frame_.sound();
   const CSonadexView* const front = view();
-  recordPlay_->ShowSettings(Settings());
+  // Without a document the settings are read from the configuration file.
+  if (recordPlay_->isVisible()) recordPlay_->ShowSettings(Settings());
   recordPlay_->ShowState({.canOpenScope = scope_ == nullptr,
                           .canPlay = front != nullptr && front->document().loaded &&
                                      front->selectionShown() && !desk.isRecording(),
