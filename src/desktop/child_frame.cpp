@@ -14,6 +14,7 @@
 #include "desktop/tool_icon.h"
 #include "desktop/window_place.h"
 #include "mainview/label_list.h"
+#include "mainview/recording_placement.h"
 #include "mainview/sound_desk.h"
 #include "platform/abandon.h"
 #include "platform/prompts.h"
@@ -49,7 +50,10 @@ void CChildFrame::Begin() {
     QTimer::singleShot(kTryAgainMs, this, [this] { Begin(); });
     return;
   }
-  host_.Run(*view_, [this] { BeginView(); });
+  host_.Run(*view_, [this] {
+    BeginView();
+    if (recording_) PlaceRecording(*view_, std::move(recording_));
+  });
   area_->Refresh();
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 
+#include "audio/recording_file.h"
 #include "desktop/frame_host.h"
 #include "document/document.h"
 #include "mainview/sonadex_view.h"
@@ -25,6 +26,9 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundCon
   // Null once the window was closed.
   CSonadexView* view() { return view_.get(); }
   MainViewArea& area() { return *area_; }
+  // A recording that becomes the document's samples when the view begins; null for none. A window
+  // that is closed before leaves its file where it is.
+  void TakeUp(std::unique_ptr<RecordingFile> recording) { recording_ = std::move(recording); }
   // The view's first update, in the size that the window has now; later while an operation runs.
   void Begin();
   // Covers `space` and goes on covering it whenever it changes, until the window is moved or sized
@@ -57,6 +61,7 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundCon
   FrameHost& host_;
   std::unique_ptr<CSonadexView> view_;
   MainViewArea* area_ = nullptr;
+  std::unique_ptr<RecordingFile> recording_;  // until the view begins
   int number_ = 0;
   std::optional<QRect> filled_;  // the place taken by Fill, while it holds
 };

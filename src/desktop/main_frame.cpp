@@ -12,7 +12,6 @@
 #include "desktop/sound/sound_windows.h"
 #include "desktop/tool_icon.h"
 #include "mainview/commands.h"
-#include "mainview/recording_placement.h"
 #include "platform/host_services.h"
 
 namespace cantorix {
@@ -84,20 +83,14 @@ bool CMainFrame::OpenFile(const std::string& path) {
   return true;
 }
 
-// After the first update of its window.
 void CMainFrame::OpenRecording(std::unique_ptr<RecordingFile> file) {
-  CChildFrame& frame = OpenNewWindow(documents_.New());
-  const auto kept = std::make_shared<std::unique_ptr<RecordingFile>>(std::move(file));
-  QMetaObject::invokeMethod(
-      &frame,
-      [this, &frame, kept] {
-        Run(*frame.view(), [&] { PlaceRecording(*frame.view(), std::move(*kept)); });
-      },
-      Qt::QueuedConnection);
+  OpenNewWindow(documents_.New(), std::move(file));
 }
 
-CChildFrame& CMainFrame::OpenNewWindow(CSonadexDoc& document) {
+CChildFrame& CMainFrame::OpenNewWindow(CSonadexDoc& document,
+                                       std::unique_ptr<RecordingFile> recording) {
   auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
+  frame->TakeUp(std::move(recording));
   area_->addSubWindow(frame);
   Place(*frame);
   frame->show();

@@ -39,7 +39,9 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool OpenFile(const std::string& path);
   // Shows a recording that was not saved in a new document.
   void OpenRecording(std::unique_ptr<RecordingFile> file);
-  CChildFrame& OpenNewWindow(CSonadexDoc& document);
+  // `recording` becomes the document's samples with the first update of the window; may be null.
+  CChildFrame& OpenNewWindow(CSonadexDoc& document,
+                             std::unique_ptr<RecordingFile> recording = nullptr);
   // Closes all windows of a document. False when the user keeps it open.
   bool CloseDocument(CSonadexDoc& document);
 

@@ -2,8 +2,10 @@
 // scripted devices.
 #include <QComboBox>
 #include <QTableView>
+#include <algorithm>
 #include <cmath>
 
+#include "audio/recording_file.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/windows/analysis_window_set.h"
@@ -12,6 +14,8 @@
 #include "mainview/label_layout.h"
 #include "mainview/listening.h"
 #include "mainview/view_commands.h"
+#include "settings/config_file.h"
+#include "settings/settings.h"
 #include "support/sound_samples.h"
 
 namespace cantorix {
@@ -95,6 +99,28 @@ TEST_F(SoundCommandsTest, ClosingFirstEndsTheRecordingAndThenAsks) {
   EXPECT_FALSE(frame.sound().isRecording());
   EXPECT_TRUE(frame.activeView()->document().isModified());
   frame.activeView()->document().SetModified(false);
+}
+
+TEST_F(SoundCommandsTest, RecordingsThatWereNotSavedOpenOneAfterTheOther) {
+  Settings settings{{}, DefaultDocumentSettings()};
+  settings.document.display.automaticAnalysis = 1;
+  WriteConfiguration(ConfigPath(folder.path()), settings);
+  // The analysis of the first is long enough for the others to come in between.
+  for (int i = 0; i < 3; ++i) {
+    auto file = RecordingFile::Create(folder.path(), "20261121-143005", 11025);
+    file->Append(SamplesFrom(0, 2000000));
+    frame.OpenRecording(std::move(file));
+  }
+  const auto all = [&] {
+    const auto documents = frame.documents().All();
+    return std::ranges::all_of(documents, [](const auto* document) { return document->loaded; });
+  };
+  EXPECT_TRUE(QTest::qWaitFor(all, 60000));
+  for (CSonadexDoc* const document : frame.documents().All()) {
+    EXPECT_EQ(document->channel().totalLength, 2000000.0);
+    EXPECT_TRUE(document->channel().intensity.IntensityValid);
+    document->SetModified(false);
+  }
 }
 
 TEST_F(SoundCommandsTest, CommandsAndKeysPlayTheirStretchOrStop) {
