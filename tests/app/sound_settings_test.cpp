@@ -90,7 +90,8 @@ TEST_F(RecordPlaySettingsTest, WithoutADocumentTheFileAloneHasThem) {
 
 TEST_F(RecordPlaySettingsTest, NoFileIsMadeOfThemIsKept) {
   CSonadexDoc front(test.host);
-  KeepRecordPlaySettings(kNew, test.host, {}, &front);
+  CSonadexDoc* const open[] = {&front};
+  KeepRecordPlaySettings(kNew, test.host, open, &front);
   EXPECT_TRUE(ReadConfiguration(Path()).empty());
   EXPECT_EQ(Found(&front), "9 44100 1 2");
 }
