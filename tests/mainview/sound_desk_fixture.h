@@ -58,13 +58,7 @@ class SoundDeskTest : public ViewTest {
   };
 
   Texts Prompts() { return world.test.prompts.TakeTranscript(); }
-  std::vector<std::string> Files() const {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(recordings.path())) {
-      names.push_back(entry.path().filename().string());
-    }
-    return names;
-  }
+  Texts Files() const { return recordings.Names(); }
   // Brings `count` samples and waits for the whole buffers of them.
   void Deliver(std::size_t count) {
     sound.in->Deliver(SamplesFrom(0, count));

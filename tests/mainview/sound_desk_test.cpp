@@ -29,20 +29,15 @@ TEST_F(SoundDeskTest, ARecordingBecomesTheDocumentWholeBuffersInMemoryOrAsTheSto
     EXPECT_EQ(talk.document.samplesOnDisk(), onDisk);
     EXPECT_EQ(talk.samples(), SamplesFrom(0, 2 * kBuffer));
     const CChannel& channel = talk.channel();
-    EXPECT_EQ(channel.sampleRateHz, 11025.0);
-    EXPECT_EQ(channel.totalLength, 2.0 * kBuffer);
-    EXPECT_EQ(channel.totalDurationMs, 2.0 * kBuffer * 1000.0 / 11025.0);
-    EXPECT_EQ(channel.visibleEnd.samples, 2.0 * kBuffer);
-    EXPECT_EQ(channel.channelComment, "bits");
-    EXPECT_EQ(channel.displayHigh, 5512.5);
     const CSonadexDoc& document = talk.document;
-    EXPECT_TRUE(document.loaded && document.newRecording && document.foreignSource);
-    EXPECT_TRUE(document.isModified());
-    EXPECT_EQ(document.title(), "Untitled");
-    EXPECT_EQ(document.savedRateHz, 11025.0);
-    EXPECT_EQ(document.savedLength, channel.totalLength);
-    EXPECT_EQ(document.savedDurationMs, channel.totalDurationMs);
-    EXPECT_EQ(world.test.host.currentRateHz, 11025.0);
+    EXPECT_EQ(Joined(channel.sampleRateHz, channel.totalLength, channel.totalDurationMs,
+                     channel.visibleEnd.samples, channel.channelComment, channel.displayHigh),
+              "11025 8192 743.0385488 8192 bits 5512.5");
+    EXPECT_EQ(Joined(document.savedRateHz, document.savedLength, document.savedDurationMs,
+                     world.test.host.currentRateHz, document.title()),
+              "11025 8192 743.0385488 11025 Untitled");
+    EXPECT_TRUE(document.loaded && document.newRecording && document.foreignSource &&
+                document.isModified());
     EXPECT_THAT(Files(), ElementsAre("Recording-20261121-143005-11025Hz-1.raw"));
     // Saved, it is no longer needed; the samples are there all the same.
     world.test.prompts.WillChooseFile(recordings / "talk.qrv");
@@ -88,16 +83,13 @@ TEST_F(SoundDeskTest, ReplacesWhatBelongedToTheEarlierRecording) {
   talk.view.undoAvailable = true;
   SelectSamples(talk, 10.0, 20.0);
   RecordInto(talk.view, kBuffer);
-  EXPECT_EQ(tier.name, "phones");
-  EXPECT_EQ(tier.tierWord, 44);
-  EXPECT_TRUE(tier.inUse);
-  EXPECT_THAT(tier.labels, IsEmpty());
-  EXPECT_EQ(talk.channel().referenceLevel, 0.0);
-  EXPECT_EQ(talk.channel().cursor.samples, 0.0);
+  EXPECT_EQ(Joined(tier.name, tier.tierWord, tier.inUse, tier.labels.size(),
+                   talk.channel().referenceLevel, talk.channel().cursor.samples),
+            "phones 44 1 0 0 0");
   EXPECT_FALSE(talk.channel().intensity.IntensityValid || talk.view.pitch.PitchValid);
   for (const CSonadexView* view : {static_cast<const CSonadexView*>(&talk.view), &other.view}) {
-    EXPECT_FALSE(view->undoAvailable || view->selectionShown() || view->markerSet());
-    EXPECT_FALSE(view->zoomed());
+    EXPECT_FALSE(view->undoAvailable || view->selectionShown() || view->markerSet() ||
+                 view->zoomed());
     EXPECT_EQ(view->readouts.durationMs, 0.0);
   }
   EXPECT_FALSE(talk.document.hasSelection);

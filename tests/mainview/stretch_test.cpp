@@ -2,89 +2,64 @@
 // and by zooms, what each shows, remembers and where it stops.
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "mainview/scroll_bar.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_fixture.h"
 #include "mainview/wheel_zoom.h"
 #include "mainview/zoom.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
 
-using enum ScrollRequest;
+constexpr ScrollRequest kRequests[] = {ScrollRequest::kLineBack, ScrollRequest::kLineForward,
+                                       ScrollRequest::kPageBack, ScrollRequest::kPageForward,
+                                       ScrollRequest::kTrack,    ScrollRequest::kThumbReleased,
+                                       ScrollRequest::kEnd};
 
-ScrollBar BarOf(double length, double start, double end) {
+// Position and page of the bar of a stretch of 10000 samples or another length.
+std::string BarOf(double start, double end, double length = 10000) {
   CChannel channel;
   SetLength(channel, length, 10000);
   Show(channel, start, end);
-  return HorizontalBarOf(channel);
+  const ScrollBar bar = HorizontalBarOf(channel);
+  return Joined(bar.position, bar.page, IsZoomed(bar));
 }
 
 TEST(ScrollBar, IsUnzoomedWheneverTheWholeRecordingShows) {
-  for (int length = 1; length < 20000; ++length) {
-    const ScrollBar bar = BarOf(length, 0, length);
-    ASSERT_EQ(bar.page, kUnzoomedPage) << length;
-    ASSERT_FALSE(IsZoomed(bar)) << length;
-  }
-  EXPECT_FALSE(IsZoomed(BarOf(0, 0, 0)));
+  for (int length = 0; length < 20000; ++length) ASSERT_EQ(BarOf(0, length, length), "0 30001 0");
 }
 
-TEST(ScrollBar, FollowsTheStretch) {
-  const struct {
-    const char* name;
-    double start, end;
-    const char* bar;  // position and page
-  } rows[] = {{"inside", 2000, 6000, "6000 12000"},
-              {"truncated", 1.2, 4.5, "3 9"},
-              {"shorter than a position", 5000, 5000.1, "15000 0"},
-              {"ends beyond", 9900, 10900, "27001 3000"},
-              {"longer than the recording", 5000, 25000, "0 60000"},
-              {"as long, shifted", 5000, 15000, "0 30001"},
-              {"scrolled unzoomed", 0, 10000.5, "0 30001"}};
-  for (const auto& row : rows) {
-    const ScrollBar bar = BarOf(10000, row.start, row.end);
-    EXPECT_EQ(Joined(bar.position, bar.page), row.bar) << row.name;
+TEST(ScrollBar, FollowsTheStretchAndStepsByTenthsOfAPageAsApproved) {
+  std::string text = "start end: position page zoomed\n";
+  for (const auto& [start, end] : {std::pair{2000.0, 6000.0},
+                                   {1.2, 4.5},
+                                   {5000, 5000.1},
+                                   {9900, 10900},
+                                   {5000, 25000},
+                                   {5000, 15000},
+                                   {0, 10000.5}}) {
+    text += Joined(start, end) + ": " + BarOf(start, end) + '\n';
   }
-}
-
-TEST(ScrollBar, StepsByTenthsOfAPageAndStopsAtTheEnds) {
-  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-  const struct {
-    std::int32_t position, page;
-    ScrollRequest request;
-    std::int32_t expected;
-  } rows[] = {{500, 1009, kLineForward, 600},
-              {500, 1009, kLineBack, 400},
-              {500, 1009, kPageForward, 1509},
-              {1500, 1009, kPageBack, 491},
-              {50, 1000, kLineBack, 0},
-              {28990, 1000, kLineForward, 29001},
-              {500, 1000, kTrack, 777},
-              {500, 29900, kTrack, 101},
-              {500, 1000, kThumbReleased, 500},
-              {500, 1000, kEnd, 500},
-              {500, 9, kLineForward, 500},
-              {500, 0, kLineForward, 501},  // where a page is shorter than a position
-              {500, 0, kPageBack, 499},
-              {0, kUnzoomedPage, kPageForward, 0},
-              {0, kMost, kPageForward, 0}};
-  for (const auto& row : rows) {
-    const ScrollBar bar = ScrolledHorizontally({row.position, row.page}, row.request, 777);
-    EXPECT_EQ(Joined(bar.position, bar.page), Joined(row.expected, row.page))
-        << row.position << ' ' << static_cast<int>(row.request);
+  text += "position page: after line back, on, page back, on, track to 777, released, end\n";
+  for (const std::int32_t position : {0, 50, 500, 1500, 28990}) {
+    for (const std::int32_t page : {0, 9, 1009, 29900, kUnzoomedPage, INT32_MAX}) {
+      text += Joined(position, page) + ':';
+      for (const ScrollRequest request : kRequests) {
+        const ScrollBar bar = ScrolledHorizontally({position, page}, request, 777);
+        EXPECT_EQ(bar.page, page);
+        text += ' ' + std::to_string(bar.position);
+      }
+      text += '\n';
+    }
   }
-}
-
-TEST(ScrollBar, ShowsTheStretchOfItsPosition) {
   CChannel channel;
   SetLength(channel, 60000, 10000);
   ShowScrolled(channel, {.position = 300, .page = 50});
-  EXPECT_EQ(StretchText(channel), "600 700 100 = 60 70 10 after 0 60000");
+  text += StretchText(channel) + '\n';
   Show(channel, 10, 11.5);
   ShowScrolled(channel, {.position = 300, .page = 0});
-  EXPECT_EQ(StretchText(channel), "600 601.5 1.5 = 60 60.15 0.15 after 0 60000");
+  ExpectText("mainview/expected/ScrollBar.txt", text + StretchText(channel) + '\n');
 }
 
 TEST(ScrollBar, UnzoomedStretchEndsOnePositionBeyondTheRecordingIsKept) {
@@ -95,42 +70,31 @@ TEST(ScrollBar, UnzoomedStretchEndsOnePositionBeyondTheRecordingIsKept) {
   EXPECT_EQ(HorizontalBarOf(channel).page, kUnzoomedPage);
 }
 
+// A line for each position and offset, with a page of 300 of 1000; lines and pages downward test
+// differently.
 TEST(VerticalScroll, DownwardTestsDifferForLinesAndPagesIsKept) {
-  const struct {
-    const char* name;
-    std::int32_t position, offset;
-    ScrollRequest request;
-    const char* after;  // position and offset
-  } rows[] = {{"line down", 100, -100, kLineForward, "130 -130"},
-              {"line down at the last page", 670, -670, kLineForward, "700 -670"},
-              {"page down at the last page", 670, -670, kPageForward, "701 -970"},
-              {"page down beyond", 701, -970, kPageForward, "701 -970"},
-              {"line up", 100, -100, kLineBack, "70 -70"},
-              {"line up at the start", 20, -20, kLineBack, "0 -20"},
-              {"page up", 300, -300, kPageBack, "0 0"},
-              {"track", 100, -100, kTrack, "250 -250"},
-              {"released", 250, -100, kThumbReleased, "250 -250"},
-              {"end at the start", 0, -20, kEnd, "0 0"},
-              {"end at the last page", 701, -970, kEnd, "701 -701"},
-              {"end in between", 100, -90, kEnd, "100 -90"}};
-  for (const auto& row : rows) {
-    const VerticalScroll after =
-        ScrolledVertically({{row.position, 300, 1000}, row.offset}, row.request, 250);
-    EXPECT_EQ(Joined(after.bar.position, after.offset), row.after) << row.name;
+  std::string text;
+  for (const auto& [position, offset] : {std::pair{100, -100},
+                                         {670, -670},
+                                         {701, -970},
+                                         {20, -20},
+                                         {300, -300},
+                                         {0, -20},
+                                         {100, -90}}) {
+    text += Joined(position, offset) + ':';
+    for (const ScrollRequest request : kRequests) {
+      const VerticalScroll after =
+          ScrolledVertically({{position, 300, 1000}, offset}, request, 250);
+      text += Joined("", after.bar.position, after.offset) + ',';
+    }
+    text += '\n';
   }
-}
-
-TEST(VerticalScroll, AResizeFitsTheBarToTheLaidOutHeight) {
-  const struct {
-    std::int32_t laidOut, client;
-    const char* fitted;                      // position, page, range and offset
-  } rows[] = {{600, 600, "51 550 600 -51"},  // an end that came nearer takes the view along
-              {599, 600, "0 601 600 0"},
-              {600, 20, "400 0 600 -400"}};  // a sliver of a window
-  for (const auto& row : rows) {
-    const auto [bar, offset] = FittedVertically({{400, 300, 1000}, -400}, row.laidOut, row.client);
-    EXPECT_EQ(Joined(bar.position, bar.page, bar.range, offset), row.fitted) << row.client;
+  // A resize fits the bar to the laid-out height: an end that came nearer takes the view along.
+  for (const auto& [laidOut, client] : {std::pair{600, 600}, {599, 600}, {600, 20}}) {
+    const auto [bar, offset] = FittedVertically({{400, 300, 1000}, -400}, laidOut, client);
+    text += Joined(laidOut, client, ":", bar.position, bar.page, bar.range, offset) + '\n';
   }
+  ExpectText("mainview/expected/VerticalScroll.txt", text);
 }
 
 constexpr double kRangeMs = 100.0;
@@ -152,14 +116,24 @@ struct ZoomChannel : CChannel {
   }
 };
 
-TEST(Zoom, EveryZoomShowsItsStretchAndRemembersTheLastOne) {
-  const std::pair<Zoom, const char*> rows[] = {
-      {Zoom::kUnZoom, "0 10000 10000 = 0 1000 1000 after -5 10005"},
-      {Zoom::kIn, "3000 5000 2000 = 300 500 200 after 2000 6000"},
-      {Zoom::kOut, "0 8000 8000 = 0 800 800 after 2000 6000"},
-      {Zoom::kSelection, "2500 3500 1000 = 250 350 100 after 2000 6000"},
-      {Zoom::kHome, "0 10000 10000 = 0 1000 1000 after 2000 6000"}};
-  for (const auto& [zoom, shown] : rows) EXPECT_EQ(ZoomChannel().After(zoom), shown);
+// Each zoom, and the same where a cut has left stretches, selection and cursor behind the
+// recording.
+TEST(Zoom, ShowsItsStretchAndNeverBeginsBehindItsEndAsApproved) {
+  std::string text;
+  for (const Zoom zoom :
+       {Zoom::kUnZoom, Zoom::kIn, Zoom::kOut, Zoom::kSelection, Zoom::kFromCursor, Zoom::kHome}) {
+    ZoomChannel behind;
+    behind.previousStart = behind.selectionEnd.samples = behind.cursor.samples = 12000;
+    behind.previousEnd = 13000;
+    Show(behind, 15000, 15400);
+    text += ZoomChannel().After(zoom) + '\n' + behind.After(zoom) + '\n';
+  }
+  for (const double ms : {500.0, 20.0, 980.0, 3000.0, -3000.0}) {
+    ZoomChannel channel;
+    ZoomToTime(channel, ms, kRangeMs);
+    text += "to " + Joined(ms, StretchText(channel)) + '\n';
+  }
+  ExpectText("mainview/expected/Zoom.txt", text);
 }
 
 TEST(Zoom, FromCursorShowsTheWholeDurationBeyondTheEndIsKept) {
@@ -173,36 +147,6 @@ TEST(Zoom, UnZoomGoesBackOneLevelExactlyAndStaysThere) {
   for (const Zoom zoom : {Zoom::kIn, Zoom::kUnZoom, Zoom::kUnZoom}) channel.After(zoom);
   EXPECT_EQ(channel.visibleStart.samples, 1234.5678);
   EXPECT_EQ(channel.visibleEnd.samples, 4321.9876);
-}
-
-// A cut has left stretches, selection and cursor behind the recording.
-TEST(Zoom, NeverBeginsBehindItsEnd) {
-  const std::pair<Zoom, const char*> rows[] = {{Zoom::kUnZoom, "10000 10000 "},
-                                               {Zoom::kIn, "10000 10000 "},
-                                               {Zoom::kOut, "10000 10000 "},
-                                               {Zoom::kSelection, "2500 10000 "},
-                                               {Zoom::kFromCursor, "10000 11000 "}};
-  for (const auto& [zoom, shown] : rows) {
-    ZoomChannel channel;
-    channel.previousStart = channel.selectionEnd.samples = channel.cursor.samples = 12000;
-    channel.previousEnd = 13000;
-    Show(channel, 15000, 15400);
-    EXPECT_EQ(channel.After(zoom).find(shown), 0U) << shown;
-  }
-}
-
-TEST(Zoom, ToATimeCentresTheRangeAndStopsAtTheRecording) {
-  const std::pair<double, const char*> rows[] = {
-      {500.0, "4500 5500 1000 = 450 550 100 after 2000 6000"},
-      {20.0, "0 700 700 = 0 70 70 after 2000 6000"},
-      {980.0, "9300 10000 700 = 930 1000 70 after 2000 6000"},
-      {3000.0, "9500 10000 500 = 950 1000 50 after 2000 6000"},
-      {-3000.0, "0 500 500 = 0 50 50 after 2000 6000"}};
-  for (const auto& [ms, shown] : rows) {
-    ZoomChannel channel;
-    ZoomToTime(channel, ms, kRangeMs);
-    EXPECT_EQ(StretchText(channel), shown);
-  }
 }
 
 constexpr std::int32_t kPointer = 300;
