@@ -7,6 +7,7 @@
 #include "document/document_io.h"
 #include "platform/abandon.h"
 #include "support/fake_services.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -14,39 +15,23 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(Channel, BeginsWithItsDefaults) {
-  const CChannel channel;
-  const std::pair<double, double> reals[] = {
-      {channel.totalDurationMs, 0.0},    {channel.sampleRateHz, 11025.0},
-      {channel.totalLength, 0.0},        {channel.displayLow, 8.0},
-      {channel.displayHigh, 5500.0},     {channel.referenceLevel, 0.0},
-      {channel.displayBound1, 2500.0},   {channel.displayBound2, 32768.0},
-      {channel.visibleEnd.samples, 0.0}, {channel.selectionEnd.ms, 0.0},
-      {channel.previousEnd, 0.0},        {channel.cursorValue, 0.0},
-  };
-  for (const auto& real : reals) EXPECT_EQ(real.first, real.second) << &real - reals;
-  EXPECT_THAT(channel.channelValues, ElementsAre(0.0, 0.0, 1.0, 0.0));
-  EXPECT_THAT((std::array{channel.channelTag, channel.channelWord1, channel.channelWord2,
-                          channel.channelWord3, channel.channelWord4, channel.channelWord5,
-                          channel.channelWord6, channel.channelWord7, channel.channelWord8,
-                          channel.channelFlag}),
-              ElementsAre(0U, 0U, 100U, 0U, 1U, 0U, 0U, 0U, 0U, 1U));
-  EXPECT_EQ(channel.bitsPerSample, 16);
-  EXPECT_EQ(channel.channelName, "");
-  EXPECT_EQ(channel.channelComment, "mv");
-  EXPECT_THAT(channel.trailingState, ElementsAre(0, 0, 0, 0, 0, 0, 1, 0, 0));
-  std::vector<std::string> names;
-  for (const Tier& tier : channel.tiers) {
-    names.push_back(tier.name);
-    EXPECT_FALSE(tier.inUse);
-    EXPECT_EQ(tier.tierWord, 20);
-  }
-  EXPECT_THAT(names, ElementsAre("tones", "words", "breaks", "misc", "", "", "", "", "", ""));
+  const CChannel c;
+  EXPECT_EQ(Joined(c.totalDurationMs, c.sampleRateHz, c.totalLength, c.displayLow, c.displayHigh,
+                   c.referenceLevel, c.displayBound1, c.displayBound2, c.visibleEnd.samples,
+                   c.selectionEnd.ms, c.previousEnd, c.cursorValue),
+            "0 11025 0 8 5500 0 2500 32768 0 0 0 0");
+  EXPECT_EQ(Joined(c.channelTag, c.channelWord1, c.channelWord2, c.channelWord3, c.channelWord4,
+                   c.channelWord5, c.channelWord6, c.channelWord7, c.channelWord8, c.channelFlag,
+                   c.bitsPerSample, c.channelName, c.channelComment),
+            "0 0 100 0 1 0 0 0 0 1 16  mv");
+  EXPECT_THAT(c.channelValues, ElementsAre(0.0, 0.0, 1.0, 0.0));
+  EXPECT_THAT(c.trailingState, ElementsAre(0, 0, 0, 0, 0, 0, 1, 0, 0));
+  EXPECT_EQ(JoinedEach(c.tiers, [](const Tier& tier) { return Joined(tier.name, tier.inUse); }),
+            "tones 0 words 0 breaks 0 misc 0  0  0  0  0  0  0");
   const Label label;
-  EXPECT_EQ(label.font.faceName(), "Arial");
-  EXPECT_EQ(label.font.height(), 14);
-  EXPECT_EQ(label.font.weight(), 400);
-  EXPECT_EQ(label.verticalPosition, 0.7);
-  EXPECT_EQ(label.flag, 0);
+  EXPECT_EQ(Joined(c.tiers[9].tierWord, label.font.faceName(), label.font.height(),
+                   label.font.weight(), label.verticalPosition, +label.flag),
+            "20 Arial 14 400 0.7 0");
 }
 
 TEST(Channel, TakesLabelsOnItsTenTiersOnly) {

@@ -7,6 +7,7 @@
 #include "document/document_io.h"
 #include "document/label.h"
 #include "platform/bytes.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -23,23 +24,16 @@ TEST(NativeFile, IsReadFieldByField) {
   const auto document = Read(host, fixture::SmallFile());
   ASSERT_TRUE(document);
   const CChannel& channel = document->channel();
-  EXPECT_EQ(channel.totalDurationMs, 0.625);
-  EXPECT_EQ(channel.sampleRateHz, 8000.25);
-  EXPECT_EQ(channel.totalLength, 5.0);
-  EXPECT_EQ(channel.referenceLevel, -3.5);
+  EXPECT_EQ(Joined(channel.totalDurationMs, channel.sampleRateHz, channel.totalLength,
+                   channel.referenceLevel, channel.displayLow, channel.displayHigh,
+                   channel.channelName, channel.channelComment, channel.visibleEnd.samples,
+                   channel.visibleLength.ms, channel.previousEnd),
+            "0.625 8000.25 5 -3.5 -7 4000 left \xC3\xA9 \xE9 Pa 5 0.625 5");
+  EXPECT_EQ(Joined(channel.channelTag, channel.channelWord1, channel.channelWord2,
+                   channel.channelWord3, channel.channelWord4, channel.channelWord5,
+                   channel.channelWord6, channel.channelWord7, channel.channelWord8),
+            "3735928559 1 2 3 4 5 6 7 4294967295");
   EXPECT_THAT(channel.channelValues, ElementsAre(0.1, 0.2, 0.3, 0.4));
-  EXPECT_EQ(channel.channelTag, 0xDEADBEEF);
-  EXPECT_THAT((std::array{channel.channelWord1, channel.channelWord2, channel.channelWord3,
-                          channel.channelWord4, channel.channelWord5, channel.channelWord6,
-                          channel.channelWord7, channel.channelWord8}),
-              ElementsAre(1, 2, 3, 4, 5, 6, 7, 0xFFFFFFFF));
-  EXPECT_EQ(channel.displayLow, -7.0);
-  EXPECT_EQ(channel.displayHigh, 4000.0);
-  EXPECT_EQ(channel.channelName, "left \xC3\xA9 \xE9");
-  EXPECT_EQ(channel.channelComment, "Pa");
-  EXPECT_EQ(channel.visibleEnd.samples, 5.0);
-  EXPECT_EQ(channel.visibleLength.ms, 0.625);
-  EXPECT_EQ(channel.previousEnd, 5.0);
   EXPECT_THAT(SamplesOf(*document), ElementsAre(0, 1, -2, 32767, -32768));
 
   const Tier& tier = channel.tiers[0];
@@ -50,16 +44,15 @@ TEST(NativeFile, IsReadFieldByField) {
   label.alignment = kAlignRight;
   label.flag = 1;
   label.labelBox = {11, -12, 13, -14};
-  label.colour = 0xFFC801;
+  label.colour = 0xFFC901;
   ByteBuilder font;
   font.I32({30, 12, 1, 2, 700}).U8({1, 0, 1, 161, 3, 2, 1, 49}).Text("Doulos", 32);
   std::copy(font.bytes.begin(), font.bytes.end(), label.font.bytes.begin());
   EXPECT_EQ(tier.labels[0], label);
   EXPECT_EQ(tier.labels[1].text, "L\xFF%");
-  EXPECT_TRUE(channel.tiers[1].inUse);
-  EXPECT_EQ(channel.tiers[1].name, "empty");
-  EXPECT_FALSE(channel.tiers[2].inUse);
-  EXPECT_EQ(channel.tiers[2].name, "breaks");
+  EXPECT_EQ(Joined(channel.tiers[1].name, channel.tiers[1].inUse, channel.tiers[2].name,
+                   channel.tiers[2].inUse),
+            "empty 1 breaks 0");
 }
 
 TEST(NativeFile, IsWrittenAsItWasRead) {
@@ -100,10 +93,11 @@ TEST(NativeFile, HoldsTheTiersInUseOneAfterTheOther) {
   ASSERT_TRUE(again);
   const Tiers& tiers = again->channel().tiers;
   EXPECT_EQ(tiers[1].name, std::string(255, 'm'));
-  EXPECT_EQ(tiers[1].labelCount(), 1);
-  EXPECT_EQ(tiers[3].name, "misc");
-  EXPECT_THAT((std::array{tiers[0].inUse, tiers[1].inUse, tiers[2].inUse, tiers[3].inUse}),
-              ElementsAre(true, true, false, false));
+  EXPECT_EQ(Joined(tiers[1].labelCount(), tiers[3].name, tiers[0].inUse, tiers[1].inUse,
+                   tiers[2].inUse, tiers[3].inUse),
+            "1 misc 1 1 0 0");
+  for (Tier& tier : channel.tiers) tier.inUse = true;
+  EXPECT_TRUE(Read(host, Written(*document))) << "of ten tiers";
 }
 
 TEST(NativeFile, OfASelectionCountsFromItsStart) {

@@ -35,7 +35,7 @@ inline void AddTier(ByteBuilder& file, std::string_view name, int labels, int wo
 
 // A label in a font of its own, upright 30 high.
 inline void AddLabel(ByteBuilder& file, double timeMs, std::string_view text, int flag = 1) {
-  file.F64({timeMs, 0.25}).I32({2, flag, 11, -12, 13, -14, 1, 200, 255});
+  file.F64({timeMs, 0.25}).I32({2, flag, 11, -12, 13, -14, 1, 201, 255});
   file.I32({30, 12, 1, 2, 700}).U8({1, 0, 1, 161, 3, 2, 1, 49}).Text("Doulos", 32);
   file.Text(text, 256);
 }

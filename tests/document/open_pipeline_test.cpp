@@ -13,6 +13,7 @@
 #include "platform/abandon.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
+#include "support/joined.h"
 #include "support/test_host.h"
 
 namespace cantorix {
@@ -98,11 +99,10 @@ TEST_F(OpenTest, GenericReadersAreTriedAfterTheQuestion) {
     EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kGenericQuestion));
     EXPECT_EQ(document.openFailure.reason, row.opens ? "" : "Its format is not known.");
   }
-  EXPECT_EQ(document.genericRead.headerBytes, 0);
-  EXPECT_EQ(document.genericRead.rateHz, 10000);
-  EXPECT_EQ(document.genericRead.sixteenBit, 1);
-  EXPECT_EQ(document.genericRead.highByteFirst, 1);
-  EXPECT_EQ(document.genericRead.binary, 1);
+  const GenericParameters& preset = document.genericRead;
+  EXPECT_EQ(Joined(preset.headerBytes, preset.rateHz, preset.sixteenBit, preset.highByteFirst,
+                   preset.binary),
+            "0 10000 1 1 1");
 }
 
 template <AbandonReason kReason>
@@ -161,16 +161,12 @@ TEST_F(OpenTest, LoadedDocumentIsUnmodifiedTitledAndSetsTheCurrentRate) {
                         return kWasRead;
                       }};
   ASSERT_TRUE(Open({reader}));
-  EXPECT_TRUE(document.loaded);
-  EXPECT_FALSE(document.newRecording);
-  EXPECT_FALSE(document.isModified());
-  EXPECT_EQ(document.title(), "file");
-  EXPECT_EQ(document.pathName(), path);
-  EXPECT_EQ(document.savedRateHz, 16000.0);
-  EXPECT_EQ(document.savedLength, 48000.5);
-  EXPECT_EQ(document.savedDurationMs, 48000.5 * 1000.0 / 16000.0);
-  EXPECT_EQ(host.host.currentRateHz, 16000.0);
-  EXPECT_EQ(host.host.recordingRateHz, 1.0) << "opening must not change the recording rate";
+  EXPECT_TRUE(document.loaded && !document.newRecording && !document.isModified());
+  EXPECT_EQ(Joined(document.pathName(), document.title()), path + " file");
+  EXPECT_EQ(Joined(document.savedRateHz, document.savedLength, document.savedDurationMs,
+                   host.host.currentRateHz, host.host.recordingRateHz),
+            "16000 48000.5 3000.03125 16000 1")
+      << "opening must not change the recording rate";
 }
 
 TEST_F(OpenTest, ContentAloneDecidesTheFormat) {

@@ -8,6 +8,7 @@
 #include "document/label.h"
 #include "platform/abandon.h"
 #include "support/folder_sync_failure.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -43,83 +44,52 @@ class SaveCommandsTest : public testing::Test {
   std::vector<std::string> remembered_;
 };
 
-struct DialogRow {
+struct CommandRow {
   bool (*command)(CSonadexDoc&);
-  const char* title;
-  const char* request;  // behind the title
+  const char *title, *request;  // of its dialog
+  const char* left;             // of foreign source, new recording, modified and selection
 };
 
-const DialogRow kDialogs[] = {
-    {SaveDocumentAs, "Save file As",
-     ", Untitled.qrv, Cantorix files (*.qrv)|*.qrv| #1, asks before overwriting"},
+const CommandRow kCommands[] = {
     {SaveCopyAs, "Save a Copy As",
-     ", Copy of talk_one_qrv.pmf, Cantorix files (*.qrv)|*.qrv| #1, must exist, asks before "
-     "overwriting"},
+     ", Copy of talk_one_qrv.pmf, Cantorix files (*.qrv)|*.qrv| #1, must exist, ", "0 1 0 1"},
     {SaveSelectionAs, "Save Selection As",
-     ", Selection of talk_one_qrv.qrv, Cantorix files (*.qrv)|*.qrv| #1, must exist, asks before "
-     "overwriting"},
+     ", Selection of talk_one_qrv.qrv, Cantorix files (*.qrv)|*.qrv| #1, must exist, ", "1 1 1 1"},
     {ExportAsWave, "Save a Data Channel As",
-     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, asks before "
-     "overwriting"},
+     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, ", "1 1 1 1"},
     {ExportSelectionAsWave, "Save Selection of a Data Channel As",
-     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, asks before "
-     "overwriting"},
+     ", Export talk_one_qrv.wav, Wave files (*.wav)|*.wav| #1, must exist, ", "1 1 1 1"},
+    {SaveDocumentAs, "Save file As", ", Untitled.qrv, Cantorix files (*.qrv)|*.qrv| #1, ",
+     "0 0 0 0"},
 };
 
-TEST_F(SaveCommandsTest, AsksForANameAndChangesNothingWhenTheUserCancels) {
-  for (const DialogRow& row : kDialogs) {
-    host_.prompts.WillCancel();
-    EXPECT_FALSE(row.command(document_));
-    EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(std::string("save: ") + row.title));
-    EXPECT_EQ(TextOf(host_.prompts.fileRequests.back()),
-              std::string(row.title) + row.request + ", hides read-only");
-    EXPECT_TRUE(document_.hasSelection && document_.isModified());
-    EXPECT_EQ(document_.pathName(), path_);
-  }
-  EXPECT_THAT(host_.folder.Names(), ElementsAre());
-}
-
-TEST_F(SaveCommandsTest, WritesTheWholeOrTheSelection) {
-  const std::vector<Bytes> expected = {Whole(), Whole(), Written(document_, RangeOf(20.0, 60.0)),
-                                       RampWave(0, 100), RampWave(20, 40)};
-  for (std::size_t i = 0; i < std::size(kDialogs); ++i) {
-    SCOPED_TRACE(kDialogs[i].title);
-    document_.hasSelection = true;
-    host_.prompts.WillChooseFile(chosen_);
-    EXPECT_TRUE(kDialogs[i].command(document_));
-    host_.prompts.TakeTranscript();
-    EXPECT_EQ(ReadBytes(chosen_), expected[i]);
-  }
-}
-
-struct FlagRow {
-  bool (*command)(CSonadexDoc&);
-  bool renames, foreignSource, newRecording, modified, hasSelection;
-};
-
-TEST_F(SaveCommandsTest, LeavesPathAndFlagsAsEachCommandDemands) {
-  const FlagRow rows[] = {
-      {SaveCopyAs, false, false, true, false, true},
-      {SaveSelectionAs, false, true, true, true, true},
-      {ExportAsWave, false, true, true, true, true},
-      {ExportSelectionAsWave, false, true, true, true, true},
-      {SaveDocumentAs, true, false, false, false, false},
+TEST_F(SaveCommandsTest, AskForANameAndWriteTheWholeOrTheSelection) {
+  const Bytes expected[] = {Whole(), Written(document_, RangeOf(20.0, 60.0)), RampWave(0, 100),
+                            RampWave(20, 40), Whole()};
+  const auto flags = [this] {
+    return Joined(document_.foreignSource, document_.newRecording, document_.isModified(),
+                  document_.hasSelection);
   };
-  for (const FlagRow& row : rows) {
-    SCOPED_TRACE(&row - rows);
+  for (const CommandRow& row : kCommands) {
+    SCOPED_TRACE(row.title);
     document_.hasSelection = document_.foreignSource = document_.newRecording = true;
     document_.SetModified(true);
+    host_.prompts.WillCancel();
+    EXPECT_FALSE(row.command(document_));
+    EXPECT_EQ(flags(), "1 1 1 1");
+    EXPECT_EQ(TextOf(host_.prompts.fileRequests.back()),
+              std::string(row.title) + row.request + "asks before overwriting, hides read-only");
     host_.prompts.WillChooseFile(chosen_);
+    EXPECT_EQ(document_.pathName(), path_);
     EXPECT_TRUE(row.command(document_));
-    host_.prompts.TakeTranscript();
-    EXPECT_EQ(document_.pathName(), row.renames ? chosen_ : path_);
-    EXPECT_EQ(remembered_.size(), row.renames ? 1U : 0U);
-    EXPECT_EQ(document_.foreignSource, row.foreignSource);
-    EXPECT_EQ(document_.newRecording, row.newRecording);
-    EXPECT_EQ(document_.isModified(), row.modified);
-    EXPECT_EQ(document_.hasSelection, row.hasSelection);
+    EXPECT_EQ(ReadBytes(chosen_), expected[&row - kCommands]);
+    EXPECT_EQ(flags(), row.left);
+    const std::string asked = std::string("save: ") + row.title;
+    EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(asked, asked));
   }
+  EXPECT_EQ(document_.pathName(), chosen_);
   EXPECT_EQ(document_.title(), "chosen");
+  EXPECT_THAT(remembered_, ElementsAre(chosen_));
 }
 
 TEST_F(SaveCommandsTest, NeverSavesARecordingOrAForeignFileUnderItsOwnName) {
@@ -152,7 +122,7 @@ TEST_F(SaveCommandsTest, NeverSavesARecordingOrAForeignFileUnderItsOwnName) {
 TEST_F(SaveCommandsTest, AFailedSaveIsReportedAndACopyForgetsTheSelectionIsKept) {
   constexpr const char* kReport = "message: .*/chosen could not be saved. No such file .*\\.";
   constexpr const char* kError = "message: Error in save operation\\.";
-  for (const DialogRow& row : kDialogs) {
+  for (const CommandRow& row : kCommands) {
     SCOPED_TRACE(row.title);
     document_.hasSelection = true;
     host_.prompts.WillChooseFile(impossible_);
@@ -195,6 +165,7 @@ TEST_F(SaveCommandsTest, SavesUnderItsOwnNameAndSaysWhenItIsPerhapsNotOnDisk) {
   EXPECT_TRUE(SaveDocument(document_));
   EXPECT_EQ(ReadBytes(path_), Whole());
   EXPECT_FALSE(document_.isModified() || document_.hasSelection);
+  EXPECT_EQ(Joined(host_.progress.waits, host_.progress.waiting), "1 0") << "it takes its time";
   document_.SetModified(true);
   const FolderSyncFailure failure;
   EXPECT_TRUE(SaveDocument(document_));
@@ -207,18 +178,6 @@ TEST_F(SaveCommandsTest, SavesUnderItsOwnNameAndSaysWhenItIsPerhapsNotOnDisk) {
   host_.prompts.WillChooseFile(chosen_);
   EXPECT_TRUE(ExportAsWave(document_));
   EXPECT_EQ(host_.prompts.TakeTranscript().size(), 2U);
-}
-
-TEST_F(SaveCommandsTest, CancelledWritingOfAStoreLeavesTheEarlierFile) {
-  MoveToStore(document_);
-  const Bytes earlier(3, std::byte{7});
-  WriteBytes(path_, earlier);
-  host_.progress = CancellingProgress(1);
-  EXPECT_THROW(SaveDocument(document_), Abandoned);
-  EXPECT_EQ(ReadBytes(path_), earlier);
-  EXPECT_EQ(host_.progress.waits, 1) << "the user sees that it takes its time";
-  EXPECT_EQ(host_.progress.waiting, 0);
-  EXPECT_TRUE(document_.isModified());
 }
 
 TEST_F(SaveCommandsTest, AsksBeforeAModifiedDocumentCloses) {
@@ -235,6 +194,11 @@ TEST_F(SaveCommandsTest, AsksBeforeAModifiedDocumentCloses) {
   EXPECT_EQ(AskToClose(document_), CloseAnswer::kGivesUp);
   EXPECT_TRUE(document_.isModified()) << "until it closes";
   EXPECT_THAT(host_.prompts.TakeTranscript(), ElementsAre(kQuestion, kQuestion, kQuestion));
+  document_.SetPathName(impossible_);
+  host_.prompts.WillAnswer(Answer::kYes);
+  EXPECT_EQ(AskToClose(document_), CloseAnswer::kStays) << "after a save that failed";
+  EXPECT_THAT(host_.prompts.TakeTranscript().at(1), MatchesRegex(".* could not be saved\\. .*"));
+  EXPECT_TRUE(document_.isModified());
   document_.SetModified(false);
   EXPECT_EQ(AskToClose(document_), CloseAnswer::kCloses) << "without a question";
 }
@@ -245,15 +209,6 @@ TEST_F(SaveCommandsTest, ClosesAfterACancelledSaveAsIsKept) {
   host_.prompts.WillCancel();
   EXPECT_EQ(AskToClose(document_), CloseAnswer::kCloses);
   host_.prompts.TakeTranscript();
-}
-
-TEST_F(SaveCommandsTest, StaysOpenAfterAFailedSave) {
-  document_.SetPathName(impossible_);
-  host_.prompts.WillAnswer(Answer::kYes);
-  EXPECT_EQ(AskToClose(document_), CloseAnswer::kStays);
-  EXPECT_THAT(host_.prompts.TakeTranscript(),
-              ElementsAre(testing::_, MatchesRegex("message: .* could not be saved\\. .*")));
-  EXPECT_TRUE(document_.isModified());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "document/sample_conversion.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -102,16 +103,11 @@ TEST(WavReader, SetsTheFieldsOfAForeignRecording) {
   const auto document = ReadWav(host, Wav({.rateHz = 16000}, Bytes(64)));
   ASSERT_TRUE(document);
   const CChannel& channel = document->channel();
-  EXPECT_EQ(channel.sampleRateHz, 16000.0);
-  EXPECT_EQ(channel.totalLength, 32.0);
-  EXPECT_EQ(channel.totalDurationMs, 2.0);
-  EXPECT_EQ(channel.channelComment, "bits");
-  EXPECT_EQ(channel.channelName, "");
-  EXPECT_EQ(channel.displayLow, 1.0);
-  EXPECT_EQ(channel.displayHigh, 8000.0);
-  EXPECT_EQ(channel.visibleEnd.samples, 32.0);
-  EXPECT_EQ(channel.visibleLength.ms, 2.0);
-  EXPECT_EQ(channel.previousEnd, 32.0);
+  EXPECT_EQ(
+      Joined(channel.sampleRateHz, channel.totalLength, channel.totalDurationMs,
+             channel.channelComment, channel.channelName, channel.displayLow, channel.displayHigh,
+             channel.visibleEnd.samples, channel.visibleLength.ms, channel.previousEnd),
+      "16000 32 2 bits  1 8000 32 2 32");
   EXPECT_TRUE(document->foreignSource);
   EXPECT_FALSE(document->extractedChannel);
 }
