@@ -109,20 +109,6 @@ TEST_F(Dialogs, TheLabelsFontAndColourAreChosenInTheirDialogs) {
   EXPECT_FALSE(buttons[0]->toolTip().contains("Arial, 14 pixels"));
 }
 
-TEST_F(Dialogs, TheImportDialogGivesTheTierByItsName) {
-  LabelImportOptions preset;
-  preset.unit = TimeStampUnit::kSeconds;
-  preset.alignment = kAlignCentre;
-  LabelImportDialog dialog(prompts, {"tones", "words"}, preset, nullptr);
-  FieldOf<QComboBox>(dialog, "Select a tier to enter into :")->setCurrentIndex(1);
-  FieldOf<QCheckBox>(dialog, "Add Line")->click();
-  const LabelImportAnswer entered = dialog.Entered();
-  EXPECT_EQ(entered.tierName, "words");
-  EXPECT_EQ(entered.options.unit, TimeStampUnit::kSeconds);
-  EXPECT_EQ(entered.options.alignment, kAlignCentre);
-  EXPECT_TRUE(entered.options.addLine);
-}
-
 TEST_F(Dialogs, TiersComeBackByLine) {
   const std::string longest(255, 'n');
   TierSetups preset;
@@ -145,17 +131,6 @@ TEST_F(Dialogs, TiersComeBackByLine) {
   EXPECT_EQ(dialog.Entered(), preset);
 }
 
-TEST_F(Dialogs, ChannelsAreADropDownListOfAtMostTen) {
-  for (const auto& [channels, listed] : {std::pair{2, 2}, {10, 10}, {12, 10}}) {
-    ChannelDialog dialog("Which?", channels, nullptr);
-    auto* const list = FieldOf<QComboBox>(dialog, "Channels");
-    EXPECT_EQ(list->count(), listed);
-    EXPECT_EQ(dialog.Entered(), 0);
-    list->setCurrentIndex(1);
-    EXPECT_EQ(dialog.Entered(), 1);
-  }
-}
-
 // Every dialog of the working view, answered by OK and by Cancel.
 TEST_F(Dialogs, GiveWhatOkTookAndNothingOnCancel) {
   QtPrompts boxes;
@@ -172,8 +147,12 @@ TEST_F(Dialogs, GiveWhatOkTookAndNothingOnCancel) {
     EXPECT_TRUE(!ok || (label->label.text == "H*" && !label->remove));
     EXPECT_EQ(dialogs.AskTiers({{{"tones", 21, true}}}).value_or(TierSetups{})[0].height,
               ok ? 21 : 20);
-    EXPECT_EQ(dialogs.AskLabelImport({"words"}, {}).value_or(LabelImportAnswer{}).tierName,
-              ok ? "words" : "");
+    const auto import =
+        dialogs.AskLabelImport({"words"}, {TimeStampUnit::kSeconds, kAlignCentre, true});
+    ASSERT_EQ(import.has_value(), ok);
+    EXPECT_TRUE(!ok || (import->tierName == "words" && import->options.addLine &&
+                        import->options.unit == TimeStampUnit::kSeconds &&
+                        import->options.alignment == kAlignCentre));
     EXPECT_EQ(dialogs.AskGain({15.0, 0.0}).value_or(GainSettings{}).gainPercent, ok ? 15.0 : 0.0);
     EXPECT_EQ(dialogs.AskZoomRange(1234).value_or(0), ok ? 1234 : 0);
     EXPECT_EQ(dialogs.AskFftLpc({}, 8000.0).has_value(), ok);

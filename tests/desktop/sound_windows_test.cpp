@@ -39,11 +39,6 @@ class SoundWindowsTest : public DesktopTest {
     QApplication::processEvents();
     return Window();
   }
-  Settings Stored() {
-    Settings settings;
-    EXPECT_TRUE(DecodeRecord(ReadConfiguration(ConfigPath(folder.path())), settings));
-    return settings;
-  }
   // As a user does: the entry is looked for, and chosen only when it is not grey.
   void Choose(QComboBox& list, const QString& text) {
     const int index = list.findText(text);
@@ -83,10 +78,8 @@ TEST_F(SoundWindowsTest, EachFieldReachesItsPlaceAndTheFile) {
   EXPECT_EQ(view.document().settings.display.recordingInput, 2);
   EXPECT_EQ(sound.openedInputs.back(), "Line");
   EXPECT_EQ((profile.texts[{"Sound", "Input"}]), "Line");
-  const Settings stored = Stored();
-  EXPECT_EQ(stored.application.memoryMinutes, 9);
-  EXPECT_EQ(stored.document.referenceRateHz, 44100.0);
-  EXPECT_EQ(stored.document.display.automaticAnalysis, 1);
+  Settings stored;
+  ASSERT_TRUE(DecodeRecord(ReadConfiguration(ConfigPath(folder.path())), stored));
   EXPECT_EQ(stored.document.display.recordingInput, 2);
 }
 
