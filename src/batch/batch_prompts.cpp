@@ -14,6 +14,10 @@ void BatchPrompts::Say(const std::string& text) {
   console_.Report(file_, named ? text.substr(opened_.size() + 1) : text);
 }
 
+void BatchPrompts::Note(const std::string& text) {
+  if (!interrupted_) console_.Report(file_, text);
+}
+
 void BatchPrompts::Decline(const std::string& text) {
   declined_ = true;
   Say(text);

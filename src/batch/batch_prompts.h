@@ -41,6 +41,8 @@ class BatchPrompts : public Prompts {
   void OpensFrom(const std::string& path) { opened_ = path; }
   // One line about the file.
   void Say(const std::string& text);
+  // The same for what is no reason for a failure.
+  void Note(const std::string& text);
 
  private:
   // Says why a question is not answered.

@@ -27,6 +27,8 @@ constexpr const char* kFooter = R"(Examples:
 Tables are tab-separated with a header line; times are in milliseconds.
 Exit status: 0 all done, 1 some file failed, 2 wrong usage.)";
 
+constexpr const char* kAutomatic = "auto";
+
 std::string WithKnownEnding(const std::string& path) {
   const bool known = HasEnding(path, ".qrv") || HasEnding(path, ".wav") || IsStream(path);
   return known ? "" : "the name must end in .qrv or .wav: " + path;
@@ -66,6 +68,15 @@ CLI::Option* Grammar::Sets(CLI::App* app, const char* option, const char* field,
     verbAssignments_.push_back({field, text});
   };
   return app->add_option_function<std::string>(option, assign, description)->type_name("NUMBER");
+}
+
+CLI::Option* Grammar::SetsLpcOrder(CLI::App* app, const char* field, const char* description) {
+  const auto assign = [this, field](const std::string& text) {
+    request_.usualLpcOrder = text == kAutomatic;
+    if (!request_.usualLpcOrder) verbAssignments_.push_back({field, text});
+  };
+  return app->add_option_function<std::string>("--lpc", assign, description)
+      ->type_name("NUMBER|auto");
 }
 
 void Grammar::SetsPoints(CLI::App* app, const char* field, const char* description) {

@@ -28,6 +28,9 @@ class Grammar {
 
   // The option sets one field of the settings.
   CLI::Option* Sets(CLI::App* app, const char* option, const char* field, const char* description);
+  // --lpc: a number into a field of the settings, or "auto" for the usual order at a recording's
+  // rate.
+  CLI::Option* SetsLpcOrder(CLI::App* app, const char* field, const char* description);
   // The option is an FFT size.
   void SetsPoints(CLI::App* app, const char* field, const char* description);
   // The flag sets a field to 1.

@@ -19,8 +19,9 @@ void DeclareSpectrum(Grammar& grammar) {
   grammar.AddStyle(app);
   grammar.SetsPoints(app, "fftlpc.points", "FFT size");
   grammar.Sets(app, "--window", "fftlpc.windowMs", "Applied window length, ms");
-  grammar.Sets(app, "--lpc", "fftlpc.lpcOrder",
-               "LPC coefficients, and the LPC frame's length in ms");
+  grammar.SetsLpcOrder(app, "fftlpc.lpcOrder",
+                       "LPC coefficients, and the LPC frame's length in ms; auto: one for each "
+                       "kHz of the recording's rate and two more");
   grammar.Sets(app, "--fmax", "fftlpc.rangeHz", "Upper frequency, Hz");
   grammar.Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
   grammar.Sets(app, "--step", "fftlpc.stepMs", "Between the frames of an average, ms")
@@ -46,10 +47,15 @@ void AddSpectrogram(Grammar& grammar, CLI::App* app) {
   grammar.Sets(app, "--dynamic", "spectrogram.dynamicRangeDb",
                "Dynamic range, dB; columns that stay below half of it are silent");
   grammar.Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
+  const CLI::Range orders(1, 400);
   grammar
-      .Sets(app, "--lpc", "spectrogram.lpcOrder",
-            "LPC coefficients of the formants, and their frame's length in ms")
-      ->check(CLI::Range(1, 400));
+      .SetsLpcOrder(app, "spectrogram.lpcOrder",
+                    "LPC coefficients of the formants, and their frame's length in ms; auto: one "
+                    "for each kHz of the recording's rate and two more")
+      ->type_name("NUMBER:INT in [1 - 400]|auto")
+      ->check([orders](const std::string& text) {
+        return text == "auto" ? std::string() : orders(text);
+      });
 }
 
 CLI::Option* AddColumns(Grammar& grammar, CLI::App* app) {

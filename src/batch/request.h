@@ -90,6 +90,7 @@ struct Request {
   int rows = 200;                      // of the picture that decides what is silent, too
   bool formantColumns = false;         // spectrogram: F1 to F5 behind the levels
   std::optional<double> columnStepMs;  // formants: between columns, instead of their number
+  bool usualLpcOrder = false;          // the LPC order goes by the recording's rate
   LabelImport labelImport;             // import-labels
   std::vector<EditStep> steps;         // edit
 };

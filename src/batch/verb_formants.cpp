@@ -4,6 +4,7 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
+#include "batch/lpc_order.h"
 #include "batch/option_limits.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
@@ -31,6 +32,7 @@ bool Compute(Session& session, CSpectrogramView& view) {
   RequireSpectrogramRange(session);
   CSonadexDoc& document = session.document();
   document.settings.spectrogram.trackFormants = 1;
+  SettleLpcOrder(session, document.settings.spectrogram.lpcOrder);
   const Division division = DivisionOf(session, document.channel().sampleRateHz);
   const SpectrogramSize size{division.columns, session.request().rows, false};
   if (view.ComputeSpectrogram(division.range, size)) return true;

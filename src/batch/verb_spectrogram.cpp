@@ -2,6 +2,7 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
+#include "batch/lpc_order.h"
 #include "batch/option_limits.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
@@ -38,7 +39,9 @@ double MiddleOf(const Spectrogram& spectrogram, std::int64_t column) {
 bool Compute(Session& session, CSpectrogramView& view) {
   RequireSpectrogramRange(session);
   const Request& request = session.request();
-  session.document().settings.spectrogram.trackFormants = request.formantColumns ? 1 : 0;
+  SpectrogramSettings& settings = session.document().settings.spectrogram;
+  settings.trackFormants = request.formantColumns ? 1 : 0;
+  if (request.formantColumns) SettleLpcOrder(session, settings.lpcOrder);
   if (view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) return true;
   session.prompts().Say("no spectrogram: the recording has no sampling rate to go by");
   return false;

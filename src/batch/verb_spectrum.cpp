@@ -3,6 +3,7 @@
 #include "analysisview/fft_lpc_log.h"
 #include "analysisview/fft_lpc_view.h"
 #include "batch/log_rows.h"
+#include "batch/lpc_order.h"
 #include "batch/outcome.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
@@ -35,6 +36,7 @@ void RequireFit(const CSonadexDoc& document) {
 }
 
 bool Analyse(Session& session, CFFTLPCView& view) {
+  SettleLpcOrder(session, session.document().settings.fftLpc.lpcOrder);
   RequireFit(session.document());
   return view.AnalyseSpectrum(PlaceOf(session, session.document().channel()),
                               session.request().displayPoints);

@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "batch/command.h"
 #include "support/samples.h"
+#include "support/temporary_folder.h"
 
 namespace cantorix::batch {
 namespace {
@@ -78,6 +81,35 @@ TEST(Spectra, NameTheFileInEveryRowOfASharedTable) {
   EXPECT_THAT(result.out, StartsWith("file\ttime_ms\tF1\tF2\tF3\tF4\tF5\n" + kVowels + "\t0.0\t"));
   const auto matrix = RunBatch({"spectrogram", kVowels, kVowels, "--columns", "1", "--rows", "1"});
   EXPECT_THAT(matrix.out, StartsWith("file\ttime_ms\t0.0\n" + kVowels + "\t0.0\t"));
+}
+
+// A resonance of 1200 Hz struck 100 times a second, at 48 kHz.
+TEST(Spectra, SayWhereTheLpcOrderIsLowForTheRate) {
+  const TemporaryFolder folder;
+  const std::string hum = folder / "hum.wav";
+  std::vector<int> samples;
+  for (int i = 0; i < 9600; ++i) {
+    const double seconds = i % 480 / 48000.0;
+    samples.push_back(
+        static_cast<int>(9000.0 * std::exp(-250.0 * seconds) * std::cos(7540.0 * seconds)));
+  }
+  PutFile(hum, Wave(samples, 48000));
+  const std::string low =
+      "cantorix-batch: " + hum + ": LPC order 14 is low for 48000 Hz (usual: 50).\n";
+  const Words verbs[] = {{"formants", hum, "--step", "50"},
+                         {"spectrogram", hum, "--columns", "2", "--rows", "3", "--formants"},
+                         {"spectrum", hum, "--at", "50"}};
+  for (const Words& verb : verbs) {
+    const CommandResult given = RunBatch(verb);
+    EXPECT_EQ(given.exitCode, 0) << verb[0];
+    EXPECT_EQ(given.err, low) << verb[0];
+    EXPECT_EQ(RunBatch(verb + Words{"--lpc", "14"}).out, given.out) << verb[0];
+    const CommandResult usual = RunBatch(verb + Words{"--lpc", "auto"});
+    EXPECT_EQ(usual.err, "") << verb[0];
+    EXPECT_EQ(usual.out, OutOf(verb + Words{"--lpc", "50"})) << verb[0];
+    EXPECT_NE(usual.out, given.out) << verb[0];
+  }
+  EXPECT_EQ(RunBatch({"spectrogram", hum, "--columns", "2", "--rows", "3"}).err, "");
 }
 
 TEST(Spectra, SayWhatDoesNotFitIntoMemory) {
