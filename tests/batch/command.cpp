@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
 #include <optional>
 #include <sstream>
@@ -51,12 +52,6 @@ std::string FileText(const std::string& path) {
 
 void PutFile(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
-}
-
-void ExpectSaid(const std::string& name, const std::string& said) {
-  const std::string path = SamplesDirectory() + "/../tests/batch/expected/" + name;
-  if (std::getenv("CANTORIX_RENEW_EXPECTED") != nullptr) PutFile(path, said);
-  EXPECT_EQ(said, FileText(path)) << name;
 }
 
 CommandResult RunBatch(const Words& words, const CommandHost& host) {
@@ -106,32 +101,32 @@ std::string Filled(std::string text, const std::string& folder) {
   return text;
 }
 
-void Check(const std::string& folder, const std::vector<Case>& cases) {
-  for (const Case& row : cases) {
-    Words words = row.words;
-    for (std::string& word : words) word = Filled(word, folder);
-    const CommandResult result = RunBatch(words);
-    const std::string name = testing::PrintToString(words);
-    EXPECT_EQ(result.exitCode, row.exitCode) << name;
-    EXPECT_EQ(result.out, Filled(row.out, folder)) << name;
-    EXPECT_EQ(result.err, Filled(row.err, folder)) << name;
-  }
-}
-
-std::string RefusalsOf(const std::string& folder, const std::vector<Words>& commands) {
+void ExpectTranscript(const std::string& name, const std::string& folder) {
+  const std::string path = SamplesDirectory() + "/../tests/batch/expected/" + name;
+  const std::string approved = FileText(path);
+  const std::string sample = SamplesDirectory() + "/vowels.qrv";
   std::string said;
-  for (Words words : commands) {
-    for (std::string& word : words) word = Filled(word, folder);
+  std::istringstream lines(approved);
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with('$')) continue;
+    Words words;
+    std::istringstream text(line.substr(1));
+    for (std::string word; text >> std::quoted(word);) {
+      words.push_back(word == "VOWELS" ? sample : Filled(word, folder));
+    }
     const CommandResult result = RunBatch(words);
-    EXPECT_EQ(result.exitCode, 2) << testing::PrintToString(words);
-    EXPECT_EQ(result.out, "") << testing::PrintToString(words);
-    EXPECT_EQ(result.err.find('\n') + 1, result.err.size()) << testing::PrintToString(words);
-    said += result.err;
+    said += line + '\n' + result.out;
+    std::istringstream errors(result.err);
+    for (std::string error; std::getline(errors, error);) said += "! " + error + '\n';
+    if (result.exitCode != 0) said += '[' + std::to_string(result.exitCode) + "]\n";
   }
-  for (std::size_t at; (at = said.find(folder)) != std::string::npos;) {
-    said.replace(at, folder.size(), "@");
+  for (const auto& [shown, place] : {std::pair{"@", folder}, {"VOWELS", sample}}) {
+    for (std::size_t at; (at = said.find(place)) != std::string::npos;) {
+      said.replace(at, place.size(), shown);
+    }
   }
-  return said;
+  if (std::getenv("CANTORIX_RENEW_EXPECTED") != nullptr) return PutFile(path, said);
+  EXPECT_EQ(said, approved) << name;
 }
 
 std::string Wave(const std::vector<int>& samples, int rateHz, int channels) {

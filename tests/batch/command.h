@@ -25,10 +25,12 @@ struct CommandHost {
 using Table = std::vector<std::vector<std::string>>;
 
 std::string FileText(const std::string& path);
-// Compares with a file of the folder "expected", in which the words and digits stand that users
-// see. With CANTORIX_RENEW_EXPECTED in the environment the file is written first: look at what
-// changed.
-void ExpectSaid(const std::string& name, const std::string& said);
+// Carries out the commands of a file of the folder "expected", the lines that begin with "$", and
+// compares what each says with what stands below it: its output, its errors behind "! " and its
+// exit code in brackets where that is not 0. "@" stands for the folder of the test, "VOWELS" for
+// the sample recording. With CANTORIX_RENEW_EXPECTED in the environment the file is written first:
+// look at what changed.
+void ExpectTranscript(const std::string& name, const std::string& folder = "no folder");
 void PutFile(const std::string& path, const std::string& bytes);
 
 CommandResult RunBatch(const Words& words, const CommandHost& host = {});
@@ -38,16 +40,6 @@ std::string OutOf(const Words& words);
 Table TableOf(const std::string& text);
 Words operator+(Words left, const Words& right);
 
-// A command and all that it must say. "@" stands for the folder of the test.
-struct Case {
-  Words words;
-  int exitCode = 0;
-  std::string out;
-  std::string err;
-};
-void Check(const std::string& folder, const std::vector<Case>& cases);
-// What is said to commands that are refused, each in one line, without a result.
-std::string RefusalsOf(const std::string& folder, const std::vector<Words>& commands);
 std::string Filled(std::string text, const std::string& folder);
 
 // A 16-bit WAV of the samples, every one in each of the channels; channel c counts from 0 and its

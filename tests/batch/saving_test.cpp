@@ -68,60 +68,15 @@ TEST_F(SavingTest, EveryStepDoesWhatItSays) {
   }
 }
 
-TEST_F(SavingTest, LabelsGoWithTheSamples) {
-  const std::string head = "tier\ttext\ttime_ms\tpitch_hz\tintensity_db\n";
+// And a tier comes into use where its name or a free slot is; what cannot be done is said.
+TEST_F(SavingTest, LabelsGoWithTheSamplesAndWhatCannotBeDoneWritesNothing) {
   // Long enough for a pitch track; as still as can be, but not silent: 20 log 50 dB.
   PutFile(folder_ / "hum.wav", Wave(std::vector<int>(1300, 50), 10000));
-  Edited({"label:words:20:one", "label:words:60:two", "label:mine:20.5:a:b", "select:30:40", "cut"},
-         "@/hum.wav", "@/cut.qrv");
   PutFile(folder_ / "labels.txt", "no label\r\n0.025\tthree\tfour\r\n0.118\tfive\n");
-  Run({"import-labels", "@/cut.qrv", "@/labels.txt", "--tier", "words", "--unit", "s", "--justify",
-       "right", "--line", "-o", "@/more.qrv"});
   PutFile(folder_ / "ms.txt", "7\tsix\n");
-  Run({"import-labels", "@/hum.wav", "@/ms.txt", "--tier", "new", "--unit", "ms", "-o",
-       "@/ms.qrv"});
-  Run({"convert", "@/more.qrv", "@/part.qrv", "--from", "0", "--to", "117"});
-  const std::string words =
-      "words\tone\t20.0\t0.0\t34.0\nwords\ttwo\t50.0\t0.0\t34.0\nwords\tthree "
-      "four\t25.0\t0.0\t34.0\n";
-  const std::string mine = "mine\ta:b\t20.5\t0.0\t34.0\n";
-  const std::string heading = "Labels All Entry: Tier, Label's Text, Time, pitch, Intensity\t";
-  Check(folder_.path(),
-        {{{"labels", "@/more.qrv"}, 0, head + mine + words + "words\tfive\t118.0\t0.0\t34.0\n", ""},
-         {{"labels", "@/more.qrv", "--from", "20.5", "--to", "50"},
-          0,
-          head + mine + "words\ttwo\t50.0\t0.0\t34.0\nwords\tthree four\t25.0\t0.0\t34.0\n",
-          ""},
-         {{"labels", "@/part.qrv"}, 0, head + mine + words, ""},
-         {{"labels", "@/ms.qrv", "--exact", "--set", "intensity.relative=1"},
-          0,
-          head + "new\tsix\t7\t0\t0\n",
-          ""},
-         {{"labels", "@/ms.qrv", "--log"},
-          0,
-          "Source\tEntry Type\tEntry 1\tEntry 2\tEntry 3\tEntry 4\tEntry 5\t\r\nms.qrv\t" +
-              heading + "new\tsix\t7.0\t0.0\t34.0\t\r\n",
-          ""}});
-  EXPECT_THAT(RunBatch({"info", "--json", folder_ / "more.qrv"}).out,
-              testing::HasSubstr("{\"text\": \"five\", \"timeMs\": 118, \"verticalPosition\": 0.7, "
-                                 "\"alignment\": 2, \"flag\": 1, \"colour\": 0, "));
-}
-
-TEST_F(SavingTest, ATierComesIntoUseWhereItsNameOrAFreeSlotIs) {
-  const auto tiers = [&](const Words& steps) {
-    Edited(steps, "@/ten.wav", "@/tiers.qrv");
-    const std::string out = RunBatch({"info", folder_ / "tiers.qrv"}).out;
-    return out.substr(out.find("memory\n") + 7);
-  };
-  EXPECT_EQ(tiers({"label:misc:1:x", "label:words:1:x", "label:misc:2:x"}),
-            "tier      words, 1 labels\ntier      misc, 2 labels\n");
-  EXPECT_EQ(tiers({"label:first:1:x", "label:second:1:x"}),
-            "tier      first, 1 labels\ntier      second, 1 labels\n");
-  Words steps{"edit", "@/ten.wav", "-o", "@/full.qrv"};
-  for (int i = 0; i < 11; ++i) steps.push_back("label:t" + std::to_string(i) + ":1:x");
-  Check(folder_.path(),
-        {{steps, 1, "",
-          "cantorix-batch: @/ten.wav: step \"label:t10:1:x\": all tiers are in use\n"}});
+  PutFile(folder_ / "none.txt", "nothing here\n");
+  ExpectTranscript("editing.txt", folder_.path());
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "none.qrv"));
 }
 
 TEST_F(SavingTest, UndoGivesBackTheRecordingByteForByte) {
@@ -135,32 +90,6 @@ TEST_F(SavingTest, UndoGivesBackTheRecordingByteForByte) {
   for (const Words& steps : rows) {
     EXPECT_TRUE(Edited(steps, input, "@/out.qrv") == saved) << testing::PrintToString(steps);
   }
-}
-
-TEST_F(SavingTest, WhatCannotBeDoneIsSaidAndNothingIsWritten) {
-  PutFile(folder_ / "none.txt", "nothing here\n");
-  const auto step = [](const Words& steps, const std::string& reason) {
-    Words words{"edit", "@/ten.wav", "-o", "@/out.qrv"};
-    words.insert(words.end(), steps.begin(), steps.end());
-    return Case{words, 1, "", "cantorix-batch: @/ten.wav: step \"" + reason + "\n"};
-  };
-  const auto import = [](const std::string& text, const std::string& report) {
-    return Case{
-        {"import-labels", "@/ten.wav", text, "--tier", "words", "--unit", "s", "-o", "@/out.qrv"},
-        1,
-        "",
-        "cantorix-batch: @/ten.wav: " + text + report + "\n"};
-  };
-  Check(folder_.path(),
-        {step({"cut"}, "cut\": needs selection"), step({"paste"}, "paste\": needs clipboard"),
-         step({"undo"}, "undo\": needs undo"),
-         step({"select:0:11"}, "select:0:11\": the recording ends at 10.0 ms"),
-         step({"cursor:-1"}, "cursor:-1\": the recording ends at 10.0 ms"),
-         step({"label:tones:12:x"}, "label:tones:12:x\": the recording ends at 10.0 ms"),
-         step({"select:0:10", "cut"}, "cut\": could not be done"),
-         import("@/missing.txt", " could not be opened. No such file or directory."),
-         import("@/none.txt", " holds no labels.")});
-  EXPECT_FALSE(std::filesystem::exists(folder_ / "out.qrv"));
 }
 
 TEST_F(SavingTest, GoesOnWithoutUndoWhenItsFileCannotBeWritten) {
