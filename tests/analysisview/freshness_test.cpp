@@ -3,9 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "analysisview/fft_lpc_view.h"
 #include "analysisview/pitch_view.h"
 #include "analysisview/spectrogram_view.h"
@@ -14,7 +11,8 @@
 #include "mainview/analysis_commands.h"
 #include "platform/abandon.h"
 #include "settings/field_text.h"
-#include "support/samples.h"
+#include "settings/settings.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -103,42 +101,34 @@ TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   EXPECT_EQ(Range(), "0 9000") << "the whole recording stays whole";
 }
 
+// A line for each setting that calls for a new spectrum, spectrogram or pitch track when it
+// changes.
 TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"1 0 0",
-       "fftlpc.points=512 fftlpc.windowMs=5 fftlpc.stepMs=5 fftlpc.rangeHz=4000 fftlpc.lpcOrder=9"},
-      {"1 1 0", "spectrogram.preEmphasis=0.5"},
-      {"0 1 0",
-       "spectrogram.points=256 spectrogram.rangeHz=4000 spectrogram.dynamicRangeDb=50 "
-       "spectrogram.trackFormants=0 spectrogram.lpcOrder=9"},
-      {"0 0 1",
-       "pitch.method=0 pitch.windowMs=5 pitch.stepMs=5 pitch.lowHz=66 pitch.highHz=444 "
-       "pitch.thresholdPercent=9 pitch.deviationHz=9 pitch.voicingLevel=9 "
-       "pitch.tolerancePercent=9"},
-      {"0 0 0",
-       "fftlpc.powerGridDb=3 fftlpc.relative=0 spectrogram.frequencyGridHz=3 "
-       "spectrogram.drawAudio=1 pitch.displayHighHz=800 pitch.frequencyGridHz=800"},
-  };
   const DocumentSettings usual = document.settings;
   const auto set = [this](const DocumentSettings& settings) {
     document.settings = settings;
     document.Notify(DocumentChange::kSettings);
   };
-  for (const auto& [due, fields] : rows) {
-    std::istringstream list(fields);
-    for (std::string field, value; std::getline(list >> std::ws, field, '=') && list >> value;) {
-      Settings changed{{}, usual};
-      ASSERT_EQ(SetFieldFromText(changed, field, value), std::nullopt);
-      set(changed.document);
-      EXPECT_EQ(Due(), due) << field;
-      UpdateAll();
-      EXPECT_EQ(Due(), "0 0 0") << field;
-      set(usual);
-      AnalysePitch(view, Stretch::kAll);
-      EXPECT_FALSE(pitch.UpdateDue()) << "a new track of the main view will do";
-      UpdateAll();
+  std::string text;
+  for (const Field& field : Fields()) {
+    const std::string name = std::string(field.group) + '.' + std::string(field.name);
+    Settings changed{{}, usual};
+    // A value that is none of the usual ones, and a size of a transform.
+    if (SetFieldFromText(changed, name, "9").has_value() ||
+        name.find("points") != std::string::npos) {
+      SetFieldFromText(changed, name, "512");
     }
+    set(changed.document);
+    if (Due() != "0 0 0") text += Due() + ' ' + name + '\n';
+    UpdateAll();
+    EXPECT_EQ(Due(), "0 0 0") << name;
+    set(usual);
+    AnalysePitch(view, Stretch::kAll);
+    EXPECT_FALSE(pitch.UpdateDue()) << "a new track of the main view will do";
+    UpdateAll();
   }
+  world.prompts.TakeTranscript();
+  ExpectText("analysisview/expected/SettingsThatCount.txt", text);
 }
 
 TEST_F(Windows, ANewSizeIsComputedAtTheNextRestAndOnlyOnce) {
@@ -206,15 +196,12 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
 
 // Kind of window and group, both as their numbers, text, key, tip, conditions, "strip" or "menu".
 TEST_F(Windows, CommandsAreThoseOfTheList) {
-  std::ifstream list(SamplesDirectory() + "/../tests/analysisview/window_commands.txt");
-  std::string line;
+  std::string list;
   for (const auto& row : WindowCommands()) {
-    std::getline(list, line);
-    EXPECT_EQ(Joined(row.windows, static_cast<int>(row.group), row.text, "|", row.accelerator, "|",
-                     row.toolTip, "|", row.conditions, row.onStrip ? "strip" : "menu"),
-              line);
+    list += Joined(row.windows, static_cast<int>(row.group), row.text, "|", row.accelerator, "|",
+                   row.toolTip, "|", row.conditions, row.onStrip ? "strip\n" : "menu\n");
   }
-  EXPECT_FALSE(std::getline(list, line));
+  ExpectText("analysisview/expected/Commands.txt", list);
 }
 
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {

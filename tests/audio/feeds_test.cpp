@@ -1,15 +1,15 @@
-// feeds_test.cpp - event, ring and the two feeds between device callbacks and headers.
+// feeds_test.cpp - event and the two feeds between device callbacks and headers.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 #include <thread>
 
 #include "audio/input_feed.h"
 #include "audio/output_feed.h"
-#include "audio/sample_ring.h"
 #include "audio/sound_rates.h"
 #include "audio/wave_event.h"
+#include "support/expected_text.h"
+#include "support/joined.h"
 #include "support/sound_samples.h"
 
 namespace cantorix {
@@ -45,36 +45,6 @@ TEST(WaveEvent, KeepsEverySignalUntilItIsWaitedFor) {
   event.Signal();
   event.Reset();
   EXPECT_FALSE(event.Wait());
-}
-
-TEST(SampleRing, CarriesRandomPiecesInOrder) {
-  constexpr std::int64_t kTotal = 200000;
-  SampleRing ring(997);
-  // A piece that finds no room or nothing lets the other thread run.
-  const auto carry = [](unsigned seed, auto move) {
-    std::mt19937 random(seed);
-    for (std::int64_t at = 0; at < kTotal;) {
-      const auto wanted =
-          std::min(static_cast<std::int64_t>(1 + random() % 1500), std::int64_t{kTotal} - at);
-      const std::size_t moved = move(at, static_cast<std::size_t>(wanted));
-      at += static_cast<std::int64_t>(moved);
-      if (moved == 0) std::this_thread::sleep_for(std::chrono::microseconds(10));
-    }
-  };
-  std::thread writer([&] {
-    carry(1,
-          [&](std::int64_t at, std::size_t count) { return ring.Write(SamplesFrom(at, count)); });
-  });
-  int wrongPieces = 0;
-  carry(2, [&](std::int64_t at, std::size_t count) {
-    std::vector<std::int16_t> piece(count);
-    piece.resize(ring.Read(piece));
-    wrongPieces += piece != SamplesFrom(at, piece.size());
-    return piece.size();
-  });
-  writer.join();
-  EXPECT_EQ(wrongPieces, 0);
-  EXPECT_EQ(ring.writable(), 997U);
 }
 
 TEST(InputFeed, LeavesTheLastHeaderOfItsQueueAlone) {
@@ -244,20 +214,13 @@ TEST(OutputFeed, IsSilentAfterItReturnedItsHeaders) {
 }
 
 TEST(SoundRates, GiveTheBuffersOfRecorderAndPlayer) {
-  struct Row {
-    std::uint32_t rateHz, capture, playback;
-    bool records;
-  };
-  for (const Row& row :
-       {Row{8000, 0, 2048, false}, Row{9999, 0, 2048, false}, Row{10000, 4096, 2048, true},
-        Row{11025, 4096, 2048, true}, Row{16000, 4096, 4096, true}, Row{22050, 8192, 4096, true},
-        Row{32000, 12288, 2048, true}, Row{44100, 16384, 8192, true}, Row{48000, 16384, 8192, true},
-        Row{96000, 36864, 2048, true}, Row{169999, 65536, 2048, true},
-        Row{170000, 69632, 2048, false}}) {
-    EXPECT_EQ(CaptureBufferSamples(row.rateHz), row.capture) << row.rateHz;
-    EXPECT_EQ(PlaybackBufferSamples(row.rateHz), row.playback) << row.rateHz;
-    EXPECT_EQ(CanRecordAt(row.rateHz), row.records) << row.rateHz;
+  std::string table;
+  for (const std::uint32_t rateHz : {8000U, 9999U, 10000U, 11025U, 16000U, 22050U, 32000U, 44100U,
+                                     48000U, 96000U, 169999U, 170000U}) {
+    table += Joined(rateHz, CaptureBufferSamples(rateHz), PlaybackBufferSamples(rateHz),
+                    CanRecordAt(rateHz) ? "records\n" : "refuses\n");
   }
+  ExpectText("audio/expected/Rates.txt", table);
   for (const double refused : {0.99, 192001.0, -5.0, std::nan("")}) {
     EXPECT_FALSE(DeviceRate(refused)) << refused;
   }

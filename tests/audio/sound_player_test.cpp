@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/file_error.h"
+#include "support/expected_text.h"
+#include "support/joined.h"
 #include "support/scripted_wave.h"
 #include "support/sound_samples.h"
 #include "support/temporary_folder.h"
@@ -103,47 +105,28 @@ TEST_F(SoundPlayerTest, StreamsALongerStretchAndSilenceToTheEndOfABuffer) {
   }
 }
 
+// A line for each call of the start and what happens to it, of one buffer and of a stream: the
+// calls of the start and the texts.
 TEST_F(SoundPlayerTest, SaysEachFailureOfTheStartOnceAndGoesOn) {
-  struct Row {
-    bool streams;
-    int call;
-    Outcome outcome;
-    Texts texts;
-  };
-  const std::string open = "Sound output Cannot Open Device!";
-  const std::string prepare = " Sound Output Cannot Prepare Header !";
-  const std::string write = " Sound Output Cannot Write Buffer !";
-  const Texts none{"No Sound Output Device"};
-  const Texts card{"Sound output Cannot determine card capabilities !"};
-  const Outcome kFails = Outcome::kFails;
-  const Outcome kUnmarked = Outcome::kUnmarked;
-  const Row rows[] = {
-      {false, 0, kFails, none},
-      {false, 1, kFails, card},
-      {false, 2, kFails, {open, prepare, write}},
-      {false, 3, kFails, {prepare}},
-      {false, 3, kUnmarked, {prepare}},
-      {false, 4, kFails, {write}},
-      {true, 0, kFails, none},
-      {true, 1, kFails, card},
-      {true, 2, kFails, {open, prepare, write, prepare, write}},
-      {true, 3, kFails, {prepare}},
-      {true, 4, kFails, {write}},
-      {true, 5, kUnmarked, {prepare}},
-      {true, 6, kFails, {write}},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(testing::Message() << (row.streams ? "streaming, " : "single, ") << row.call);
-    PlayerRig failing(row.call, row.outcome);
-    // At this rate two buffers never fill the store, so the worker does nothing by itself.
-    failing.SetUpMemory(row.streams ? 32768 : 100);
-    EXPECT_FALSE(failing.player.Start());
-    const auto calls = failing.device->script.calls();
-    const auto began = std::find(calls.begin(), calls.end(), "Unprepare") - calls.begin();
-    EXPECT_EQ(began, row.call == 0 ? 1 : row.streams ? 7 : 5);
-    failing.player.Stop();
-    EXPECT_EQ(failing.notices->texts(), row.texts);
+  std::string table;
+  for (const bool streams : {false, true}) {
+    for (int call = 0; call < (streams ? 7 : 5); ++call) {
+      for (const Outcome outcome : {Outcome::kFails, Outcome::kUnmarked}) {
+        PlayerRig failing(call, outcome);
+        // At this rate two buffers never fill the store, so the worker does nothing by itself.
+        failing.SetUpMemory(streams ? 32768 : 100);
+        EXPECT_FALSE(failing.player.Start());
+        const auto calls = failing.device->script.calls();
+        failing.player.Stop();
+        table += Joined(streams ? "stream" : "buffer", call,
+                        outcome == Outcome::kFails ? "fails:" : "unmarked:",
+                        std::find(calls.begin(), calls.end(), "Unprepare") - calls.begin());
+        for (const std::string& text : failing.notices->texts()) table += " | " + text;
+        table += '\n';
+      }
+    }
   }
+  ExpectText("audio/expected/PlayerStart.txt", table);
 }
 
 TEST_F(SoundPlayerTest, SaysEachFailureOfARefillOnceAndGoesOn) {

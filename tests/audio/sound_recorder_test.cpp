@@ -7,7 +7,9 @@
 
 #include <mutex>
 
+#include "support/expected_text.h"
 #include "support/file_size_limit.h"
+#include "support/joined.h"
 #include "support/scripted_wave.h"
 #include "support/sound_samples.h"
 #include "support/temporary_folder.h"
@@ -96,41 +98,25 @@ TEST_F(SoundRecorderTest, RecordsWholeBuffersInTheStatedOrderOfCalls) {
   EXPECT_EQ(recorder.TakeFile(), nullptr) << "taken once";
 }
 
+// A line for each call of the start and what happens to it: the calls of the start and of the stop
+// (only a device that was opened is reset, stopped and closed) and the texts.
 TEST_F(SoundRecorderTest, SaysEachFailureOfTheStartOnceAndGoesOn) {
-  struct Row {
-    int call;
-    Outcome outcome;
-    Texts texts;
-  };
-  const std::string prepare = "Cannot Prepare Header !";
-  const std::string add = "Cannot Add Buffer !";
-  const std::string start = "Cannot Start Wave In !";
-  const Row rows[] = {
-      {0, Outcome::kFails, {"No Sound Device"}},
-      {1, Outcome::kFails, {"Cannot determine sound card capabilities !"}},
-      {2, Outcome::kFails, {"Cannot Open Sound Input Device!", prepare, add, prepare, add, start}},
-      {3, Outcome::kFails, {prepare}},
-      {3, Outcome::kUnmarked, {prepare}},
-      {4, Outcome::kFails, {add}},
-      {5, Outcome::kFails, {prepare}},
-      {5, Outcome::kUnmarked, {prepare}},
-      {6, Outcome::kFails, {add}},
-      {7, Outcome::kFails, {start}},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(testing::Message() << "call " << row.call);
-    RecorderRig failing(row.call, row.outcome);
-    failing.SetUpFile();
-    EXPECT_FALSE(failing.recorder.Start());
-    EXPECT_EQ(failing.notices->texts(), row.texts);
-    const std::size_t calls = row.call == 0 ? 1 : 8;
-    EXPECT_EQ(failing.device->script.calls().size(), calls);
-    failing.recorder.Stop();
-    EXPECT_THAT(failing.clock.sleepsMs, ElementsAre(500.0));
-    // Only a device that was opened is reset, stopped and closed.
-    const bool wasOpened = row.call != 0 && row.call != 2;
-    EXPECT_EQ(failing.device->script.calls().size(), calls + (wasOpened ? 4 : 0));
+  std::string table;
+  for (int call = 0; call < 8; ++call) {
+    for (const Outcome outcome : {Outcome::kFails, Outcome::kUnmarked}) {
+      RecorderRig failing(call, outcome);
+      failing.SetUpFile();
+      EXPECT_FALSE(failing.recorder.Start());
+      const std::size_t calls = failing.device->script.calls().size();
+      failing.recorder.Stop();
+      EXPECT_THAT(failing.clock.sleepsMs, ElementsAre(500.0));
+      table += Joined(call, outcome == Outcome::kFails ? "fails:" : "unmarked:", calls,
+                      failing.device->script.calls().size() - calls);
+      for (const std::string& text : failing.notices->texts()) table += " | " + text;
+      table += '\n';
+    }
   }
+  ExpectText("audio/expected/RecorderStart.txt", table);
 }
 
 TEST_F(SoundRecorderTest, TriesTheSameBufferAgainAfterAFailedRequeue) {

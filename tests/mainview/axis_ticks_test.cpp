@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "mainview/readout_texts.h"
+#include "support/expected_text.h"
 #include "support/joined.h"
 
 namespace cantorix {
@@ -17,30 +18,23 @@ std::string Texts(const std::vector<AxisTick>& ticks) {
 }
 
 TEST(AxisTicks, StandAtRoundNumbersInsideTheSpan) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
-  const struct {
-    const char* name;
-    AxisSpan span;
-    double leastPixels;
-    const char* texts;
-  } rows[] = {
-      {"ends included", {0.0, 1.0, 100.0}, 50.0, "0.0 0.5 1.0"},
-      {"around zero", {-1.0, 1.0, 100.0}, 50.0, "-1 0 1"},
-      {"exactly fitting step", {0.0, 0.3, 300.0}, 100.0, "0.0 0.1 0.2 0.3"},
-      {"start inside", {1234.5, 1240.2, 285.0}, 50.0, "1235 1236 1237 1238 1239 1240"},
-      {"far out", {36000000.0, 36000000.05, 100.0}, 40.0, "36000000.00 36000000.02 36000000.04"},
-      {"steps of fifty", {0.0, 190.0, 200.0}, 45.0, "0 50 100 150"},
-      {"no length", {0.0, 0.0, 100.0}, 50.0, ""},
-      {"no pixels", {0.0, 1.0, 0.0}, 50.0, ""},
-      {"not a number", {0.0, nan, 100.0}, 50.0, ""},
-      {"endless", {0.0, HUGE_VAL, 100.0}, 50.0, ""},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(Texts(NiceTicks(row.span, row.leastPixels)), row.texts) << row.name;
+  std::string text;
+  for (const auto& [span, leastPixels] : {std::pair{AxisSpan{0.0, 1.0, 100.0}, 50.0},
+                                          {{-1.0, 1.0, 100.0}, 50.0},
+                                          {{0.0, 0.3, 300.0}, 100.0},
+                                          {{1234.5, 1240.2, 285.0}, 50.0},
+                                          {{36000000.0, 36000000.05, 100.0}, 40.0},
+                                          {{0.0, 190.0, 200.0}, 45.0}}) {
+    text += Texts(NiceTicks(span, leastPixels)) + '\n';
   }
-  EXPECT_EQ(Texts(TicksEvery({0.0, 1e9, 100.0}, 1.0)), "") << "a grid too dense to be seen";
-  EXPECT_EQ(Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 0)), "0 500 1000");
-  EXPECT_EQ(Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 1)), "0.0 0.5 1.0");
+  text += Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 0)) + '\n';
+  text += Texts(TimeTicks({0.0, 1000.0, 200.0}, 90.0, 1)) + '\n';
+  ExpectText("mainview/expected/Ticks.txt", text);
+  for (const AxisSpan& none :
+       {AxisSpan{0.0, 0.0, 100.0}, {0.0, 1.0, 0.0}, {0.0, NAN, 100.0}, {0.0, HUGE_VAL, 100.0}}) {
+    EXPECT_TRUE(NiceTicks(none, 50.0).empty());
+  }
+  EXPECT_TRUE(TicksEvery({0.0, 1e9, 100.0}, 1.0).empty()) << "a grid too dense to be seen";
 }
 
 TEST(AxisTicks, AreNeverCloserThanAskedAndNeverFarApart) {

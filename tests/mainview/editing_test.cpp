@@ -72,18 +72,6 @@ TEST_F(EditingTest, SelectionsAndCursorsBehindAShortenedRecordingCountAsItsEnd) 
   EXPECT_EQ(MarksOf(talk.view), "12 of 0 0 = 0");
 }
 
-TEST_F(EditingTest, CutShowsTheStretchOfTheScrollBarAgain) {
-  ViewedRecording talk(world, Ramp(3000));
-  talk.channel().visibleStart.samples = 600.0;
-  talk.channel().visibleEnd.samples = 900.0;
-  talk.view.FollowStretch();
-  SelectSamples(talk, 0.0, 1500.0);
-  CutSelection(talk.view);
-  EXPECT_EQ(Joined(talk.channel().visibleStart.samples, talk.channel().visibleEnd.samples,
-                   talk.channel().visibleEnd.ms, talk.view.zoomed()),
-            "300 450 450 1");
-}
-
 TEST_F(EditingTest, LabelsTakeTheirTierIntoUse) {
   CopyWholeOf(world, Ramp(4), 1000.0, 1.0);
   Tier& phones = world.clipboard.slots[0].tiers[6];

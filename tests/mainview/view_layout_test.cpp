@@ -9,6 +9,7 @@
 #include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
 #include "mainview/view_fixture.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -45,36 +46,31 @@ TEST_F(ViewLayoutTest, StacksTiersAndPanesBetweenTheMargins) {
   EXPECT_EQ(TextOf(layout.readouts), Joined(0, axis, 800, 600));
 }
 
-TEST_F(ViewLayoutTest, PanesShareByTheirPercents) {
-  const struct {
-    const char* name;
-    std::int32_t audio, intensity, ownPane, pitch;  // drawn or not
-    std::int32_t audioPercent, pitchPercent;
-    double audioShare, intensityShare, pitchShare;  // of the height that the panes have
-  } cases[] = {
-      {"halves", 1, 1, 0, 1, 50, 50, 0.5, 0.0, 0.5},
-      {"scaled up to fill", 1, 0, 0, 1, 10, 30, 0.25, 0.0, 0.75},
-      {"audio alone", 1, 1, 0, 0, 20, 50, 1.0, 0.0, 0.0},
-      {"intensity of its own", 1, 1, 1, 1, 60, 40, 0.4, 0.2, 0.4},
-      {"intensity without audio", 0, 1, 1, 1, 60, 70, 0.0, 0.3, 0.7},
-      {"nothing", 0, 0, 1, 0, 50, 50, 0.0, 0.0, 0.0},
-      {"more than all", 1, 0, 0, 1, 100, 100, 1.0, 0.0, 1.0},
-  };
-  const std::int32_t panes = 1000 - kTimeAxisHeight - kReadoutStripHeight - 55 - 1;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    display.drawAudio = c.audio;
-    display.drawIntensity = c.intensity;
-    display.intensityInOwnPane = c.ownPane;
-    display.drawPitch = c.pitch;
-    display.audioPanePercent = c.audioPercent;
-    display.pitchPanePercent = c.pitchPercent;
-    const ViewLayout layout = LayOutView(document, {800, 1000}, 0);
-    EXPECT_NEAR(HeightOf(layout.audio), c.audioShare * panes, 1.0);
-    EXPECT_NEAR(HeightOf(layout.intensity), c.intensityShare * panes, 1.0);
-    EXPECT_NEAR(HeightOf(layout.pitch), c.pitchShare * panes, 1.0);
-    EXPECT_EQ(layout.axisWidth(), 755) << "as wide without a waveform";
+// The heights of the panes of audio, intensity and pitch for each choice of what is drawn (audio,
+// intensity, in a pane of its own, pitch) and of their percents.
+TEST_F(ViewLayoutTest, PanesShareByTheirPercentsAsApproved) {
+  std::string text;
+  for (int drawn = 0; drawn < 16; ++drawn) {
+    display.drawAudio = drawn >> 3 & 1;
+    display.drawIntensity = drawn >> 2 & 1;
+    display.intensityInOwnPane = drawn >> 1 & 1;
+    display.drawPitch = drawn & 1;
+    text += Joined(display.drawAudio, display.drawIntensity, display.intensityInOwnPane,
+                   display.drawPitch) +
+            ':';
+    for (const auto& [audio, pitch] :
+         {std::pair{50, 50}, {10, 30}, {20, 50}, {60, 40}, {60, 70}, {100, 100}}) {
+      display.audioPanePercent = audio;
+      display.pitchPanePercent = pitch;
+      const ViewLayout layout = LayOutView(document, {800, 1000}, 0);
+      EXPECT_EQ(layout.axisWidth(), 755) << "as wide without a waveform";
+      text +=
+          Joined("", HeightOf(layout.audio), HeightOf(layout.intensity), HeightOf(layout.pitch)) +
+          ',';
+    }
+    text += '\n';
   }
+  ExpectText("mainview/expected/Panes.txt", text);
 }
 
 TEST_F(ViewLayoutTest, SmallWindowsAndDamagedSettingsKeepTheirSense) {
@@ -113,35 +109,26 @@ class LabelLayoutTest : public WideViewTest {
   }
 };
 
-TEST_F(LabelLayoutTest, PlacesTheTextByTimeJustificationAndVerticalPosition) {
-  const struct {
-    const char* name;
-    double ms;
-    std::int32_t alignment;
-    double vertical;
-    std::string text;
-    const char* box;
-  } cases[] = {
-      {"left", 5000.0, kAlignLeft, 0.5, "abcd", "540 13 568 27"},
-      {"centre", 5000.0, kAlignCentre, 0.5, "abcd", "526 13 554 27"},
-      {"right", 5000.0, kAlignRight, 0.5, "abcd", "512 13 540 27"},
-      {"top", 5000.0, kAlignLeft, 0.0, "abcd", "540 0 568 14"},
-      {"bottom", 5000.0, kAlignLeft, 1.0, "abcd", "540 26 568 40"},
-      {"below the bottom", 5000.0, kAlignLeft, 7.0, "abcd", "540 26 568 40"},
-      {"at the left edge", 0.0, kAlignRight, 0.5, "abcd", "40 13 68 27"},
-      {"at the right edge", 10'000.0, kAlignLeft, 0.5, "abcd", "1012 13 1040 27"},
-      {"wider than the tier", 0.0, kAlignCentre, 0.5, std::string(200, 'x'), "40 13 1440 27"},
-      {"without text", 5000.0, kAlignLeft, 0.5, "", "540 13 548 27"},
-      {"not visible", 20'000.0, kAlignRight, 0.5, "abcd", "2012 13 2040 27"},
-      {"far away", -1e300, kAlignLeft, 0.5, "a", "-99999960 13 -99999952 27"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(BoxOf(c.ms, c.alignment, c.vertical, c.text), c.box) << c.name;
+// In the middle of the tier, at its edges, wider than it and far away.
+TEST_F(LabelLayoutTest, PlacesTheTextByTimeJustificationAndVerticalPositionAsApproved) {
+  std::string boxes;
+  for (const double ms : {5000.0, 0.0, 10'000.0, 20'000.0, -1e300}) {
+    for (const std::string& text : {std::string("abcd"), std::string(), std::string(200, 'x')}) {
+      boxes += Joined(ms, text.size(), "letters:");
+      for (const std::int32_t alignment : {kAlignLeft, kAlignCentre, kAlignRight}) {
+        boxes += ' ' + BoxOf(ms, alignment, 0.5, text) + ',';
+      }
+      boxes += '\n';
+    }
+  }
+  for (const double vertical : {0.0, 1.0, 7.0}) {
+    boxes += BoxOf(5000.0, kAlignLeft, vertical, "abcd") + '\n';
   }
   SelectSpan(view, 4000.0, 6000.0);
   ZoomView(view, Zoom::kSelection);
   UseTier(10);
-  EXPECT_EQ(BoxOf(5000.0, kAlignLeft, 0.7, "a"), "540 0 548 10") << "in a low tier, zoomed";
+  boxes += "in a low tier, zoomed: " + BoxOf(5000.0, kAlignLeft, 0.7, "a") + '\n';
+  ExpectText("mainview/expected/LabelBoxes.txt", boxes);
 }
 
 TEST_F(LabelLayoutTest, VerticalPositionIsTheFractionOfTheHeight) {
