@@ -91,19 +91,6 @@ TEST(LpcAnalyse, KnowsFramesThatPredictNothing) {
   }
 }
 
-TEST(Framer, EmphasisesThenWindows) {
-  const std::vector<double> x{1.0, 2.0, 4.0, 8.0, 16.0};
-  for (const double a : {0.5, 0.0, -0.5}) {
-    for (const bool hamming : {true, false}) {
-      Framer framer(4, hamming, a);
-      EXPECT_EQ(framer.inputSize(), a > 0.0 ? 5u : 4u);
-      const auto frame = framer.Frame(x);
-      EXPECT_EQ(std::vector(frame.begin(), frame.end()), testing::PlainInput(x, 4, a, hamming));
-      EXPECT_THROW(framer.Frame(std::span(x).first(framer.inputSize() - 1)), std::invalid_argument);
-    }
-  }
-}
-
 // An order above 255 fills the transform; the coefficients behind it are left out.
 TEST(LpcEnvelope, HasTheDigitsOfThePlainSteps) {
   for (const int order : {1, 14, 255, 256, 300}) {

@@ -1,5 +1,5 @@
 // polynomial_twin.h - slow and plain arithmetic on polynomials, to judge the factor routine by:
-// building from chosen roots, all roots at once, and how well a root satisfies its polynomial.
+// building from chosen roots, and how well a root satisfies its polynomial.
 // Polynomials are a[0] z^n + ... + a[n].
 #pragma once
 
@@ -55,31 +55,6 @@ inline double WorstResidual(std::span<const double> a, std::span<const Quadratic
     for (const Complex& z : RootsOf(f)) worst = std::max(worst, Residual(a, z));
   }
   return worst;
-}
-
-// All roots at once by the simultaneous iteration of Weierstrass and Durand-Kerner, a[0] = 1.
-inline std::vector<Complex> AllRoots(std::span<const double> a) {
-  const std::size_t n = a.size() - 1;
-  std::vector<Complex> roots;
-  for (std::size_t i = 0; i < n; ++i) {
-    const auto angle =
-        6.283185307L * (static_cast<long double>(i) + 0.31L) / static_cast<long double>(n);
-    roots.push_back(std::polar(0.9L, angle));
-  }
-  for (int turn = 0; turn < 500; ++turn) {
-    long double moved = 0.0L;
-    for (std::size_t i = 0; i < n; ++i) {
-      Complex value = 0.0L;
-      for (const double c : a) value = value * roots[i] + Complex(c);
-      for (std::size_t j = 0; j < n; ++j) {
-        if (j != i) value /= roots[i] - roots[j];
-      }
-      roots[i] -= value;
-      moved = std::max(moved, std::abs(value));
-    }
-    if (moved < 1e-17L) break;
-  }
-  return roots;
 }
 
 }  // namespace cantorix::testing

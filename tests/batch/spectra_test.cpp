@@ -12,8 +12,6 @@
 namespace cantorix::batch {
 namespace {
 
-using ::testing::StartsWith;
-
 const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 const std::string kTruth = SamplesDirectory() + "/vowels.formants.tsv";
 
@@ -53,36 +51,6 @@ TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
   }
 }
 
-TEST(Spectra, FormantRowsStandExactlyAStepApart) {
-  struct Row {
-    Words words;
-    std::size_t timeColumn;
-    std::vector<std::string> times;
-  };
-  // 5410.1 ms; the log counts in the time base of the display, the table does not.
-  const Row rows[] = {
-      {{}, 0, {"time_ms", "0.0", "1500.0", "3000.0"}},
-      {{"--set", "display.timeBase=1"}, 0, {"time_ms", "0.0", "1500.0", "3000.0"}},
-      {{"--log"}, 2, {"Entry 1", "0.0", "1500.0", "3000.0"}},
-      {{"--log", "--set", "display.timeBase=1"}, 2, {"Entry 1", "0.0", "1.5", "3.0"}},
-  };
-  for (const Row& row : rows) {
-    std::vector<std::string> times;
-    for (const auto& cells :
-         TableOf(OutOf(Words{"formants", kVowels, "--step", "1500"} + row.words))) {
-      times.push_back(cells[row.timeColumn]);
-    }
-    EXPECT_EQ(times, row.times) << ::testing::PrintToString(row.words);
-  }
-}
-
-TEST(Spectra, NameTheFileInEveryRowOfASharedTable) {
-  const auto result = RunBatch({"formants", kVowels, kVowels, "--columns", "1"});
-  EXPECT_THAT(result.out, StartsWith("file\ttime_ms\tF1\tF2\tF3\tF4\tF5\n" + kVowels + "\t0.0\t"));
-  const auto matrix = RunBatch({"spectrogram", kVowels, kVowels, "--columns", "1", "--rows", "1"});
-  EXPECT_THAT(matrix.out, StartsWith("file\ttime_ms\t0.0\n" + kVowels + "\t0.0\t"));
-}
-
 // A resonance of 1200 Hz struck 100 times a second, at 48 kHz.
 TEST(Spectra, SayWhereTheLpcOrderIsLowForTheRate) {
   const TemporaryFolder folder;
@@ -110,13 +78,6 @@ TEST(Spectra, SayWhereTheLpcOrderIsLowForTheRate) {
     EXPECT_NE(usual.out, given.out) << verb[0];
   }
   EXPECT_EQ(RunBatch({"spectrogram", hum, "--columns", "2", "--rows", "3"}).err, "");
-}
-
-TEST(Spectra, SayWhatDoesNotFitIntoMemory) {
-  const CommandResult result =
-      RunBatch({"spectrogram", kVowels, "--columns", "100000000", "--rows", "100000"});
-  EXPECT_EQ(result.exitCode, 1);
-  EXPECT_EQ(result.err, "cantorix-batch: " + kVowels + ": There is not enough memory.\n");
 }
 
 }  // namespace

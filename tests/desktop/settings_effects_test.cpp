@@ -1,7 +1,8 @@
 // settings_effects_test.cpp - every field of the settings record changes something that a user can
 // see: a picture, a result, a sheet of paper, a window or a dialog. A field that nobody reads
-// fails. The file is long because it is a table of all fields.
+// fails. The list of the fields and of what they change is desktop/expected/SettingsEffects.txt.
 #include <QComboBox>
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -21,6 +22,7 @@
 #include "mainview/zoom.h"
 #include "settings/config_file.h"
 #include "settings/field_text.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -218,80 +220,45 @@ class SettingsEffects : public AnalysisDesktopTest {
   CSonadexView* view;
 };
 
-// What other values of some fields change, each alone, beside `with`, which both sides have.
+// A line of the list: the name of an effect, the fields that change it, each alone, as
+// "field=value", and behind "with" what both sides have.
 struct Group {
-  Effect effect;
-  std::string values;  // "field=value field=value"
-  std::string with{};
+  explicit Group(const std::string& line) {
+    std::istringstream words(line);
+    std::getline(words, effect, ':');
+    auto* pairs = &values;
+    for (std::string word; words >> word;) {
+      const std::size_t end = word.find('=');
+      if (word == "with") {
+        pairs = &with;
+      } else {
+        pairs->emplace_back(word.substr(0, end), word.substr(end + 1));
+      }
+    }
+  }
+  std::string effect;
+  std::vector<std::pair<std::string, std::string>> values, with;
 };
 
-std::vector<std::pair<std::string, std::string>> PairsOf(const std::string& values) {
-  std::vector<std::pair<std::string, std::string>> pairs;
-  std::istringstream words(values);
-  for (std::string word; words >> word;) {
-    const std::size_t end = word.find('=');
-    pairs.emplace_back(word.substr(0, end), word.substr(end + 1));
-  }
-  return pairs;
-}
-
 TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
-  const Effect places = [this](const Settings& s) { return Places(s); };
-  const Effect mainView = MainSheet();
-  const Effect spectrum = SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection);
-  const Effect spectrogram = SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection);
-  const Effect pitch = SheetOf(WindowKind::kPitch, Command::kPitchSelection);
-  std::vector<Group> groups{
-      {StorageOfSample, "application.memoryMinutes=0"},
-      {NewDocument, "document.referenceRateHz=16000"},
-      {TracksAfterOpening, "display.automaticAnalysis=1"},
-      {TrackedMouse, "display.trackMouse=1"},
-      {ZoomFromCursor, "zoom.rangeMs=300"},
-      {GainPreset, "gain.gainPercent=15 gain.reference=200"},
-      {ShownSize, "fftlpc.sizeIndex=5"},
-      {LogRowCount, "log.stepHz=50"},
-      {[this](const Settings& s) { return UsedInput(s); }, "display.recordingInput=1"},
-      {InTheFileAlone,
-       "carried.word1=7 carried.word2=7 spectrogram.sizeIndex=5"
-       " generic.headerBytes=44 generic.rateHz=8000 generic.sixteenBit=0 generic.highByteFirst=0"
-       " generic.binary=0"},
-      {mainView,
-       "display.printUnit=1 display.printWidth=5 display.printHeight=5 display.drawAudio=0"
-       " display.drawIntensity=0 display.drawPitch=0 display.drawTiers=0 display.drawGrids=0"
-       " display.timeBase=1 display.intensityInOwnPane=1 display.audioPanePercent=30"
-       " display.pitchPanePercent=30 pitch.displayHighHz=400 pitch.displayLowHz=100"},
-      {spectrum,
-       "fftlpc.points=1024 fftlpc.windowMs=12 fftlpc.stepMs=33 fftlpc.rangeHz=3000"
-       " fftlpc.lpcOrder=8 spectrogram.preEmphasis=0 fftlpc.addFrequencyGrid=0"
-       " fftlpc.frequencyGridHz=300 fftlpc.addPowerGrid=0 fftlpc.powerGridDb=7 fftlpc.drawLpc=0"
-       " fftlpc.blackWhite=0 fftlpc.printWidth=5 fftlpc.printHeight=5 fftlpc.printUnit=1"},
-      {spectrum, "fftlpc.relative=0", "fftlpc.absoluteDb=150"},
-      {spectrum, "fftlpc.absoluteDb=150", "fftlpc.relative=0"},
-      {Levels, "intensity.windowMs=50 intensity.stepMs=5 intensity.relative=1"},
-      {spectrogram,
-       "spectrogram.points=512 spectrogram.rangeHz=3000 spectrogram.dynamicRangeDb=60"
-       " spectrogram.displayFormants=0 spectrogram.lpcOrder=8 spectrogram.trackFormants=0"
-       " spectrogram.drawAudio=1 spectrogram.drawIntensity=1 spectrogram.drawLabels=1"
-       " spectrogram.addFrequencyGrid=0 spectrogram.frequencyGridHz=700"
-       " spectrogram.timeGridMs=0 spectrogram.printWidth=5 spectrogram.printHeight=5"},
-      {spectrogram, "spectrogram.addTimeGrid=0", "spectrogram.timeGridMs=90"},
-      {PitchValues,
-       "pitch.windowMs=60 pitch.stepMs=20 pitch.thresholdPercent=60 pitch.deviationHz=1",
-       "pitch.method=0"},
-      {PitchValues,
-       "pitch.highHz=260 pitch.lowHz=115 pitch.method=0 pitch.voicingLevel=30000"
-       " pitch.tolerancePercent=0"},
-      {pitch, "pitch.addFrequencyGrid=0 pitch.frequencyGridHz=55"},
-  };
-  for (const std::string window : {"mainView", "fftLpc", "spectrogram", "log", "labelList"}) {
-    const std::string field = " application." + window;
-    groups.push_back(
-        {places, field + "X=61" + field + "Y=62" + field + "Width=563" + field + "Height=364"});
-  }
-  for (int tier = 1; tier <= 10; ++tier) {
-    groups.push_back({NewDocument, "tiers.name" + std::to_string(tier) + "=vowels"});
-  }
-
+  const std::map<std::string, Effect> effects{
+      {"storage", StorageOfSample},
+      {"new document", NewDocument},
+      {"tracks after opening", TracksAfterOpening},
+      {"tracked mouse", TrackedMouse},
+      {"zoom from cursor", ZoomFromCursor},
+      {"gain preset", GainPreset},
+      {"size in its dialog", ShownSize},
+      {"log rows", LogRowCount},
+      {"used input", [this](const Settings& s) { return UsedInput(s); }},
+      {"the file alone", InTheFileAlone},
+      {"places", [this](const Settings& s) { return Places(s); }},
+      {"levels", Levels},
+      {"pitch values", PitchValues},
+      {"main view", MainSheet()},
+      {"spectrum", SheetOf(WindowKind::kFftLpc, Command::kFftLpcSelection)},
+      {"spectrogram", SheetOf(WindowKind::kSpectrogram, Command::kSpectrogramSelection)},
+      {"pitch", SheetOf(WindowKind::kPitch, Command::kPitchSelection)}};
   Settings usual{{}, DefaultDocumentSettings()};
   DocumentSettings& sheets = usual.document;
   sheets.display.printWidth = sheets.fftLpc.printWidth = sheets.spectrogram.printWidth = 3.0;
@@ -305,20 +272,23 @@ TEST_F(SettingsEffects, EveryFieldChangesWhatItNames) {
   for (const Field& field : Fields()) {
     missing.insert(std::string(field.group) + '.' + std::string(field.name));
   }
-  for (const Group& group : groups) {
+  std::istringstream lines(Approved("desktop/expected/SettingsEffects.txt"));
+  for (std::string line; std::getline(lines, line);) {
+    const Group group(line);
     Settings before = usual;
-    for (const auto& [name, value] : PairsOf(group.with)) {
+    for (const auto& [name, value] : group.with) {
       ASSERT_EQ(SetFieldFromText(before, name, value), std::nullopt);
     }
-    const std::string was = group.effect(before);
-    for (const auto& [name, value] : PairsOf(group.values)) {
+    const Effect& effect = effects.at(group.effect);
+    const std::string was = effect(before);
+    for (const auto& [name, value] : group.values) {
       EXPECT_EQ(missing.erase(name), 1U) << name << " is no field, or one twice";
       Settings changed = before;
       ASSERT_EQ(SetFieldFromText(changed, name, value), std::nullopt);
-      EXPECT_TRUE(group.effect(changed) != was) << name << " changes nothing";
+      EXPECT_TRUE(effect(changed) != was) << name << " changes nothing";
     }
   }
-  EXPECT_THAT(missing, testing::IsEmpty()) << "no group says what they change";
+  EXPECT_THAT(missing, testing::IsEmpty()) << "no line says what they change";
 }
 
 // Fields that a document keeps and no file holds.

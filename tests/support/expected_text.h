@@ -14,13 +14,17 @@
 
 namespace cantorix {
 
-// `path` begins at the folder "tests".
+// What was approved. `path` begins at the folder "tests".
+inline std::string Approved(const std::string& path) {
+  std::ifstream stream(SamplesDirectory() + "/../tests/" + path);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 inline void ExpectText(const std::string& path, const std::string& actual) {
-  const std::string file = SamplesDirectory() + "/../tests/" + path;
-  if (std::getenv("CANTORIX_TAKE_EXPECTED") != nullptr) std::ofstream(file) << actual;
-  std::ifstream stream(file);
-  const std::string approved{std::istreambuf_iterator<char>(stream), {}};
-  EXPECT_EQ(approved, actual) << path << " says otherwise";
+  if (std::getenv("CANTORIX_TAKE_EXPECTED") != nullptr) {
+    std::ofstream(SamplesDirectory() + "/../tests/" + path) << actual;
+  }
+  EXPECT_EQ(Approved(path), actual) << path << " says otherwise";
 }
 
 }  // namespace cantorix
