@@ -7,13 +7,13 @@
 #include "document/document_io.h"
 #include "document/label.h"
 #include "platform/bytes.h"
+#include "support/expected_text.h"
 #include "support/joined.h"
 
 namespace cantorix {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr const char* kDropped =
     "message: Some labels contained uncompatible information which made them undisplayable.\n"
@@ -133,49 +133,29 @@ TEST(NativeFile, OfASelectionCountsFromItsStart) {
   }
 }
 
-struct LabelRow {
-  const char* what;
-  std::size_t at;  // in the label record
-  std::variant<double, std::int32_t> value;
-  bool kept;
-};
-
-const LabelRow kLabelRows[] = {
-    {"before the start", 0, -1e-9, false},
-    {"at the start", 0, 0.0, true},
-    {"at the end", 0, 0.625, true},
-    {"just after the end", 0, 0.626, false},
-    {"at no time", 0, std::nan(""), false},
-    {"at the top", 8, 1.0, true},
-    {"above the top", 8, 1.0000001, false},
-    {"below the bottom", 8, -0.0000001, false},
-    {"at no height", 8, std::nan(""), false},
-    {"alignment below", 16, -1, false},
-    {"alignment centre", 16, 1, true},
-    {"alignment above", 16, 3, false},
-    {"flag above", 20, 2, false},
-    {"flag that fits no byte", 20, 256, false},
-    {"flag below", 20, -1, false},
-    {"font of a character height", 52, -40, true},
-    {"font too high", 52, 101, false},
-    {"font too wide", 56, 3001, false},
-};
-
+// The labels that are left of two where one has that time, height, alignment, flag or font size at
+// its place in the record.
 TEST(NativeFile, DropsLabelsThatCannotBeShownAndSaysSo) {
-  for (const LabelRow& row : kLabelRows) {
+  std::string text;
+  const auto note = [&text](std::size_t at, auto value) {
     TestHost host;
-    const std::size_t at = fixture::kFirstLabel + row.at;
-    const auto document = Read(
-        host, std::visit([&](auto v) { return With(fixture::SmallFile(), at, v); }, row.value));
-    ASSERT_TRUE(document) << row.what;
-    EXPECT_EQ(document->channel().tiers[0].labelCount(), row.kept ? 2 : 1) << row.what;
-    EXPECT_EQ(document->channel().tiers[0].labels.back().text, "L\xFF%") << row.what;
-    if (row.kept) {
-      EXPECT_THAT(host.prompts.TakeTranscript(), IsEmpty()) << row.what;
-    } else {
-      EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kDropped)) << row.what;
-    }
+    const auto document = Read(host, With(fixture::SmallFile(), fixture::kFirstLabel + at, value));
+    ASSERT_TRUE(document) << at;
+    const std::vector<Label>& labels = document->channel().tiers[0].labels;
+    EXPECT_EQ(labels.back().text, "L\xFF%");
+    const auto said = host.prompts.TakeTranscript();
+    EXPECT_EQ(said, std::vector<std::string>(2 - labels.size(), kDropped));
+    text += Joined(at, value, "leaves", labels.size()) + '\n';
+  };
+  for (const double ms : {-1e-9, 0.0, 0.625, 0.626, std::nan("")}) note(0, ms);
+  for (const double height : {-1e-7, 0.0, 1.0, 1.0000001, std::nan("")}) note(8, height);
+  for (const std::int32_t alignment : {-1, 0, 1, 2, 3}) note(16, alignment);
+  for (const std::int32_t flag : {-1, 0, 1, 2, 256}) note(20, flag);
+  for (const std::int32_t size : {-40, 100, 101, 3000, 3001}) {
+    note(52, size);
+    note(56, size);
   }
+  ExpectText("document/expected/LabelsThatAreLeft.txt", text);
 }
 
 TEST(NativeFile, SaysOncePerTierThatLabelsWereDropped) {

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 
 #include "settings/settings.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -21,63 +23,27 @@ TEST(FieldText, ReadsBackAsTheSameValueForEveryField) {
   }
 }
 
-TEST(SetFieldFromText, TakesNumbersAndTextsAsTheyStand) {
-  struct Row {
-    const char *name, *text, *expected;
-  };
-  const Row rows[] = {
-      {"pitch.stepMs", "5", "5"},
-      {"pitch.stepMs", "0.1", "0.1"},
-      {"pitch.highHz", "1e3", "1000"},
-      {"zoom.rangeMs", "1234.7", "1234.7"},
-      {"gain.reference", "-12", "-12"},
-      {"display.timeBase", "-2147483648", "-2147483648"},
-      {"fftlpc.points", "512", "512"},
-      {"tiers.name1", "", ""},
-      {"tiers.name10", "a b=c.d", "a b=c.d"},
-  };
-  for (const Row& row : rows) {
+// Lines "name=text -> value" and "name=text -> refusal".
+TEST(SetFieldFromText, TakesNumbersAndTextsAsTheyStandOrSaysWhyAndChangesNothing) {
+  const std::string path = "settings/field_words.txt";
+  std::istringstream lines(Approved(path));
+  std::string all;
+  for (std::string line; std::getline(lines, line);) {
+    const std::string words = line.substr(0, line.find(" -> "));
+    const std::string name = words.substr(0, words.find('='));
     Settings settings;
-    EXPECT_EQ(SetFieldFromText(settings, row.name, row.text), std::nullopt) << row.name;
-    EXPECT_EQ(FieldText(settings, *FindField(row.name)), row.expected) << row.name;
-  }
-}
-
-TEST(SetFieldFromText, SaysWhyAndChangesNothing) {
-  const std::string longName(64, 'n');
-  struct Row {
-    std::string name, text, reason;
-  };
-  const Row rows[] = {
-      {"pitch.step", "5", "There is no setting \"pitch.step\"."},
-      {"pitch", "5", "There is no setting \"pitch\"."},
-      {"", "", "There is no setting \"\"."},
-      {"pitchXstepMs", "5", "There is no setting \"pitchXstepMs\"."},
-      {"pitch.stepMs", "", "pitch.stepMs: \"\" is not a number."},
-      {"pitch.stepMs", " 5", "pitch.stepMs: \" 5\" is not a number."},
-      {"pitch.stepMs", "5,5", "pitch.stepMs: \"5,5\" is not a number."},
-      {"pitch.stepMs", "5ms", "pitch.stepMs: \"5ms\" is not a number."},
-      {"pitch.stepMs", "nan", "pitch.stepMs: \"nan\" is not a finite number."},
-      {"pitch.stepMs", "-inf", "pitch.stepMs: \"-inf\" is not a finite number."},
-      {"pitch.stepMs", "1e999", "pitch.stepMs: \"1e999\" is out of range."},
-      {"pitch.method", "1.0", "pitch.method: \"1.0\" is not a whole number."},
-      {"pitch.method", "0x1", "pitch.method: \"0x1\" is not a whole number."},
-      {"pitch.method", "2147483648", "pitch.method: \"2147483648\" is out of range."},
-      {"fftlpc.points", "300", "fftlpc.points: \"300\" is not a possible value."},
-      {"intensity.stepMs", "0", "intensity.stepMs: \"0\" is not a possible value."},
-      {"document.referenceRateHz", "50000",
-       "document.referenceRateHz: \"50000\" is not a possible value."},
-      {"tiers.name1", longName, "tiers.name1: \"" + longName + "\" is longer than 63 bytes."},
-      {"tiers.name1", std::string("a\0b", 3),
-       "tiers.name1: \"" + std::string("a\0b", 3) + "\" holds a zero byte."},
-  };
-  for (const Row& row : rows) {
-    Settings settings;
-    EXPECT_EQ(SetFieldFromText(settings, row.name, row.text), row.reason);
+    const auto refusal = SetFieldFromText(settings, name, words.substr(name.size() + 1));
+    all += words + " -> " + refusal.value_or("") +
+           (refusal ? "" : FieldText(settings, *FindField(name))) + '\n';
     for (const Field& field : Fields()) {
-      EXPECT_EQ(FieldText(settings, field), FieldText(Settings{}, field)) << row.reason;
+      if (!refusal) break;
+      EXPECT_EQ(FieldText(settings, field), FieldText(Settings{}, field)) << words;
     }
   }
+  ExpectText(path, all);
+  Settings settings;
+  EXPECT_EQ(SetFieldFromText(settings, "tiers.name1", std::string("a\0b", 3)),
+            "tiers.name1: \"" + std::string("a\0b", 3) + "\" holds a zero byte.");
 }
 
 }  // namespace

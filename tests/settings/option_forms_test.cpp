@@ -4,12 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 
 #include "settings/field_table.h"
 #include "settings/settings.h"
-#include "support/samples.h"
+#include "support/expected_text.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -80,10 +80,7 @@ TEST(OptionForms, AreAsDescribed) {
   forms.Add(LogForm(), settings);
   forms.Add(GainForm(), settings.gain);
   forms.Add(GenericForm(), settings.generic);
-  std::ifstream file(SamplesDirectory() + "/../tests/settings/forms.txt");
-  std::ostringstream expected;
-  expected << file.rdbuf();
-  EXPECT_EQ(forms.text(), expected.str());
+  ExpectText("settings/forms.txt", forms.text());
 }
 
 TEST(OptionForms, BandwidthsAreTruncatedAndNameTheirPointsIsKept) {
@@ -96,64 +93,43 @@ TEST(OptionForms, BandwidthsAreTruncatedAndNameTheirPointsIsKept) {
 }
 
 TEST(OptionForms, PitchRangesAreTestedInOrder) {
-  constexpr const char* kLow = "Please select a calculation low range greater than 50 Hz";
-  constexpr const char* kHigh =
-      "Calculation high range is too low. Must be greater (low range +200) Hz";
-  constexpr const char* kDisplayLow = "Please select a display low range greater than 50 Hz";
-  constexpr const char* kDisplayHigh =
-      "Display high range is too low. Must be greater (low range +200) Hz";
-  const struct {
-    double low, high;
-    std::int32_t displayLow, displayHigh;
-    const char* refusal;
-  } cases[] = {
-      {50, 250, 50, 250, kTaken},
-      {50, 249, 50, 250, kHigh},
-      {49, 100, 0, 0, kLow},
-      {100, 299, 0, 0, kHigh},
-      {50, 250, 49, 49, kDisplayLow},
-      {50, 250, 50, 249, kDisplayHigh},
-      {50, 250, 2147483647, 2147483647, kDisplayHigh},
-  };
-  for (const auto& c : cases) {
-    PitchSettings entered;
-    entered.lowHz = c.low;
-    entered.highHz = c.high;
-    entered.displayLowHz = c.displayLow;
-    entered.displayHighHz = c.displayHigh;
-    EXPECT_EQ(FormRefusal(PitchForm(), entered, 11025.0).value_or(kTaken), c.refusal)
-        << c.low << " " << c.high << " " << c.displayLow << " " << c.displayHigh;
+  std::string text = "low high, display low high: refusal\n";
+  for (const double low : {49.0, 50.0, 100.0}) {
+    for (const double high : {100.0, 249.0, 250.0, 299.0, 300.0}) {
+      for (const auto& [displayLow, displayHigh] :
+           {std::pair{50, 250}, {49, 49}, {50, 249}, {INT32_MAX, INT32_MAX}}) {
+        PitchSettings entered;
+        entered.lowHz = low;
+        entered.highHz = high;
+        entered.displayLowHz = displayLow;
+        entered.displayHighHz = displayHigh;
+        text += Joined(low, high, displayLow, displayHigh,
+                       FormRefusal(PitchForm(), entered, 11025.0).value_or(kTaken)) +
+                '\n';
+      }
+    }
   }
+  ExpectText("settings/pitch_refusals.txt", text);
 }
 
+// At 1999 Hz no range fits, and none is asked for.
 TEST(OptionForms, SpectrogramRangeFollowsTheRateAnd400CoefficientsPassIsKept) {
-  constexpr const char* kRangeLow = "Frequency range is too low. Must be > 500 Hz";
-  constexpr const char* kCoefficients = "LPC coefficient is too high. Must be < 400";
-  constexpr const char* kEmphasis = "Enter a number between 0 and 1.";
-  const struct {
-    double rateHz, preEmphasis;
-    std::int32_t rangeHz, lpcOrder;
-    const char* refusal;
-  } cases[] = {
-      {11025.0, 0.98, 5000, 400, kTaken},
-      {11025.0, 0.0, 500, 14, kTaken},
-      {11025.0, 1.0, 5001, 401, "Frequency range is too high. Must be < 5000 Hz"},
-      {11025.0, 1.0, 5000, 401, kCoefficients},
-      {11025.0, 1.0, 499, 401, kRangeLow},
-      {11999.9, 0.5, 5500, 14, "Frequency range is too high. Must be < 5000 Hz"},
-      {12000.0, 0.5, 6000, 14, kTaken},
-      {11025.0, 1.01, 499, 401, kEmphasis},
-      {11025.0, -0.01, 5000, 14, kEmphasis},
-      {1999.0, 0.5, 5000, 14, kTaken},  // no range fits: none is asked for
-  };
-  for (const auto& c : cases) {
-    SpectrogramSettings entered;
-    entered.preEmphasis = c.preEmphasis;
-    entered.rangeHz = c.rangeHz;
-    entered.lpcOrder = c.lpcOrder;
-    EXPECT_EQ(FormRefusal(SpectrogramForm(), entered, c.rateHz).value_or(kTaken), c.refusal)
-        << c.rateHz << " " << c.preEmphasis << " " << c.rangeHz << " " << c.lpcOrder;
+  std::string text = "rate, range, coefficients, pre-emphasis: refusal\n";
+  for (const double rateHz : {1999.0, 11025.0, 11999.9, 12000.0}) {
+    for (const std::int32_t rangeHz : {499, 500, 5000, 5001, 5500, 6000, 6001}) {
+      for (const auto& [lpcOrder, preEmphasis] :
+           {std::pair{400, 0.0}, {401, 1.0}, {401, 1.01}, {400, -0.01}}) {
+        SpectrogramSettings entered;
+        entered.preEmphasis = preEmphasis;
+        entered.rangeHz = rangeHz;
+        entered.lpcOrder = lpcOrder;
+        text += Joined(rateHz, rangeHz, lpcOrder, preEmphasis,
+                       FormRefusal(SpectrogramForm(), entered, rateHz).value_or(kTaken)) +
+                '\n';
+      }
+    }
   }
+  ExpectText("settings/spectrogram_refusals.txt", text);
 }
 
 TEST(OptionForms, JudgeOnlyTheNumbersThatCount) {
