@@ -6,7 +6,7 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int32_t kTopGap = 6;  // pixels
+constexpr std::int32_t kTopGap = 2;  // pixels
 constexpr std::int32_t kStripGap = 4;
 constexpr std::int32_t kBottomAxisHeight = 24;
 constexpr std::int32_t kMostStripHeight = 110;
@@ -20,7 +20,7 @@ AxisScale WindowLayout::HorizontalAxis(double low, double high) const {
 WindowLayout LayOutWindow(PixelSize client, const WindowParts& parts) {
   const std::int32_t right = std::max(client.width - kPlotRight, kPlotLeft);
   const std::int32_t below = kBottomAxisHeight + parts.readoutLines * kReadoutLineHeight;
-  const std::int32_t available = std::max(client.height - below - kTopGap, 0);
+  const std::int32_t available = std::max(client.height - below - kTopGap - kUnitHeight, 0);
   const std::int32_t strips = (parts.audio ? 1 : 0) + (parts.intensity ? 1 : 0);
   const std::int32_t labels = std::min(parts.labelsHeight, available / 4);
   const std::int32_t stripHeight =
@@ -37,6 +37,7 @@ WindowLayout LayOutWindow(PixelSize client, const WindowParts& parts) {
   if (labels > 0) layout.labels = next(labels, kStripGap);
   if (parts.audio) layout.audio = next(stripHeight, kStripGap);
   if (parts.intensity) layout.intensity = next(stripHeight, kStripGap);
+  top += kUnitHeight;
   layout.plot = next(client.height - below - top, 0);
   layout.bottomAxis = {0, client.height - below, client.width,
                        client.height - below + kBottomAxisHeight};

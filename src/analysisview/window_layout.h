@@ -6,13 +6,18 @@
 #include <cstdint>
 
 #include "mainview/axis_scale.h"
+#include "mainview/time_axis.h"
 #include "mainview/view_ports.h"
 
 namespace cantorix {
 
-inline constexpr std::int32_t kPlotLeft = 56;  // pixels, with texts and title of the vertical axis
-inline constexpr std::int32_t kPlotRight = 8;
+// As in the main view, so that one time stands at one place in windows of one width.
+inline constexpr std::int32_t kPlotLeft =
+    kLeftMargin;  // pixels, for the texts of the vertical axis
+inline constexpr std::int32_t kPlotRight = kRightMargin;
+inline constexpr std::int32_t kUnitHeight = 14;  // above the plot, for the unit of that axis
 inline constexpr std::int32_t kReadoutLineHeight = 18;
+inline constexpr std::int32_t kOneLineWidth = 900;  // of a window whose readouts fit into one line
 
 // What stands beside the plot.
 struct WindowParts {

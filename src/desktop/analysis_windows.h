@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "analysisview/analysis_window.h"
 #include "mainview/analysis_commands.h"
@@ -11,9 +12,17 @@ class QMdiSubWindow;
 
 namespace cantorix {
 
+class DeskWindow;
+
 struct AnalysisRequest {
   WindowKind kind;
   std::optional<Stretch> stretch;  // none: the frame at the cursor
+};
+
+// An open window of an analysis.
+struct AnalysisWindowOf {
+  WindowKind kind;
+  DeskWindow* window;
 };
 
 class AnalysisWindows {
@@ -31,6 +40,8 @@ class AnalysisWindows {
   virtual void RefreshCommands() = 0;
   // The view goes: its windows must, too.
   virtual void CloseWindowsOf(CSonadexView& view) = 0;
+  // Those of the view that are open: spectrogram, pitch, spectrum.
+  virtual std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const = 0;
   // The view that an analysis window belongs to; null for any other window.
   virtual CSonadexView* ViewOf(const QMdiSubWindow& window) const = 0;
 };

@@ -1,9 +1,7 @@
 // child_frame.cpp - view, area and title of one document, and the question when it closes.
 #include "desktop/child_frame.h"
 
-#include <QAction>
 #include <QCloseEvent>
-#include <QMenu>
 #include <QTimer>
 
 #include "desktop/desktop_services.h"
@@ -12,7 +10,6 @@
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
-#include "desktop/window_place.h"
 #include "mainview/label_list.h"
 #include "mainview/recording_placement.h"
 #include "mainview/sound_desk.h"
@@ -28,8 +25,10 @@ constexpr int kTryAgainMs = 50;  // while another operation runs
 
 CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
                          const DesktopServices& services, FrameHost& host)
-    : document_(&document), services_(services), host_(host) {
-  setAttribute(Qt::WA_DeleteOnClose);
+    : DeskWindow(services.application.host.application.mainView),
+      document_(&document),
+      services_(services),
+      host_(host) {
   view_ = std::make_unique<CSonadexView>(
       document, ViewServices{services.clipboard, services.application.temporaryDirectory,
                              services.textMeasurer, *this, *this, services.dialogs,
@@ -37,8 +36,6 @@ CChildFrame::CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform,
   area_ = new MainViewArea(*view_, waveform, host, this);
   setWidget(area_);
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
-  // Its entry "Close" would take Ctrl+W from the zoom command.
-  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
   ShowTitle();
 }
 
@@ -69,37 +66,18 @@ void CChildFrame::BeginView() {
   }
 }
 
-void CChildFrame::Fill(const QRect& space) {
-  filled_ = QRect(space.topLeft(), space.size().expandedTo(minimumSizeHint()));
-  setGeometry(*filled_);
-}
-
-void CChildFrame::FollowSpace(const QRect& space) {
-  if (filled_ && !isMaximized() && !isMinimized()) Fill(space);
-}
-
 void CChildFrame::SetNumber(int number) {
   number_ = number;
   ShowTitle();
 }
 
 void CChildFrame::closeEvent(QCloseEvent* event) {
-  if (!view_) return QMdiSubWindow::closeEvent(event);
+  if (!view_) return DeskWindow::closeEvent(event);
   if (!host_.MayClose(*this)) return event->ignore();
   CSonadexDoc& document = *document_;
   LetGo();
-  QMdiSubWindow::closeEvent(event);
+  DeskWindow::closeEvent(event);
   host_.Closed(document);
-}
-
-void CChildFrame::moveEvent(QMoveEvent* event) {
-  QMdiSubWindow::moveEvent(event);
-  RememberPlacement();
-}
-
-void CChildFrame::resizeEvent(QResizeEvent* event) {
-  QMdiSubWindow::resizeEvent(event);
-  RememberPlacement();
 }
 
 void CChildFrame::ViewChanged(const ViewNotice& notice) {
@@ -137,14 +115,6 @@ void CChildFrame::ShowTitle() {
   const QString title = Shown(document_->shownName()).replace("[*]", "[*][*]");
   setWindowTitle(title + number + "[*]");
   setWindowModified(document_->isModified());
-}
-
-void CChildFrame::RememberPlacement() {
-  if (!isVisible() || isMaximized() || isMinimized()) return;
-  const QRect place = geometry();
-  if (filled_ && place == *filled_) return;
-  filled_.reset();
-  services_.application.host.application.mainView = PlacementOf(place);
 }
 
 void CChildFrame::LetGo() {

@@ -2,11 +2,10 @@
 // area that shows it, and follows the document's title.
 #pragma once
 
-#include <QMdiSubWindow>
 #include <memory>
-#include <optional>
 
 #include "audio/recording_file.h"
+#include "desktop/desk_window.h"
 #include "desktop/frame_host.h"
 #include "document/document.h"
 #include "mainview/sonadex_view.h"
@@ -17,7 +16,7 @@ class DocumentWaveform;
 class MainViewArea;
 struct DesktopServices;
 
-class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundControl {
+class CChildFrame : public DeskWindow, private ViewListener, private SoundControl {
  public:
   CChildFrame(CSonadexDoc& document, DocumentWaveform& waveform, const DesktopServices& services,
               FrameHost& host);
@@ -31,17 +30,11 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundCon
   void TakeUp(std::unique_ptr<RecordingFile> recording) { recording_ = std::move(recording); }
   // The view's first update, in the size that the window has now; later while an operation runs.
   void Begin();
-  // Covers `space` and goes on covering it whenever it changes, until the window is moved or sized
-  // by the user.
-  void Fill(const QRect& space);
-  void FollowSpace(const QRect& space);
   // The number shown behind the title while a document has several windows; 0 for none.
   void SetNumber(int number);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void moveEvent(QMoveEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ViewChanged(const ViewNotice& notice) override;
@@ -53,7 +46,6 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundCon
 
   void BeginView();
   void ShowTitle();
-  void RememberPlacement();
   void LetGo();
 
   CSonadexDoc* document_;
@@ -63,7 +55,6 @@ class CChildFrame : public QMdiSubWindow, private ViewListener, private SoundCon
   MainViewArea* area_ = nullptr;
   std::unique_ptr<RecordingFile> recording_;  // until the view begins
   int number_ = 0;
-  std::optional<QRect> filled_;  // the place taken by Fill, while it holds
 };
 
 }  // namespace cantorix

@@ -126,9 +126,12 @@ void FrameCommands::SaveLogAs() { SaveOpenLogAs(services_.application); }
 
 // Window
 void FrameCommands::NewWindow() { frame_.OpenNewWindow(frame_.activeView()->document()); }
-void FrameCommands::CascadeWindows() { frame_.CascadeWindows(); }
-void FrameCommands::TileWindows() { frame_.TileWindows(); }
-void FrameCommands::ArrangeIcons() { frame_.ArrangeIcons(); }
+void FrameCommands::CascadeWindows() { frame_.desks().Cascade(); }
+void FrameCommands::TileWindows() { frame_.desks().Tile(); }
+void FrameCommands::ArrangeIcons() { frame_.desks().ArrangeIcons(); }
+void FrameCommands::ArrangeAnalyses() { frame_.desks().Arrange(*frame_.activeView()); }
+void FrameCommands::ActivateNextWindow(int step) { frame_.desks().ActivateNext(step); }
+void FrameCommands::ActivateNextRecording() { frame_.desks().ActivateNextDesk(); }
 void FrameCommands::CloseStatusWindow() { services_.progress.CloseWindow(); }
 
 // Help

@@ -53,6 +53,9 @@ class FrameCommands : private FrameActions {
   void CascadeWindows() override;
   void TileWindows() override;
   void ArrangeIcons() override;
+  void ArrangeAnalyses() override;
+  void ActivateNextWindow(int step) override;
+  void ActivateNextRecording() override;
   void CloseStatusWindow() override;
   void ShowManual() override;
   void ShowAbout() override;

@@ -33,6 +33,7 @@ CMainFrame::CMainFrame(DesktopServices services)
       soundTimer_(sound_, services.progress, [this] { FollowSound(); }),
       commands_(*this, services_),
       area_(new QMdiArea(this)),
+      desks_(*area_),
       actions_(*this, {[this](Command command) { commands_.Perform(command); },
                        [this](const std::string& path) { OpenFile(path); }}),
       keyboardPanes_(*statusBar()),
@@ -47,8 +48,11 @@ CMainFrame::CMainFrame(DesktopServices services)
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-  area_->viewport()->installEventFilter(this);
   connect(area_, &QMdiArea::subWindowActivated, this, [this] { Refresh(); });
+  // The area raises the window itself when everybody has been told.
+  connect(
+      area_, &QMdiArea::subWindowActivated, this,
+      [this] { desks_.Raise(area_->currentSubWindow()); }, Qt::QueuedConnection);
   connect(&actions_.MenuOf(Menu::kWindow), &QMenu::aboutToShow, this, [this] { ListWindows(); });
   connect(&actions_.toolBar(), &QToolBar::visibilityChanged, this, [this] { Refresh(); });
   actions_.ActionOf(Command::kToolBar).setCheckable(true);
@@ -71,6 +75,7 @@ void CMainFrame::NewDocument() { OpenNewWindow(documents_.New()); }
 
 bool CMainFrame::OpenFile(const std::string& path) {
   if (services_.progress.running()) return false;
+  const auto before = documents_.All();
   CSonadexDoc* const document = documents_.Open(path);
   Refresh();
   if (document == nullptr) return false;
@@ -80,6 +85,7 @@ bool CMainFrame::OpenFile(const std::string& path) {
   } else {
     area_->setActiveSubWindow(frames.front());
   }
+  for (CSonadexDoc* const other : before) CloseUntouched(*other);
   return true;
 }
 
@@ -92,7 +98,7 @@ CChildFrame& CMainFrame::OpenNewWindow(CSonadexDoc& document,
   auto* const frame = new CChildFrame(document, documents_.WaveformOf(document), services_, *this);
   frame->TakeUp(std::move(recording));
   area_->addSubWindow(frame);
-  Place(*frame);
+  desks_.Enter(*frame, services_.application.host.application.mainView);
   frame->show();
   Number(document);
   // The window has its size only after its layout ran.

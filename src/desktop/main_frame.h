@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/command_actions.h"
+#include "desktop/desks.h"
 #include "desktop/desktop_services.h"
 #include "desktop/frame_commands.h"
 #include "desktop/frame_host.h"
@@ -55,7 +56,10 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
 
   // What opens analysis windows and what prints: there before a command of theirs is carried out,
   // and for as long as the frame lives. Null windows are told nothing.
-  void SetAnalysisWindows(AnalysisWindows* windows) { analysisWindows_ = windows; }
+  void SetAnalysisWindows(AnalysisWindows* windows) {
+    analysisWindows_ = windows;
+    desks_.SetAnalyses(windows);
+  }
   void SetOutput(DocumentOutput* output) { output_ = output; }
   AnalysisWindows* analysisWindows() const { return analysisWindows_; }
   DocumentOutput* output() const { return output_; }
@@ -68,22 +72,19 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void ShowRecordPlayOptions();
   void ToggleToolBar();
   void ToggleStatusBar();
-  void CascadeWindows();
-  void TileWindows();
-  void ArrangeIcons();
 
   CommandActions& actions() { return actions_; }
   CDisplayOptionFrame& displayOptions() { return *displayOptions_; }
   LabelListFrame& labelList() { return *labelList_; }
   CFrameLog& log() { return *log_; }
   SoundWindows& soundWindows() { return *soundWindows_; }
+  Desks& desks() { return desks_; }
   QMdiArea& area() { return *area_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void StateChanged() override;
@@ -104,9 +105,10 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CloseAnswer AskAbout(CSonadexDoc& document);
   // The same of a document that goes alone.
   bool AgreesToClose(CSonadexDoc& document);
-  void Place(CChildFrame& frame);
   void Number(const CSonadexDoc& document);
   void ListWindows();
+  // Closes a document that nobody has put anything into.
+  void CloseUntouched(CSonadexDoc& document);
 
   DesktopServices services_;
   OpenDocuments documents_;
@@ -114,6 +116,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   SoundTimer soundTimer_;
   FrameCommands commands_;
   QMdiArea* area_;
+  Desks desks_;
   CommandActions actions_;
   KeyboardPanes keyboardPanes_;
   CDisplayOptionFrame* displayOptions_;

@@ -17,7 +17,6 @@
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_windows.h"
-#include "desktop/window_place.h"
 
 namespace cantorix {
 namespace {
@@ -59,33 +58,24 @@ void CMainFrame::ToggleToolBar() { actions_.toolBar().setVisible(actions_.toolBa
 
 void CMainFrame::ToggleStatusBar() { statusBar()->setVisible(statusBar()->isHidden()); }
 
-void CMainFrame::CascadeWindows() { area_->cascadeSubWindows(); }
-
-void CMainFrame::TileWindows() { area_->tileSubWindows(); }
-
-void CMainFrame::ArrangeIcons() {
-  int left = 0;
-  for (CChildFrame* const frame : Frames()) {
-    if (!frame->isMinimized()) continue;
-    frame->move(left, area_->viewport()->height() - frame->height());
-    left += frame->width();
-  }
-}
-
-// The windows at the end of the Window menu, that in front with a tick.
+// The windows at the end of the Window menu, that in front with a tick, each analysis below its
+// recording.
 void CMainFrame::ListWindows() {
   for (QAction* const action : windowList_) action->deleteLater();
   windowList_.clear();
   QMenu& menu = actions_.MenuOf(Menu::kWindow);
   windowList_.push_back(menu.addSeparator());
-  for (CChildFrame* const frame : Frames()) {
-    QString title = frame->windowTitle().remove(QStringLiteral("[*]"));
-    auto* const action = menu.addAction(
-        QStringLiteral("&%1 %2").arg(windowList_.size()).arg(title.replace('&', "&&")));
+  int number = 0;
+  for (QMdiSubWindow* const window : desks_.Windows()) {
+    const bool isAnalysis = dynamic_cast<CChildFrame*>(window) == nullptr;
+    const QString title = window->windowTitle().remove(QStringLiteral("[*]")).replace('&', "&&");
+    const QString entry =
+        isAnalysis ? "  " + title : QStringLiteral("&%1 %2").arg(++number).arg(title);
+    auto* const action = menu.addAction(entry);
     action->setCheckable(true);
-    action->setChecked(frame == activeFrame());
-    connect(action, &QAction::triggered, frame,
-            [this, frame] { area_->setActiveSubWindow(frame); });
+    action->setChecked(window == area_->currentSubWindow());
+    connect(action, &QAction::triggered, window,
+            [this, window] { area_->setActiveSubWindow(window); });
     windowList_.push_back(action);
   }
 }
@@ -120,13 +110,6 @@ void CMainFrame::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile()) OpenFile(ChosenPath(url.toLocalFile()));
   }
-}
-
-bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == area_->viewport() && event->type() == QEvent::Resize) {
-    for (CChildFrame* const frame : Frames()) frame->FollowSpace(area_->viewport()->rect());
-  }
-  return QMainWindow::eventFilter(watched, event);
 }
 
 void CMainFrame::StateChanged() {
@@ -196,6 +179,9 @@ bool CMainFrame::MayClose(CChildFrame& frame) {
 
 void CMainFrame::Closing(CSonadexView& view) {
   sound_.Leave(view);
+  for (CChildFrame* const frame : Frames()) {
+    if (frame->view() == &view) desks_.Leave(*frame);
+  }
   if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
 }
 
@@ -208,13 +194,10 @@ void CMainFrame::Closed(CSonadexDoc& document) {
   Refresh();
 }
 
-// A window fills the space until the user has once given one a place.
-void CMainFrame::Place(CChildFrame& frame) {
-  if (const auto stored = PlaceOf(services_.application.host.application.mainView)) {
-    frame.setGeometry(*stored);
-  } else {
-    frame.Fill(area_->viewport()->rect());
-  }
+void CMainFrame::CloseUntouched(CSonadexDoc& document) {
+  if (document.loaded || document.isModified() || !document.pathName().empty()) return;
+  if (sound_.StateOf(document).recordingHere || FramesOf(document).size() != 1) return;
+  CloseDocument(document);
 }
 
 void CMainFrame::Number(const CSonadexDoc& document) {

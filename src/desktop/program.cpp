@@ -35,7 +35,7 @@ bool Program::Start(const std::vector<std::string>& files) {
   if (StartUp(application_, current) != StartUpResult::kReady) return false;
 
   mainFrame_ = std::make_unique<CMainFrame>(services_);
-  analysisWindows_.Enter({&mainFrame_->area(),
+  analysisWindows_.Enter({&mainFrame_->desks(),
                           [this](CSonadexDoc& document) -> DocumentWaveform& {
                             return mainFrame_->documents().WaveformOf(document);
                           },

@@ -106,6 +106,10 @@ enum class Command {
   kCascade,
   kTile,
   kArrangeIcons,
+  kArrangeAnalyses,
+  kNextWindow,
+  kPreviousWindow,
+  kNextRecording,
   kCloseStatusWindow,
   // Help
   kHelpTopics,

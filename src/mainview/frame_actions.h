@@ -53,6 +53,9 @@ class FrameActions {
   virtual void CascadeWindows() = 0;
   virtual void TileWindows() = 0;
   virtual void ArrangeIcons() = 0;
+  virtual void ArrangeAnalyses() = 0;
+  virtual void ActivateNextWindow(int step) = 0;  // of the recording in front
+  virtual void ActivateNextRecording() = 0;
   virtual void CloseStatusWindow() = 0;
 
   // Help

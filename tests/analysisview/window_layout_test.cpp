@@ -50,8 +50,8 @@ TEST(WindowLayout, AWindowWithoutRoomHasEmptyParts) {
 
 TEST(WindowLayout, TheAxisRunsOverThePlot) {
   const WindowLayout layout = LayOutWindow({1000, 600}, {});
-  EXPECT_EQ(layout.plot.left, 56);
-  EXPECT_EQ(layout.plot.right, 992);
+  EXPECT_EQ(layout.plot.left, 40);
+  EXPECT_EQ(layout.plot.right, 995);
   const AxisScale axis = layout.HorizontalAxis(100.0, 300.0);
   EXPECT_EQ(axis.ValueAt(layout.plot.left), 100.0);
   EXPECT_EQ(axis.ValueAt(layout.plot.right), 300.0);

@@ -28,7 +28,7 @@ class AnalysisDesktopTest : public DesktopTest {
 
   // Makes `around` the frame that the windows of `set` stand in.
   void Enter(AnalysisWindowSet& set, CMainFrame& around) {
-    set.Enter({&around.area(),
+    set.Enter({&around.desks(),
                [&around](CSonadexDoc& document) -> DocumentWaveform& {
                  return around.documents().WaveformOf(document);
                },

@@ -37,6 +37,7 @@ class RecordingWindows : public AnalysisWindows {
   void ShowPlayed(const CSonadexDoc&, std::optional<double>) override {}
   void RefreshCommands() override { ++refreshes; }
   void CloseWindowsOf(CSonadexView&) override { ++closed; }
+  std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView&) const override { return {}; }
   CSonadexView* ViewOf(const QMdiSubWindow&) const override { return nullptr; }
 
   std::vector<AnalysisRequest> opened;

@@ -219,7 +219,7 @@ TEST_F(SoundCommandsTest, TheSpectrogramPlaysWhatItShows) {
   DesktopServices services{
       app, progress, dialogs, textMeasurer, opener, clipboard, {sound, clock, memory}};
   AnalysisWindowSet windows(services);
-  windows.Enter({&frame.area(),
+  windows.Enter({&frame.desks(),
                  [this](CSonadexDoc& document) -> DocumentWaveform& {
                    return frame.documents().WaveformOf(document);
                  },

@@ -12,8 +12,6 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int32_t kReadoutLines = 2;
-
 QString ReadoutLine(const PitchPicture& picture) {
   if (!picture.cursorMs) return {};
   const CChannel& channel = picture.document.channel();
@@ -43,7 +41,7 @@ WindowLayout PitchLayout(const PitchPicture& picture) {
                       {.labelsHeight = settings.addLabels != 0 ? HeightOfTiers(tiers) : 0,
                        .audio = settings.addAudio != 0,
                        .intensity = settings.addIntensity != 0,
-                       .readoutLines = kReadoutLines});
+                       .readoutLines = picture.client.width >= kOneLineWidth ? 1 : 2});
 }
 
 AxisScale PitchTimes(const PitchPicture& picture) {
@@ -74,10 +72,10 @@ void PaintPitchData(QPainter& painter, const PitchPicture& picture, const PaintS
   }
   DrawPitch(painter, {pane, time}, hertz, picture.pitch, picture.document.channel().msPerSample(),
             style);
-  DrawAxisTitle(painter, layout.plot, QStringLiteral("Pitch (Hz)"), style);
+  DrawValueUnit(painter, layout.plot, QStringLiteral("Hz"), style);
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
-                kPlotLeft - kTitleWidth, style);
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks, TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, picture.document, picture.waveform, style);
 }

@@ -12,7 +12,6 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int32_t kReadoutLines = 2;
 constexpr double kLeastDotGap = 3.0;  // pixels between the columns whose formants are drawn
 
 const Spectrogram& LevelsOf(const SpectrogramPicture& picture) {
@@ -107,7 +106,7 @@ WindowLayout SpectrogramLayout(PixelSize client, const CSonadexDoc& document) {
       {.labelsHeight = settings.drawLabels != 0 ? HeightOfTiers(document.channel().tiers) : 0,
        .audio = settings.drawAudio != 0,
        .intensity = settings.drawIntensity != 0,
-       .readoutLines = kReadoutLines});
+       .readoutLines = client.width >= kOneLineWidth ? 1 : 2});
 }
 
 AxisScale SpectrogramTimes(const SpectrogramPicture& picture) {
@@ -146,10 +145,10 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
   }
-  DrawAxisTitle(painter, layout.plot, QStringLiteral("Frequency (Hz)"), style);
+  DrawValueUnit(painter, layout.plot, QStringLiteral("Hz"), style);
   DrawFrame(painter, pane, style);
   DrawValueAxis(painter, pane, hertz, ValueTicks(pane, hertz.low, hertz.high, style, grid),
-                kPlotLeft - kTitleWidth, style);
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), time, timeTicks, TimeUnit(timeBase), style);
   DrawWindowStrips(painter, layout, time, document, picture.waveform, style);
 }

@@ -161,12 +161,12 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   DrawPane(painter, pane, style.pane);
   DrawGrids(painter, pane, axis, levels, picture.view.document().settings.fftLpc, style);
   if (picture.view.computed()) DrawCurves(painter, pane, axis, levels, picture, style);
-  DrawAxisTitle(painter, layout.plot, QStringLiteral("Level (dB)"), style);
+  DrawValueUnit(painter, layout.plot, QStringLiteral("dB"), style);
   DrawFrame(painter, pane, style);
   const FftLpcSettings& settings = picture.view.settings();
   const double grid = settings.addPowerGrid != 0 ? settings.powerGridDb : 0.0;
   DrawValueAxis(painter, pane, levels, ValueTicks(pane, levels.low, levels.high, style, grid),
-                kPlotLeft - kTitleWidth, style);
+                kPlotLeft, style);
   DrawBottomAxis(painter, ToRectF(layout.bottomAxis), axis, BottomTicks(axis, 0, style),
                  QStringLiteral("Hz"), style);
 }

@@ -12,6 +12,18 @@
 namespace cantorix {
 namespace {
 
+constexpr double kUnitIndent = 8.0;  // pixels, of its right end from the plot
+
+QString Joined(const QStringList& lines) {
+  QStringList parts = lines;
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral("    "));
+}
+
+QFont CaptionFont(const PaintStyle& style) {
+  return Resized(style.font, style.font.pixelSize() - 1);
+}
+
 // Tiers one below the other, as far as there is room.
 void DrawLabelStrips(QPainter& painter, const WindowLayout& layout, const AxisScale& time,
                      const Tiers& tiers, const PaintStyle& style) {
@@ -31,7 +43,7 @@ void DrawStripAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
                    const PaintStyle& style) {
   DrawPane(painter, pane, style.pane);
   const auto ticks = ValueTicks(pane, span.low, span.high, style);
-  DrawValueAxis(painter, pane, span, ticks, kPlotLeft - kTitleWidth, style);
+  DrawValueAxis(painter, pane, span, ticks, kPlotLeft, style);
 }
 
 }  // namespace
@@ -44,8 +56,8 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     const QRectF pane = ToRectF(layout.audio);
     const AxisSpan span = AmplitudeSpan(channel, *waveform, pane);
     DrawStripAxis(painter, pane, span, style);
+    DrawCaption(painter, pane, QStringLiteral("Audio"), CaptionFont(style), style.muted);
     DrawWaveform(painter, {pane, time}, span, document, *waveform, style);
-    DrawAxisTitle(painter, layout.audio, QStringLiteral("Audio"), style);
     DrawFrame(painter, pane, style);
   }
   if (layout.intensity.bottom > layout.intensity.top) {
@@ -57,7 +69,8 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     } else {
       DrawPane(painter, pane, style.pane);
     }
-    DrawAxisTitle(painter, layout.intensity, QStringLiteral("Intensity (dB)"), style);
+    DrawCaption(painter, pane, QStringLiteral("Intensity (dB)"), CaptionFont(style),
+                style.intensity);
     DrawFrame(painter, pane, style);
   }
   if (layout.labels.bottom > layout.labels.top) {
@@ -108,26 +121,22 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
   painter.fillRect(ToRectF(layout.readouts), style.background);
   painter.setPen(style.text);
   double top = layout.readouts.top;
-  for (const QString& line : lines) {
+  const bool isOneLine = layout.readouts.bottom - layout.readouts.top < 2 * kReadoutLineHeight;
+  const QStringList shown = isOneLine ? QStringList(Joined(lines)) : lines;
+  for (const QString& line : shown) {
     const QRectF box(8.0, top, layout.client.width - 16.0, kReadoutLineHeight);
     DrawFitted(painter, box, Qt::AlignLeft | Qt::AlignVCenter, line, style.font);
     top += kReadoutLineHeight;
   }
 }
 
-void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+void DrawValueUnit(QPainter& painter, const PixelRect& plot, const QString& unit,
                    const PaintStyle& style) {
   const QFont font = Resized(style.font, style.font.pixelSize() - 1);
-  const QSizeF size = TextSize(font, text);
-  if (size.width() > pane.bottom - pane.top) return;
-  painter.save();
-  painter.translate(1.0, (pane.top + pane.bottom + size.width()) / 2.0);
-  painter.rotate(-90.0);
+  const QRectF box(1.0, plot.top - kUnitHeight, kPlotLeft - kUnitIndent, kUnitHeight);
   painter.setPen(style.muted);
   painter.setFont(font);
-  painter.drawText(QRectF(0.0, 0.0, size.width() + 1.0, kTitleWidth),
-                   Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
-  painter.restore();
+  painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, unit);
 }
 
 QString TimeUnit(std::int32_t timeBase) {

@@ -37,14 +37,13 @@ void DrawCursorRow(QPainter& painter, const WindowLayout& layout, double y,
 void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                          const AxisSelection& selection, const PaintStyle& style);
 
-// One line of text each.
+// One line of text each; all of them in one where the layout has a single line.
 void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStringList& lines,
                       const PaintStyle& style);
 
-// What a pane's vertical axis shows, upwards along the left edge; nothing in a pane too low for it.
-void DrawAxisTitle(QPainter& painter, const PixelRect& pane, const QString& text,
+// The unit of the plot's vertical axis, over the texts of its ticks.
+void DrawValueUnit(QPainter& painter, const PixelRect& plot, const QString& unit,
                    const PaintStyle& style);
-inline constexpr double kTitleWidth = 13.0;  // pixels
 
 // "ms" or "s".
 QString TimeUnit(std::int32_t timeBase);

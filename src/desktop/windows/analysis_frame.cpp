@@ -2,14 +2,13 @@
 #include "desktop/windows/analysis_frame.h"
 
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
-#include "desktop/window_place.h"
 
 namespace cantorix {
 namespace {
@@ -19,11 +18,8 @@ constexpr int kRestMs = 250;
 }  // namespace
 
 AnalysisFrame::AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host,
-                             WindowPlacement* placement)
-    : view_(view), host_(host), placement_(placement) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  // Its entry "Close" would take Ctrl+W from the zoom command.
-  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
+                             WindowPlacement& placement)
+    : DeskWindow(placement), view_(view), host_(host) {
   rest_.setSingleShot(true);
   rest_.setInterval(kRestMs);
   connect(&rest_, &QTimer::timeout, this, [this] { Rest(); });
@@ -60,6 +56,11 @@ WindowServices AnalysisFrame::Services() {
 }
 
 void AnalysisFrame::Run(const std::function<void()>& action) { host_.Run(view_, action); }
+
+void AnalysisFrame::KeepFree(int pixels) {
+  QLayout& column = *widget()->layout();
+  column.setContentsMargins(0, 0, pixels, 0);
+}
 
 void AnalysisFrame::Settle() {
   widget()->layout()->activate();
@@ -118,19 +119,9 @@ void AnalysisFrame::Rest() {
   Refresh();
 }
 
-void AnalysisFrame::moveEvent(QMoveEvent* event) {
-  QMdiSubWindow::moveEvent(event);
-  RememberPlacement();
-}
-
-void AnalysisFrame::resizeEvent(QResizeEvent* event) {
-  QMdiSubWindow::resizeEvent(event);
-  RememberPlacement();
-}
-
-void AnalysisFrame::RememberPlacement() {
-  if (placement_ == nullptr || !isVisible() || isMaximized() || isMinimized()) return;
-  *placement_ = PlacementOf(geometry());
+void AnalysisFrame::closeEvent(QCloseEvent* event) {
+  DeskWindow::closeEvent(event);
+  isClosing_ = event->isAccepted();
 }
 
 }  // namespace cantorix

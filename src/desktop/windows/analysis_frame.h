@@ -2,11 +2,11 @@
 // the picture, and a timer that computes again when the user rests.
 #pragma once
 
-#include <QMdiSubWindow>
 #include <QTimer>
 #include <functional>
 #include <memory>
 
+#include "desktop/desk_window.h"
 #include "desktop/windows/analysis_canvas.h"
 #include "desktop/windows/window_actions.h"
 #include "mainview/commands.h"
@@ -28,17 +28,16 @@ class AnalysisFrameHost {
   // Whether an operation runs.
   virtual bool busy() const = 0;
   // The window ends: it is not to be used any more.
-  virtual void Gone(const AnalysisFrame& frame) = 0;
+  virtual void Gone(AnalysisFrame& frame) = 0;
   // Saves, copies or prints the picture.
   virtual void Output(AnalysisFrame& frame, WindowCommand command) = 0;
   // For the strip of audio beside a picture.
   virtual DocumentWaveform& WaveformOf(CSonadexDoc& document) = 0;
 };
 
-class AnalysisFrame : public QMdiSubWindow, private WindowActionsHost {
+class AnalysisFrame : public DeskWindow, private WindowActionsHost {
  public:
-  // `placement` is kept up to date while the window is moved and sized; null keeps none.
-  AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+  AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement);
   ~AnalysisFrame() override;
 
   virtual AnalysisWindow& model() = 0;
@@ -47,6 +46,10 @@ class AnalysisFrame : public QMdiSubWindow, private WindowActionsHost {
   CSonadexView& view() { return view_; }
   AnalysisCanvas& canvas() { return *canvas_; }
   WindowActions& actions() { return *actions_; }
+
+  // The window was closed and is about to go.
+  bool isClosing() const { return isClosing_; }
+  void KeepFree(int pixels) override;
 
   // Gives canvas and strip their sizes at once, so that the model knows what to compute for.
   void Settle();
@@ -67,8 +70,7 @@ class AnalysisFrame : public QMdiSubWindow, private WindowActionsHost {
   WindowServices Services();
   void Run(const std::function<void()>& action);
 
-  void moveEvent(QMoveEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void ShowOptions() override;
@@ -80,15 +82,14 @@ class AnalysisFrame : public QMdiSubWindow, private WindowActionsHost {
 
   QString Note();
   void Rest();
-  void RememberPlacement();
 
   CSonadexView& view_;
   AnalysisFrameHost& host_;
-  WindowPlacement* placement_;
   QToolBar* strip_ = nullptr;
   AnalysisCanvas* canvas_ = nullptr;
   std::unique_ptr<WindowActions> actions_;
   QTimer rest_;
+  bool isClosing_ = false;
 };
 
 }  // namespace cantorix

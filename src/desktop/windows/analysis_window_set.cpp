@@ -4,39 +4,23 @@
 #include <QMdiArea>
 #include <algorithm>
 
+#include "desktop/desks.h"
 #include "desktop/qt_progress.h"
-#include "desktop/window_place.h"
 #include "desktop/windows/fft_lpc_frame.h"
 #include "desktop/windows/picture_output.h"
 #include "desktop/windows/pitch_frame.h"
 #include "desktop/windows/spectrogram_frame.h"
 
 namespace cantorix {
-namespace {
-
-// Parts of the area, so that the recording stays in sight: a spectrum on the right, a spectrogram
-// or a pitch track along the bottom.
-QRect DefaultPlace(const QRect& area, WindowKind kind) {
-  if (kind == WindowKind::kFftLpc) {
-    const int width = area.width() * 11 / 20;
-    return {area.right() - width + 1, area.top(), width, area.height() / 2};
-  }
-  const int height = area.height() / 2;
-  return {area.left(), area.bottom() - height + 1, area.width(), height};
-}
-
-}  // namespace
-
 AnalysisFrame* AnalysisWindowSet::Find(const CSonadexView& view, WindowKind kind) const {
   const auto found = std::find_if(frames_.begin(), frames_.end(), [&](AnalysisFrame* frame) {
-    // A hidden one was closed and is about to go.
-    return &frame->view() == &view && frame->model().kind() == kind && !frame->isHidden();
+    return &frame->view() == &view && frame->model().kind() == kind && !frame->isClosing();
   });
   return found == frames_.end() ? nullptr : *found;
 }
 
 void AnalysisWindowSet::Open(CSonadexView& view, const AnalysisRequest& request) {
-  if (around_.area == nullptr) return;
+  if (around_.desks == nullptr) return;
   const WindowKind kind = request.kind;
   if (kind == WindowKind::kPitch) return OpenPitch(view, request.stretch.value_or(Stretch::kAll));
   const bool isNew = Find(view, kind) == nullptr;
@@ -77,14 +61,12 @@ AnalysisFrame& AnalysisWindowSet::Show(CSonadexView& view, WindowKind kind) {
   if (frame == nullptr) {
     frame = Make(view, kind);
     frames_.push_back(frame);
-    around_.area->addSubWindow(frame);
-    // A working view that fills the area would hide it at the next click.
-    frame->setWindowFlag(Qt::WindowStaysOnTopHint);
-    Place(*frame, kind);
+    around_.desks->area().addSubWindow(frame);
+    around_.desks->Place(view, *frame, PlacementOfKind(kind));
   }
   if (frame->isMinimized()) frame->showNormal();
   frame->show();
-  around_.area->setActiveSubWindow(frame);
+  around_.desks->area().setActiveSubWindow(frame);
   frame->Settle();
   return *frame;
 }
@@ -96,16 +78,10 @@ WindowPlacement& AnalysisWindowSet::PlacementOfKind(WindowKind kind) {
 }
 
 AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
-  WindowPlacement* const placement = &PlacementOfKind(kind);
+  WindowPlacement& placement = PlacementOfKind(kind);
   if (kind == WindowKind::kFftLpc) return new CFFTLPCFrame(view, *this, placement);
   if (kind == WindowKind::kSpectrogram) return new CSpectrogramFrame(view, *this, placement);
   return new CPitchFrame(view, *this, placement);
-}
-
-void AnalysisWindowSet::Place(AnalysisFrame& frame, WindowKind kind) {
-  const QRect area = around_.area->viewport()->rect();
-  const auto stored = PlaceOf(PlacementOfKind(kind));
-  frame.setGeometry(stored && area.intersects(*stored) ? *stored : DefaultPlace(area, kind));
 }
 
 void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
@@ -131,6 +107,20 @@ void AnalysisWindowSet::CloseWindowsOf(CSonadexView& view) {
   for (AnalysisFrame* const frame : frames) {
     if (&frame->view() == &view) delete frame;
   }
+}
+
+std::vector<AnalysisWindowOf> AnalysisWindowSet::WindowsOf(const CSonadexView& view) const {
+  std::vector<AnalysisWindowOf> windows;
+  for (const WindowKind kind :
+       {WindowKind::kSpectrogram, WindowKind::kPitch, WindowKind::kFftLpc}) {
+    if (AnalysisFrame* const frame = Find(view, kind)) windows.push_back({kind, frame});
+  }
+  return windows;
+}
+
+void AnalysisWindowSet::Gone(AnalysisFrame& frame) {
+  std::erase(frames_, &frame);
+  if (around_.desks != nullptr) around_.desks->Gone(frame.view());
 }
 
 CSonadexView* AnalysisWindowSet::ViewOf(const QMdiSubWindow& window) const {

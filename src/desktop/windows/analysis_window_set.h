@@ -9,20 +9,21 @@
 #include "desktop/desktop_services.h"
 #include "desktop/windows/analysis_frame.h"
 
-class QMdiArea;
 class QPrinter;
 
 namespace cantorix {
+
+class Desks;
 
 class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  public:
   explicit AnalysisWindowSet(const DesktopServices& services) : services_(services) {}
 
-  // The area where the windows lie, the waveform that a document's windows share, what is told when
-  // commands may have been enabled or disabled, and the printer as it was set up. A null area ends
-  // the use of all.
+  // The desks where the windows lie, the waveform that a document's windows share, what is told
+  // when commands may have been enabled or disabled, and the printer as it was set up. Null desks
+  // end the use of all.
   struct Surroundings {
-    QMdiArea* area = nullptr;
+    Desks* desks = nullptr;
     std::function<DocumentWaveform&(CSonadexDoc&)> waveformOf;
     std::function<void()> stateChanged;
     std::function<QPrinter&()> printer;
@@ -37,6 +38,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) override;
   void RefreshCommands() override;
   void CloseWindowsOf(CSonadexView& view) override;
+  std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const override;
   CSonadexView* ViewOf(const QMdiSubWindow& window) const override;
 
   // Null when the view has no such window.
@@ -45,7 +47,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  private:
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
-  void Gone(const AnalysisFrame& frame) override { std::erase(frames_, &frame); }
+  void Gone(AnalysisFrame& frame) override;
   void Output(AnalysisFrame& frame, WindowCommand command) override;
   DocumentWaveform& WaveformOf(CSonadexDoc& document) override {
     return around_.waveformOf(document);
@@ -53,7 +55,6 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
 
   AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
   AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
-  void Place(AnalysisFrame& frame, WindowKind kind);
   WindowPlacement& PlacementOfKind(WindowKind kind);
   void Analyse(AnalysisFrame& frame, const AnalysisRequest& request);
   void OpenPitch(CSonadexView& view, Stretch stretch);

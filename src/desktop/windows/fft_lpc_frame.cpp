@@ -3,7 +3,7 @@
 
 namespace cantorix {
 
-CFFTLPCFrame::CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement)
+CFFTLPCFrame::CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement)
     : AnalysisFrame(view, host, placement), model_(view.document(), Services()), picture_(model_) {
   Build();
 }

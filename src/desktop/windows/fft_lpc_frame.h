@@ -9,7 +9,7 @@ namespace cantorix {
 
 class CFFTLPCFrame : public AnalysisFrame {
  public:
-  CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+  CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement);
 
   CFFTLPCView& model() override { return model_; }
   WindowPicture& picture() override { return picture_; }

@@ -3,7 +3,7 @@
 
 namespace cantorix {
 
-CPitchFrame::CPitchFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement)
+CPitchFrame::CPitchFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement)
     : AnalysisFrame(view, host, placement),
       model_(view, Services()),
       picture_(model_, view, host.WaveformOf(view.document())) {

@@ -9,7 +9,7 @@ namespace cantorix {
 
 class CPitchFrame : public AnalysisFrame {
  public:
-  CPitchFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+  CPitchFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement);
 
   CPitchView& model() override { return model_; }
   WindowPicture& picture() override { return picture_; }

@@ -26,7 +26,7 @@ constexpr NamedMap kMaps[] = {{ColorMap::kGrey, "Grey"},
 }  // namespace
 
 CSpectrogramFrame::CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host,
-                                     WindowPlacement* placement)
+                                     WindowPlacement& placement)
     : AnalysisFrame(view, host, placement),
       model_(view.document(), Services()),
       picture_(model_, host.WaveformOf(view.document())) {

@@ -12,7 +12,7 @@ namespace cantorix {
 
 class CSpectrogramFrame : public AnalysisFrame {
  public:
-  CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement* placement);
+  CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement);
 
   CSpectrogramView& model() override { return model_; }
   SpectrogramWindowPicture& picture() override { return picture_; }
