@@ -180,6 +180,8 @@ TEST_F(EditingTest, PitchIsComputedAgainWhenItIsAutomaticAndElseDropped) {
     EXPECT_EQ(talk.view.pitch.PitchValid, automatic == 1);
     EXPECT_EQ(talk.channel().intensity.IntensityValid, automatic == 1);
     EXPECT_EQ(talk.view.pitch.range.end, automatic * 2000.0);
+    Undo(talk.view);
+    EXPECT_EQ(talk.view.pitch.range.end, automatic * 4000.0);
   }
 }
 

@@ -104,6 +104,7 @@ TEST_F(LogCommandsTest, StopsWhenTheLogOrTheUserWantsNoMore) {
   EnterIntoOpenLog(view, LogCommand::kLabelsAll);
   EXPECT_EQ(log.entries.size(), 8U);
   EXPECT_THAT(world.test.progress.totals, ElementsAre(4.0, 3.0));
+  EXPECT_THAT(world.test.progress.done, ElementsAre(1.0, 2.0, 3.0, 4.0, 1.0, 2.0, 3.0));
   world.test.progress.CancelFromNow();
   EnterIntoOpenLog(view, LogCommand::kLabelsAll);
   EXPECT_EQ(log.entries.size(), 9U);

@@ -38,6 +38,7 @@ TEST(ScrollBar, FollowsTheStretchAndStepsByTenthsOfAPageAsApproved) {
                                    {9900, 10900},
                                    {5000, 25000},
                                    {5000, 15000},
+                                   {0.5, 10000},
                                    {0, 10000.5}}) {
     text += Joined(start, end) + ": " + BarOf(start, end) + '\n';
   }

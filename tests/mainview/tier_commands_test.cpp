@@ -70,6 +70,7 @@ TEST(LabelImportTest, GivesEveryLabelTheChosenPlaceAndTheFreshLooks) {
   EXPECT_EQ(labels[0], expected);
   EXPECT_EQ(labels[0].verticalPosition, 0.7);
   EXPECT_EQ(labels[0].font.faceName(), "Arial");
+  EXPECT_EQ(ReadLabelLines("1\ta\n", {})[0].flag, 0);
 }
 
 class TierCommandsTest : public LabelTest {

@@ -29,29 +29,6 @@ class ViewCommandsTest : public WideViewTest {
   }
 };
 
-TEST_F(ViewCommandsTest, ZoomsStopPlaybackAndSetTheBar) {
-  EXPECT_EQ(BarOf(), Joined(0, kUnzoomedPage, 0));
-  EXPECT_EQ(MarksOf(view), "0 of 0 0 = 0");
-  document.settings.zoomRangeMs = 1000.0;
-  const std::pair<Zoom, const char*> cases[] = {
-      {Zoom::kSelection, "6000 12000 1"}, {Zoom::kIn, "9000 6000 1"},
-      {Zoom::kUnZoom, "6000 12000 1"},    {Zoom::kOut, "0 24000 1"},
-      {Zoom::kFromCursor, "6000 3000 1"}, {Zoom::kHome, "0 30001 0"},
-      {Zoom::kOut, "0 30001 0"}};
-  SelectSpan(view, 2000.0, 6000.0);
-  int stops = 0;
-  for (const auto& [zoom, bar] : cases) {
-    view.redrawNeeded = false;
-    ZoomView(view, zoom);
-    EXPECT_EQ(BarOf(), bar) << static_cast<int>(zoom);
-    EXPECT_TRUE(view.redrawNeeded);
-    EXPECT_EQ(playback.stops, ++stops);
-  }
-  ZoomViewToTime(view, 9900.0);
-  EXPECT_EQ(BarOf(), "28200 1800 1");
-  EXPECT_EQ(playback.stops, ++stops);
-}
-
 // The zoomed part beyond the end is a part of the page.
 TEST_F(ViewCommandsTest, PageOfAStretchBeyondTheEndCountsAllOfItIsKept) {
   document.settings.zoomRangeMs = 100.0;

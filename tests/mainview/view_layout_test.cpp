@@ -124,6 +124,9 @@ TEST_F(LabelLayoutTest, PlacesTheTextByTimeJustificationAndVerticalPositionAsApp
   for (const double vertical : {0.0, 1.0, 7.0}) {
     boxes += BoxOf(5000.0, kAlignLeft, vertical, "abcd") + '\n';
   }
+  channel.tiers[1].inUse = true;
+  UseTier(40);
+  boxes += "below: " + TextOf(LabelRectangle(view, 1, LabelOf(5000.0, "a"))) + '\n';
   SelectSpan(view, 4000.0, 6000.0);
   ZoomView(view, Zoom::kSelection);
   UseTier(10);
