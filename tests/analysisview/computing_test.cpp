@@ -6,64 +6,50 @@
 #include "analysisview/spectrogram_view.h"
 #include "analysisview/window_fixture.h"
 #include "platform/abandon.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
 
-const std::string kRangeMessage =
-    "message: Frequency range is beyond allowable value.\n"
-    "Use Option->FFT/LPC and make sure the frequency range is up to 1/2 of sample rate.";
-const std::string kOrderMessage =
-    "message: Number of LPC coefficients is beyond allowable value.\n"
-    "Use Option->FFT/LPC and make it is in the proper range.";
-
+// A line for settings that do not fit a rate, a transform, a picture or the memory, or just do.
 TEST(FftLpcView, ChecksSettingsAndMemoryAndKeepsItsResultsWhenTheyDoNotFit) {
-  struct Row {
-    double rateHz;
-    std::int32_t rangeHz, order, points;
-    std::vector<std::string> said;
-    bool computed;
-    std::uint64_t bytes = 65536;
-    int displayPoints = 100;
-  };
-  const Row rows[] = {
-      {11025.0, 5000, 21, 256, {}, true},
-      {11025.0, 5001, 14, 256, {kRangeMessage}, false},
-      {11025.0, 5000, 22, 256, {kOrderMessage}, false},
-      {11025.0, 5001, 22, 256, {kRangeMessage}, false},
-      {11999.9, 5000, 21, 256, {}, true},
-      {12000.0, 6000, 22, 256, {}, true},
-      {1999.0, 0, 11, 256, {}, true},
-      {1999.0, 1, 11, 256, {kRangeMessage}, false},
-      {11025.0, 5000, 14, 256, {"beep", "message: Out of memory."}, false, 65535},
-      // What no dialog gives is refused quietly.
-      {11025.0, 5000, 14, 256, {}, false, 65536, 0},
-      {11025.0, 5000, 14, 31, {}, false},
-      {11025.0, 5000, 14, 100, {}, false},
-      {11025.0, 5000, 14, 16384, {}, false},
-      {11025.0, 5000, 14, 0, {}, false},
-      {0.0, 0, 5, 256, {}, false},
-  };
-  for (const Row& row : rows) {
+  std::string text = "rate, range, order, points, bytes, columns: said\n";
+  const auto note = [&text](double rateHz, std::int32_t rangeHz, std::int32_t order,
+                            std::int32_t points = 256, std::uint64_t bytes = 65536,
+                            int columns = 100) {
     RecordingFixture recording(testing::Noise(2000, 5000), 11025.0);
     CFFTLPCView view(recording.document);
     ASSERT_TRUE(view.AnalyseSpectrum({500.0, {}}, 77));
     const auto before = view.spectrum().fftDb;
     FftLpcSettings& settings = recording.document.settings.fftLpc;
-    settings.rangeHz = row.rangeHz;
-    settings.lpcOrder = row.order;
-    settings.points = row.points;
+    settings.rangeHz = rangeHz;
+    settings.lpcOrder = order;
+    settings.points = points;
     settings.stepMs = 12;
-    recording.document.channel().sampleRateHz = row.rateHz;
-    recording.world.memory.limitBytes = row.bytes;
-    EXPECT_EQ(view.AnalyseSpectrum({900.0, {}}, row.displayPoints), row.computed)
-        << row.rateHz << " Hz, range " << row.rangeHz << ", order " << row.order;
-    EXPECT_EQ(recording.world.prompts.TakeTranscript(), row.said);
-    EXPECT_EQ(view.texts().stepMs, row.computed ? "12" : "10");
-    EXPECT_EQ(view.place().position, row.computed ? 900.0 : 500.0);
+    recording.document.channel().sampleRateHz = rateHz;
+    recording.world.memory.limitBytes = bytes;
+    const bool computed = view.AnalyseSpectrum({900.0, {}}, columns);
+    text +=
+        Joined(rateHz, rangeHz, order, points, bytes, columns, computed ? "computed" : "refused");
+    for (std::string said : recording.world.prompts.TakeTranscript()) {
+      std::replace(said.begin(), said.end(), '\n', ' ');
+      text += " | " + said;
+    }
+    text += '\n';
+    EXPECT_EQ(view.texts().stepMs, computed ? "12" : "10");
+    EXPECT_EQ(view.place().position, computed ? 900.0 : 500.0);
     EXPECT_TRUE(view.computed());
-    EXPECT_EQ(view.spectrum().fftDb == before, !row.computed);
+    EXPECT_EQ(view.spectrum().fftDb == before, !computed);
+  };
+  for (const double rateHz : {0.0, 1999.0, 11025.0, 11999.9, 12000.0}) {
+    for (const std::int32_t rangeHz : {0, 1, 5000, 5001, 6000}) {
+      for (const std::int32_t order : {5, 11, 21, 22}) note(rateHz, rangeHz, order);
+    }
   }
+  for (const std::int32_t points : {0, 31, 32, 100, 16384}) note(11025.0, 5000, 14, points);
+  note(11025.0, 5000, 14, 256, 65535);
+  note(11025.0, 5000, 14, 256, 65536, 0);
+  ExpectText("analysisview/expected/Checks.txt", text);
 }
 
 TEST(FftLpcView, TakesThePreEmphasisOfTheSpectrogram) {

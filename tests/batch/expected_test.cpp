@@ -17,8 +17,8 @@ const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 
 TEST(Expected, EveryWordAndDigitIsGiven) {
   for (const char* const name :
-       {"help.txt", "config.tsv", "info.txt", "labels.tsv", "pitch.tsv", "intensity.tsv",
-        "spectrum.tsv", "spectrogram.tsv", "formants.tsv", "log.txt"}) {
+       {"help.txt", "commands.tsv", "config.tsv", "info.txt", "labels.tsv", "pitch.tsv",
+        "intensity.tsv", "spectrum.tsv", "spectrogram.tsv", "formants.tsv", "log.txt"}) {
     ExpectTranscript(name);
   }
 }
