@@ -187,38 +187,28 @@ TEST(ComputePitch, AutoCorrelationNeeds1100Samples) {
 
 TEST(ComputePitch, SurvivesSettingsThatFitNothing) {
   const auto voice = Voice(3000, 92);
-  struct Row {
-    bool valid;  // and then without an entry
-    double stepMs, windowMs, rateHz;
-    SampleRange range;
+  const auto expect = [&voice](bool valid, double stepMs, double windowMs, double rateHz,
+                               const SampleRange& range) {
+    auto settings = Cepstral();
+    settings.stepMs = stepMs;
+    settings.windowMs = windowMs;
+    const PitchResult result = Pitch(voice, range, settings, rateHz);
+    EXPECT_EQ(result.PitchValid, valid) << stepMs << ' ' << rateHz << ' ' << range.end;
+    EXPECT_EQ(result.PitchTrack.empty(), !valid) << stepMs << ' ' << rateHz << ' ' << range.end;
+    EXPECT_EQ(result.count(), 0);
   };
   const SampleRange all = Whole(voice);
-  const Row rows[] = {
-      {false, 0.0, 35.0, 11025.0, all},
-      {false, -10.0, 35.0, 11025.0, all},
-      {false, kNan, 35.0, 11025.0, all},
-      {false, kInfinity, 35.0, 11025.0, all},
-      {false, 1e-9, 35.0, 11025.0, all},
-      {false, 10.0, -35.0, 11025.0, all},
-      {false, 10.0, 35.0, 0.0, all},
-      {false, 10.0, 35.0, kNan, all},
-      {false, 10.0, 35.0, kInfinity, all},
-      {false, 10.0, 35.0, 11025.0, {kNan, 3000.0}},
-      {false, 10.0, 35.0, 11025.0, {2000.0, 1000.0}},
-      {false, 10.0, 35.0, 11025.0, {0.0, 1e300}},
-      {false, 10.0, 35.0, 11025.0, {-1e300, 0.0}},
-      {true, 10.0, 35.0, 11025.0, {500.0, 500.0}},
-      {true, 1e300, 35.0, 11025.0, all},
-  };
-  for (const Row& row : rows) {
-    auto settings = Cepstral();
-    settings.stepMs = row.stepMs;
-    settings.windowMs = row.windowMs;
-    const PitchResult result = Pitch(voice, row.range, settings, row.rateHz);
-    EXPECT_EQ(result.PitchValid, row.valid) << &row - rows;
-    EXPECT_EQ(result.PitchTrack.empty(), !row.valid) << &row - rows;
-    EXPECT_EQ(result.count(), 0) << &row - rows;
+  for (const double stepMs : {0.0, -10.0, kNan, kInfinity, 1e-9}) {
+    expect(false, stepMs, 35.0, 11025.0, all);
   }
+  for (const double rateHz : {0.0, kNan, kInfinity}) expect(false, 10.0, 35.0, rateHz, all);
+  for (const SampleRange& range :
+       {SampleRange{kNan, 3000.0}, {2000.0, 1000.0}, {0.0, 1e300}, {-1e300, 0.0}}) {
+    expect(false, 10.0, 35.0, 11025.0, range);
+  }
+  expect(false, 10.0, -35.0, 11025.0, all);
+  expect(true, 10.0, 35.0, 11025.0, {500.0, 500.0});
+  expect(true, 1e300, 35.0, 11025.0, all);
 }
 
 // The steps of a run, in units; then a cancel at each of them.

@@ -161,6 +161,7 @@ TEST_F(ConfigurationTest, RevertLastsWhenTheOpenDocumentsCloseAndSaysTheSameWith
   EXPECT_TRUE(std::filesystem::exists(ConfigFile()));
   EXPECT_THAT(prompts.TakeTranscript(), ElementsAre(kReverted, kReverted));
   for (const auto& [path, named] : {std::pair{"/CantorixConf.cfg", true},
+                                    {"a.cfg", true},
                                     {".cfg", false},
                                     {".cfg/CantorixConf.cfg", false},
                                     {"CantorixConf.CFG", false}}) {

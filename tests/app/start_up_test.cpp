@@ -36,11 +36,14 @@ TEST_F(StartUpTest, FirstRunKeepsTheCurrentDirectoryForAllLaterRuns) {
   EXPECT_EQ(profile.texts[kDirectoryEntry], folder.path());
   EXPECT_THAT(folder.Names(), UnorderedElementsAre("tmp", "CantorixConf.cfg"));
 
+  app.recentFiles.Add("/talk.qrv");
   const TemporaryFolder elsewhere;
   Application later{{profile, prompts, progress, memory}};
   ASSERT_EQ(StartUp(later, elsewhere.path()), StartUpResult::kReady);
   EXPECT_EQ(later.host.programDirectory, folder.path());
+  EXPECT_THAT(later.recentFiles.paths(), ElementsAre("/talk.qrv"));
   EXPECT_THAT(elsewhere.Names(), IsEmpty());
+  EXPECT_FALSE(CanWriteInto(""));
 }
 
 TEST_F(StartUpTest, EndsWhenTheProfileDoesNotKeepTheDirectory) {

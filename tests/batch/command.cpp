@@ -16,16 +16,13 @@
 #include <optional>
 #include <sstream>
 
+#include "document/wav_fixture.h"
 #include "support/file_size_limit.h"
 #include "support/samples.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix::batch {
 namespace {
-
-void AppendLittle(std::string& bytes, std::uint32_t value, int width) {
-  for (int i = 0; i < width; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFFU);
-}
 
 [[noreturn]] void Become(const Words& words, const CommandHost& host, int input,
                          const std::string& out, const std::string& err) {
@@ -130,27 +127,12 @@ void ExpectTranscript(const std::string& name, const std::string& folder) {
 }
 
 std::string Wave(const std::vector<int>& samples, int rateHz, int channels) {
-  const auto rate = static_cast<std::uint32_t>(rateHz);
-  const auto frame = static_cast<std::uint32_t>(2 * channels);
-  const auto bytes = static_cast<std::uint32_t>(samples.size()) * frame;
-  std::string file = "RIFF";
-  AppendLittle(file, bytes, 4);
-  file += "WAVEfmt ";
-  AppendLittle(file, 16, 4);
-  AppendLittle(file, 1, 2);
-  AppendLittle(file, static_cast<std::uint32_t>(channels), 2);
-  AppendLittle(file, rate, 4);
-  AppendLittle(file, rate * frame, 4);
-  AppendLittle(file, frame, 2);
-  AppendLittle(file, 16, 2);
-  file += "data";
-  AppendLittle(file, bytes, 4);
+  ByteBuilder data;
   for (const int sample : samples) {
-    for (int c = 0; c < channels; ++c) {
-      AppendLittle(file, static_cast<std::uint32_t>(sample + c), 2);
-    }
+    for (int c = 0; c < channels; ++c) data.I16({sample + c});
   }
-  return file;
+  const auto file = fixture::Wav({.channels = channels, .rateHz = rateHz}, data.bytes);
+  return {reinterpret_cast<const char*>(file.data()), file.size()};
 }
 
 }  // namespace cantorix::batch

@@ -58,14 +58,11 @@ inline Bytes Written(CSonadexDoc& document,
   return bytes;
 }
 
-// The file of the samples [first, first + count) of a ramp at `rateHz`, written down by hand.
+// The file of the samples [first, first + count) of a ramp at `rateHz`.
 inline Bytes RampWave(std::int64_t first, std::int64_t count, std::int64_t rateHz = 1000) {
-  ByteBuilder file;
-  file.Text("RIFF", 4).I32({2 * count}).Text("WAVE", 4);
-  file.Text("fmt ", 4).I32({16}).I16({1, 1}).I32({rateHz, 2 * rateHz}).I16({2, 16});
-  file.Text("data", 4).I32({2 * count});
-  for (std::int64_t k = first; k < first + count; ++k) file.I16({k});
-  return file.bytes;
+  ByteBuilder data;
+  for (std::int64_t k = first; k < first + count; ++k) data.I16({k});
+  return Wav({.rateHz = rateHz}, data.bytes);
 }
 
 template <typename T>

@@ -42,15 +42,17 @@ inline Bytes Chunk(std::string_view id, const Bytes& content, std::int64_t claim
 }
 
 inline Bytes Riff(const std::vector<Bytes>& chunks, std::string_view id = "RIFF",
-                  std::string_view form = "WAVE") {
+                  std::string_view form = "WAVE", std::size_t size = 0) {
   ByteBuilder file;
-  file.Text(id, 4).I32({0}).Text(form, 4);
+  file.Text(id, 4).I32({static_cast<std::int64_t>(size)}).Text(form, 4);
   for (const Bytes& chunk : chunks) Append(file, chunk);
   return file.bytes;
 }
 
+// With the size that the program itself writes, that of the data.
 inline Bytes Wav(const WavFormat& format, const Bytes& data) {
-  return Riff({Chunk("fmt ", FormatBytes(format)), Chunk("data", data)});
+  return Riff({Chunk("fmt ", FormatBytes(format)), Chunk("data", data)}, "RIFF", "WAVE",
+              data.size());
 }
 
 inline Bytes Samples16(std::initializer_list<std::int64_t> values) {
