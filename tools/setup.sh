@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|desktop|tests|checks|bench...
+# usage: tools/setup.sh build|desktop|tests|checks|bench|fixtures...
 set -euo pipefail
 
 packages=()
 for purpose in "$@"; do
   case $purpose in
-    build) packages+=(g++ cmake ninja-build libcli11-dev) ;;
+    build) packages+=(g++ cmake ninja-build libcli11-dev libsndfile1-dev) ;;
     desktop)
       packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core)
       packages+=(portaudio19-dev libportaudio2 libasound2-plugins)
@@ -16,6 +16,9 @@ for purpose in "$@"; do
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
+    fixtures)
+      packages+=(python3 sox libsox-fmt-mp3 ffmpeg flac praat speech-tools tcl-snack sndfile-programs)
+      ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
     *) echo "setup.sh: unknown purpose: $purpose" >&2; exit 2 ;;
   esac

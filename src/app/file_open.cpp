@@ -18,7 +18,17 @@ std::string OpenFilter() {
          "SUN au files (*.au)|*.au|"
          "AIFF files (*.aiff; *.*)|*.aiff; *.*|"
          "ASCII files (*.*)|*.*|"
-         "Generic files (*.*)|*.*|";
+         "Generic files (*.*)|*.*|"
+         // What came later stands behind, so that every type keeps its number.
+         "FLAC files (*.flac)|*.flac|"
+         "Ogg files (*.ogg; *.oga; *.opus)|*.ogg; *.oga; *.opus|"
+         "MP3 files (*.mp3; *.mp2)|*.mp3; *.mp2|"
+         "CAF files (*.caf)|*.caf|"
+         "W64 and RF64 files (*.w64; *.rf64; *.wav)|*.w64; *.rf64; *.wav|"
+         "AVR files (*.avr)|*.avr|"
+         "All recordings|*.qrv; *.pmf; *.wav; *.nsp; *.sph; *.sp1; *.sp2; *.nist; *.d; *.sd; *.au; "
+         "*.snd; *.aif; *.aiff; *.aifc; *.flac; *.ogg; *.oga; *.opus; *.mp3; *.mp2; *.caf; *.w64; "
+         "*.rf64; *.avr|";
 }
 
 std::optional<std::string> ChooseRecording(Application& application) {

@@ -9,7 +9,7 @@
 
 namespace cantorix {
 
-// The thirteen types of the dialog.
+// The types of the dialog: thirteen of old, the formats of today, and all of them together.
 std::string OpenFilter();
 
 // Asks for a recording, offering the type chosen last, and remembers the type for the run. Nothing

@@ -33,6 +33,7 @@ Answer BatchPrompts::Ask(const std::string& text, Buttons) {
 }
 
 std::optional<int> BatchPrompts::ChooseChannel(const std::string& text, int channelCount) {
+  if (!request_.channel && request_.verb == Verb::kInfo) return 0;  // it tells of all of them
   if (!request_.channel) {
     Decline(text + " (--channel 1 to " + std::to_string(channelCount) + " answers)");
     return {};
@@ -45,7 +46,8 @@ std::optional<int> BatchPrompts::ChooseChannel(const std::string& text, int chan
   return *request_.channel - 1;
 }
 
-std::optional<GenericParameters> BatchPrompts::AskGenericParameters(const GenericParameters&) {
+std::optional<GenericParameters> BatchPrompts::AskGenericParameters(const GenericParameters&,
+                                                                    GenericPreview&) {
   return request_.generic;
 }
 

@@ -31,7 +31,8 @@ class BatchPrompts : public Prompts {
   std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFolder(const std::string&) override { return {}; }
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override;
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset,
+                                                        GenericPreview& preview) override;
 
   // Whether a question had no answer among the options, which was said then.
   bool declined() const { return declined_; }

@@ -1,6 +1,7 @@
 // verb_info.cpp - what a recording is and carries, as lines to read or as one JSON object a line.
 // The lines of several files are set apart by an empty one.
 #include <string>
+#include <vector>
 
 #include "batch/json.h"
 #include "batch/printable.h"
@@ -18,11 +19,26 @@ std::string Line(std::string_view name, std::string_view value) {
   return line.append(Printable(value)) += '\n';
 }
 
-std::string AsLines(const std::string& file, const CSonadexDoc& document) {
+// The channel that was asked for; of a file with several, without a word, all of them.
+std::vector<std::string> ChannelsOf(const CSonadexDoc& document, bool channelAsked) {
+  if (!document.extractedChannel) return {};
+  if (channelAsked) return {document.channelSuffixedName};
+  const std::string& first = document.channelSuffixedName;
+  std::vector<std::string> names;
+  for (int i = 1; i <= document.fileChannels; ++i) {
+    names.push_back(first.substr(0, first.size() - 1) + std::to_string(i));
+  }
+  return names;
+}
+
+std::string AsLines(const std::string& file, const CSonadexDoc& document, bool channelAsked) {
   const CChannel& channel = document.channel();
   std::string text = Line("file", file);
-  if (document.extractedChannel) text += Line("channel", ToUtf8(document.channelSuffixedName));
+  for (const std::string& name : ChannelsOf(document, channelAsked)) {
+    text += Line("channel", ToUtf8(name));
+  }
   text += Line("format", document.formatName);
+  if (!document.codingName.empty()) text += Line("encoding", document.codingName);
   text += Line("rate", FormatOneDecimal(channel.sampleRateHz) + " Hz");
   text += Line("length", std::to_string(channel.sampleCount()) + " samples");
   text += Line("duration", FormatOneDecimal(channel.totalDurationMs) + " ms");
@@ -75,11 +91,15 @@ void AppendCarriedFields(JsonLine& json, const CChannel& channel) {
   json.EndObject();
 }
 
-std::string AsJson(const std::string& file, const CSonadexDoc& document) {
+std::string AsJson(const std::string& file, const CSonadexDoc& document, bool channelAsked) {
   const CChannel& channel = document.channel();
   JsonLine json;
   json.BeginObject().Text("file", file).Text("format", document.formatName);
-  if (document.extractedChannel) json.Text("channelSuffixedName", document.channelSuffixedName);
+  if (!document.codingName.empty()) json.Text("encoding", document.codingName);
+  json.Integer("channels", document.fileChannels);
+  if (document.extractedChannel && channelAsked) {
+    json.Text("channelSuffixedName", document.channelSuffixedName);
+  }
   json.Number("rateHz", channel.sampleRateHz).Number("lengthSamples", channel.totalLength);
   json.Number("durationMs", channel.totalDurationMs);
   json.Text("storage", document.samplesOnDisk() ? "disk" : "memory");
@@ -93,10 +113,11 @@ std::string AsJson(const std::string& file, const CSonadexDoc& document) {
 
 bool WriteInfo(Session& session, bool namesFile, TextSink& sink) {
   const CSonadexDoc& document = session.document();
+  const bool channelAsked = session.request().channel.has_value();
   if (session.request().json) {
-    sink.Write(AsJson(session.file(), document));
+    sink.Write(AsJson(session.file(), document, channelAsked));
   } else {
-    sink.Write(AsLines(session.file(), document) + (namesFile ? "\n" : ""));
+    sink.Write(AsLines(session.file(), document, channelAsked) + (namesFile ? "\n" : ""));
   }
   return true;
 }

@@ -7,7 +7,7 @@
 #include <QMessageBox>
 
 #include "desktop/dialogs/channel_dialog.h"
-#include "desktop/dialogs/option_dialog.h"
+#include "desktop/dialogs/generic_dialog.h"
 #include "desktop/file_filter.h"
 #include "desktop/qt_text.h"
 
@@ -110,8 +110,9 @@ std::optional<int> QtPrompts::ChooseChannel(const std::string& text, int channel
   return dialog.Entered();
 }
 
-std::optional<GenericParameters> QtPrompts::AskGenericParameters(const GenericParameters& preset) {
-  OptionDialog<GenericParameters> dialog(*this, GenericForm(), {preset}, Parent());
+std::optional<GenericParameters> QtPrompts::AskGenericParameters(const GenericParameters& preset,
+                                                                 GenericPreview& preview) {
+  GenericDialog dialog(*this, preset, preview, Parent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Entered();
 }

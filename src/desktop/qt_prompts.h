@@ -24,7 +24,8 @@ class QtPrompts : public Prompts {
   std::optional<FileChoice> ChooseFileToSave(const FileRequest& request) override;
   std::optional<std::string> ChooseFolder(const std::string& startFolder) override;
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset) override;
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset,
+                                                        GenericPreview& preview) override;
 
  private:
   std::optional<FileChoice> Run(QFileDialog& dialog, const FileRequest& request);

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "document/channel.h"
@@ -93,7 +92,9 @@ class CSonadexDoc {
   std::int32_t channelCount = 1;
   bool loaded = false;
   OpenFailure openFailure;
-  std::string_view formatName;  // of the reader that took the file
+  std::string formatName;  // of the file that was read: "WAV"
+  std::string codingName;  // of its samples: "Signed 16 bit PCM"; empty: not said
+  int fileChannels = 1;    // of which one was read
   bool newRecording = false;
   bool foreignSource = false;
   bool pathIsForeign = false;  // a foreign reader read pathName(): never saved over

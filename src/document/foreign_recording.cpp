@@ -5,7 +5,9 @@
 #include <optional>
 
 #include "document/document.h"
+#include "document/sample_loader.h"
 #include "platform/abandon.h"
+#include "platform/file.h"
 #include "platform/file_error.h"
 #include "platform/prompts.h"
 
@@ -54,6 +56,33 @@ void NameExtractedChannel(CSonadexDoc& document, const std::string& path, int ch
   document.channelSuffixedName =
       path.substr(path.rfind('/') + 1) + "::Channel" + std::to_string(channel + 1);
   document.extractedChannel = true;
+}
+
+void TellOfMissing(CSonadexDoc& document, std::int64_t promised, std::int64_t held,
+                   const std::string& then) {
+  if (held >= promised) return;
+  document.host().prompts.Message("The file is incomplete: its header promises " +
+                                  std::to_string(promised) + " samples, " + std::to_string(held) +
+                                  " are there." + then);
+}
+
+void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
+                 const ChannelFeed& feed) {
+  if (!(sound.rateHz > 0.0)) throw FileError("Its sample rate is not possible.");
+  if (sound.frames && *sound.frames <= 0) throw FileError("It holds no samples.");
+  const int channel = ChooseChannelOrAbandon(document, sound.channels);
+  const std::int64_t count =
+      LoadSamplesUpTo(document, sound.rateHz, sound.frames,
+                      [&](std::int64_t position, std::span<std::int16_t> out) {
+                        return feed(channel, position, out);
+                      });
+  if (count == 0) throw FileError("It holds no samples.");
+  SetForeignFields(document, sound.rateHz, static_cast<double>(count));
+  document.formatName = sound.format;
+  document.codingName = sound.coding;
+  document.fileChannels = sound.channels;
+  TellOfMissing(document, sound.promised.value_or(count), count);
+  if (sound.channels > 1) NameExtractedChannel(document, file.path(), channel);
 }
 
 }  // namespace cantorix

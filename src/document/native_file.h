@@ -31,6 +31,12 @@ NativeRange SelectionRange(const CChannel& channel);
 // be discarded then.
 bool ReadNative(CSonadexDoc& document, const File& file);
 
+// The same for the two kinds of file that Macintosh computers wrote. They count as foreign, so that
+// no save replaces one by a file of another layout. Throws FileError, naming the kind, unless every
+// count and size adds up to the length of the file.
+bool ReadNativeMac(CSonadexDoc& document, const File& file);
+bool ReadNativeMacX(CSonadexDoc& document, const File& file);
+
 // Gives the whole file to `sink`: the whole recording, or `range` of it. Labels whose time lies in
 // the range, both ends included, go along. Throws what the sink throws, and Abandoned when the user
 // cancels the copying of a disk store.

@@ -17,6 +17,9 @@ namespace cantorix::native {
 // File header.
 inline constexpr std::size_t kFileHeaderBytes = 512;
 inline constexpr const char* kMagic = "QRV_PC";
+// The two kinds that Macintosh computers wrote, with their high bytes first.
+inline constexpr const char* kMacMagic = "QRV_Mac";
+inline constexpr const char* kMacXMagic = "QRVMACX";
 inline constexpr std::size_t kMagicAt = 0;
 inline constexpr std::size_t kMagicBytes = 8;
 inline constexpr std::size_t kChannelCountAt = 8;  // u32, always 1

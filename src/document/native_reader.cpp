@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "document/file_window.h"
 #include "document/native_file.h"
 #include "document/native_layout.h"
+#include "document/sample_conversion.h"
 #include "document/sample_loader.h"
 #include "platform/bytes.h"
 #include "platform/file_error.h"
@@ -28,10 +30,17 @@ constexpr const char* kLabelsDropped =
 // Reads one block after the other and knows how many bytes are left.
 class BlockReader {
  public:
-  BlockReader(const File& file, std::int64_t position)
-      : file_(file), size_(file.Size()), position_(position) {}
+  BlockReader(const File& file, std::int64_t position, ByteOrder order)
+      : file_(file), size_(file.Size()), position_(position), order_(order) {}
 
   std::int64_t position() const { return position_; }
+  std::int64_t bytesLeft() const { return size_ - position_; }
+  ByteOrder order() const { return order_; }
+
+  template <typename T>
+  T Load(std::span<const std::byte> block, std::size_t offset) const {
+    return LoadIn<T>(order_, block, offset);
+  }
 
   // Throws unless `count` blocks of `bytes` bytes follow; `place` names them.
   void Require(std::int64_t count, std::int64_t bytes, const char* place) const {
@@ -52,14 +61,15 @@ class BlockReader {
   const File& file_;
   std::int64_t size_;
   std::int64_t position_;
+  ByteOrder order_;
 };
 
-bool IsNative(const File& file) {
+bool IsNative(const File& file, const char* magic, ByteOrder order) {
   if (file.Size() <= static_cast<std::int64_t>(kFileHeaderBytes)) return false;
   std::array<std::byte, kFileHeaderBytes> block;
   file.ReadExactly(0, block);
-  return LoadText(block, kMagicAt, kMagicBytes) == kMagic &&
-         LoadLittle<std::uint32_t>(block, kChannelCountAt) == 1;
+  return LoadText(block, kMagicAt, kMagicBytes) == magic &&
+         LoadIn<std::uint32_t>(order, block, kChannelCountAt) == 1;
 }
 
 // Refuses what no recording can have. That the file holds `totalLength` samples is not looked at.
@@ -74,23 +84,23 @@ std::int32_t ReadChannelHeader(BlockReader& in, CChannel& channel) {
   const std::int64_t at = in.position();
   const auto block = in.Next<kChannelHeaderBytes>("the channel header");
   for (const auto& field : kRealFields) {
-    channel.*field.member = LoadLittle<double>(block, field.at);
+    channel.*field.member = in.Load<double>(block, field.at);
   }
   for (const auto& field : kWordFields) {
-    channel.*field.member = LoadLittle<std::uint32_t>(block, field.at);
+    channel.*field.member = in.Load<std::uint32_t>(block, field.at);
   }
   for (const auto& field : kWholeFields) {
-    channel.*field.member = LoadLittle<std::int32_t>(block, field.at);
+    channel.*field.member = in.Load<std::int32_t>(block, field.at);
   }
   for (std::size_t i = 0; i < channel.channelValues.size(); ++i) {
-    channel.channelValues[i] = LoadLittle<double>(block, kValuesAt + i * sizeof(double));
+    channel.channelValues[i] = in.Load<double>(block, kValuesAt + i * sizeof(double));
   }
-  channel.bitsPerSample = LoadLittle<std::int32_t>(block, kBitsAt);
+  channel.bitsPerSample = in.Load<std::int32_t>(block, kBitsAt);
   channel.channelName = LoadText(block, kNameAt, kNameBytes);
   channel.channelComment = LoadText(block, kCommentAt, kCommentBytes);
   channel.channelFlag = 1;
   RequirePossible(channel, at);
-  const auto tierCount = LoadLittle<std::int32_t>(block, kTiersInUseAt);
+  const auto tierCount = in.Load<std::int32_t>(block, kTiersInUseAt);
   if (tierCount < 0 || tierCount > kTierCount) {
     ThrowImpossible("tier count", at + static_cast<std::int64_t>(kTiersInUseAt));
   }
@@ -98,6 +108,24 @@ std::int32_t ReadChannelHeader(BlockReader& in, CChannel& channel) {
 }
 
 using LabelBlock = std::array<std::byte, kLabelBytes>;
+
+// Whole numbers of 32 bits are all that a label holds besides two doubles and its texts.
+constexpr std::size_t kFontNumbers = 5;
+
+// The record with its low bytes first, whatever its file has.
+LabelBlock InOwnOrder(LabelBlock block, ByteOrder order) {
+  const auto turn = [&](std::size_t at, std::size_t width) {
+    const auto first = block.begin() + static_cast<std::ptrdiff_t>(at);
+    std::reverse(first, first + static_cast<std::ptrdiff_t>(width));
+  };
+  if (order == ByteOrder::kLowFirst) return block;
+  for (const std::size_t at : {kTimeAt, kVerticalAt}) turn(at, sizeof(double));
+  const std::size_t numbersEnd = kFontAt + kFontNumbers * sizeof(std::int32_t);
+  for (std::size_t at = kAlignmentAt; at < numbersEnd; at += sizeof(std::int32_t)) {
+    turn(at, sizeof(std::int32_t));
+  }
+  return block;
+}
 
 FontDescription FontIn(const LabelBlock& block) {
   FontDescription font;
@@ -142,23 +170,20 @@ void ReadTier(BlockReader& in, Tier& tier, double durationMs, Prompts& prompts) 
   const auto header = in.Next<kTierHeaderBytes>("a tier header");
   tier.inUse = true;
   tier.name = LoadText(header, kTierNameAt, kTierNameBytes);
-  tier.tierWord = LoadLittle<std::int32_t>(header, kTierWordAt);
+  tier.tierWord = in.Load<std::int32_t>(header, kTierWordAt);
   tier.labels.clear();
-  const auto count = LoadLittle<std::int32_t>(header, kLabelCountAt);
+  const auto count = in.Load<std::int32_t>(header, kLabelCountAt);
   if (count < 0) ThrowImpossible("label count", at + static_cast<std::int64_t>(kLabelCountAt));
   in.Require(count, kLabelBytes, "the label records");
   for (std::int32_t i = 0; i < count; ++i) {
-    const auto block = in.Next<kLabelBytes>("a label record");
+    const auto block = InOwnOrder(in.Next<kLabelBytes>("a label record"), in.order());
     if (IsValid(block, durationMs)) tier.labels.push_back(LabelIn(block));
   }
   if (tier.labelCount() < count) prompts.Message(kLabelsDropped);
 }
 
-}  // namespace
-
-bool ReadNative(CSonadexDoc& document, const File& file) {
-  if (!IsNative(file)) return false;
-  BlockReader in(file, kFileHeaderBytes);
+// Header, tiers and labels. Gives the number of samples, which begin where the reader stands then.
+std::int64_t ReadBeforeSamples(CSonadexDoc& document, BlockReader& in) {
   CChannel& channel = document.channel();
   const auto tierCount = static_cast<std::size_t>(ReadChannelHeader(in, channel));
   const std::int64_t count = channel.sampleCount();
@@ -168,14 +193,61 @@ bool ReadNative(CSonadexDoc& document, const File& file) {
     ReadTier(in, channel.tiers[i], channel.totalDurationMs, document.host().prompts);
   }
   in.Require(count, sizeof(std::int16_t), "the samples");
+  return count;
+}
+
+void ReadSamples(CSonadexDoc& document, const File& file, std::int64_t count,
+                 const BlockReader& in) {
+  const CChannel& channel = document.channel();
   LoadSamples(document, channel.totalDurationMs, channel.sampleRateHz, count,
-              [&file, start = in.position()](std::int64_t position, std::span<std::int16_t> out) {
-                file.ReadExactly(start + position * std::int64_t{sizeof(std::int16_t)},
+              [&](std::int64_t position, std::span<std::int16_t> out) {
+                file.ReadExactly(in.position() + position * std::int64_t{sizeof(std::int16_t)},
                                  std::as_writable_bytes(out));
                 SwapFromLittle(out);
+                if (in.order() == ByteOrder::kLowFirst) return;
+                for (auto& sample : out) sample = detail::SwappedIf(true, sample);
               });
+  document.codingName = NameOf(SampleCoding::kSigned16);
   document.channelCount = 1;
+}
+
+bool ReadMacintosh(CSonadexDoc& document, const File& file, const char* magic) {
+  constexpr ByteOrder kOrder = ByteOrder::kHighFirst;
+  if (!HasMagic(file, magic)) return false;
+  const std::string unreadable =
+      "It is a Macintosh file of the kind " + std::string(magic) + " whose layout is not known";
+  if (!IsNative(file, magic, kOrder)) throw FileError(unreadable + ".");
+  BlockReader in(file, kFileHeaderBytes, kOrder);
+  std::int64_t count = 0;
+  try {
+    count = ReadBeforeSamples(document, in);
+  } catch (const FileError& error) {
+    throw FileError(unreadable + ". " + error.what());
+  }
+  if (in.bytesLeft() != count * std::int64_t{sizeof(std::int16_t)}) {
+    throw FileError(unreadable + ": its sizes do not add up.");
+  }
+  ReadSamples(document, file, count, in);
+  document.foreignSource = true;
   return true;
+}
+
+}  // namespace
+
+bool ReadNative(CSonadexDoc& document, const File& file) {
+  if (!IsNative(file, kMagic, ByteOrder::kLowFirst)) return false;
+  BlockReader in(file, kFileHeaderBytes, ByteOrder::kLowFirst);
+  const std::int64_t count = ReadBeforeSamples(document, in);
+  ReadSamples(document, file, count, in);
+  return true;
+}
+
+bool ReadNativeMac(CSonadexDoc& document, const File& file) {
+  return ReadMacintosh(document, file, kMacMagic);
+}
+
+bool ReadNativeMacX(CSonadexDoc& document, const File& file) {
+  return ReadMacintosh(document, file, kMacXMagic);
 }
 
 }  // namespace cantorix

@@ -55,7 +55,7 @@ void Adopt(CSonadexDoc& document, const std::string& path, const Reader& reader)
   document.savedRateHz = channel.sampleRateHz;
   document.savedLength = channel.totalLength;
   document.savedDurationMs = channel.totalDurationMs;
-  document.formatName = reader.name;
+  if (document.formatName.empty()) document.formatName = reader.name;
   document.newRecording = false;
   document.pathIsForeign = document.foreignSource;
   document.loaded = true;
@@ -84,6 +84,9 @@ OpenFailure Report(CSonadexDoc& document, const std::string& path, const std::ex
 
 bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderTable& table) {
   document.openFailure = {};
+  document.formatName.clear();
+  document.codingName.clear();
+  document.fileChannels = 1;
   document.loaded = document.foreignSource = document.extractedChannel = false;
   try {
     const File file = File::OpenForReading(path);

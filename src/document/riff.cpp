@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <limits>
-#include <string_view>
 
+#include "document/file_window.h"
 #include "platform/bytes.h"
 
 namespace cantorix {
@@ -17,35 +17,7 @@ constexpr std::int64_t kLongSizes = 28;          // bytes of "ds64" before its t
 
 enum class Padding { kNone, kToEven };
 
-// Small reads at growing positions, through a window: a file of nothing but empty chunks must not
-// cost a system call for each. What lies past the end of the file reads as zeros.
-class Window {
- public:
-  explicit Window(const File& file) : file_(file) {}
-
-  std::span<const std::byte> At(std::int64_t offset, std::size_t width) {
-    if (offset < start_ || offset + static_cast<std::int64_t>(width) > start_ + kBytes) {
-      const std::size_t got = file_.ReadSome(offset, bytes_);
-      std::fill(bytes_.begin() + static_cast<std::ptrdiff_t>(got), bytes_.end(), std::byte{0});
-      start_ = offset;
-    }
-    return std::span(bytes_).subspan(static_cast<std::size_t>(offset - start_), width);
-  }
-
- private:
-  static constexpr std::int64_t kBytes = 4096;
-
-  const File& file_;
-  std::array<std::byte, kBytes> bytes_{};
-  std::int64_t start_ = -kBytes;
-};
-
-bool Is(std::span<const std::byte> block, std::size_t offset, std::string_view id) {
-  return std::equal(id.begin(), id.end(), block.begin() + static_cast<std::ptrdiff_t>(offset),
-                    [](char c, std::byte b) { return static_cast<std::byte>(c) == b; });
-}
-
-void TakeFormat(Window& window, std::int64_t offset, std::int64_t size, RiffHeader& header) {
+void TakeFormat(FileWindow& window, std::int64_t offset, std::int64_t size, RiffHeader& header) {
   header.formatOffset = offset;
   header.formatBytes = size;
   const auto width = static_cast<std::size_t>(
@@ -60,7 +32,7 @@ bool IsPrintable(std::span<const std::byte> block) {
 }
 
 // Whether nothing but whole chunks stands from `position` to the end of the file.
-bool OnlyChunksFollow(Window& window, std::int64_t position, std::int64_t fileLength) {
+bool OnlyChunksFollow(FileWindow& window, std::int64_t position, std::int64_t fileLength) {
   while (position < fileLength) {
     const auto chunk = window.At(position, kChunkHeader);
     if (!IsPrintable(chunk)) return false;
@@ -72,7 +44,7 @@ bool OnlyChunksFollow(Window& window, std::int64_t position, std::int64_t fileLe
 
 // A file on its walk.
 struct Riff {
-  Window& window;
+  FileWindow& window;
   std::int64_t length;                        // of the file, bytes
   bool isLong;                                // RF64 or BW64
   std::optional<std::uint64_t> longLength{};  // of the samples, as "ds64" gives it
@@ -111,13 +83,13 @@ std::optional<RiffHeader> Walk(Riff riff, Padding padding) {
     const auto chunk = riff.window.At(position, kChunkHeader);
     const auto size = LoadLittle<std::uint32_t>(chunk, 4);
     const std::int64_t content = position + kChunkHeader;
-    if (Is(chunk, 0, "data")) {
+    if (HasText(chunk, 0, "data")) {
       TakeData(riff, content, size, header);
       return header;
     }
-    if (Is(chunk, 0, "ds64")) {
+    if (HasText(chunk, 0, "ds64")) {
       TakeLongSizes(riff, content, size);
-    } else if (Is(chunk, 0, "fmt ")) {
+    } else if (HasText(chunk, 0, "fmt ")) {
       TakeFormat(riff.window, content, size, header);
     }
     position = content + size + (padding == Padding::kToEven ? size & 1U : 0);
@@ -128,11 +100,11 @@ std::optional<RiffHeader> Walk(Riff riff, Padding padding) {
 }  // namespace
 
 std::optional<RiffHeader> ReadRiffHeader(const File& file) {
-  Window window(file);
+  FileWindow window(file);
   const auto opening = window.At(0, kFirstChunk);
   // Kept: one of the two words is enough, for the files of programs that got the other wrong.
-  if (!Is(opening, 0, "RIFF") && !Is(opening, 8, "WAVE")) return std::nullopt;
-  const bool isLong = Is(opening, 0, "RF64") || Is(opening, 0, "BW64");
+  if (!HasText(opening, 0, "RIFF") && !HasText(opening, 8, "WAVE")) return std::nullopt;
+  const bool isLong = HasText(opening, 0, "RF64") || HasText(opening, 0, "BW64");
   const Riff riff{window, file.Size(), isLong};
   // Kept: no pad byte after an odd chunk, as in the files of most laboratory programs. Only a file
   // that makes no sense without pad bytes is walked with them.

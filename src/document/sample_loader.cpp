@@ -2,6 +2,7 @@
 #include "document/sample_loader.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -20,31 +21,77 @@ constexpr double kMsPerMinute = 60000.0;
 constexpr std::int64_t kMemoryPieceSamples = std::int64_t{1} << 21U;
 
 // The samples go straight into their block: there is never a second copy of them.
-SampleBlock ReadIntoMemory(Progress& progress, std::int64_t sampleCount, const SampleFeed& read) {
+SampleBlock ReadIntoMemory(Progress& progress, std::int64_t sampleCount, const PartialFeed& feed) {
   SampleBlock block(sampleCount);
   ProgressScope status(progress, kFileStatusText, static_cast<double>(sampleCount));
   for (std::int64_t done = 0; done < sampleCount; done += kMemoryPieceSamples) {
     if (done > 0) status.StepOrAbandon(static_cast<double>(done));
     const std::int64_t piece = std::min(kMemoryPieceSamples, sampleCount - done);
-    read(done,
-         block.samples().subspan(static_cast<std::size_t>(done), static_cast<std::size_t>(piece)));
+    const std::size_t got = feed(done, block.samples().subspan(static_cast<std::size_t>(done),
+                                                               static_cast<std::size_t>(piece)));
+    if (static_cast<std::int64_t>(got) < piece) {
+      block.Shrink(done + static_cast<std::int64_t>(got));
+      break;
+    }
   }
   return block;
 }
 
-void CopyIntoStore(SampleStore& store, Progress& progress, std::int64_t blockSamples,
-                   std::int64_t sampleCount, const SampleFeed& read) {
-  // A rate far above the recording's length must not ask for a block of its size.
-  const std::int64_t largest = std::min(blockSamples, sampleCount);
-  std::vector<std::int16_t> buffer(static_cast<std::size_t>(largest));
-  ProgressScope status(progress, kFileStatusText, static_cast<double>(sampleCount));
-  for (std::int64_t done = 0; done < sampleCount; done += blockSamples) {
-    status.StepOrAbandon(static_cast<double>(done));
-    const std::int64_t count = std::min(blockSamples, sampleCount - done);
-    const auto block = std::span(buffer).first(static_cast<std::size_t>(count));
-    read(done, block);
-    store.Append(block);
+// Without a count the bar stays empty.
+void CopyIntoStore(SampleStore& store, Progress& progress, double rateHz,
+                   std::optional<std::int64_t> sampleCount, const PartialFeed& feed) {
+  const std::int64_t most = sampleCount.value_or(std::numeric_limits<std::int64_t>::max());
+  // A rate far above the recording's length, or no rate of sound at all, must not ask for a block
+  // of its size.
+  const std::int64_t block = std::min(OneSecondOfSamples(rateHz), kMemoryPieceSamples);
+  std::vector<std::int16_t> buffer(static_cast<std::size_t>(std::min(block, most)));
+  ProgressScope status(progress, kFileStatusText, static_cast<double>(sampleCount.value_or(0)));
+  while (store.length() < most) {
+    status.StepOrAbandon(static_cast<double>(store.length()));
+    const std::int64_t wanted = std::min(block, most - store.length());
+    const auto piece = std::span(buffer).first(static_cast<std::size_t>(wanted));
+    const std::size_t got = feed(store.length(), piece);
+    store.Append(piece.first(got));
+    if (got < piece.size()) return;
   }
+}
+
+std::unique_ptr<SampleStore> NewStore(DocumentHost& host) {
+  return std::make_unique<SampleStore>(host.programDirectory, host.storeCounter);
+}
+
+// A feed from a store that was filled to learn how many samples there are.
+PartialFeed FeedFrom(const SampleStore& store) {
+  return [&store](std::int64_t position, std::span<std::int16_t> out) {
+    store.Read(position, out);
+    return out.size();
+  };
+}
+
+std::int64_t LoadUncounted(CSonadexDoc& document, double rateHz, const PartialFeed& feed) {
+  DocumentHost& host = document.host();
+  auto store = NewStore(host);
+  CopyIntoStore(*store, host.progress, rateHz, std::nullopt, feed);
+  const std::int64_t count = store->length();
+  if (BelongsInMemory(document, static_cast<double>(count) * 1000.0 / rateHz, count)) {
+    document.HoldInMemory(ReadIntoMemory(host.progress, count, FeedFrom(*store)));
+  } else {
+    document.HoldOnDisk(std::move(store));
+  }
+  return count;
+}
+
+std::int64_t LoadCounted(CSonadexDoc& document, double durationMs, double rateHz,
+                         std::int64_t sampleCount, const PartialFeed& feed) {
+  DocumentHost& host = document.host();
+  if (BelongsInMemory(document, durationMs, sampleCount)) {
+    document.HoldInMemory(ReadIntoMemory(host.progress, sampleCount, feed));
+  } else {
+    auto store = NewStore(host);
+    CopyIntoStore(*store, host.progress, rateHz, sampleCount, feed);
+    document.HoldOnDisk(std::move(store));
+  }
+  return document.Samples().length();
 }
 
 }  // namespace
@@ -58,14 +105,18 @@ bool BelongsInMemory(CSonadexDoc& document, double durationMs, std::int64_t samp
 
 void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,
                  const SampleFeed& read) {
-  DocumentHost& host = document.host();
-  if (BelongsInMemory(document, durationMs, sampleCount)) {
-    document.HoldInMemory(ReadIntoMemory(host.progress, sampleCount, read));
-    return;
-  }
-  auto store = std::make_unique<SampleStore>(host.programDirectory, host.storeCounter);
-  CopyIntoStore(*store, host.progress, OneSecondOfSamples(rateHz), sampleCount, read);
-  document.HoldOnDisk(std::move(store));
+  LoadCounted(document, durationMs, rateHz, sampleCount,
+              [&read](std::int64_t position, std::span<std::int16_t> out) {
+                read(position, out);
+                return out.size();
+              });
+}
+
+std::int64_t LoadSamplesUpTo(CSonadexDoc& document, double rateHz,
+                             std::optional<std::int64_t> sampleCount, const PartialFeed& feed) {
+  if (!sampleCount) return LoadUncounted(document, rateHz, feed);
+  const double durationMs = static_cast<double>(*sampleCount) * 1000.0 / rateHz;
+  return LoadCounted(document, durationMs, rateHz, *sampleCount, feed);
 }
 
 }  // namespace cantorix

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 
 namespace cantorix {
@@ -25,5 +26,14 @@ bool BelongsInMemory(CSonadexDoc& document, double durationMs, std::int64_t samp
 // before.
 void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,
                  const SampleFeed& read);
+
+// The same for a reader that may have fewer samples than it said, or cannot say how many it has:
+// `feed` fills the front of `out` and gives the count, less than out.size() only at the end.
+using PartialFeed = std::function<std::size_t(std::int64_t position, std::span<std::int16_t> out)>;
+
+// Gives channel 0 the samples of `feed`, at most `sampleCount` when there is one. Gives how many
+// there were.
+std::int64_t LoadSamplesUpTo(CSonadexDoc& document, double rateHz,
+                             std::optional<std::int64_t> sampleCount, const PartialFeed& feed);
 
 }  // namespace cantorix

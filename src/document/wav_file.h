@@ -1,7 +1,8 @@
 // wav_file.h - reading WAV files and exporting a recording as one.
 // Read are PCM of 1 to 32 bits, float of 32 and 64 bits, A-law and mu-law, each also by the
-// sub-format of an extensible header, and one channel of any number. Written is mono 16-bit PCM.
-// riff.h finds the chunks, sample_conversion.h decodes; labels and tiers have no place in a WAV.
+// sub-format of an extensible header, what the decoding library knows besides, and one channel of
+// any number; cue points become labels. Written is mono 16-bit PCM without labels.
+// riff.h finds the chunks, sample_conversion.h decodes.
 #pragma once
 
 #include <cstdint>
@@ -18,11 +19,11 @@ namespace cantorix {
 class CSonadexDoc;
 class File;
 
-// Reads channel 0 of a new document. False when the content is not a WAV file of a coding above, or
-// has no samples, no rate, or frames that are not exactly its channels. Asks for the channel when
+// Reads channel 0 of a new document. False when the content is not a WAV file, or has no coding, no
+// samples, no rate, or frames that are not exactly its channels. Asks for the channel when
 // there are several. Samples that the header promises and the file does not have read as 0, which
-// the user is told once. Throws FileError when the file or the disk store fails, Abandoned when the
-// user cancels or memory runs out.
+// the user is told once. Throws FileError when nothing decodes its coding, which is named, and when
+// the file or the disk store fails, Abandoned when the user cancels or memory runs out.
 bool ReadWave(CSonadexDoc& document, const File& file);
 
 // The bytes of a recording that go into a WAV file, two to a sample.

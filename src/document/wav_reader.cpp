@@ -1,16 +1,21 @@
 // wav_reader.cpp - the format of a WAV file and the way of its samples into the document.
 #include <algorithm>
-#include <vector>
+#include <array>
+#include <cstdio>
+#include <iterator>
+#include <string>
 
 #include "document/document.h"
+#include "document/file_window.h"
 #include "document/foreign_recording.h"
+#include "document/interleaved_samples.h"
+#include "document/readers/decoded_recording.h"
+#include "document/readers/markers.h"
 #include "document/riff.h"
 #include "document/sample_conversion.h"
 #include "document/sample_loader.h"
 #include "document/wav_file.h"
-#include "platform/bytes.h"
 #include "platform/numbers.h"
-#include "platform/prompts.h"
 
 namespace cantorix {
 namespace {
@@ -27,6 +32,9 @@ constexpr std::uint32_t kTagPcm = 1;
 constexpr std::uint32_t kTagFloat = 3;
 constexpr std::uint32_t kTagALaw = 6;
 constexpr std::uint32_t kTagMuLaw = 7;
+constexpr std::uint32_t kTagGsm = 0x31;
+constexpr std::int64_t kGsmBlockBytes = 65;
+constexpr std::int64_t kGsmBlockSamples = 320;
 constexpr std::uint32_t kTagExtensible = 0xFFFE;
 
 struct WaveFormat {
@@ -88,74 +96,58 @@ std::optional<WaveFormat> FormatOf(const File& file, const RiffHeader& header) {
   return format;
 }
 
-// The samples of one channel, by position.
-class ChannelReader {
- public:
-  ChannelReader(const File& file, const WaveFormat& format, std::int64_t dataOffset, int channel)
-      : file_(file),
-        coding_(format.coding),
-        frameBytes_(format.frameBytes),
-        dataOffset_(dataOffset),
-        channelOffset_(static_cast<std::size_t>(channel) * WidthOf(format.coding)) {}
-
-  void Read(std::int64_t position, std::span<std::int16_t> out) {
-    if (coding_ == SampleCoding::kSigned16 && frameBytes_ == sizeof(std::int16_t)) {
-      return ReadAsTheyAre(position, out);
-    }
-    const std::size_t block = std::max<std::size_t>(1, kBlockBytes / frameBytes_);
-    for (std::size_t done = 0; done < out.size(); done += block) {
-      ReadFrames(position + static_cast<std::int64_t>(done),
-                 out.subspan(done, std::min(block, out.size() - done)));
-    }
-  }
-
- private:
-  static constexpr std::size_t kBlockBytes = std::size_t{1} << 18U;
-
-  std::int64_t OffsetOf(std::int64_t position) const {
-    return dataOffset_ + position * static_cast<std::int64_t>(frameBytes_);
-  }
-
-  // One channel of 16 bits: the file's bytes are the samples.
-  void ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const {
-    const std::size_t got = file_.ReadSome(OffsetOf(position), std::as_writable_bytes(out));
-    const std::size_t whole = got / sizeof(std::int16_t);
-    SwapFromLittle(out.first(whole));
-    std::fill(out.begin() + static_cast<std::ptrdiff_t>(whole), out.end(), std::int16_t{0});
-  }
-
-  void ReadFrames(std::int64_t position, std::span<std::int16_t> out) {
-    raw_.resize(out.size() * frameBytes_);
-    const std::size_t got = file_.ReadSome(OffsetOf(position), raw_);
-    const std::size_t firstEnd = channelOffset_ + WidthOf(coding_);
-    const std::size_t whole = got < firstEnd ? 0 : (got - firstEnd) / frameBytes_ + 1;
-    if (whole > 0) {
-      ConvertSamples(coding_, std::span(raw_).subspan(channelOffset_), frameBytes_,
-                     out.first(whole));
-    }
-    std::fill(out.begin() + static_cast<std::ptrdiff_t>(whole), out.end(), std::int16_t{0});
-  }
-
-  const File& file_;
-  SampleCoding coding_;
-  std::size_t frameBytes_;
-  std::int64_t dataOffset_;
-  std::size_t channelOffset_;
-  std::vector<std::byte> raw_;
-};
-
 // Says that the file is shorter than its header promises.
-void TellOfMissing(CSonadexDoc& document, const File& file, const RiffHeader& header,
-                   std::size_t frameBytes) {
+void TellOfMissingSamples(CSonadexDoc& document, const File& file, const RiffHeader& header,
+                          std::size_t frameBytes) {
   const auto frames = [frameBytes](double bytes) {
     return Truncate(std::max(bytes, 0.0) / static_cast<double>(frameBytes));
   };
-  const std::int64_t promised = frames(header.promisedLength);
-  const std::int64_t held = frames(static_cast<double>(file.Size() - header.dataOffset));
-  if (held >= promised) return;
-  document.host().prompts.Message("The file is incomplete: its header promises " +
-                                  std::to_string(promised) + " samples, " + std::to_string(held) +
-                                  " are there. Missing samples read as 0.");
+  TellOfMissing(document, frames(header.promisedLength),
+                frames(static_cast<double>(file.Size() - header.dataOffset)),
+                " Missing samples read as 0.");
+}
+
+constexpr struct {
+  std::uint32_t tag;
+  const char* name;
+} kNamedTags[] = {
+    {0x02, "Microsoft ADPCM"}, {0x11, "IMA ADPCM"},      {0x14, "G.723 ADPCM"},
+    {0x22, "TrueSpeech"},      {0x31, "GSM 6.10"},       {0x40, "G.721 ADPCM"},
+    {0x42, "G.723.1"},         {0x45, "G.726 ADPCM"},    {0x50, "MPEG layer 1 or 2"},
+    {0x55, "MPEG layer 3"},    {0x64, "G.726 ADPCM"},    {0xFF, "AAC"},
+    {0x160, "Windows Media"},  {0x161, "Windows Media"}, {0x162, "Windows Media"},
+    {0x1610, "AAC"},           {0x2000, "AC-3"},         {0xF1AC, "FLAC"},
+};
+
+// "0x0045 (G.726 ADPCM)".
+std::string NameOfTag(std::uint32_t tag) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "0x%04X", tag);
+  const auto* const named = std::find_if(std::begin(kNamedTags), std::end(kNamedTags),
+                                         [tag](const auto& row) { return row.tag == tag; });
+  if (named == std::end(kNamedTags)) return text.data();
+  return std::string(text.data()) + " (" + named->name + ")";
+}
+
+// A whole WAV file of a coding that is none of ours: the decoding library reads it, or the user is
+// told its name.
+bool ReadOtherCoding(CSonadexDoc& document, const File& file, const RiffHeader& header) {
+  const std::uint32_t tag = EffectiveTag(file, header);
+  const bool isOurs = tag == kTagPcm || tag == kTagFloat || tag == kTagALaw || tag == kTagMuLaw;
+  const bool isWhole = LoadLittle<std::uint16_t>(header.format, kChannels) > 0 &&
+                       LoadLittle<std::uint32_t>(header.format, kRate) > 0;
+  if (isOurs || tag == 0 || !isWhole || !HasMagic(file, "WAVE", 8)) return false;
+  const auto decoder = OpenDecoder(file, "a WAV file of the coding " + NameOfTag(tag));
+  ForeignSound sound = SoundOf(*decoder);
+  sound.format = "WAV";
+  if (tag == kTagGsm) {
+    // The decoder takes the pad byte behind the last block for a block of its own.
+    const std::int64_t blocks = Truncate(header.dataLength) / kGsmBlockBytes;
+    sound.frames = sound.promised = std::min(sound.frames.value_or(0), blocks * kGsmBlockSamples);
+  }
+  ReadDecoded(document, file, sound, *decoder);
+  SetMarkerLabels(document, WaveMarkers(file, header));
+  return true;
 }
 
 }  // namespace
@@ -164,18 +156,25 @@ bool ReadWave(CSonadexDoc& document, const File& file) {
   const auto header = ReadRiffHeader(file);
   if (!header) return false;
   const auto format = FormatOf(file, *header);
-  if (!format) return false;
+  if (!format) return ReadOtherCoding(document, file, *header);
   const double length = header->dataLength / static_cast<double>(format->frameBytes);
   if (length < 1.0) return false;
 
   SetForeignFields(document, format->rateHz, length);
   const int channel = ChooseChannelOrAbandon(document, format->channels);
-  ChannelReader reader(file, *format, header->dataOffset, channel);
+  InterleavedSamples samples(
+      file, {.coding = format->coding,
+             .frameBytes = format->frameBytes,
+             .dataOffset = header->dataOffset,
+             .channelOffset = static_cast<std::size_t>(channel) * WidthOf(format->coding)});
   LoadSamples(
       document, document.channel().totalDurationMs, format->rateHz, Truncate(length),
-      [&](std::int64_t position, std::span<std::int16_t> out) { reader.Read(position, out); });
-  TellOfMissing(document, file, *header, format->frameBytes);
+      [&](std::int64_t position, std::span<std::int16_t> out) { samples.Read(position, out); });
+  TellOfMissingSamples(document, file, *header, format->frameBytes);
+  document.codingName = NameOf(format->coding);
+  document.fileChannels = format->channels;
   if (format->channels > 1) NameExtractedChannel(document, file.path(), channel);
+  SetMarkerLabels(document, WaveMarkers(file, *header));
   return true;
 }
 

@@ -39,6 +39,14 @@ requires std::integral<T> || std::floating_point<T> T LoadLittle(std::span<const
   return detail::SwappedIf(std::endian::native == std::endian::big, value);
 }
 
+enum class ByteOrder { kLowFirst, kHighFirst };
+
+// The same in either order.
+template <typename T>
+T LoadIn(ByteOrder order, std::span<const std::byte> block, std::size_t offset) {
+  return detail::SwappedIf(order == ByteOrder::kHighFirst, LoadLittle<T>(block, offset));
+}
+
 template <typename T>
 requires std::integral<T> || std::floating_point<T>
 void StoreLittle(std::span<std::byte> block, std::size_t offset, T value) {

@@ -44,9 +44,9 @@ class Prompts {
   virtual std::optional<std::string> ChooseFolder(const std::string& startFolder) = 0;
   // "Select channels" over a recording of `channelCount` >= 2 channels; counted from 0.
   virtual std::optional<int> ChooseChannel(const std::string& text, int channelCount) = 0;
-  // The "Generic File Selection" dialog.
-  virtual std::optional<GenericParameters> AskGenericParameters(
-      const GenericParameters& preset) = 0;
+  // The "Generic File Selection" dialog, which shows what `preview` says of the values entered.
+  virtual std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset,
+                                                                GenericPreview& preview) = 0;
 };
 
 }  // namespace cantorix

@@ -18,7 +18,8 @@ class QuietPrompts : public Prompts {
   std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { return {}; }
   std::optional<std::string> ChooseFolder(const std::string&) override { return {}; }
   std::optional<int> ChooseChannel(const std::string&, int) override { return 0; }
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&,
+                                                        GenericPreview&) override {
     return {};
   }
 };

@@ -41,7 +41,12 @@ TEST_F(CommandsTest, FileOpenOffersTheTypeChosenLast) {
       "NIST(LDC) files (*.wav; *.sph; *.sp1; *.sp2)|*.wav; *.sph; *.sp1; *.sp2|"
       "NIST(LDC) files (*.*)|*.*|XWAVE files (*.d)|*.d|ESPS(xwave) files (*.*)|*.*|"
       "SUN au files (*.au)|*.au|AIFF files (*.aiff; *.*)|*.aiff; *.*|ASCII files (*.*)|*.*|"
-      "Generic files (*.*)|*.*|";
+      "Generic files (*.*)|*.*|FLAC files (*.flac)|*.flac|"
+      "Ogg files (*.ogg; *.oga; *.opus)|*.ogg; *.oga; *.opus|MP3 files (*.mp3; *.mp2)|*.mp3; *.mp2|"
+      "CAF files (*.caf)|*.caf|W64 and RF64 files (*.w64; *.rf64; *.wav)|*.w64; *.rf64; *.wav|"
+      "AVR files (*.avr)|*.avr|All recordings|*.qrv; *.pmf; *.wav; *.nsp; *.sph; *.sp1; *.sp2; "
+      "*.nist; *.d; *.sd; *.au; *.snd; *.aif; *.aiff; *.aifc; *.flac; *.ogg; *.oga; *.opus; *.mp3; "
+      "*.mp2; *.caf; *.w64; *.rf64; *.avr|";
   for (const std::size_t request : {0U, 1U, 2U}) {
     EXPECT_EQ(
         TextOf(prompts.fileRequests.at(request)),

@@ -54,7 +54,8 @@ TEST_F(UsageTest, StreamsTakeAndGiveWhatFilesDo) {
   EXPECT_EQ(RunBatch({"convert", folder_ / "ten.wav", "-"}).out.substr(0, 6), "QRV_PC");
   const CommandResult piped = RunBatch({"info", "/dev/stdin"}, {.input = wave});
   EXPECT_EQ(piped.out + piped.err,
-            "file      /dev/stdin\nformat    WAV\nrate      1000.0 Hz\nlength    2 samples\n"
+            "file      /dev/stdin\nformat    WAV\nencoding  Signed 16 bit PCM\nrate      1000.0 "
+            "Hz\nlength    2 samples\n"
             "duration  2.0 ms\nstorage   memory\n");
   EXPECT_EQ(RunBatch({"info", "/dev/stdin"}, {.input = "no sound"}).err.substr(0, 38),
             "cantorix-batch: /dev/stdin: The reques");

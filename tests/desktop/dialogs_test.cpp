@@ -8,9 +8,11 @@
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialog_sheet.h"
 #include "desktop/dialogs/channel_dialog.h"
+#include "desktop/dialogs/generic_dialog.h"
 #include "desktop/dialogs/label_dialog.h"
 #include "desktop/dialogs/label_import_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
+#include "desktop/paint/paint_style.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_prompts.h"
 #include "desktop/qt_text.h"
@@ -30,6 +32,44 @@ Label LabelOf(const char* text) {
   return label;
 }
 
+// A file of 1000 bytes behind its header, which cannot be read as text.
+struct PreviewOfBytes : GenericPreview {
+  GenericOutcome Try(const GenericParameters& entered, int columns) override {
+    GenericOutcome outcome;
+    if (entered.binary == 0) {
+      outcome.problem = "It holds no <b>numbers</b>.";
+      return outcome;
+    }
+    outcome.samples = (1000 - entered.headerBytes) / (entered.sixteenBit + 1);
+    outcome.durationMs = outcome.samples * 1000.0 / entered.rateHz;
+    outcome.waveform.assign(static_cast<std::size_t>(columns), {-32768, 32767});
+    return outcome;
+  }
+};
+
+TEST_F(Dialogs, TheGenericDialogShowsWhatWouldComeOut) {
+  PreviewOfBytes preview;
+  GenericDialog dialog(prompts, {}, preview, nullptr);
+  auto* const view = dialog.findChild<OutcomeView*>();
+  dialog.show();
+  const auto shown = [&] {
+    QCoreApplication::processEvents();
+    const QColor corner = view->grab().toImage().pixelColor(5, 5);
+    const bool isDrawn = corner == StyleFor(view->palette()).waveform;
+    return view->accessibleDescription() + (isDrawn ? " drawn" : " empty");
+  };
+  EXPECT_EQ(shown(), "Duration: 50.0 ms\nLength: 500 samples drawn");
+  Type(dialog, "Header size (byte)", "200");
+  EXPECT_EQ(shown(), "Duration: 40.0 ms\nLength: 400 samples drawn");
+  Type(dialog, "Sample rate (hz)", "8000");
+  FieldOf<QAbstractButton>(dialog, "8 bit")->click();
+  EXPECT_EQ(shown(), "Duration: 100.0 ms\nLength: 800 samples drawn");
+  Type(dialog, "Sample rate (hz)", "none");
+  EXPECT_EQ(shown(), "Duration: 80.0 ms\nLength: 800 samples drawn") << "of the preset";
+  FieldOf<QAbstractButton>(dialog, "ASCII")->click();
+  EXPECT_EQ(shown(), "It holds no <b>numbers</b>.\n empty");
+}
+
 TEST_F(Dialogs, AreAsApproved) {
   Label label = LabelOf("H*");
   label.font.Set(-17, 700, false, false, "<b>Sans</b>");
@@ -39,8 +79,11 @@ TEST_F(Dialogs, AreAsApproved) {
   TiersDialog tiers(prompts, {{{"tones", 20, true}, {"words", 0, false}}}, nullptr);
   LabelImportDialog import(prompts, {"tones", "<i>"}, {}, nullptr);
   ChannelDialog channels("Which <b>?", 12, nullptr);
-  ExpectText("desktop/expected/Dialogs.txt",
-             SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) + SheetOf(import) + SheetOf(channels));
+  PreviewOfBytes preview;
+  GenericDialog generic(prompts, {}, preview, nullptr);
+  ExpectText("desktop/expected/Dialogs.txt", SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) +
+                                                 SheetOf(import) + SheetOf(channels) +
+                                                 SheetOf(generic));
   EXPECT_EQ(FieldOf<QLineEdit>(edit, "Enter Label (255 characters maximum):")->selectedText(),
             "H*");
   const QPushButton* const colour = edit.findChildren<QPushButton*>()[1];

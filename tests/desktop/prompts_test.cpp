@@ -118,12 +118,15 @@ TEST_F(PromptsTest, ChannelsCountFromNought) {
 
 TEST_F(PromptsTest, GenericParametersComeBackAsTheyWent) {
   const GenericParameters preset{512, 20000, 0, 1, 0};
+  struct : GenericPreview {
+    GenericOutcome Try(const GenericParameters&, int) override { return {}; }
+  } preview;
   WhenOpen<QDialog>([](QDialog& dialog) { dialog.accept(); });
   const auto [header, rate, sixteen, highFirst, binary] =
-      prompts.AskGenericParameters(preset).value();
+      prompts.AskGenericParameters(preset, preview).value();
   EXPECT_EQ(std::tuple(header, rate, sixteen, highFirst, binary), std::tuple(512, 20000, 0, 1, 0));
   WhenOpen<QDialog>([](QDialog& dialog) { dialog.reject(); });
-  EXPECT_FALSE(prompts.AskGenericParameters(preset).has_value());
+  EXPECT_FALSE(prompts.AskGenericParameters(preset, preview).has_value());
 }
 
 TEST_F(PromptsTest, MessagesArePlainWarningsOfTheProgram) {

@@ -20,9 +20,10 @@ inline constexpr std::size_t kFirstLabel = kFirstTier + 264;
 inline constexpr std::size_t kLabelBytes = 368;
 inline constexpr std::size_t kSamples = kFirstLabel + 2 * kLabelBytes + 264;
 
-inline ByteBuilder Header(double durationMs, double lengthSamples, int tiers) {
-  ByteBuilder file;
-  file.Text("QRV_PC", 8).I32({1}).Zeros(500);
+inline ByteBuilder Header(double durationMs, double lengthSamples, int tiers,
+                          std::string_view magic = "QRV_PC") {
+  ByteBuilder file(magic != "QRV_PC");
+  file.Text(magic, 8).I32({1}).Zeros(500);
   file.F64({durationMs, 8000.25, lengthSamples, -3.5, 0.1, 0.2, 0.3, 0.4});
   file.I32({0xDEADBEEF, 16, 1, 2, 3, -7, 4000, tiers, 4, 5, 6, 7, 0xFFFFFFFF});
   file.Text("left \xC3\xA9 \xE9", 64).Text("Pa", 68);
@@ -41,8 +42,8 @@ inline void AddLabel(ByteBuilder& file, double timeMs, std::string_view text, in
 }
 
 // 5 samples, 0.625 ms: tier "tones" with two labels, tier "empty" with none.
-inline std::vector<std::byte> SmallFile() {
-  ByteBuilder file = Header(0.625, 5.0, 2);
+inline std::vector<std::byte> SmallFile(std::string_view magic = "QRV_PC") {
+  ByteBuilder file = Header(0.625, 5.0, 2, magic);
   AddTier(file, "tones", 2, 33);
   AddLabel(file, 0.5, "H*");
   AddLabel(file, 0.625, "L\xFF%", 0);

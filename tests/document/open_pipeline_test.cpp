@@ -193,14 +193,15 @@ TEST_F(OpenTest, EveryFormatHasItsSlot) {
   EXPECT_EQ(slotsOf(StandardReaders().byContent),
             "QRV_PC, labelled foreign 1, QRV_Mac, labelled foreign 2, KWZ_PC, KWZ_Mac, QRVMACX, "
             "KWZ_PC_FLOAT_24?, KWZ_PC_FLOAT?, Datalyn 1, Datalyn 2, foreign 3, AIFF/AIFC, WAV, "
-            "CSL NSP, NIST SPHERE, SUN au, ESPS/xwave, ");
+            "CSL NSP, NIST SPHERE, SUN au, ESPS/xwave, format of today, ");
   EXPECT_EQ(slotsOf(StandardReaders().generic), "integer binary, ASCII, ");
 }
 
 TEST_F(OpenTest, UnknownContentPassesEverySlotToTheQuestion) {
   host.prompts.WillAnswer(Answer::kOk);
+  host.prompts.WillCancel();
   EXPECT_FALSE(document.OnOpenDocument(path));
-  EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kGenericQuestion));
+  EXPECT_THAT(host.prompts.TakeTranscript(), ElementsAre(kGenericQuestion, "generic"));
   EXPECT_FALSE(document.openFailure.shown);
 }
 

@@ -158,7 +158,7 @@ TEST(WavReader, WalksTheChunksLeniently) {
 TEST(WavReader, LeavesFormatsAloneThatItCannotReadExactly) {
   // How many samples are read of 200 bytes, for each coding and size.
   std::string text;
-  for (const int tag : {1, 2, 3, 6, 7, 0x55, 0xFFFE}) {
+  for (const int tag : {1, 3, 6, 7, 0xFFFE}) {
     text += std::to_string(tag) + ':';
     for (const int bits : {0, 1, 8, 12, 16, 24, 32, 33, 64}) {
       TestHost host;
@@ -182,8 +182,6 @@ TEST(WavReader, LeavesFormatsAloneThatItCannotReadExactly) {
   TestHost host;
   EXPECT_EQ(ReadWav(host, Wav({}, {})), nullptr);
   EXPECT_EQ(ReadWav(host, Wav({}, Bytes(1))), nullptr) << "not one whole sample";
-  EXPECT_EQ(ReadWav(host, Riff({Chunk("fmt ", Extensible(24, 2)), Chunk("data", Bytes(9))})),
-            nullptr);
 }
 
 TEST(WavReader, TakesOneChannelOutOfSeveral) {

@@ -1,4 +1,5 @@
-// byte_builder.h - a file written down by hand, number by number, little-endian.
+// byte_builder.h - a file written down by hand, number by number, little-endian unless it is made
+// with its high bytes first.
 #pragma once
 
 #include <cstddef>
@@ -12,6 +13,8 @@ namespace cantorix {
 
 class ByteBuilder {
  public:
+  explicit ByteBuilder(bool highFirst = false) : highFirst_(highFirst) {}
+
   ByteBuilder& Text(std::string_view text, std::size_t width) {
     for (std::size_t i = 0; i < width; ++i)
       bytes.push_back(std::byte(i < text.size() ? text[i] : 0));
@@ -38,9 +41,13 @@ class ByteBuilder {
     return *this;
   }
   void Append(std::uint64_t word, int width) {
-    for (int i = 0; i < width; ++i)
-      bytes.push_back(static_cast<std::byte>(word >> (8 * i) & 0xFFU));
+    for (int i = 0; i < width; ++i) {
+      const int place = highFirst_ ? width - 1 - i : i;
+      bytes.push_back(static_cast<std::byte>(word >> (8 * place) & 0xFFU));
+    }
   }
+
+  bool highFirst_;
 };
 
 }  // namespace cantorix

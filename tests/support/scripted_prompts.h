@@ -42,6 +42,7 @@ class ScriptedPrompts : public Prompts {
   }
   void WillChooseFolder(std::string path) { answers_.emplace_back(std::move(path)); }
   void WillChooseChannel(int channel) { answers_.emplace_back(channel); }
+  void WillSetGeneric(const GenericParameters& parameters) { answers_.emplace_back(parameters); }
   // Cancels whatever dialog comes next.
   void WillCancel() { answers_.emplace_back(Cancelled{}); }
 
@@ -72,7 +73,8 @@ class ScriptedPrompts : public Prompts {
   std::optional<int> ChooseChannel(const std::string& text, int channelCount) override {
     return Next<int>("channel of " + std::to_string(channelCount) + ": " + text);
   }
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&,
+                                                        GenericPreview&) override {
     return Next<GenericParameters>("generic");
   }
 

@@ -1,0 +1,52 @@
+// interleaved_samples.h - the samples of one channel of a file that holds them frame by frame, in
+// one of the plain codings.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "document/foreign_recording.h"
+#include "document/sample_conversion.h"
+
+namespace cantorix {
+
+class File;
+
+// Where the samples of one channel stand.
+struct InterleavedPlace {
+  SampleCoding coding = SampleCoding::kSigned16;
+  ByteOrder order = ByteOrder::kLowFirst;
+  std::size_t frameBytes = 0;     // from one sample to the next
+  std::int64_t dataOffset = 0;    // of the first frame
+  std::size_t channelOffset = 0;  // of the channel in a frame
+};
+
+class InterleavedSamples {
+ public:
+  // `file` outlives the samples.
+  InterleavedSamples(const File& file, const InterleavedPlace& place)
+      : file_(file), place_(place) {}
+
+  // The samples from `position` on; 0 for those that the file does not have. Throws FileError.
+  void Read(std::int64_t position, std::span<std::int16_t> out);
+
+ private:
+  std::int64_t OffsetOf(std::int64_t position) const;
+  void ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const;
+  void ReadFrames(std::int64_t position, std::span<std::int16_t> out);
+
+  const File& file_;
+  InterleavedPlace place_;
+  std::vector<std::byte> raw_;
+};
+
+// Whole frames of `frameBytes` between `dataOffset` and the end of the file.
+std::int64_t FramesBehind(const File& file, std::int64_t dataOffset, std::size_t frameBytes);
+
+// Reads a recording whose frames are `sound.channels` samples of `first.coding` each, beginning at
+// the place of the first channel. Throws what ReadForeign throws.
+void ReadInterleaved(CSonadexDoc& document, const File& file, const ForeignSound& sound,
+                     const InterleavedPlace& first);
+
+}  // namespace cantorix

@@ -1,0 +1,118 @@
+// foreign_files_test.cpp - recordings made by other programs, each compared with its maker's own
+// decoding of it. They lie in the folder "recordings"; tools/fixtures makes them anew, and
+// contents.tsv there says what they are.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "document/document_io.h"
+#include "platform/quiet_prompts.h"
+#include "support/samples.h"
+
+namespace cantorix {
+namespace {
+
+struct Recording {
+  std::string file, format, coding;
+  int channels = 0;
+  double rateHz = 0.0;
+  int tolerance = 0;  // of a sample
+};
+
+std::string Folder() { return SamplesDirectory() + "/../tests/document/recordings/"; }
+
+std::vector<Recording> Recordings() {
+  std::vector<Recording> recordings;
+  std::ifstream table(Folder() + "contents.tsv");
+  for (std::string line; std::getline(table, line);) {
+    if (line.starts_with('#')) continue;
+    std::istringstream fields(line);
+    Recording row;
+    for (std::string* text : {&row.file, &row.format, &row.coding})
+      std::getline(fields, *text, '\t');
+    fields >> row.channels >> row.rateHz >> row.tolerance;
+    EXPECT_TRUE(fields) << line;
+    recordings.push_back(row);
+  }
+  return recordings;
+}
+
+Values DecodedByItsMaker(const std::string& file) {
+  const std::string bytes = ReadWholeFile(Folder() + file + ".s16");
+  Values samples(bytes.size() / 2);
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    samples[i] = LoadLittle<std::int16_t>(std::as_bytes(std::span(bytes)), 2 * i);
+  }
+  return samples;
+}
+
+void ExpectChannel(const Recording& row, int channel, const Values& decoded) {
+  TestHost host;
+  if (row.channels > 1) host.prompts.WillChooseChannel(channel);
+  CSonadexDoc document(host.host);
+  ASSERT_TRUE(document.OnOpenDocument(Folder() + row.file)) << document.openFailure.reason;
+  EXPECT_EQ(document.formatName, row.format);
+  EXPECT_EQ(document.codingName, row.coding);
+  EXPECT_EQ(document.fileChannels, row.channels);
+  EXPECT_EQ(document.channel().sampleRateHz, row.rateHz);
+  EXPECT_TRUE(document.foreignSource);
+  EXPECT_EQ(document.extractedChannel, row.channels > 1);
+  const Values samples = SamplesOf(document);
+  const auto step = static_cast<std::size_t>(row.channels);
+  ASSERT_EQ(samples.size(), decoded.size() / step);
+  int worst = 0;
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    worst = std::max(worst,
+                     std::abs(samples[i] - decoded[i * step + static_cast<std::size_t>(channel)]));
+  }
+  EXPECT_LE(worst, row.tolerance);
+  host.prompts.TakeTranscript();
+}
+
+TEST(ForeignFiles, HoldWhatTheirMakersReadInThem) {
+  for (const Recording& row : Recordings()) {
+    SCOPED_TRACE(row.file);
+    const Values decoded = DecodedByItsMaker(row.file);
+    for (int channel = 0; channel < row.channels; ++channel) ExpectChannel(row, channel, decoded);
+  }
+}
+
+TEST(ForeignFiles, AreAllListed) {
+  std::size_t files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(Folder())) {
+    if (entry.path().extension() == ".s16") ++files;
+  }
+  EXPECT_EQ(Recordings().size(), files);
+}
+
+TEST(ForeignFiles, CutAnywhereAreReadAsFarAsTheyGoOrRefused) {
+  TestHost host;
+  QuietPrompts nobody;
+  DocumentHost quiet{.prompts = nobody,
+                     .progress = host.progress,
+                     .memory = host.memory,
+                     .programDirectory = host.folder.path(),
+                     .application = {},
+                     .documentsWriteConfiguration = false};
+  for (const Recording& row : Recordings()) {
+    SCOPED_TRACE(row.file);
+    const std::string whole = ReadWholeFile(Folder() + row.file);
+    const std::size_t step = std::max<std::size_t>(whole.size() / 16, 1);
+    for (std::size_t size = 1; size < whole.size(); size += step) {
+      WriteBytes(host.folder / "cut", std::as_bytes(std::span(whole).first(size)));
+      CSonadexDoc document(quiet);
+      if (document.OnOpenDocument(host.folder / "cut")) {
+        EXPECT_EQ(document.Samples().length(), document.channel().sampleCount());
+        EXPECT_GT(document.channel().sampleCount(), 0);
+      } else {
+        EXPECT_NE(document.openFailure.reason, "") << size;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace cantorix
