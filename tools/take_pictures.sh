@@ -75,6 +75,15 @@ keys alt+w Down Down Return
 shoot tiled
 end
 
+# A recording of no known kind: the question, then the dialog.
+tail -c +12001 "$work/vowels.qrv" >"$work/unknown.raw"
+begin unknown.raw
+keys Return Tab ctrl+a
+xdotool type 11025
+keys alt+l
+shoot_window "Generic File Selection" generic-file
+end
+
 # A sound server without a card, whose output is its input.
 export PULSE_SERVER=unix:$work/run/pulse.sock PULSE_SINK=loop PULSE_SOURCE=loop.monitor
 pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 --log-level=error \

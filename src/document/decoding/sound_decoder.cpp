@@ -12,7 +12,12 @@
 #include "document/decoding/file_source.h"
 #include "document/sample_conversion.h"
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef __has_feature
+#define CANTORIX_HAS_FEATURE(name) __has_feature(name)
+#else
+#define CANTORIX_HAS_FEATURE(name) 0
+#endif
+#if defined(__SANITIZE_ADDRESS__) || CANTORIX_HAS_FEATURE(address_sanitizer)
 // What the library leaves behind of an Ogg file that it refuses.
 extern "C" const char* __lsan_default_suppressions();  // NOLINT: the sanitizer's name
 extern "C" const char* __lsan_default_suppressions() { return "leak:vorbis_info_init\n"; }

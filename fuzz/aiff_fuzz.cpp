@@ -1,0 +1,7 @@
+// aiff_fuzz.cpp - files of AIFF and AIFC, through the decoding library.
+#include "document/readers/readers.h"
+#include "recording_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  return cantorix::FuzzRecording(cantorix::ReadAiff, {data, size});
+}

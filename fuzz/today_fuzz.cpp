@@ -1,0 +1,7 @@
+// today_fuzz.cpp - files of formats of today, through the decoding library.
+#include "document/readers/readers.h"
+#include "recording_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  return cantorix::FuzzRecording(cantorix::ReadToday, {data, size});
+}
