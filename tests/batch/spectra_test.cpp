@@ -15,23 +15,6 @@ namespace {
 const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
 const std::string kTruth = SamplesDirectory() + "/vowels.formants.tsv";
 
-TEST(Spectra, HaveTheSameDigitsFromMemoryAndFromTheDiskStore) {
-  const std::vector<Words> rows = {
-      {"spectrum", "--at", "412.3"},
-      {"spectrum", "--at", "5410", "--points", "8192", "--window", "500"},
-      {"spectrum", "--from", "200.5", "--to", "1300", "--display", "77", "--step", "3"},
-      {"spectrogram", "--columns", "60", "--rows", "40", "--formants", "--points", "256"},
-      {"formants", "--step", "12.5", "--from", "33.3"},
-      {"formants", "--columns", "70", "--lpc", "30"},
-  };
-  for (const auto& row : rows) {
-    const Words words = row + Words{kVowels, "--exact"};
-    const std::string memory = OutOf(words);
-    EXPECT_GT(memory.size(), 1000U);
-    EXPECT_EQ(memory, OutOf(words + Words{"--memory-minutes", "0"})) << words[0];
-  }
-}
-
 TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
   const Table truth = TableOf(FileText(kTruth));
   ASSERT_GT(truth.size(), 7U);

@@ -26,7 +26,8 @@ class NoPrompts : public Prompts {
   std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override { Refuse(); }
   std::optional<std::string> ChooseFolder(const std::string&) override { Refuse(); }
   std::optional<int> ChooseChannel(const std::string&, int) override { Refuse(); }
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&) override {
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&,
+                                                        GenericPreview&) override {
     Refuse();
   }
 
