@@ -94,6 +94,21 @@ void SilenceFormants(const ColumnMaxima& maxima, double highest, double range,
   }
 }
 
+std::size_t LevelCount(const Spectrogram& picture) {
+  return static_cast<std::size_t>(picture.columns) * static_cast<std::size_t>(picture.rows);
+}
+
+// The levels as they were computed become the source; the picture gets a place of its own.
+void TakeSource(Spectrogram& picture, ColumnMaxima maxima, double highest) {
+  picture.source = std::make_unique<SpectrogramSource>();
+  SpectrogramSource& source = *picture.source;
+  source.levels = std::move(picture.levels);
+  source.columnMaxima = std::move(maxima);
+  source.highest = highest;
+  source.formants = picture.formants;
+  picture.levels = std::make_unique_for_overwrite<double[]>(LevelCount(picture));
+}
+
 Spectrogram Compute(const SampleSource& samples, const SpectrogramRequest& request,
                     const SpectrogramSettings& settings, ProgressScope& progress) {
   Spectrogram result;
@@ -103,20 +118,35 @@ Spectrogram Compute(const SampleSource& samples, const SpectrogramRequest& reque
     result.outcome = SpectrogramOutcome::kFormantFailure;
     return result;
   }
-  const double range = settings.dynamicRangeDb;
   const double highest = *std::max_element(maxima.begin(), maxima.end());
-  if (request.keepLevels) {
-    const std::size_t count = maxima.size() * static_cast<std::size_t>(request.rows);
-    ReferenceLevels({result.levels.get(), count}, highest, range);
+  if (request.keepLevels && request.keepSource) {
+    TakeSource(result, std::move(maxima), highest);
+    ApplyDynamicRange(result, settings.dynamicRangeDb);
   } else {
-    result.levels.reset();
+    const double range = settings.dynamicRangeDb;
+    if (request.keepLevels) {
+      ReferenceLevels({result.levels.get(), LevelCount(result)}, highest, range);
+    } else {
+      result.levels.reset();
+    }
+    SilenceFormants(maxima, highest, range, result.formants);
   }
-  SilenceFormants(maxima, highest, range, result.formants);
   result.outcome = SpectrogramOutcome::kComputed;
   return result;
 }
 
 }  // namespace
+
+void ApplyDynamicRange(Spectrogram& spectrogram, std::int32_t dynamicRangeDb) {
+  if (!spectrogram.source) return;
+  const SpectrogramSource& source = *spectrogram.source;
+  const double range = dynamicRangeDb;
+  const std::span<double> levels(spectrogram.levels.get(), LevelCount(spectrogram));
+  std::copy_n(source.levels.get(), levels.size(), levels.begin());
+  ReferenceLevels(levels, source.highest, range);
+  spectrogram.formants = source.formants;
+  SilenceFormants(source.columnMaxima, source.highest, range, spectrogram.formants);
+}
 
 Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
                                const SpectrogramSettings& settings, Progress& progress) {

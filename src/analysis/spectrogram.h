@@ -26,7 +26,8 @@ struct SpectrogramRequest {
   double rateHz = 0.0;
   std::int64_t columns = 0;
   int rows = 0;
-  bool keepLevels = true;  // false: only the formants are wanted
+  bool keepLevels = true;   // false: only the formants are wanted
+  bool keepSource = false;  // another dynamic range may be wanted later
 };
 
 inline constexpr std::uint16_t kNoFormantHz = 65535;
@@ -42,15 +43,24 @@ enum class SpectrogramOutcome {
   kFormantFailure  // the polynomial of a column could not be factored; there are no columns
 };
 
+// What a picture is made of, whatever its dynamic range.
+struct SpectrogramSource {
+  std::unique_ptr<double[]> levels;     // dB re a power of 1, as in the picture
+  std::vector<double> columnMaxima;     // dB
+  double highest = 0.0;                 // dB, of all columns
+  std::vector<FormantColumn> formants;  // of silent columns, too
+};
+
 struct Spectrogram {
   SpectrogramOutcome outcome = SpectrogramOutcome::kNothing;
   SampleRange range;
   std::int64_t columns = 0;
   int rows = 0;
-  double maxHz = 0.0;                   // row r of R stands for r * maxHz / R
-  std::unique_ptr<double[]> levels;     // columns x rows dB above the floor, column by column
-  std::vector<FormantColumn> formants;  // one per column; empty without formant tracking
-  bool formantsFound = false;           // in any column, silent ones included
+  double maxHz = 0.0;                         // row r of R stands for r * maxHz / R
+  std::unique_ptr<double[]> levels;           // columns x rows dB above the floor, column by column
+  std::vector<FormantColumn> formants;        // one per column; empty without formant tracking
+  bool formantsFound = false;                 // in any column, silent ones included
+  std::unique_ptr<SpectrogramSource> source;  // with keepSource
 
   bool computed() const { return outcome == SpectrogramOutcome::kComputed; }
   // The levels of a column from 0 Hz upward, each in 0 ... dynamic range.
@@ -73,5 +83,9 @@ struct Spectrogram {
 // read.
 Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
                                const SpectrogramSettings& settings, Progress& progress);
+
+// The levels and the silence of a picture with a source in another dynamic range: the same numbers
+// as computed anew with it, without a transform.
+void ApplyDynamicRange(Spectrogram& spectrogram, std::int32_t dynamicRangeDb);
 
 }  // namespace cantorix

@@ -17,6 +17,11 @@ std::string FormantValueText(double hz) {
   return hz == kNoFormant ? std::string("-") : FormatOneDecimal(hz);
 }
 
+// Above the picture: with an arrow.
+std::string ShownFormantText(double hz, double maxHz) {
+  return (hz > maxHz ? "\u2191 " : "") + FormantValueText(hz);
+}
+
 }  // namespace
 
 AxisScale CFFTLPCView::FrequencyAxis() const { return AxisOver(0.0, spectrum_.maxHz); }
@@ -90,8 +95,8 @@ std::vector<WindowReadout> CFFTLPCView::Readouts() const {
   readouts.push_back({"LPC(dB)=", atMarker(spectrum_.lpcDb)});
   for (std::size_t i = 0; i < spectrum_.formants.frequencyHz.size(); ++i) {
     const std::string number = std::to_string(i + 1);
-    readouts.push_back(
-        {"F" + number + "(Hz)=", FormantValueText(spectrum_.formants.frequencyHz[i])});
+    readouts.push_back({"F" + number + "(Hz)=",
+                        ShownFormantText(spectrum_.formants.frequencyHz[i], spectrum_.maxHz)});
     readouts.push_back(
         {"BW" + number + "(Hz)=", FormantValueText(spectrum_.formants.bandwidthHz[i])});
   }

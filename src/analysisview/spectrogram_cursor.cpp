@@ -48,7 +48,8 @@ std::vector<WindowReadout> CSpectrogramView::Readouts() const {
   for (std::size_t i = 0; i < kFormants; ++i) {
     readouts.push_back({"F" + std::to_string(i + 1) + "(Hz)=", "-"});
     if (column < 0) continue;
-    readouts.back().value = FormantText(spectrogram_.formants[static_cast<std::size_t>(column)][i]);
+    readouts.back().value = ShownFormantText(
+        spectrogram_.formants[static_cast<std::size_t>(column)][i], spectrogram_.maxHz);
   }
   if (!shown) {
     for (WindowReadout& readout : readouts) readout.value = "-";

@@ -22,6 +22,10 @@ std::string FormantText(std::uint16_t hz) {
   return hz == kNoFormantHz ? std::string("-") : FormatOneDecimal(hz);
 }
 
+std::string ShownFormantText(std::uint16_t hz, double maxHz) {
+  return (hz != kNoFormantHz && hz > maxHz ? "\u2191 " : "") + FormantText(hz);
+}
+
 std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double ms) {
   const double startMs = spectrogram.range.start * msPerSample;
   const double lengthMs = spectrogram.range.length() * msPerSample;

@@ -21,6 +21,9 @@ struct SpectrogramLogContext {
 // "-" for a column without such a formant, the frequency in Hz otherwise.
 std::string FormantText(std::uint16_t hz);
 
+// The same for a window whose picture ends at `maxHz`: "↑ 6120.0" above it.
+std::string ShownFormantText(std::uint16_t hz, double maxHz);
+
 // The column whose stretch holds `ms`; -1 outside the picture.
 std::int64_t ColumnAt(const Spectrogram& spectrogram, double msPerSample, double ms);
 

@@ -30,7 +30,7 @@ constexpr const char* kLowMemory =
 
 // Of the levels and formants; without an overflow for any size.
 std::uint64_t PictureBytes(const SpectrogramSize& size) {
-  const double rows = size.keepLevels ? size.rows : 0.0;
+  const double rows = size.keepLevels ? size.rows * (size.keepSource ? 2.0 : 1.0) : 0.0;
   const double bytes = static_cast<double>(size.columns) * (rows * 8.0 + 18.0);
   return static_cast<std::uint64_t>(Truncate(bytes > 0.0 ? bytes : 0.0));
 }
@@ -43,9 +43,11 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
                                    .rateHz = channel().sampleRateHz,
                                    .columns = size.columns,
                                    .rows = size.rows,
-                                   .keepLevels = size.keepLevels};
+                                   .keepLevels = size.keepLevels,
+                                   .keepSource = size.keepSource};
   spectrogram_ = {};
   ++computation_;
+  ++levelsNumber_;
   range_ = range;
   settings_ = document().settings.spectrogram;
   msPerSample_ = channel().msPerSample();
@@ -73,7 +75,8 @@ bool CSpectrogramView::Show(const SampleRange& range) {
 // Memory that is short is said: a window that stays empty explains nothing.
 bool CSpectrogramView::ComputeOrSay(const SampleRange& range, const char* lowMemory) {
   try {
-    return ComputeSpectrogram(range, {wantedSize().columns, wantedSize().rows});
+    return ComputeSpectrogram(
+        range, {.columns = wantedSize().columns, .rows = wantedSize().rows, .keepSource = true});
   } catch (const Abandoned& abandoned) {
     if (abandoned.reason() == AbandonReason::kOutOfMemory) host().prompts.Message(lowMemory);
     throw;
@@ -94,14 +97,25 @@ void CSpectrogramView::Update() {
 
 bool CSpectrogramView::SettingsMatch() const {
   const auto computedWith = [](const SpectrogramSettings& s) {
-    return std::tie(s.points, s.rangeHz, s.dynamicRangeDb, s.preEmphasis, s.trackFormants,
-                    s.lpcOrder);
+    return std::tie(s.points, s.rangeHz, s.preEmphasis, s.trackFormants, s.lpcOrder);
   };
-  return !computed() || computedWith(settings_) == computedWith(document().settings.spectrogram);
+  const bool sameRange = settings_.dynamicRangeDb == document().settings.spectrogram.dynamicRangeDb;
+  // With the source at hand a range needs no computation.
+  return !computed() || ((sameRange || spectrogram_.source != nullptr) &&
+                         computedWith(settings_) == computedWith(document().settings.spectrogram));
 }
 
 void CSpectrogramView::FollowDocument(DocumentChanges changes) {
   if (changes.Has(DocumentChange::kSamples)) selectionShown = false;
+  if (changes.Has(DocumentChange::kSettings)) FollowDynamicRange();
+}
+
+void CSpectrogramView::FollowDynamicRange() {
+  const std::int32_t wanted = document().settings.spectrogram.dynamicRangeDb;
+  if (!computed() || !spectrogram_.source || settings_.dynamicRangeDb == wanted) return;
+  ApplyDynamicRange(spectrogram_, wanted);
+  settings_.dynamicRangeDb = wanted;
+  ++levelsNumber_;
 }
 
 }  // namespace cantorix

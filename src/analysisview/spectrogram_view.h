@@ -21,6 +21,7 @@ struct SpectrogramSize {
   std::int64_t columns = 0;
   int rows = 0;
   bool keepLevels = true;
+  bool keepSource = false;  // another dynamic range is to need no transform
 };
 
 // Times of a window's own selection, ordered.
@@ -65,8 +66,9 @@ class CSpectrogramView : public AnalysisWindow {
   std::int32_t* SwitchOf(WindowSwitch which) override;
 
   const Spectrogram& spectrogram() const { return spectrogram_; }  // empty unless computed
-  // Number of the last computation.
+  // Number of the last computation, and of the last time that its levels were made.
   std::int64_t computation() const { return computation_; }
+  std::int64_t levelsNumber() const { return levelsNumber_; }
   // Of the picture; what it was when it was computed.
   SpectrogramLogContext LogContext() const;
   // What the levels of the picture count up to, in dB; another range may be wanted by now.
@@ -83,6 +85,7 @@ class CSpectrogramView : public AnalysisWindow {
   TimeSpan selection;
 
  private:
+  void FollowDynamicRange();
   bool ComputeOrSay(const SampleRange& range, const char* lowMemory);
   void PlaceCursor(double ms, double hz);
   void Drag(std::int32_t x);
@@ -99,6 +102,7 @@ class CSpectrogramView : public AnalysisWindow {
   SampleRange range_;  // that was asked for last
   bool wholeRecording_ = false;
   std::int64_t computation_ = 0;
+  std::int64_t levelsNumber_ = 0;
 };
 
 }  // namespace cantorix

@@ -5,6 +5,7 @@
 
 #include "platform/prompts.h"
 #include "settings/config_file.h"
+#include "settings/local_settings.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -52,7 +53,10 @@ bool LoadConfiguration(DocumentHost& host, CSonadexDoc* active) {
     host.prompts.Message(kReadError);
     return false;
   }
-  if (active != nullptr) active->settings = loaded.document;
+  if (active != nullptr) {
+    active->settings = loaded.document;
+    active->localSettings = {};
+  }
   host.application = loaded.application;
   host.recordingRateHz = StoredReferenceRate(bytes).value_or(host.recordingRateHz);
   return true;

@@ -61,8 +61,8 @@ std::optional<SpectrogramSettings> QtDialogs::AskSpectrogram(const SpectrogramSe
   return AskOptions(SpectrogramForm(), {preset, defaults, rateHz}, prompts_);
 }
 
-std::optional<PitchSettings> QtDialogs::AskPitch(const PitchSettings& preset) {
-  return AskOptions(PitchForm(), {preset}, prompts_);
+std::optional<PitchSettings> QtDialogs::AskPitch(const PitchSettings& preset, double rateHz) {
+  return AskOptions(PitchForm(), {preset, {}, rateHz}, prompts_);
 }
 
 std::optional<IntensitySettings> QtDialogs::AskIntensity(const IntensitySettings& preset) {

@@ -21,7 +21,7 @@ class QtDialogs : public ViewDialogs {
   std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
                                                     const SpectrogramSettings& defaults,
                                                     double rateHz) override;
-  std::optional<PitchSettings> AskPitch(const PitchSettings& preset) override;
+  std::optional<PitchSettings> AskPitch(const PitchSettings& preset, double rateHz) override;
   std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) override;
   std::optional<std::int32_t> AskLogStep(std::int32_t presetHz) override;
 

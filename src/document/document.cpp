@@ -6,6 +6,7 @@
 
 #include "document/open_pipeline.h"
 #include "settings/config_file.h"
+#include "settings/local_settings.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -38,7 +39,9 @@ DocumentSettings NewDocumentSettings(const std::string& programDirectory) {
 
 CSonadexDoc::CSonadexDoc(DocumentHost& host)
     : ownSettings_(std::make_unique<DocumentSettings>(NewDocumentSettings(host.programDirectory))),
+      ownLocal_(std::make_unique<LocalSettings>()),
       settings(*ownSettings_),
+      localSettings(*ownLocal_),
       host_(host),
       memorySource_(std::make_unique<ChannelSource>(channels[0])) {
   memoryLimitMinutes = host.application.memoryMinutes;
@@ -53,7 +56,8 @@ CSonadexDoc::~CSonadexDoc() {
   try {
     // Kept: the last document closed decides what the file holds, and a failed write is not
     // reported.
-    WriteConfiguration(ConfigPath(host_.programDirectory), {host_.application, settings});
+    WriteConfiguration(ConfigPath(host_.programDirectory),
+                       {host_.application, localSettings.ForFile(settings)});
   } catch (const std::bad_alloc&) {
     // Without memory for the record the file stays as it is, and the program goes on.
   }

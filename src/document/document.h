@@ -18,6 +18,7 @@
 namespace cantorix {
 
 struct DocumentSettings;
+class LocalSettings;
 
 inline constexpr int kChannelSlots = 20;
 
@@ -86,6 +87,7 @@ class CSonadexDoc {
 
  private:
   std::unique_ptr<DocumentSettings> ownSettings_;
+  std::unique_ptr<LocalSettings> ownLocal_;
 
  public:
   std::array<CChannel, kChannelSlots> channels;
@@ -108,6 +110,8 @@ class CSonadexDoc {
   GenericParameters genericRead;  // preset before each generic read
   // Behind a reference, as most of the program does not depend on every setting.
   DocumentSettings& settings;
+  LocalSettings& localSettings;     // which of them stay out of the configuration file
+  bool rateHintsClosed = false;     // the user wants none beside this recording
   LabelImportOptions labelImport;   // the next import begins with them
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open
 

@@ -2,6 +2,7 @@
 #include "mainview/option_commands.h"
 
 #include "settings/config_file.h"
+#include "settings/local_settings.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -10,6 +11,7 @@ void SetFftLpcOptions(CSonadexView& view) {
   FftLpcSettings& settings = view.document().settings.fftLpc;
   const auto entered = view.services().dialogs.AskFftLpc(settings, view.channel().sampleRateHz);
   if (!entered) return;
+  view.document().localSettings.Confirm(settings, *entered);
   settings = *entered;
   KeepOptions(view, SettingsDialog::kFftLpc);
 }
@@ -21,13 +23,14 @@ void SetSpectrogramOptions(CSonadexView& view) {
       settings, DefaultDocumentSettings(document.referenceRateHz).spectrogram,
       view.channel().sampleRateHz);
   if (!entered) return;
+  view.document().localSettings.Confirm(settings, *entered);
   settings = *entered;
   KeepOptions(view, SettingsDialog::kSpectrogram);
 }
 
 void SetPitchOptions(CSonadexView& view) {
   PitchSettings& settings = view.document().settings.pitch;
-  const auto entered = view.services().dialogs.AskPitch(settings);
+  const auto entered = view.services().dialogs.AskPitch(settings, view.channel().sampleRateHz);
   if (!entered) return;
   settings = *entered;
   KeepOptions(view, SettingsDialog::kPitch);
@@ -54,7 +57,21 @@ void KeepOptions(CSonadexView& view, SettingsDialog dialog) {
   const DocumentHost& host = document.host();
   // Kept: without a valid configuration file nothing is written; the document has the values.
   PatchConfiguration(ConfigPath(host.programDirectory), dialog,
-                     {host.application, document.settings});
+                     {host.application, document.localSettings.ForFile(document.settings)});
+  view.Changed(DocumentChange::kSettings);
+}
+
+void UseInDocument(CSonadexView& view, const SpectrogramSettings& used) {
+  SpectrogramSettings& settings = view.document().settings.spectrogram;
+  view.document().localSettings.Begin(settings);
+  settings = used;
+  view.Changed(DocumentChange::kSettings);
+}
+
+void UseInDocument(CSonadexView& view, const FftLpcSettings& used) {
+  FftLpcSettings& settings = view.document().settings.fftLpc;
+  view.document().localSettings.Begin(settings);
+  settings = used;
   view.Changed(DocumentChange::kSettings);
 }
 

@@ -8,6 +8,9 @@
 
 namespace cantorix {
 
+struct FftLpcSettings;
+struct SpectrogramSettings;
+
 void SetFftLpcOptions(CSonadexView& view);
 void SetSpectrogramOptions(CSonadexView& view);
 void SetPitchOptions(CSonadexView& view);
@@ -16,5 +19,9 @@ void SetLogOptions(CSonadexView& view);
 
 // The settings of one dialog were changed: patches the configuration file and draws anew.
 void KeepOptions(CSonadexView& view, SettingsDialog dialog);
+
+// The same for this document alone: its points, LPC order and ranges do not go into the file.
+void UseInDocument(CSonadexView& view, const SpectrogramSettings& used);
+void UseInDocument(CSonadexView& view, const FftLpcSettings& used);
 
 }  // namespace cantorix

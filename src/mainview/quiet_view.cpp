@@ -27,7 +27,7 @@ std::optional<SpectrogramSettings> QuietDialogs::AskSpectrogram(const Spectrogra
   return {};
 }
 
-std::optional<PitchSettings> QuietDialogs::AskPitch(const PitchSettings&) { return {}; }
+std::optional<PitchSettings> QuietDialogs::AskPitch(const PitchSettings&, double) { return {}; }
 
 std::optional<IntensitySettings> QuietDialogs::AskIntensity(const IntensitySettings&) { return {}; }
 

@@ -18,7 +18,7 @@ class QuietDialogs : public ViewDialogs {
   std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override;
   std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings&,
                                                     const SpectrogramSettings&, double) override;
-  std::optional<PitchSettings> AskPitch(const PitchSettings&) override;
+  std::optional<PitchSettings> AskPitch(const PitchSettings&, double) override;
   std::optional<IntensitySettings> AskIntensity(const IntensitySettings&) override;
   std::optional<std::int32_t> AskLogStep(std::int32_t) override;
 };

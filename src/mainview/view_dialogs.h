@@ -46,7 +46,7 @@ class ViewDialogs {
   virtual std::optional<SpectrogramSettings> AskSpectrogram(const SpectrogramSettings& preset,
                                                             const SpectrogramSettings& defaults,
                                                             double rateHz) = 0;
-  virtual std::optional<PitchSettings> AskPitch(const PitchSettings& preset) = 0;
+  virtual std::optional<PitchSettings> AskPitch(const PitchSettings& preset, double rateHz) = 0;
   virtual std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) = 0;
   // "Log Option": step of the entire-frame entry in Hz.
   virtual std::optional<std::int32_t> AskLogStep(std::int32_t presetHz) = 0;

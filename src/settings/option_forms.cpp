@@ -7,6 +7,7 @@
 #include <cstddef>
 
 #include "platform/numbers.h"
+#include "settings/suggested_settings.h"
 
 namespace cantorix {
 namespace {
@@ -26,6 +27,7 @@ constexpr std::array<const char*, kSpectrogramSizes> kSizeTexts{
     " (1024 pts)", " (2048 pts)", " (4096 pts)", " (8192 pts)"};
 constexpr std::int32_t kFewestPoints = 32;
 
+constexpr double kCorrelationStep = 100.0;  // samples
 constexpr double kLowestPitchHz = 50.0;
 constexpr double kNarrowestPitchHz = 200.0;
 constexpr std::int32_t kLowestRangeHz = 500;
@@ -183,9 +185,23 @@ constexpr OptionNeed<P> kOnlyCorrelation{&P::method, kAutoCorrelation};
 
 constexpr OptionRow<P> kPitchMethod[] = {
     {.text = "Cepstral", .second = "AutoCorrolation", .on = &P::method},
-    {.text = "Window length (ms)  = ", .number = &P::windowMs, .limits = kMilliseconds},
-    {.text = "Step size (ms)           = ", .number = &P::stepMs, .limits = kMilliseconds},
+    {.text = "Window length (ms)  = ",
+     .number = &P::windowMs,
+     .limits = kMilliseconds,
+     .needs = kOnlyCepstral},
+    {.text = "Step size (ms)           = ",
+     .number = &P::stepMs,
+     .limits = kMilliseconds,
+     .needs = kOnlyCepstral},
 };
+
+// Why the two numbers above are out of use.
+std::string StepRemark(const P& entered, double rateHz) {
+  if (entered.method != kAutoCorrelation || !(rateHz > 0.0)) return {};
+  return "Step is 100 samples = " + FormatOneDecimal(kCorrelationStep / rateHz * 1000.0) +
+         " ms with AutoCorrolation";
+}
+
 constexpr OptionRow<P> kPitchCepstral[] = {
     {.text = "Frequency deviation (Hz) = ",
      .number = &P::deviationHz,
@@ -194,6 +210,7 @@ constexpr OptionRow<P> kPitchCepstral[] = {
     {.text = "Tracking threshold (%)     = ",
      .number = &P::thresholdPercent,
      .limits = kNotNegative,
+     .fraction = true,
      .needs = kOnlyCepstral},
 };
 constexpr OptionRow<P> kPitchCorrelation[] = {
@@ -243,7 +260,7 @@ constexpr OptionRow<P> kPitchWindow[] = {
 };
 constexpr OptionRow<P> kPitchPrint[] = {kPrintWidth<P>, kPrintHeight<P>};
 constexpr OptionGroup<P> kPitchGroups[] = {
-    {.title = "Method", .rows = kPitchMethod},
+    {.title = "Method", .rows = kPitchMethod, .remark = StepRemark},
     {.title = "Cepstral method", .rows = kPitchCepstral},
     {.title = "AutoCorrolation method", .rows = kPitchCorrelation},
     {.title = "Ranges", .rows = kPitchRanges, .newColumn = true},
@@ -302,17 +319,20 @@ std::string ShortText(double value) {
 }  // namespace
 
 const OptionForm<F>& FftLpcForm() {
-  static constexpr OptionForm<F> form{"FFT/LPC Option", kFftLpcGroups, "Default size", true};
+  static constexpr OptionForm<F> form{"FFT/LPC Option", kFftLpcGroups, "Default size", true,
+                                      Suggested};
   return form;
 }
 
 const OptionForm<X>& SpectrogramForm() {
-  static constexpr OptionForm<X> form{"Spectrogram Option", kSpectrogramGroups, "Defaults"};
+  static constexpr OptionForm<X> form{"Spectrogram Option", kSpectrogramGroups, "Defaults", false,
+                                      Suggested};
   return form;
 }
 
 const OptionForm<P>& PitchForm() {
-  static constexpr OptionForm<P> form{"Pitch option", kPitchGroups, "Defaults "};
+  static constexpr OptionForm<P> form{"Pitch option", kPitchGroups, "Defaults ", false,
+                                      [](P entered, double) { return Suggested(entered); }};
   return form;
 }
 

@@ -64,6 +64,8 @@ struct OptionGroup {
   std::span<const OptionRow<S>> rows{};
   const char* note = nullptr;
   bool newColumn = false;
+  // A line below the rows that goes by what they hold; empty while there is nothing to say.
+  std::string (*remark)(const S& entered, double rateHz) = nullptr;
 };
 
 template <typename S>
@@ -72,6 +74,8 @@ struct OptionForm {
   std::span<const OptionGroup<S>> groups{};
   const char* restore = nullptr;  // text of the button that restores defaults
   bool restoresSizeOnly = false;
+  // What was entered with the values suggested for a recording's rate; null suggests nothing.
+  S (*suggested)(S entered, double rateHz) = nullptr;
 };
 
 // "Enter an integer between 1 and 100." and the like.

@@ -35,8 +35,8 @@ std::string LowOrderText(std::int32_t order, double rateHz);
 
 // What a window says of its settings at a rate, and what its button sets.
 struct RateHint {
-  std::string text;           // one line; empty: nothing to say
-  std::string button;         // "Use 46", "Use both"
+  std::string text{};         // one line; empty: nothing to say
+  std::string button{};       // "Use 46", "Use both"
   std::int32_t lpcOrder = 0;  // 0: stays
   std::int32_t points = 0;    // 0: stays
 };

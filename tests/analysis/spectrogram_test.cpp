@@ -146,6 +146,14 @@ TEST(Spectrogram, HasTheDigitsOfThePlainStepsFromMemoryAndFromAStore) {
       EXPECT_EQ(memory.levels != nullptr, keepLevels);
       if (!keepLevels) continue;
       EXPECT_EQ(AllLevels(memory), plain.levels) << row.name;
+      SpectrogramRequest kept = row.request;
+      kept.keepSource = true;
+      SpectrogramSettings wider = row.settings;
+      wider.dynamicRangeDb += 25;
+      auto changed = Compute(SpanSource(row.samples), kept, wider);
+      ApplyDynamicRange(changed, row.settings.dynamicRangeDb);
+      EXPECT_EQ(AllLevels(changed), plain.levels) << row.name << ", from another range";
+      EXPECT_EQ(changed.formants, plain.formants) << row.name << ", from another range";
       EXPECT_EQ(AllLevels(store), plain.levels) << row.name;
     }
   }

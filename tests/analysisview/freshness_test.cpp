@@ -131,6 +131,25 @@ TEST_F(Windows, SettingsOfTheAnalysisAloneCallForANewOne) {
   ExpectText("analysisview/expected/SettingsThatCount.txt", text);
 }
 
+TEST_F(Windows, AnotherDynamicRangeNeedsNoTransform) {
+  const std::int64_t transforms = spectrogram.computation();
+  const std::int64_t made = spectrogram.levelsNumber();
+  document.settings.spectrogram.dynamicRangeDb = 90;
+  document.Notify(DocumentChange::kSettings);
+  CSpectrogramView anew(document, Services());
+  anew.WantSize({100, 50});
+  EXPECT_TRUE(anew.Show({6000.0, 10000.0}));
+  const auto levels = [](const CSpectrogramView& window) {
+    return std::vector(window.spectrogram().levels.get(),
+                       window.spectrogram().levels.get() + 100 * 50);
+  };
+  EXPECT_EQ(levels(spectrogram), levels(anew));
+  EXPECT_EQ(spectrogram.spectrogram().formants, anew.spectrogram().formants);
+  EXPECT_EQ(Joined(spectrogram.computation() - transforms, spectrogram.levelsNumber() - made,
+                   spectrogram.dynamicRangeDb()),
+            "0 1 90");
+}
+
 TEST_F(Windows, ANewSizeIsComputedAtTheNextRestAndOnlyOnce) {
   const auto dueAndColumns = [this] {
     return Joined(spectrogram.UpdateDue(), spectrogram.spectrogram().columns);

@@ -65,6 +65,8 @@ struct TwoColumns {
 // None is not silent: "-" is not 0.
 TEST(SpectrogramLog, RowsAreInTheTimeBase) {
   TwoColumns two;
+  EXPECT_EQ(ShownFormantText(6120, 5000.0), "\u2191 6120.0") << "in readouts alone";
+  EXPECT_EQ(ShownFormantText(5000, 5000.0) + ShownFormantText(65535, 5000.0), "5000.0-");
   std::string text;
   for (const double factor : {1.0, 0.001}) {
     two.context.timeFactor = factor;

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QSpinBox>
 #include <QTimer>
+#include <QToolButton>
 #include <cmath>
 
 #include "analysisview/fft_lpc_view.h"
@@ -12,9 +13,12 @@
 #include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialog_sheet.h"
+#include "desktop/windows/fft_lpc_frame.h"
 #include "desktop/windows/spectrogram_frame.h"
 #include "document/wav_fixture.h"
+#include "settings/local_settings.h"
 #include "support/expected_text.h"
+#include "support/joined.h"
 
 namespace cantorix {
 namespace {
@@ -32,6 +36,27 @@ class AnalysisWindowsTest : public AnalysisDesktopTest {
     }
     WriteBytes(folder / "tones.wav", fixture::Wav({.rateHz = 10000}, data.bytes));
     return Open(folder / "tones.wav");
+  }
+  // A third of a second.
+  CSonadexView& OpenNoise(int rateHz) {
+    ByteBuilder data;
+    unsigned seed = 1;
+    for (int i = 0; i < rateHz / 3; ++i) {
+      seed = seed * 1103515245U + 12345U;
+      data.I16({static_cast<long>(seed >> 20U) - 2048});
+    }
+    WriteBytes(folder / "noise.wav", fixture::Wav({.rateHz = rateHz}, data.bytes));
+    return Open(folder / "noise.wav");
+  }
+  std::string HintIn(const AnalysisFrame& window) {
+    const auto* const line = window.findChild<QWidget*>("hint");
+    return line->isVisible() ? Typed(line->findChild<QLabel*>()->toolTip()) : "";
+  }
+  void PressButton(const AnalysisFrame& window, const char* text) {
+    for (QToolButton* const button : window.findChildren<QToolButton*>()) {
+      if (button->isVisible() && button->text() == QString::fromUtf8(text)) return button->click();
+    }
+    ADD_FAILURE() << text;
   }
   CSpectrogramView& SpectrogramOf(CSonadexView& view) {
     return dynamic_cast<CSpectrogramView&>(Find(view, WindowKind::kSpectrogram).model());
@@ -198,7 +223,7 @@ TEST_F(AnalysisWindowsTest, ANewSizeAndRangeAreComputedAtARest) {
   auto& window = dynamic_cast<CSpectrogramFrame&>(Find(view, WindowKind::kSpectrogram));
   const std::int64_t columns = SpectrogramOf(view).spectrogram().columns;
   const QImage grey = window.canvas().grab().toImage();
-  window.findChild<QComboBox*>()->setCurrentIndex(2);
+  window.colors().setCurrentIndex(2);
   EXPECT_NE(window.canvas().grab().toImage(), grey) << "Ember";
   window.resize(window.width() - 60, window.height());
   window.dynamicRange().setValue(50);
@@ -207,6 +232,57 @@ TEST_F(AnalysisWindowsTest, ANewSizeAndRangeAreComputedAtARest) {
   EXPECT_EQ(SpectrogramOf(view).spectrogram().columns, columns - 60);
   EXPECT_EQ(SpectrogramOf(view).dynamicRangeDb(), 50.0);
   EXPECT_EQ(app.host.application.spectrogram.width, window.width()) << "the place is remembered";
+}
+
+// What fits this recording would mislead in the next one, so the file keeps what it has.
+TEST_F(AnalysisWindowsTest, SayWhatIsLowForTheRateUntilItIsUsedOrClosed) {
+  CSonadexView& view = OpenNoise(44100);
+  const DocumentSettings& settings = view.document().settings;
+  Perform(Command::kSpectrogramAll);
+  AnalysisFrame& spectrogram = Find(view, WindowKind::kSpectrogram);
+  AnalysisFrame& spectrum = OpenSpectrum(view, 100.0);
+  EXPECT_EQ(HintIn(spectrogram),
+            "LPC order 14 is low for 44100 Hz (usual: 46). Bandwidth 689 Hz (64 points) hides "
+            "formants (usual: 172 Hz, 256 points).");
+  EXPECT_EQ(HintIn(spectrum), "LPC order 14 is low for 44100 Hz (usual: 46).");
+  PressButton(spectrogram, "Use both");
+  EXPECT_EQ(HintIn(spectrogram), "");
+  Rest();
+  EXPECT_EQ(Joined(settings.spectrogram.lpcOrder, settings.spectrogram.points,
+                   settings.spectrogram.sizeIndex, spectrogram.model().UpdateDue()),
+            "46 256 4 0");
+  PressButton(spectrum, "Use 46");
+  EXPECT_EQ(settings.fftLpc.lpcOrder, 46);
+  const DocumentSettings kept = view.document().localSettings.ForFile(settings);
+  EXPECT_EQ(Joined(kept.spectrogram.lpcOrder, kept.spectrogram.points, kept.fftLpc.lpcOrder),
+            "14 64 14");
+
+  dynamic_cast<CSpectrogramFrame&>(spectrogram).lpcOrder().setValue(20);
+  EXPECT_EQ(HintIn(spectrogram), "LPC order 20 is low for 44100 Hz (usual: 46).");
+  PressButton(spectrogram, "\u00d7");
+  EXPECT_EQ(HintIn(spectrogram), "");
+  dynamic_cast<CFFTLPCFrame&>(spectrum).lpcOrder().setValue(20);
+  EXPECT_EQ(HintIn(spectrum), "") << "closed for the recording";
+}
+
+TEST_F(AnalysisWindowsTest, TakeFromTheirStripsWhatIsTypedAfterARest) {
+  CSonadexView& view = OpenNoise(44100);
+  Perform(Command::kSpectrogramAll);
+  auto& window = dynamic_cast<CSpectrogramFrame&>(Find(view, WindowKind::kSpectrogram));
+  const auto shown = [&] {
+    const SpectrogramSettings& now = view.document().settings.spectrogram;
+    return Joined(now.points, now.lpcOrder, now.rangeHz, now.dynamicRangeDb);
+  };
+  window.sizes().setCurrentIndex(4);
+  window.frequencyRange().setValue(8000);
+  window.dynamicRange().setValue(60);
+  QSpinBox& order = window.lpcOrder();
+  order.selectAll();
+  QTest::keyClicks(order.findChild<QLineEdit*>(), "140");
+  EXPECT_EQ(shown(), "512 14 8000 60") << "140 is being typed";
+  EXPECT_EQ(HintIn(window), "") << "never while a field is edited";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == "512 140 8000 60"; })) << shown();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !window.model().UpdateDue(); }));
 }
 
 TEST_F(AnalysisWindowsTest, CommandsInFrontOfAWindowAreThoseOfItsRecording) {

@@ -200,7 +200,7 @@ TEST_F(Dialogs, GiveWhatOkTookAndNothingOnCancel) {
     EXPECT_EQ(dialogs.AskZoomRange(1234).value_or(0), ok ? 1234 : 0);
     EXPECT_EQ(dialogs.AskFftLpc({}, 8000.0).has_value(), ok);
     EXPECT_EQ(dialogs.AskSpectrogram({}, {}, 8000.0).has_value(), ok);
-    EXPECT_EQ(dialogs.AskPitch({}).has_value(), ok);
+    EXPECT_EQ(dialogs.AskPitch({}, 8000.0).has_value(), ok);
     EXPECT_EQ(dialogs.AskIntensity({}).has_value(), ok);
     EXPECT_EQ(dialogs.AskLogStep(77).value_or(0), ok ? 77 : 0);
   }

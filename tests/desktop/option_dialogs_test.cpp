@@ -135,6 +135,28 @@ TEST_F(OptionDialogs, JudgeOnlyWhatIsInUse) {
   EXPECT_EQ(Ok(fft), "Enter an integer between 1 and 1000.");
 }
 
+TEST_F(OptionDialogs, FillWhatIsSuggestedAndLeaveTheRest) {
+  const auto press = [](QDialog& dialog) {
+    for (QPushButton* const button : dialog.findChildren<QPushButton*>()) {
+      if (button->text().remove('&') == "Suggested") button->click();
+    }
+  };
+  OptionDialog<SpectrogramSettings> spectrogram(prompts, SpectrogramForm(), {{}, {}, 44100.0},
+                                                nullptr);
+  Type(spectrogram, "Pre-Emphasis (0-1)(0 adds nothing)", "0.5");
+  Type(spectrogram, "Dynamic range (dB)", "much");
+  press(spectrogram);
+  EXPECT_EQ(Typed(ChangesBetween(SpectrogramSettings(), spectrogram.Entered())),
+            " -> spectrogram.dynamicRangeDb=60 spectrogram.lpcOrder=46 spectrogram.points=256 "
+            "spectrogram.preEmphasis=0.5 spectrogram.sizeIndex=4");
+  OptionDialog<PitchSettings> pitch(prompts, PitchForm(), {}, nullptr);
+  press(pitch);
+  EXPECT_EQ(Ok(pitch), "");
+  EXPECT_EQ(Typed(ChangesBetween(PitchSettings(), pitch.Entered())),
+            " -> pitch.deviationHz=20 pitch.lowHz=75 pitch.thresholdPercent=0.1 "
+            "pitch.tolerancePercent=20 pitch.voicingLevel=10 pitch.windowMs=50");
+}
+
 // On 8 kHz the stored range does not fit; on 1 kHz none does.
 TEST_F(OptionDialogs, AreAcceptedUntouched) {
   for (const auto& [rateHz, shown] :

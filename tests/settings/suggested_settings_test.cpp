@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "settings/local_settings.h"
+
 namespace cantorix {
 namespace {
 
@@ -68,6 +70,27 @@ TEST(SuggestedSettings, AreNamedOnlyWhereTheSettingsDoNotFit) {
   EXPECT_EQ(HintFor(spectrum, 44100.0).text, kLow);
   spectrum.points = 128;
   EXPECT_EQ(HintFor(spectrum, 44100.0).points, 1024);
+}
+
+// A strip takes 46 and 60 for the recording; then a dialog is confirmed with other points.
+TEST(LocalSettings, StayOutOfTheFileButForWhatADialogChanged) {
+  DocumentSettings settings;
+  LocalSettings local;
+  local.Begin(settings.spectrogram);
+  settings.spectrogram = Suggested(settings.spectrogram, 44100.0);
+  local.Begin(settings.spectrogram);
+  settings.spectrogram.drawAudio = 1;
+  SpectrogramSettings dialog = settings.spectrogram;
+  dialog.points = 512;
+  dialog.sizeIndex = 5;
+  local.Confirm(settings.spectrogram, dialog);
+  settings.spectrogram = dialog;
+  const SpectrogramSettings file = local.ForFile(settings).spectrogram;
+  EXPECT_EQ(file.lpcOrder, 14);
+  EXPECT_EQ(file.dynamicRangeDb, 35);
+  EXPECT_EQ(file.points, 512);
+  EXPECT_EQ(file.sizeIndex, 5);
+  EXPECT_EQ(file.drawAudio, 1) << "no matter of the rate";
 }
 
 }  // namespace

@@ -130,7 +130,7 @@ class ScriptedDialogs : public ViewDialogs {
     spectrogramDefaults = defaults;
     return spectrogram.Show(preset);
   }
-  std::optional<PitchSettings> AskPitch(const PitchSettings& preset) override {
+  std::optional<PitchSettings> AskPitch(const PitchSettings& preset, double) override {
     return pitch.Show(preset);
   }
   std::optional<IntensitySettings> AskIntensity(const IntensitySettings& preset) override {

@@ -97,18 +97,19 @@ void FormDialog::AddNote(QFormLayout* form, const QString& text) {
   form->addRow(note);
 }
 
-void FormDialog::AddButtons(const QString& extra, std::function<void()> onExtra) {
+void FormDialog::AddButtons(const std::vector<FormButton>& further, const QString& text) {
   column_->addStretch();
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  if (!extra.isEmpty()) {
+  for (const FormButton& added : further) {
     QPushButton* const button =
-        buttons->addButton(WithMnemonic(extra), QDialogButtonBox::ResetRole);
+        buttons->addButton(WithMnemonic(added.text), QDialogButtonBox::ResetRole);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, std::move(onExtra));
+    connect(button, &QPushButton::clicked, this, added.act);
   }
   outer_->addWidget(buttons);
+  if (!text.isEmpty()) outer_->addWidget(new QLabel(text, this));
 }
 
 QString FormDialog::SpokenName(QString label) {

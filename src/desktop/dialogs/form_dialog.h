@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QButtonGroup;
 class QCheckBox;
@@ -24,6 +25,12 @@ class Prompts;
 struct FormAnswer {
   std::string message;
   QLineEdit* field = nullptr;
+};
+
+// A button beside OK and Cancel.
+struct FormButton {
+  QString text;
+  std::function<void()> act;
 };
 
 class FormDialog : public QDialog {
@@ -47,8 +54,8 @@ class FormDialog : public QDialog {
   QButtonGroup* AddChoice(QFormLayout* form, const QString& label, const QStringList& texts);
   void AddNote(QFormLayout* form, const QString& text);
 
-  // OK and Cancel, always last; `extra` texts a further button with what it does.
-  void AddButtons(const QString& extra = {}, std::function<void()> onExtra = {});
+  // OK and Cancel with further ones, and a line of text below, always last.
+  void AddButtons(const std::vector<FormButton>& further = {}, const QString& text = {});
 
   // `text` with an ampersand before a letter that no other row of the dialog uses.
   QString WithMnemonic(const QString& text);

@@ -40,10 +40,10 @@ LabelDialog::LabelDialog(Prompts& prompts, const Label& preset, bool exists, QWi
   AddText();
   AddLooks();
   if (exists) {
-    AddButtons(QStringLiteral("Delete"), [this] {
-      removed_ = true;
-      done(QDialog::Accepted);  // whatever the fields hold
-    });
+    AddButtons({{QStringLiteral("Delete"), [this] {
+                   removed_ = true;
+                   done(QDialog::Accepted);  // whatever the fields hold
+                 }}});
   } else {
     AddButtons();
   }

@@ -17,6 +17,8 @@ namespace cantorix {
 namespace {
 
 constexpr std::int32_t kFewestPoints = 32;
+constexpr const char* kSuggestedText = "Suggested: for speech of this recording's rate.";
+constexpr const char* kDefaultsText = "Defaults: as the program was always delivered.";
 
 QString Text(const char* text) { return QString::fromUtf8(text); }
 
@@ -40,18 +42,53 @@ OptionDialog<S>::OptionDialog(Prompts& prompts, const OptionForm<S>& form, Optio
     QFormLayout* const box = AddGroup(Text(group.title));
     AddLines(box, group.rows);
     if (group.note != nullptr) AddNote(box, Text(group.note));
+    if (group.remark != nullptr) {
+      remarks_.push_back({group.remark, new QLabel(this)});
+      box->addRow(remarks_.back().label);
+    }
   }
-  if (form.restore == nullptr) {
-    AddButtons();
-  } else {
-    AddButtons(Text(form.restore), [this, sizeOnly = form.restoresSizeOnly] {
-      for (Line& line : lines_) {
-        if (!sizeOnly || line.row->printSize) Fill(line, values_.defaults);
-      }
-      ShowUse();
-    });
-  }
+  AddRestoring(form);
   for (Line& line : lines_) Fill(line, values_.preset);
+  ShowUse();
+}
+
+template <typename S>
+void OptionDialog<S>::AddRestoring(const OptionForm<S>& form) {
+  std::vector<FormButton> buttons;
+  QString text;
+  if (form.restore != nullptr) {
+    buttons.push_back(
+        {Text(form.restore), [this, sizeOnly = form.restoresSizeOnly] { Restore(sizeOnly); }});
+  }
+  if (form.suggested != nullptr) {
+    buttons.push_back(
+        {Text("Suggested"), [this, suggested = form.suggested] { Suggest(suggested); }});
+    text = Text(kSuggestedText);
+    if (!form.restoresSizeOnly) text += ' ' + Text(kDefaultsText);
+  }
+  AddButtons(buttons, text);
+}
+
+template <typename S>
+void OptionDialog<S>::Restore(bool sizeOnly) {
+  for (Line& line : lines_) {
+    if (!sizeOnly || line.row->printSize) Fill(line, values_.defaults);
+  }
+  ShowUse();
+}
+
+template <typename S>
+void OptionDialog<S>::Suggest(S (*suggested)(S entered, double rateHz)) {
+  const S entered = Entered();
+  const S better = suggested(entered, values_.rateHz);
+  for (Line& line : lines_) {
+    const OptionSizes<S>& sizes = line.row->sizes;
+    const bool sized = line.sizes != nullptr && better.*sizes.points != entered.*sizes.points;
+    const bool unread = line.number != nullptr && !line.number->Value();
+    if (sized || unread || NumberOf(*line.row, better) != NumberOf(*line.row, entered)) {
+      Fill(line, better);
+    }
+  }
   ShowUse();
 }
 
@@ -202,6 +239,9 @@ void OptionDialog<S>::ShowUse() {
   for (const Line& line : lines_) {
     if (line.number == nullptr) continue;
     line.number->setEnabled(NumberCounts(*line.row, entered, values_.rateHz));
+  }
+  for (const Remark& remark : remarks_) {
+    remark.label->setText(Shown(remark.text(entered, values_.rateHz)));
   }
 }
 

@@ -10,6 +10,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QLabel;
 
 namespace cantorix {
 
@@ -41,6 +42,10 @@ class OptionDialog : public FormDialog {
     QComboBox* sizes = nullptr;
     double filledFrom = 0.0;  // the setting that the number shows
   };
+  struct Remark {
+    std::string (*text)(const S& entered, double rateHz);
+    QLabel* label;
+  };
   std::optional<FormAnswer> Refusal() const override;
   void AddLines(QFormLayout* form, std::span<const OptionRow<S>> rows);
   void AddLine(QFormLayout* form, Line& line);
@@ -53,9 +58,14 @@ class OptionDialog : public FormDialog {
   // False where a number in use cannot be taken.
   bool Read(const Line& line, S& entered) const;
   void ShowUse();
+  void AddRestoring(const OptionForm<S>& form);
+  void Restore(bool sizeOnly);
+  // Fills what is suggested for the recording; what was typed elsewhere stays.
+  void Suggest(S (*suggested)(S entered, double rateHz));
 
   OptionValues<S> values_;
   std::vector<Line> lines_;
+  std::vector<Remark> remarks_;
 };
 
 }  // namespace cantorix

@@ -1,6 +1,7 @@
 // spectrogram_painter.cpp - the image stretched over the plot, dots of formants, then the cursor.
 #include "desktop/paint/spectrogram_painter.h"
 
+#include <QPolygonF>
 #include <algorithm>
 #include <cmath>
 
@@ -12,6 +13,7 @@
 namespace cantorix {
 namespace {
 
+constexpr double kAbovePixels = 5.0;  // height of the mark of a formant above the picture
 constexpr double kLeastDotGap = 3.0;  // pixels between the columns whose formants are drawn
 
 const Spectrogram& LevelsOf(const SpectrogramPicture& picture) {
@@ -39,6 +41,14 @@ void DrawGrids(QPainter& painter, const QRectF& pane, const AxisScale& time, con
   }
 }
 
+// Points up from below the upper edge, where a formant lies above what is shown.
+void DrawFormantAbove(QPainter& painter, const QRectF& pane, double x) {
+  const double half = kAbovePixels * 0.5;
+  const double top = pane.top() + 1.0;
+  painter.drawPolygon(
+      QPolygonF({{x, top}, {x + half, top + kAbovePixels}, {x - half, top + kAbovePixels}}));
+}
+
 // The formants of every column, or of every so many when columns are closer than a dot.
 void DrawFormantDots(QPainter& painter, const QRectF& pane, const AxisScale& time,
                      const AxisSpan& hertz, const SpectrogramPicture& picture,
@@ -56,8 +66,12 @@ void DrawFormantDots(QPainter& painter, const QRectF& pane, const AxisScale& tim
     const double x = time.X(spectrogram.StartOf(static_cast<std::int64_t>(c)) * msPerSample);
     for (std::size_t i = 0; i < kFormants; ++i) {
       const std::uint16_t hz = spectrogram.formants[c][i];
-      if (hz == kNoFormantHz || hz == kSilentHz || hz > hertz.high) continue;
+      if (hz == kNoFormantHz || hz == kSilentHz) continue;
       painter.setBrush(style.formants[i]);
+      if (hz > hertz.high) {
+        DrawFormantAbove(painter, pane, x);
+        continue;
+      }
       painter.drawEllipse(QPointF(x, YOf(pane, hertz, hz)), style.dotRadius, style.dotRadius);
     }
   }
@@ -83,7 +97,7 @@ QString CursorLine(const SpectrogramPicture& picture) {
   for (std::size_t i = 0; i < kFormants; ++i) {
     line += QStringLiteral("    F%1 %2")
                 .arg(i + 1)
-                .arg(QString::fromStdString(FormantText(formants[i])));
+                .arg(QString::fromStdString(ShownFormantText(formants[i], spectrogram.maxHz)));
   }
   return line;
 }

@@ -73,13 +73,16 @@ void DrawFormants(QPainter& painter, const QRectF& pane, const AxisScale& axis,
   }
 }
 
-QString FormantsLine(const FormantValues& formants) {
+// A formant above the picture has an arrow.
+QString FormantsLine(const FormantValues& formants, double maxHz) {
   QStringList parts;
   for (std::size_t i = 0; i < kFormants; ++i) {
     if (!(formants.frequencyHz[i] > 0.0)) continue;
-    parts << QStringLiteral("F%1 %2 Hz (%3)")
+    const char* const place = formants.frequencyHz[i] > maxHz ? "\u2191 " : "";
+    parts << QStringLiteral("F%1 %2%3 Hz (%4)")
                  .arg(i + 1)
-                 .arg(OneDecimal(formants.frequencyHz[i]), OneDecimal(formants.bandwidthHz[i]));
+                 .arg(QString::fromUtf8(place), OneDecimal(formants.frequencyHz[i]),
+                      OneDecimal(formants.bandwidthHz[i]));
   }
   if (parts.isEmpty()) return QStringLiteral("No formants");
   return parts.join(QStringLiteral("    "));
@@ -179,7 +182,8 @@ void PaintSpectrumOverlay(QPainter& painter, const SpectrumPicture& picture,
   }
   if (!picture.view.computed()) return DrawReadoutLines(painter, layout, {}, style);
   DrawReadoutLines(painter, layout,
-                   {CursorLine(picture), FormantsLine(picture.view.spectrum().formants),
+                   {CursorLine(picture),
+                    FormantsLine(picture.view.spectrum().formants, picture.view.spectrum().maxHz),
                     SettingsLine(picture.view.texts())},
                    style);
 }

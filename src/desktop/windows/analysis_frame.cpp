@@ -14,6 +14,7 @@ namespace cantorix {
 namespace {
 
 constexpr int kRestMs = 250;
+constexpr int kHintBeside = 500;  // pixels that it needs beside the strip
 
 }  // namespace
 
@@ -35,7 +36,12 @@ void AnalysisFrame::Build() {
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(strip_);
+  hint_ = new HintLine({[this] { UseHint(Hint()); }, [this] { CloseHints(); }}, content);
+  head_ = new QBoxLayout(QBoxLayout::TopToBottom);
+  head_->setSpacing(0);
+  head_->addWidget(strip_);
+  head_->addWidget(hint_, 1);
+  column->addLayout(head_);
   column->addWidget(canvas_, 1);
   setWidget(content);
   canvas_->setAccessibleName(KindName());
@@ -63,6 +69,7 @@ void AnalysisFrame::KeepFree(int pixels) {
 }
 
 void AnalysisFrame::Settle() {
+  ShowHint();
   widget()->layout()->activate();
   canvas_->LayOut();
 }
@@ -90,6 +97,7 @@ void AnalysisFrame::CopyReadouts() {
 
 void AnalysisFrame::Refresh() {
   if (!actions_) return;
+  ShowHint();
   // A switch may have added or removed a strip.
   canvas_->LayOut();
   canvas_->Refresh(Note());
@@ -97,6 +105,21 @@ void AnalysisFrame::Refresh() {
   RefreshStrip();
   setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().shownName()));
   if (model().UpdateDue()) rest_.start();
+}
+
+void AnalysisFrame::ShowHint() {
+  const bool open = !view_.document().rateHintsClosed && !edited();
+  const RateHint hint = open ? Hint() : RateHint();
+  const bool beside = width() - strip_->sizeHint().width() >= kHintBeside;
+  head_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+  hint_->Say(Shown(hint.text), Shown(hint.button));
+}
+
+// For all windows of the recording.
+void AnalysisFrame::CloseHints() {
+  view_.document().rateHintsClosed = true;
+  view_.Changed(DocumentChange::kSettings);
+  Refresh();
 }
 
 QString AnalysisFrame::Note() {
@@ -122,6 +145,11 @@ void AnalysisFrame::Rest() {
 void AnalysisFrame::closeEvent(QCloseEvent* event) {
   DeskWindow::closeEvent(event);
   isClosing_ = event->isAccepted();
+}
+
+void AnalysisFrame::resizeEvent(QResizeEvent* event) {
+  DeskWindow::resizeEvent(event);
+  if (actions_) ShowHint();
 }
 
 }  // namespace cantorix

@@ -8,9 +8,12 @@
 
 #include "desktop/desk_window.h"
 #include "desktop/windows/analysis_canvas.h"
+#include "desktop/windows/hint_line.h"
 #include "desktop/windows/window_actions.h"
 #include "mainview/commands.h"
+#include "settings/suggested_settings.h"
 
+class QBoxLayout;
 class QToolBar;
 
 namespace cantorix {
@@ -64,13 +67,20 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   // Widgets that a window adds to its strip.
   virtual void FillStrip(QToolBar&) {}
   virtual void RefreshStrip() {}
+  // What does not fit the recording, and what mends it.
+  virtual RateHint Hint() const { return {}; }
+  virtual void UseHint(const RateHint&) {}
+  // Whether a field of the strip is being typed into.
+  virtual bool edited() const { return false; }
   virtual QString KindName() const = 0;
   virtual QString IconName() const = 0;
   virtual Command OptionsCommand() const = 0;
   WindowServices Services();
   void Run(const std::function<void()>& action);
+  bool busy() const { return host_.busy(); }
 
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ShowOptions() override;
@@ -80,12 +90,16 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   void Print() override { host_.Output(*this, WindowCommand::kPrint); }
   void CloseWindow() override { close(); }
 
+  void ShowHint();
+  void CloseHints();
   QString Note();
   void Rest();
 
   CSonadexView& view_;
   AnalysisFrameHost& host_;
+  QBoxLayout* head_ = nullptr;  // the strip, and the hint beside or below it
   QToolBar* strip_ = nullptr;
+  HintLine* hint_ = nullptr;
   AnalysisCanvas* canvas_ = nullptr;
   std::unique_ptr<WindowActions> actions_;
   QTimer rest_;

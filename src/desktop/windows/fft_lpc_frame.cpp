@@ -1,11 +1,73 @@
-// fft_lpc_frame.cpp - model, picture and strip put together.
+// fft_lpc_frame.cpp - the fields beside the commands, and the settings that they turn.
 #include "desktop/windows/fft_lpc_frame.h"
 
+#include <algorithm>
+
+#include "analysis/spectrum_limits.h"
+#include "mainview/option_commands.h"
+#include "settings/option_forms.h"
+
 namespace cantorix {
+namespace {
+
+constexpr int kLeastOrder = 4;
+constexpr int kMostOrder = 100;
+constexpr int kRangeStepHz = 500;
+
+int MostOrder(double rateHz) {
+  return static_cast<int>(
+      std::clamp<std::int64_t>(MostLpcCoefficients(rateHz), kLeastOrder, kMostOrder));
+}
+
+}  // namespace
 
 CFFTLPCFrame::CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPlacement& placement)
     : AnalysisFrame(view, host, placement), model_(view.document(), Services()), picture_(model_) {
   Build();
+}
+
+void CFFTLPCFrame::FillStrip(QToolBar& strip) {
+  const double rateHz = view().channel().sampleRateHz;
+  strip.addSeparator();
+  fields_ = new StripFields(strip, {[this] { Refresh(); }, [this] { return busy(); }});
+  sizes_ = fields_->AddSizes(rateHz, kFftLpcSizes, [this](std::int32_t points) {
+    Set([points](auto& settings) { Use({.points = points}, settings); });
+  });
+  order_ = fields_->AddNumber(
+      {QStringLiteral("L&PC order"),
+       QStringLiteral("Coefficients of envelope and formants"),
+       {},
+       kLeastOrder,
+       MostOrder(rateHz)},
+      [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
+  rangeHz_ = fields_->AddNumber(
+      {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
+       QStringLiteral(" Hz"), 1, std::max(HighestRangeHz(rateHz), 1), kRangeStepHz},
+      [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
+}
+
+void CFFTLPCFrame::RefreshStrip() {
+  const FftLpcSettings& settings = view().document().settings.fftLpc;
+  StripFields::ShowPoints(*sizes_, settings.points);
+  fields_->Show(*order_, settings.lpcOrder);
+  fields_->Show(*rangeHz_, settings.rangeHz);
+}
+
+RateHint CFFTLPCFrame::Hint() const {
+  const CSonadexDoc& document = model_.document();
+  return HintFor(document.settings.fftLpc, document.channel().sampleRateHz);
+}
+
+void CFFTLPCFrame::UseHint(const RateHint& hint) {
+  Set([&hint](auto& settings) { Use(hint, settings); });
+}
+
+void CFFTLPCFrame::Set(const std::function<void(FftLpcSettings&)>& change) {
+  Run([&] {
+    FftLpcSettings settings = view().document().settings.fftLpc;
+    change(settings);
+    UseInDocument(view(), settings);
+  });
 }
 
 }  // namespace cantorix

@@ -1,17 +1,17 @@
-// spectrogram_frame.cpp - the fields for colours and dynamic range beside the commands.
+// spectrogram_frame.cpp - the fields beside the commands, and the settings that they turn.
 #include "desktop/windows/spectrogram_frame.h"
 
-#include <QComboBox>
-#include <QLabel>
-#include <QSignalBlocker>
-#include <QSpinBox>
-#include <QToolBar>
+#include <algorithm>
 
 #include "mainview/option_commands.h"
+#include "settings/option_forms.h"
 
 namespace cantorix {
 namespace {
 
+constexpr int kMostOrder = 400;
+constexpr int kLeastRangeHz = 500;
+constexpr int kRangeStepHz = 500;
 constexpr int kWidestRangeDb = 200;
 
 struct NamedMap {
@@ -22,6 +22,8 @@ constexpr NamedMap kMaps[] = {{ColorMap::kGrey, "Grey"},
                               {ColorMap::kInverseGrey, "Inverse grey"},
                               {ColorMap::kEmber, "Ember"},
                               {ColorMap::kTide, "Tide"}};
+
+int MostHz(double rateHz) { return std::max(SpectrogramRangeLimitHz(rateHz), kLeastRangeHz); }
 
 }  // namespace
 
@@ -34,40 +36,61 @@ CSpectrogramFrame::CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host
 }
 
 void CSpectrogramFrame::FillStrip(QToolBar& strip) {
-  strip.addSeparator();
-  auto* const colorsName = new QLabel(QStringLiteral(" Colo&urs "), &strip);
+  const double rateHz = view().channel().sampleRateHz;
   colors_ = new QComboBox(&strip);
   for (const NamedMap& map : kMaps) colors_->addItem(QLatin1String(map.name));
-  colorsName->setBuddy(colors_);
   colors_->setToolTip(QStringLiteral("Colours from silence to the highest level"));
   connect(colors_, &QComboBox::currentIndexChanged, this, [this](int index) {
     picture_.SetColors(kMaps[index].map);
     canvas().update();
   });
-  auto* const rangeName = new QLabel(QStringLiteral(" &Dynamic range "), &strip);
-  range_ = new QSpinBox(&strip);
-  range_->setRange(1, kWidestRangeDb);
-  range_->setSuffix(QStringLiteral(" dB"));
-  // Not at every digit that is typed.
-  range_->setKeyboardTracking(false);
-  range_->setToolTip(QStringLiteral("Levels this far below the highest one are shown"));
-  rangeName->setBuddy(range_);
-  connect(range_, &QSpinBox::valueChanged, this, [this](int db) { SetDynamicRange(db); });
-  for (QWidget* const widget :
-       std::initializer_list<QWidget*>{colorsName, colors_, rangeName, range_}) {
-    strip.addWidget(widget);
-  }
+  strip.addSeparator();
+  fields_ = new StripFields(strip, {[this] { Refresh(); }, [this] { return busy(); }});
+  sizes_ = fields_->AddSizes(rateHz, kSpectrogramSizes, [this](std::int32_t points) {
+    Set([points](auto& settings) { Use({.points = points}, settings); });
+  });
+  order_ = fields_->AddNumber(
+      {QStringLiteral("&LPC order"),
+       QStringLiteral("Coefficients of the formants"),
+       {},
+       1,
+       kMostOrder},
+      [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
+  rangeHz_ = fields_->AddNumber(
+      {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
+       QStringLiteral(" Hz"), kLeastRangeHz, MostHz(rateHz), kRangeStepHz},
+      [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
+  rangeDb_ = fields_->AddNumber(
+      {QStringLiteral("&Dynamic"),
+       QStringLiteral("Levels this far below the highest one are shown"), QStringLiteral(" dB"), 1,
+       kWidestRangeDb, 5},
+      [this](int db) { Set([db](auto& settings) { settings.dynamicRangeDb = db; }); });
+  fields_->AddList(QStringLiteral("Colo&urs"), *colors_);
 }
 
 void CSpectrogramFrame::RefreshStrip() {
-  const QSignalBlocker quiet(range_);
-  range_->setValue(model_.document().settings.spectrogram.dynamicRangeDb);
+  const SpectrogramSettings& settings = view().document().settings.spectrogram;
+  StripFields::ShowPoints(*sizes_, settings.points);
+  fields_->Show(*order_, settings.lpcOrder);
+  order_->setEnabled(settings.trackFormants != 0);
+  fields_->Show(*rangeHz_, settings.rangeHz);
+  fields_->Show(*rangeDb_, settings.dynamicRangeDb);
 }
 
-void CSpectrogramFrame::SetDynamicRange(int db) {
-  Run([this, db] {
-    model_.document().settings.spectrogram.dynamicRangeDb = db;
-    KeepOptions(view(), SettingsDialog::kSpectrogram);
+RateHint CSpectrogramFrame::Hint() const {
+  const CSonadexDoc& document = model_.document();
+  return HintFor(document.settings.spectrogram, document.channel().sampleRateHz);
+}
+
+void CSpectrogramFrame::UseHint(const RateHint& hint) {
+  Set([&hint](auto& settings) { Use(hint, settings); });
+}
+
+void CSpectrogramFrame::Set(const std::function<void(SpectrogramSettings&)>& change) {
+  Run([&] {
+    SpectrogramSettings settings = view().document().settings.spectrogram;
+    change(settings);
+    UseInDocument(view(), settings);
   });
 }
 

@@ -15,11 +15,10 @@ WindowLayout SpectrogramWindowPicture::LayoutIn(PixelSize client) {
   return SpectrogramLayout(client, model_.document());
 }
 
-// In the range that the levels were computed with; a wanted one follows when the user rests.
 const QImage& SpectrogramWindowPicture::Levels() {
-  if (levels_.isNull() || levelsOf_ != model_.computation()) {
+  if (levels_.isNull() || levelsOf_ != model_.levelsNumber()) {
     levels_ = SpectrogramImage(model_.spectrogram(), model_.dynamicRangeDb(), colors_);
-    levelsOf_ = model_.computation();
+    levelsOf_ = model_.levelsNumber();
   }
   return levels_;
 }

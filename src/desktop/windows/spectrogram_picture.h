@@ -32,7 +32,7 @@ class SpectrogramWindowPicture : public WindowPicture {
   DocumentWaveform& waveform_;
   ColorMap colors_ = ColorMap::kGrey;
   QImage levels_;
-  std::int64_t levelsOf_ = -1;  // computation that they are of
+  std::int64_t levelsOf_ = -1;  // number of the levels that they show
 };
 
 }  // namespace cantorix

@@ -2,9 +2,46 @@
 #include "desktop/windows/window_actions.h"
 
 #include <QMenu>
+#include <QToolButton>
+#include <array>
+
+#include "desktop/tool_icon.h"
 
 namespace cantorix {
 namespace {
+
+struct IconRow {
+  WindowCommand command;
+  const char* name;
+};
+
+constexpr std::array kIcons{
+    IconRow{WindowCommand::kEnterMarker, "enter_marker"},
+    IconRow{WindowCommand::kEnterFormants, "enter_formants"},
+    IconRow{WindowCommand::kEnterFormantsAll, "enter_formants_all"},
+    IconRow{WindowCommand::kEnterEntireFrame, "enter_frame"},
+    IconRow{WindowCommand::kPlayWindow, "play_window"},
+    IconRow{WindowCommand::kUpdate, "update"},
+    IconRow{WindowCommand::kOptions, "options"},
+    IconRow{WindowCommand::kDrawLpc, "draw_lpc"},
+    IconRow{WindowCommand::kRelativeLevel, "relative"},
+    IconRow{WindowCommand::kDrawFormants, "draw_formants"},
+    IconRow{WindowCommand::kDrawAudio, "draw_audio"},
+    IconRow{WindowCommand::kDrawIntensity, "intensity"},
+    IconRow{WindowCommand::kDrawLabels, "label_entry"},
+    IconRow{WindowCommand::kSavePicture, "save"},
+    IconRow{WindowCommand::kCopyPicture, "copy"},
+    IconRow{WindowCommand::kPrint, "print"},
+};
+
+QIcon IconOf(WindowCommand command) {
+  for (const IconRow& row : kIcons) {
+    if (row.command == command) return DrawnIcon(QLatin1String(row.name));
+  }
+  return {};
+}
+
+constexpr int kIconPixels = 18;
 
 QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -31,6 +68,19 @@ void ShowContextMenu(QWidget& owner, const QPoint& at) {
   menu->popup(owner.mapToGlobal(at));
 }
 
+// One button for saving, copying and printing the picture.
+QMenu* AddOutput(QToolBar& strip) {
+  auto* const button = new QToolButton(&strip);
+  button->setIcon(DrawnIcon(QStringLiteral("output")));
+  button->setText(QStringLiteral("Picture"));
+  button->setToolTip(QStringLiteral("Save, copy or print the picture"));
+  button->setPopupMode(QToolButton::InstantPopup);
+  auto* const menu = new QMenu(button);
+  button->setMenu(menu);
+  strip.addWidget(button);
+  return menu;
+}
+
 }  // namespace
 
 WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
@@ -45,6 +95,8 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
     if (before != nullptr && before->group != row.group) owner.addAction(Separator(owner));
     auto* const action = new QAction(Text(row.text), &owner);
     action->setToolTip(ToolTip(row));
+    action->setIcon(IconOf(row.id));
+    action->setIconVisibleInMenu(false);
     action->setStatusTip(Text(row.toolTip));
     action->setCheckable(row.checkedWith.has_value());
     if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
@@ -58,16 +110,22 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
 }
 
 void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const {
-  strip.setToolButtonStyle(Qt::ToolButtonTextOnly);
+  strip.setToolButtonStyle(Qt::ToolButtonIconOnly);
+  strip.setIconSize({kIconPixels, kIconPixels});
+  QMenu* const output = AddOutput(strip);
+  QAction* const last = strip.actions().constLast();
   const WindowCommandRow* before = nullptr;
   for (const Entry& entry : entries_) {
     if (!entry.row->onStrip) continue;
-    const bool begins = before == nullptr || before->group != entry.row->group;
-    if (begins && entry.row->group == WindowGroup::kOutput) addOwn(strip);
-    if (begins && before != nullptr) strip.addSeparator();
-    strip.addAction(entry.action);
+    if (entry.row->group == WindowGroup::kOutput) {
+      output->addAction(entry.action);
+      continue;
+    }
+    if (before != nullptr && before->group != entry.row->group) strip.insertSeparator(last);
+    strip.insertAction(last, entry.action);
     before = entry.row;
   }
+  addOwn(strip);
 }
 
 void WindowActions::Refresh() {

@@ -18,7 +18,8 @@ class WindowActions {
   WindowActions(QWidget& owner, AnalysisWindow& model,
                 const std::function<void(WindowCommand)>& perform);
 
-  // Buttons with texts, grouped by kind of command; before those of output, what `addOwn` adds.
+  // Buttons with drawings, grouped by kind of command, one with a menu for the output, then what
+  // `addOwn` adds.
   void Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const;
   // Brings everything in step with the model.
   void Refresh();
