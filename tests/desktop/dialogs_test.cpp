@@ -41,7 +41,7 @@ struct PreviewOfBytes : GenericPreview {
       return outcome;
     }
     outcome.samples = (1000 - entered.headerBytes) / (entered.sixteenBit + 1);
-    outcome.durationMs = outcome.samples * 1000.0 / entered.rateHz;
+    outcome.durationMs = static_cast<double>(outcome.samples) * 1000.0 / entered.rateHz;
     outcome.waveform.assign(static_cast<std::size_t>(columns), {-32768, 32767});
     return outcome;
   }
@@ -50,13 +50,13 @@ struct PreviewOfBytes : GenericPreview {
 TEST_F(Dialogs, TheGenericDialogShowsWhatWouldComeOut) {
   PreviewOfBytes preview;
   GenericDialog dialog(prompts, {}, preview, nullptr);
-  auto* const view = dialog.findChild<OutcomeView*>();
+  auto* const view = FieldOf<QWidget>(dialog, "Waveform");
   dialog.show();
   const auto shown = [&] {
     QCoreApplication::processEvents();
     const QColor corner = view->grab().toImage().pixelColor(5, 5);
-    const bool isDrawn = corner == StyleFor(view->palette()).waveform;
-    return view->accessibleDescription() + (isDrawn ? " drawn" : " empty");
+    const bool isDrawn = corner.rgb() == StyleFor(view->palette()).waveform.rgb();
+    return Typed(view->accessibleDescription() + (isDrawn ? " drawn" : " empty"));
   };
   EXPECT_EQ(shown(), "Duration: 50.0 ms\nLength: 500 samples drawn");
   Type(dialog, "Header size (byte)", "200");

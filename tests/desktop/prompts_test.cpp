@@ -73,7 +73,7 @@ TEST_F(PromptsTest, TheOpenDialogGivesPathAndFilter) {
   const auto choice = prompts.ChooseFileToOpen(request);
   ASSERT_TRUE(choice.has_value());
   EXPECT_EQ(choice->path, folder / "NoPoint");
-  EXPECT_EQ(choice->filterIndex, 13);
+  EXPECT_EQ(choice->filterIndex, 20);
 }
 
 TEST_F(PromptsTest, AFolderIsChosen) {
