@@ -136,6 +136,7 @@ TEST_F(OpenTest, ReportsFileErrorsAndIsSilentOtherwise) {
     EXPECT_EQ(host.prompts.TakeTranscript(), expected);
     EXPECT_EQ(document.openFailure.reason, row.reason);
     EXPECT_EQ(document.openFailure.shown, row.isShown);
+    EXPECT_EQ(document.openFailure.cancelled, row.read == Abandoning<AbandonReason::kCancelled>);
     EXPECT_FALSE(document.loaded);
   }
 }
