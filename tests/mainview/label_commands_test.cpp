@@ -9,6 +9,7 @@
 #include "mainview/editing.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_list.h"
+#include "mainview/listening.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
 #include "mainview/view_fixture.h"
@@ -158,6 +159,28 @@ TEST_F(LabelCommandsTest, FirstOfOverlappingLabelsIsPressed) {
   tier(kWords).inUse = false;
   view.LayOut(kWideClient);
   EXPECT_EQ(hit(203), "-1 -1");
+}
+
+TEST_F(LabelCommandsTest, ALabelPlaysToTheNextOneOfItsTierUnlessAClickEditsIt) {
+  struct Heard : CountingPlayback {
+    void Play(const SampleRange& range) override { text += Joined(range.start, range.end) + ';'; }
+    std::string text;
+  } heard;
+  CSonadexView shown(
+      document,
+      {world.clipboard, "", world.textMeasurer, world.listener, heard, world.dialogs, {}});
+  AddLabel(document, 0, 500.0, "of the first tier");
+  for (const auto& [tierIndex, index] :
+       {std::pair{0, 0}, {kWords, 0}, {kWords, 1}, {-1, 0}, {10, 0}, {kWords, 2}, {kWords, -1}}) {
+    PlayLabel(shown, tierIndex, index);
+  }
+  shown.labelEntry.currentTier = kWords;
+  shown.labelEntry.pressedLabel = 0;
+  for (const bool edits : {false, true}) {
+    shown.labelEntry.enabled = edits;
+    PlayPressedLabel(shown);
+  }
+  EXPECT_EQ(heard.text, "500 10000;2000 6000;6000 10000;2000 6000;");
 }
 
 TEST_F(LabelCommandsTest, ListShowsTiersInUseAndActsOnTheSelectedRow) {
