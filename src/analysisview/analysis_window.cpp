@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "mainview/mouse.h"
+#include "mainview/option_commands.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
 #include "settings/time_base.h"
@@ -22,7 +23,11 @@ void AnalysisWindow::Toggle(WindowSwitch which) {
   std::int32_t* const value = SwitchOf(which);
   if (value == nullptr) return;
   *value = *value == 0 ? 1 : 0;
-  KeepSwitches();
+  if (which == WindowSwitch::kTrackMouse) {
+    if (services_.mainView != nullptr) KeepOptions(*services_.mainView, SettingsDialog::kDisplay);
+  } else {
+    KeepSwitches();
+  }
   PictureChanged();
 }
 

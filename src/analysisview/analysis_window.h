@@ -48,7 +48,8 @@ enum class WindowSwitch {
   kDrawFormants,
   kDrawAudio,
   kDrawIntensity,
-  kDrawLabels
+  kDrawLabels,
+  kTrackMouse
 };
 
 struct WindowReadout {
@@ -91,6 +92,10 @@ class AnalysisWindow : public DocumentObserver {
   // it; to the low end of the axes where there is none.
   virtual void StepCursor(std::int32_t right, std::int32_t up) = 0;
 
+  // The main view's press, move or release, at the cursor time of its press: a cursor over time
+  // goes there, too.
+  virtual void FollowMainView(MousePhase /*phase*/, double /*ms*/) {}
+
   // The rows of a log command; none when the window has no such rows.
   virtual std::vector<LogEntry> LogRows(WindowLog log) const = 0;
   virtual std::vector<WindowReadout> Readouts() const = 0;
@@ -126,12 +131,12 @@ class AnalysisWindow : public DocumentObserver {
 
   void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
 
+  bool InPlot(std::int32_t x, std::int32_t y) const;
   PixelRect plot;  // where the window draws the data, in client pixels
   bool markerSet = false;
   WindowPress press;
 
  protected:
-  bool InPlot(std::int32_t x, std::int32_t y) const;
   // `low` ... `high` over the width of the plot.
   AxisScale AxisOver(double low, double high) const;
   bool IsWholeRecording(const SampleRange& range) const;

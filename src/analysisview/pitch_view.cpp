@@ -97,6 +97,14 @@ void CPitchView::Release(std::int32_t x, std::int32_t) {
   press.held = false;
 }
 
+void CPitchView::FollowMainView(MousePhase, double ms) {
+  if (!computed() || press.held) return;
+  cursorMs = ms;
+  const AxisScale time = TimeAxis();
+  markerSet = ms >= time.low && ms <= time.high && !view_.selectionShown();
+  Changed();
+}
+
 void CPitchView::StepCursor(std::int32_t right, std::int32_t) {
   if (!computed() || press.held) return;
   const AxisScale time = TimeAxis();
@@ -129,6 +137,7 @@ std::int32_t* CPitchView::SwitchOf(WindowSwitch which) {
   if (which == WindowSwitch::kDrawAudio) return &options.addAudio;
   if (which == WindowSwitch::kDrawIntensity) return &options.addIntensity;
   if (which == WindowSwitch::kDrawLabels) return &options.addLabels;
+  if (which == WindowSwitch::kTrackMouse) return &document().settings.display.trackMouse;
   return nullptr;
 }
 

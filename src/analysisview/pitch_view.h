@@ -33,6 +33,8 @@ class CPitchView : public AnalysisWindow {
   void Press(std::int32_t x, std::int32_t y) override;
   void Move(std::int32_t x, std::int32_t y) override;
   void Release(std::int32_t x, std::int32_t y) override;
+  // The cursor is the main view's wherever the track has it.
+  void FollowMainView(MousePhase phase, double ms) override;
   void StepCursor(std::int32_t right, std::int32_t up) override;
   // The marker's time, pitch and intensity.
   std::vector<LogEntry> LogRows(WindowLog log) const override;

@@ -70,6 +70,8 @@ std::int32_t* CSpectrogramView::SwitchOf(WindowSwitch which) {
       return &options.drawIntensity;
     case WindowSwitch::kDrawLabels:
       return &options.drawLabels;
+    case WindowSwitch::kTrackMouse:
+      return &document().settings.display.trackMouse;
     case WindowSwitch::kDrawLpc:
     case WindowSwitch::kRelativeLevel:
       break;

@@ -59,7 +59,7 @@ class CSpectrogramView : public AnalysisWindow {
   void StepCursor(std::int32_t right, std::int32_t up) override;
   // The main view's press, move or release, at the cursor time of its press: the cursor goes there,
   // at its own frequency, and the window shows the main view's selection.
-  void FollowMainView(MousePhase phase, double ms);
+  void FollowMainView(MousePhase phase, double ms) override;
   std::vector<LogEntry> LogRows(WindowLog log) const override;
   // Time, frequency and level at the cursor with the formants there, length of the selection.
   std::vector<WindowReadout> Readouts() const override;
@@ -75,6 +75,8 @@ class CSpectrogramView : public AnalysisWindow {
   double dynamicRangeDb() const { return settings_.dynamicRangeDb; }
 
   AxisScale TimeAxis() const;  // ms
+  // Of a row of pixels, the nearest one of the plot.
+  double HzUnder(std::int32_t y) const;
   // The level at the cursor's column and row; nothing outside the picture.
   std::optional<double> LevelAtCursor() const;
 
@@ -90,7 +92,6 @@ class CSpectrogramView : public AnalysisWindow {
   void PlaceCursor(double ms, double hz);
   void Drag(std::int32_t x);
   double MsUnder(std::int32_t x) const;
-  double HzUnder(std::int32_t y) const;
   double HzPerPixel() const;
   bool SettingsMatch() const override;
   void FollowDocument(DocumentChanges changes) override;

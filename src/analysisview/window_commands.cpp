@@ -99,6 +99,8 @@ constexpr WindowCommandRow kRows[] = {
      "&Intensity", "Draw the intensity"),
     SwitchRow<WindowSwitch::kDrawLabels>(WindowCommand::kDrawLabels, kWithStrips, "La&bels",
      "Draw the labels"),
+    SwitchRow<WindowSwitch::kTrackMouse>(WindowCommand::kTrackMouse, kWithStrips, "Lin&k",
+     "Track mouse for all windows: a press or drag here sets cursor and selection everywhere"),
     {WindowCommand::kSavePicture, kInAll, WindowGroup::kOutput, "&Save Picture...", "Ctrl+Shift+S",
      "Save the picture as PNG, BMP, SVG or PDF", kPictureThere, ByWidget<&Widget::SavePicture>},
     {WindowCommand::kCopyPicture, kInAll, WindowGroup::kOutput, "&Copy Picture", "Ctrl+Shift+C",

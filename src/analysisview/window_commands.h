@@ -28,6 +28,7 @@ enum class WindowCommand {
   kDrawAudio,
   kDrawIntensity,
   kDrawLabels,
+  kTrackMouse,
   kSavePicture,
   kCopyPicture,
   kCopyReadouts,

@@ -36,6 +36,8 @@ class AnalysisWindows {
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
   // The time of the document that is heard now; nothing: none.
   virtual void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) = 0;
+  // The time under the pointer in any window of the view; nothing: none.
+  virtual void ShowPointed(const CSonadexView& view, std::optional<double> ms) = 0;
   // Something that commands depend on may have changed: a log was opened, say.
   virtual void RefreshCommands() = 0;
   // The view goes: its windows must, too.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "mainview/view_ports.h"
 
@@ -11,6 +12,7 @@ class CChildFrame;
 class CSonadexDoc;
 class CSonadexView;
 class LogSink;
+struct Pointed;
 class SoundDesk;
 
 class FrameHost {
@@ -21,6 +23,8 @@ class FrameHost {
   virtual void StateChanged() = 0;
   virtual void LabelsChanged(CSonadexView& view) = 0;
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
+  // What is under the pointer in a window of the view; nothing: it points at nothing there.
+  virtual void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
   virtual SoundDesk& sound() = 0;
   // The input that the user has chosen is used from here on.
   virtual void PrepareRecording() = 0;

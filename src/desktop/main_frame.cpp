@@ -37,6 +37,7 @@ CMainFrame::CMainFrame(DesktopServices services)
       actions_(*this, {[this](Command command) { commands_.Perform(command); },
                        [this](const std::string& path) { OpenFile(path); }}),
       keyboardPanes_(*statusBar()),
+      pointerStatus_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),
       labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),

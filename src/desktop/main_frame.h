@@ -14,6 +14,7 @@
 #include "desktop/frame_host.h"
 #include "desktop/keyboard_panes.h"
 #include "desktop/open_documents.h"
+#include "desktop/pointer_status.h"
 #include "desktop/sound/sound_timer.h"
 #include "document/save_commands.h"
 #include "mainview/sound_desk.h"
@@ -64,6 +65,8 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   AnalysisWindows* analysisWindows() const { return analysisWindows_; }
   DocumentOutput* output() const { return output_; }
 
+  // What is under the pointer, in the status bar; its time in all windows of the view.
+  void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
   // Commands, floating windows and the list of recent files in step with the state.
   void Refresh();
   void ShowLog();
@@ -119,6 +122,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   Desks desks_;
   CommandActions actions_;
   KeyboardPanes keyboardPanes_;
+  PointerStatus pointerStatus_;
   CDisplayOptionFrame* displayOptions_;
   LabelListFrame* labelList_;
   CFrameLog* log_;

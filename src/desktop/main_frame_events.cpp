@@ -8,12 +8,15 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include "analysisview/pointed.h"
 #include "app/log_documents.h"
 #include "desktop/child_frame.h"
 #include "desktop/display_option_frame.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
 #include "desktop/main_frame.h"
+#include "desktop/main_view_area.h"
+#include "desktop/main_view_widget.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_windows.h"
@@ -36,6 +39,7 @@ void CMainFrame::Refresh() {
   actions_.ActionOf(Command::kStatusBar).setChecked(!statusBar()->isHidden());
   const auto& recent = services_.application.recentFiles.paths();
   if (recent != shownRecent_) actions_.ShowRecentFiles(shownRecent_ = recent);
+  pointerStatus_.ShowStretch(view == nullptr ? std::string() : StretchText(*view));
   displayOptions_->Follow(view);
   labelList_->Follow(view);
   soundWindows_->Refresh();
@@ -122,6 +126,15 @@ void CMainFrame::LabelsChanged(CSonadexView& view) {
 
 void CMainFrame::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
   if (analysisWindows_ != nullptr) analysisWindows_->CursorMoved(view, phase, ms);
+}
+
+void CMainFrame::PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) {
+  pointerStatus_.ShowPointed(pointed ? pointed->text : std::string());
+  const auto ms = pointed ? pointed->ms : std::nullopt;
+  for (CChildFrame* const frame : Frames()) {
+    if (frame->view() == &view) frame->area().picture().ShowPointed(ms);
+  }
+  if (analysisWindows_ != nullptr) analysisWindows_->ShowPointed(view, ms);
 }
 
 LogSink* CMainFrame::openLog() {

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <optional>
 
+#include "analysisview/pointed.h"
 #include "desktop/paint/main_view_canvas.h"
 #include "desktop/sound/sound_keys.h"
 #include "mainview/document_waveform.h"
@@ -15,6 +16,7 @@
 #include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
+#include "platform/file_error.h"
 
 namespace cantorix {
 namespace {
@@ -56,7 +58,9 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
       view_(&view),
       host_(host),
       canvas_(std::make_unique<MainViewCanvas>(view, waveform)),
-      played_(*this, [this](double ms) { return PlaceOf(ms); }) {
+      played_(*this, PlayCursor::Look::kPlayed, [this](double ms) { return PlaceOf(ms); }),
+      pointed_(*this, PlayCursor::Look::kPointed, [this](double ms) { return PlaceOf(ms); }) {
+  setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -80,6 +84,7 @@ void MainViewWidget::paintEvent(QPaintEvent*) {
   if (!canvas_ || !begun_) return painter.fillRect(rect(), palette().window());
   const PaintStyle style = StyleFor(palette());
   canvas_->Paint(painter, style);
+  pointed_.Draw(painter, style);
   played_.Draw(painter, style);
 }
 
@@ -89,7 +94,7 @@ std::optional<PlayPlace> MainViewWidget::PlaceOf(double ms) const {
   const AxisScale time = TimeAxisOf(view_->channel(), layout.axisWidth());
   const double x = time.X(ms);
   if (x < time.left || x > time.right()) return std::nullopt;
-  return PlayPlace{Pixel(x), 0, layout.timeAxis.top};
+  return PlayPlace{ColumnOf(x), 0, layout.timeAxis.top};
 }
 
 void MainViewWidget::resizeEvent(QResizeEvent*) {
@@ -104,7 +109,24 @@ void MainViewWidget::mousePressEvent(QMouseEvent* event) {
 
 void MainViewWidget::mouseMoveEvent(QMouseEvent* event) {
   const QPointF at = event->position();
+  if (event->buttons() == Qt::NoButton) return TellPointed(at);
   Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y())); });
+}
+
+void MainViewWidget::leaveEvent(QEvent*) {
+  if (view_ != nullptr) host_.PointedAt(*view_, std::nullopt);
+}
+
+// Samples that cannot be read have no value under the pointer; whoever uses them is told why.
+void MainViewWidget::TellPointed(const QPointF& at) {
+  if (view_ == nullptr || !begun_) return;
+  std::optional<Pointed> pointed;
+  try {
+    pointed = PointedIn(*view_, Pixel(at.x()), Pixel(at.y()));
+  } catch (const FileError&) {
+    pointed.reset();
+  }
+  host_.PointedAt(*view_, pointed);
 }
 
 void MainViewWidget::mouseReleaseEvent(QMouseEvent* event) {

@@ -26,6 +26,8 @@ class MainViewWidget : public QWidget {
   void LetGo();
   // The time that is heard now; nothing: none.
   void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
+  // The time under the pointer in any window of the recording; nothing: none.
+  void ShowPointed(std::optional<double> ms) { pointed_.Show(ms); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -34,10 +36,12 @@ class MainViewWidget : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void TellPointed(const QPointF& at);
   // Runs `action` on the view under the frame's guard; nothing before the view has begun.
   void Pass(const std::function<void(CSonadexView&)>& action);
   void TurnSteps(QWheelEvent& event, int steps);
@@ -47,6 +51,7 @@ class MainViewWidget : public QWidget {
   FrameHost& host_;
   std::unique_ptr<MainViewCanvas> canvas_;  // gone when the view is
   PlayCursor played_;
+  PlayCursor pointed_;
   bool begun_ = false;
   QPoint wheelRest_;  // turns of the wheel that do not make a whole step yet
 };

@@ -40,7 +40,10 @@ bool Program::Start(const std::vector<std::string>& files) {
                             return mainFrame_->documents().WaveformOf(document);
                           },
                           [this] { mainFrame_->Refresh(); },
-                          [this]() -> QPrinter& { return output_.printer(); }});
+                          [this]() -> QPrinter& { return output_.printer(); },
+                          [this](CSonadexView& view, const std::optional<Pointed>& pointed) {
+                            mainFrame_->PointedAt(view, pointed);
+                          }});
   mainFrame_->SetAnalysisWindows(&analysisWindows_);
   mainFrame_->SetOutput(&output_);
   prompts_.SetOwner(mainFrame_.get());

@@ -8,6 +8,7 @@
 #include "analysisview/window_fixture.h"
 #include "mainview/analysis_commands.h"
 #include "mainview/mouse.h"
+#include "mainview/view_commands.h"
 #include "platform/numbers.h"
 
 namespace cantorix {
@@ -264,6 +265,25 @@ TEST_F(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
     AnalysePitch(view, SampleRange{2000.0, end});
     EXPECT_EQ(window.markerSet, end == 6990.0) << "the new track ends before it";
   }
+}
+
+TEST_F(PitchTracking, FollowsTheMainViewOverTheTrack) {
+  const struct {
+    double ms;
+    bool isShown;
+  } presses[] = {{200.0, true}, {700.0, true}, {199.0, false}, {701.0, false}, {450.0, true}};
+  for (const auto& [ms, isShown] : presses) {
+    window.FollowMainView(MousePhase::kPress, ms);
+    EXPECT_EQ(window.cursorMs, ms);
+    EXPECT_EQ(window.markerSet, isShown) << ms;
+  }
+  window.Press(150, 50);
+  window.FollowMainView(MousePhase::kPress, 450.0);
+  EXPECT_EQ(window.cursorMs, 300.0) << "its own button is held";
+  window.Release(150, 50);
+  SelectSpan(view, 300.0, 400.0);
+  window.FollowMainView(MousePhase::kRelease, 300.0);
+  EXPECT_FALSE(window.markerSet) << "the selection is drawn instead";
 }
 
 }  // namespace

@@ -32,8 +32,10 @@ class AnalysisDesktopTest : public DesktopTest {
                [&around](CSonadexDoc& document) -> DocumentWaveform& {
                  return around.documents().WaveformOf(document);
                },
-               [&around] { around.Refresh(); },
-               [this]() -> QPrinter& { return output.printer(); }});
+               [&around] { around.Refresh(); }, [this]() -> QPrinter& { return output.printer(); },
+               [&around](CSonadexView& view, const std::optional<Pointed>& pointed) {
+                 around.PointedAt(view, pointed);
+               }});
   }
   AnalysisFrame& Find(const CSonadexView& view, WindowKind kind) {
     AnalysisFrame* const found = windows.Find(view, kind);

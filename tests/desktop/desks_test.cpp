@@ -1,7 +1,9 @@
 // desks_test.cpp - the windows of a recording as a group: where they lie, what lies above what.
 #include "desktop/desks.h"
 
+#include <QLabel>
 #include <QMdiArea>
+#include <QStatusBar>
 #include <filesystem>
 
 #include "desktop/analysis_fixture.h"
@@ -162,6 +164,48 @@ TEST_F(DesksTest, AGroupLiesAboveAllOthersAndItsAnalysesAboveTheRecording) {
   MainOf(a).close();
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_THAT(Stack(), ElementsAre("b", "b p"));
+}
+
+// The dashed column of a canvas, in pixels of the area; -1: none.
+int PointedColumn(QWidget& canvas, const QWidget& area, int y) {
+  const QImage image = canvas.grab().toImage();
+  const QColor color = StyleFor(canvas.palette()).pointed;
+  for (int x = 0; x < image.width(); ++x) {
+    int dashes = 0;
+    for (int row = y; row < y + 12; ++row) dashes += image.pixelColor(x, row) == color ? 1 : 0;
+    if (dashes >= 5 && dashes < 12) return canvas.mapTo(&area, QPoint(x, 0)).x();
+  }
+  return -1;
+}
+
+TEST_F(DesksTest, ThePointerShowsItsTimeInAllWindowsAndItsValuesInTheStatusBar) {
+  frame.resize(1300, 950);
+  CSonadexView& view = OpenCopy("a.qrv");
+  AnalysisFrame& spectrogram = Show(view, WindowKind::kSpectrogram);
+  AnalysisFrame& pitch = Show(view, WindowKind::kPitch);
+  QWidget& main = MainOf(view).area().picture();
+  const auto columns = [&] {
+    return std::vector<int>{
+        PointedColumn(main, frame.area(), view.layout.pitch.top + 4),
+        PointedColumn(spectrogram.canvas(), frame.area(), spectrogram.model().plot.top + 4),
+        PointedColumn(pitch.canvas(), frame.area(), pitch.model().plot.top + 4)};
+  };
+  const auto told = [&] { return frame.statusBar()->findChildren<QLabel*>().at(3)->text(); };
+  const int x = 700;
+  for (QWidget* const canvas :
+       std::initializer_list<QWidget*>{&main, &spectrogram.canvas(), &pitch.canvas()}) {
+    const QPoint at(canvas->mapFrom(&frame.area(), QPoint(x, 0)).x(), canvas->height() / 2);
+    QTest::mouseMove(canvas, at - QPoint(1, 0));
+    QTest::mouseMove(canvas, at);
+    QApplication::processEvents();
+    EXPECT_THAT(columns(), testing::Each(x));
+    EXPECT_THAT(told().toStdString(), testing::ContainsRegex("^[0-9.]+ ms  "));
+  }
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&pitch.canvas(), &leave);
+  EXPECT_THAT(columns(), testing::Each(-1));
+  EXPECT_EQ(told(), "");
+  QTest::mouseMove(&frame, QPoint(1, 1));  // where no other test has a picture
 }
 
 TEST_F(DesksTest, CascadeAndTileAreNobodysChoice) {

@@ -28,6 +28,7 @@ struct PaintStyle {
   QColor pitch;
   QColor cursor;
   QColor played;         // where a recording sounds now
+  QColor pointed;        // where the pointer is, in all windows of a recording
   QColor selection;      // translucent, over the panes
   QColor selectionEdge;  // of the rubber band
   QColor tier;           // behind labels

@@ -39,6 +39,13 @@ void PlayCursor::Draw(QPainter& painter, const PaintStyle& style) {
   const auto place = Place();
   shown_ = place ? Column(*place) : QRect();
   if (!place) return;
+  if (look_ == Look::kPointed) {
+    painter.setPen(QPen(style.pointed, 1.0, Qt::CustomDashLine));
+    QPen pen = painter.pen();
+    pen.setDashPattern({3.0, 3.0});
+    painter.setPen(pen);
+    return painter.drawLine(place->x, place->top, place->x, place->bottom - 1);
+  }
   const int height = place->bottom - place->top;
   painter.fillRect(place->x - kRim, place->top, kLineWidth + 2 * kRim, height, style.pane);
   painter.fillRect(place->x, place->top, kLineWidth, height, style.played);

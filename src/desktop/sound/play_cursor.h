@@ -1,9 +1,10 @@
-// play_cursor.h - the line where a recording sounds now, over a picture that stays as it is: only
-// the columns that it leaves and enters are painted again.
+// play_cursor.h - the line where a recording sounds now, or where the pointer is, over a picture
+// that stays as it is: only the columns that it leaves and enters are painted again.
 #pragma once
 
 #include <QPainter>
 #include <QRect>
+#include <cmath>
 #include <functional>
 #include <optional>
 
@@ -20,13 +21,19 @@ struct PlayPlace {
   int bottom = 0;
 };
 
+// The column of a place on an axis. A time that was read from a column has lost its last digits.
+inline int ColumnOf(double x) { return static_cast<int>(std::floor(x + 1e-6)); }
+
 class PlayCursor {
  public:
   // Where a time stands in the picture now; nothing for one that is not in sight.
   using PlaceOf = std::function<std::optional<PlayPlace>(double ms)>;
 
+  enum class Look { kPlayed, kPointed };
+
   // `canvas` holds the cursor.
-  PlayCursor(QWidget& canvas, PlaceOf placeOf) : canvas_(canvas), placeOf_(std::move(placeOf)) {}
+  PlayCursor(QWidget& canvas, Look look, PlaceOf placeOf)
+      : canvas_(canvas), look_(look), placeOf_(std::move(placeOf)) {}
 
   // Nothing: takes it away.
   void Show(std::optional<double> ms);
@@ -37,6 +44,7 @@ class PlayCursor {
   std::optional<PlayPlace> Place() const { return ms_ ? placeOf_(*ms_) : std::nullopt; }
 
   QWidget& canvas_;
+  Look look_;
   PlaceOf placeOf_;
   std::optional<double> ms_;
   QRect shown_;  // empty while it is not in sight

@@ -29,7 +29,7 @@ SoundStatus::SoundStatus(QStatusBar& bar) : bar_(bar), text_(new QLabel(&bar)) {
   text_->setTextFormat(Qt::PlainText);
   text_->setAccessibleName(QStringLiteral("Sound"));
   text_->setContentsMargins(8, 0, 8, 0);
-  bar.insertPermanentWidget(0, text_);
+  bar.insertPermanentWidget(1, text_);  // behind the text on the left
   text_->hide();
 }
 

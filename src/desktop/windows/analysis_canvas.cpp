@@ -53,7 +53,11 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
       picture_(picture),
       guard_(std::move(guard)),
       note_(new QLabel(this)),
-      played_(*this, [this](double ms) { return picture_.PlaceOf(size(), ms); }) {
+      played_(*this, PlayCursor::Look::kPlayed,
+              [this](double ms) { return picture_.PlaceOf(size(), ms); }),
+      pointed_(*this, PlayCursor::Look::kPointed,
+               [this](double ms) { return picture_.PlaceOf(size(), ms); }) {
+  setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(220, 120);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -100,6 +104,7 @@ void AnalysisCanvas::paintEvent(QPaintEvent*) {
   const PaintStyle style = StyleFor(palette());
   try {
     picture_.PaintCanvas(painter, size(), style);
+    pointed_.Draw(painter, style);
     played_.Draw(painter, style);
   } catch (const std::exception& error) {
     painter.fillRect(rect(), style.background);
@@ -132,7 +137,15 @@ void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kPress);
 }
 
-void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) { PassPointer(*event, MousePhase::kMove); }
+void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() != Qt::NoButton) return PassPointer(*event, MousePhase::kMove);
+  if (!pointedAt) return;
+  pointedAt(PointedIn(model_, Pixel(event->position().x()), Pixel(event->position().y())));
+}
+
+void AnalysisCanvas::leaveEvent(QEvent*) {
+  if (pointedAt) pointedAt(std::nullopt);
+}
 
 void AnalysisCanvas::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) PassPointer(*event, MousePhase::kRelease);

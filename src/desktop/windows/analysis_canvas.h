@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "analysisview/analysis_window.h"
+#include "analysisview/pointed.h"
 #include "desktop/windows/window_picture.h"
 
 namespace cantorix {
@@ -21,11 +21,16 @@ class AnalysisCanvas : public QWidget {
 
   AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard, QWidget* parent);
 
+  // Told what is under the pointer while no button is held; nothing: it points at nothing.
+  std::function<void(const std::optional<Pointed>&)> pointedAt;
+
   // The model has changed: draws it, with a note over it where it needs one, and tells those who
   // cannot see it.
   void Refresh(const QString& note);
   // The time of the recording that is heard now; nothing: none.
   void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
+  // The time under the pointer in any window of the recording; nothing: none.
+  void ShowPointed(std::optional<double> ms) { pointed_.Show(ms); }
   // The place of the plot and the size that the model is to compute for.
   void LayOut();
 
@@ -36,6 +41,7 @@ class AnalysisCanvas : public QWidget {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -47,6 +53,7 @@ class AnalysisCanvas : public QWidget {
   Guard guard_;
   QLabel* note_;
   PlayCursor played_;
+  PlayCursor pointed_;
 };
 
 }  // namespace cantorix

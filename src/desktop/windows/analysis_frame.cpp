@@ -33,6 +33,7 @@ void AnalysisFrame::Build() {
   strip_ = new QToolBar(content);
   canvas_ = new AnalysisCanvas(
       model(), picture(), [this](const auto& action) { Run(action); }, content);
+  canvas_->pointedAt = [this](const auto& pointed) { host_.PointedAt(view_, pointed); };
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);

@@ -85,10 +85,8 @@ AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
 }
 
 void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
-  AnalysisFrame* const frame = Find(view, WindowKind::kSpectrogram);
-  if (frame == nullptr) return;
-  if (auto* const spectrogram = dynamic_cast<CSpectrogramView*>(&frame->model())) {
-    spectrogram->FollowMainView(phase, ms);
+  for (AnalysisFrame* const frame : frames_) {
+    if (&frame->view() == &view && !frame->isClosing()) frame->model().FollowMainView(phase, ms);
   }
 }
 
@@ -132,6 +130,16 @@ void AnalysisWindowSet::Run(CSonadexView& view, const std::function<void()>& act
   if (busy()) return;
   Guarded(view, action);
   if (around_.stateChanged) around_.stateChanged();
+}
+
+void AnalysisWindowSet::PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) {
+  if (around_.pointedAt) around_.pointedAt(view, pointed);
+}
+
+void AnalysisWindowSet::ShowPointed(const CSonadexView& view, std::optional<double> ms) {
+  for (AnalysisFrame* const frame : frames_) {
+    if (&frame->view() == &view) frame->canvas().ShowPointed(ms);
+  }
 }
 
 bool AnalysisWindowSet::busy() const { return services_.progress.running(); }

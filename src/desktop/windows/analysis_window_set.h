@@ -27,6 +27,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
     std::function<DocumentWaveform&(CSonadexDoc&)> waveformOf;
     std::function<void()> stateChanged;
     std::function<QPrinter&()> printer;
+    std::function<void(CSonadexView&, const std::optional<Pointed>&)> pointedAt = {};
   };
   void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
 
@@ -36,6 +37,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void Open(CSonadexView& view, const AnalysisRequest& request) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
   void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) override;
+  void ShowPointed(const CSonadexView& view, std::optional<double> ms) override;
   void RefreshCommands() override;
   void CloseWindowsOf(CSonadexView& view) override;
   std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const override;
@@ -47,6 +49,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  private:
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
+  void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
   void Gone(AnalysisFrame& frame) override;
   void Output(AnalysisFrame& frame, WindowCommand command) override;
   DocumentWaveform& WaveformOf(CSonadexDoc& document) override {

@@ -29,7 +29,7 @@ std::optional<PlayPlace> WindowPicture::PlaceOf(QSize size, double ms) {
   const double x = times->X(ms);
   if (x < times->left || x > times->right()) return std::nullopt;
   const WindowLayout layout = LayoutIn(ClientOf(size));
-  return PlayPlace{static_cast<int>(std::floor(x)), TopOfParts(layout), layout.plot.bottom};
+  return PlayPlace{ColumnOf(x), TopOfParts(layout), layout.plot.bottom};
 }
 
 void WindowPicture::PaintWhole(QPainter& painter, QSize size, const PaintStyle& style) {

@@ -1,0 +1,35 @@
+// pointer_status.cpp - labels that never make the window wider.
+#include "desktop/pointer_status.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include "desktop/qt_text.h"
+
+namespace cantorix {
+namespace {
+
+QLabel* NewText(QStatusBar& bar, const QString& name) {
+  auto* const text = new QLabel(&bar);
+  text->setTextFormat(Qt::PlainText);
+  text->setAccessibleName(name);
+  text->setContentsMargins(8, 0, 8, 0);
+  text->setMinimumWidth(1);
+  return text;
+}
+
+}  // namespace
+
+PointerStatus::PointerStatus(QStatusBar& bar)
+    : pointed_(NewText(bar, QStringLiteral("Under the pointer"))),
+      stretch_(NewText(bar, QStringLiteral("Recording in front"))) {
+  pointed_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  bar.addWidget(pointed_, 1);
+  bar.insertPermanentWidget(1, stretch_);
+}
+
+void PointerStatus::ShowPointed(const std::string& text) { pointed_->setText(Shown(text)); }
+
+void PointerStatus::ShowStretch(const std::string& text) { stretch_->setText(Shown(text)); }
+
+}  // namespace cantorix

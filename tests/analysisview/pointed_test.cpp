@@ -1,0 +1,105 @@
+// pointed_test.cpp - the line of values under the pointer, against values that the test puts there.
+#include "analysisview/pointed.h"
+
+#include <gtest/gtest.h>
+
+#include "analysisview/fft_lpc_view.h"
+#include "analysisview/pitch_view.h"
+#include "analysisview/spectrogram_view.h"
+#include "document/label.h"
+#include "platform/numbers.h"
+#include "settings/settings.h"
+#include "window_fixture.h"
+
+namespace cantorix {
+namespace {
+
+class PointedTest : public MainViewTest {
+ protected:
+  // A track of the whole recording.
+  void HoldTrack(std::vector<double> hz) {
+    view.pitch.range = {0.0, 10000.0};
+    view.pitch.PitchFrameCount = static_cast<double>(hz.size());
+    view.pitch.PitchValid = true;
+    hz.resize(hz.size() + 5);
+    view.pitch.PitchTrack = std::move(hz);
+  }
+  std::string TextAt(std::int32_t x, std::int32_t y) {
+    const auto pointed = PointedIn(view, x, y);
+    return pointed ? pointed->text : "nothing";
+  }
+  std::string TextAt(const AnalysisWindow& window, std::int32_t x, std::int32_t y) {
+    const auto pointed = PointedIn(window, x, y);
+    return pointed ? pointed->text : "nothing";
+  }
+};
+
+TEST_F(PointedTest, TheMainViewTellsSampleTracksAndLabel) {
+  document.channel().samples.samples()[1230] = -321;
+  document.channel().referenceLevel = 4.0;
+  EXPECT_EQ(TextAt(163, 300), "123.0 ms  amp -325  pitch \u2013  int \u2013");
+  HoldTrack({0.0, 203.7, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0});
+  Tier& tier = document.channel().tiers[1];
+  tier.inUse = true;
+  for (const auto& [ms, text] : {std::pair{50.0, "front"}, {400.0, "back"}}) {
+    tier.labels.push_back({.text = text, .timeMs = ms});
+  }
+  document.Notify(DocumentChange::kLabels);
+  const std::int32_t inTier = view.layout.tier(1).top;
+  const std::string values = "123.0 ms  amp -325  pitch 203.7 Hz  int \u2013";
+  EXPECT_EQ(TextAt(163, view.layout.audio.top), values);
+  EXPECT_EQ(TextAt(163, inTier), values + "  'front'");
+  EXPECT_EQ(TextAt(89, inTier).find('\''), std::string::npos) << "before the first one";
+  document.settings.display.timeBase = 1;
+  EXPECT_EQ(TextAt(1039, inTier).substr(0, 6), "1.0 s ");
+  EXPECT_EQ(StretchText(view), "10000 Hz \u00b7 1.0 s \u00b7 shown 0.0\u20131.0 s");
+  for (const auto& [x, y] : {std::pair{39, 300}, {1040, 300}, {163, -1}}) {
+    EXPECT_EQ(TextAt(x, y), "nothing") << x << ' ' << y;
+  }
+  EXPECT_EQ(TextAt(163, view.layout.timeAxis.top), "nothing");
+}
+
+TEST_F(PointedTest, AnalysesTellWhatTheirPictureHasThere) {
+  CSpectrogramView spectrogram(document, Services());
+  spectrogram.plot = {50, 10, 150, 110};
+  EXPECT_EQ(TextAt(spectrogram, 60, 20), "nothing") << "not computed";
+  spectrogram.WantSize({100, 100});
+  document.settings.spectrogram.rangeHz = 5000;
+  document.settings.spectrogram.trackFormants = 1;
+  ASSERT_TRUE(spectrogram.Show({0.0, 10000.0}));
+  const auto& column = spectrogram.spectrogram().formants[10];
+  std::string formants;
+  for (std::size_t i = 0; i < column.size(); ++i) {
+    formants += "  F" + std::to_string(i + 1) + ' ' +
+                (column[i] > 0 ? std::to_string(column[i]) : "\u2013");
+  }
+  const auto level = LevelAt(spectrogram.spectrogram(), 0.1, 100.0, 2500.0);
+  ASSERT_TRUE(level);
+  EXPECT_EQ(TextAt(spectrogram, 60, 59),
+            "100.0 ms  2500 Hz  " + FormatOneDecimal(*level) + " dB" + formants);
+  EXPECT_EQ(PointedIn(spectrogram, 60, 59)->ms, 100.0);
+  EXPECT_EQ(TextAt(spectrogram, 150, 59), "nothing");
+
+  HoldTrack({150.0, 150.0, 150.0, 150.0, 150.0, 0.0, 150.0, 150.0, 150.0, 150.0});
+  CPitchView pitch(view, Services());
+  pitch.plot = {50, 10, 550, 110};
+  EXPECT_EQ(TextAt(pitch, 200, 50), "300.0 ms  150.0 Hz  \u2013");
+  EXPECT_EQ(TextAt(pitch, 325, 50), "550.0 ms  \u2013  \u2013");
+
+  CFFTLPCView spectrum(document, Services());
+  spectrum.plot = {50, 10, 150, 110};
+  spectrum.WantSize({100, 100});
+  ASSERT_TRUE(spectrum.Show({.position = 3000.0, .selection = {}}));
+  const Spectrum& values = spectrum.spectrum();
+  const auto half = static_cast<std::size_t>(50);
+  EXPECT_EQ(TextAt(spectrum, 100, 50), std::to_string(std::lround(values.maxHz / 2.0)) +
+                                           " Hz  FFT " + FormatOneDecimal(values.fftDb[half]) +
+                                           " dB  LPC " + FormatOneDecimal(values.lpcDb[half]) +
+                                           " dB  at 300.0 ms");
+  EXPECT_FALSE(PointedIn(spectrum, 100, 50)->ms);
+  CutTo(5000);
+  EXPECT_EQ(TextAt(spectrum, 100, 50), "nothing") << "of samples that are gone";
+}
+
+}  // namespace
+}  // namespace cantorix
