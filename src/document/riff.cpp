@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "document/file_window.h"
 #include "platform/bytes.h"
@@ -110,6 +111,39 @@ std::optional<RiffHeader> ReadRiffHeader(const File& file) {
   // that makes no sense without pad bytes is walked with them.
   const auto header = Walk(riff, Padding::kNone);
   return header ? header : Walk(riff, Padding::kToEven);
+}
+
+std::optional<RiffHeader> ReadWave64Header(const File& file) {
+  // Names of 16 bytes, of which eight tell them apart, and sizes of 64 bits that count their own
+  // header; chunks begin at multiples of 8.
+  constexpr std::string_view kRestOfName = "\xF3\xAC\xD3\x11";
+  constexpr std::int64_t kLongChunkHeader = 24;
+  constexpr std::int64_t kFirstLongChunk = 40;
+  FileWindow window(file);
+  const std::int64_t length = file.Size();
+  if (!HasText(window.At(0, 8), 0, "riff\x2E\x91\xCF\x11")) return std::nullopt;
+  RiffHeader header;
+  for (std::int64_t position = kFirstLongChunk; position < length;) {
+    const auto chunk = window.At(position, kLongChunkHeader);
+    const auto size = LoadLittle<std::uint64_t>(chunk, 16);
+    const bool isNamed = HasText(chunk, 4, kRestOfName);
+    const bool isData = isNamed && HasText(chunk, 0, "data");
+    if (size < kLongChunkHeader) return std::nullopt;
+    const std::int64_t content = position + kLongChunkHeader;
+    if (isData) {
+      header.dataOffset = content;
+      header.promisedLength = static_cast<double>(size - kLongChunkHeader);
+      header.dataLength = std::min(header.promisedLength, static_cast<double>(length));
+      return header;
+    }
+    if (size > static_cast<std::uint64_t>(length - position)) return std::nullopt;
+    const auto bytes = static_cast<std::int64_t>(size);
+    if (isNamed && HasText(chunk, 0, "fmt ")) {
+      TakeFormat(window, content, bytes - kLongChunkHeader, header);
+    }
+    position += (bytes + 7) / 8 * 8;
+  }
+  return std::nullopt;
 }
 
 }  // namespace cantorix

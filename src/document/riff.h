@@ -26,4 +26,7 @@ struct RiffHeader {
 // Throws FileError when the file cannot be read.
 std::optional<RiffHeader> ReadRiffHeader(const File& file);
 
+// The same for a W64 file.
+std::optional<RiffHeader> ReadWave64Header(const File& file);
+
 }  // namespace cantorix

@@ -26,6 +26,9 @@ class File;
 // the file or the disk store fails, Abandoned when the user cancels or memory runs out.
 bool ReadWave(CSonadexDoc& document, const File& file);
 
+// The same for the plain codings of a W64 file.
+bool ReadWave64(CSonadexDoc& document, const File& file);
+
 // The bytes of a recording that go into a WAV file, two to a sample.
 struct WaveBytes {
   std::int64_t first = 0;  // an odd place counts as the even one below

@@ -150,14 +150,11 @@ bool ReadOtherCoding(CSonadexDoc& document, const File& file, const RiffHeader& 
   return true;
 }
 
-}  // namespace
-
-bool ReadWave(CSonadexDoc& document, const File& file) {
-  const auto header = ReadRiffHeader(file);
-  if (!header) return false;
-  const auto format = FormatOf(file, *header);
-  if (!format) return ReadOtherCoding(document, file, *header);
-  const double length = header->dataLength / static_cast<double>(format->frameBytes);
+// The samples as they stand. False when the header does not say exactly how they do.
+bool ReadPlain(CSonadexDoc& document, const File& file, const RiffHeader& header) {
+  const auto format = FormatOf(file, header);
+  if (!format) return false;
+  const double length = header.dataLength / static_cast<double>(format->frameBytes);
   if (length < 1.0) return false;
 
   SetForeignFields(document, format->rateHz, length);
@@ -165,16 +162,33 @@ bool ReadWave(CSonadexDoc& document, const File& file) {
   InterleavedSamples samples(
       file, {.coding = format->coding,
              .frameBytes = format->frameBytes,
-             .dataOffset = header->dataOffset,
+             .dataOffset = header.dataOffset,
              .channelOffset = static_cast<std::size_t>(channel) * WidthOf(format->coding)});
   LoadSamples(
       document, document.channel().totalDurationMs, format->rateHz, Truncate(length),
       [&](std::int64_t position, std::span<std::int16_t> out) { samples.Read(position, out); });
-  TellOfMissingSamples(document, file, *header, format->frameBytes);
+  TellOfMissingSamples(document, file, header, format->frameBytes);
   document.codingName = NameOf(format->coding);
   document.fileChannels = format->channels;
   if (format->channels > 1) NameExtractedChannel(document, file.path(), channel);
+  return true;
+}
+
+}  // namespace
+
+bool ReadWave(CSonadexDoc& document, const File& file) {
+  const auto header = ReadRiffHeader(file);
+  if (!header) return false;
+  if (!FormatOf(file, *header)) return ReadOtherCoding(document, file, *header);
+  if (!ReadPlain(document, file, *header)) return false;
   SetMarkerLabels(document, WaveMarkers(file, *header));
+  return true;
+}
+
+bool ReadWave64(CSonadexDoc& document, const File& file) {
+  const auto header = ReadWave64Header(file);
+  if (!header || !ReadPlain(document, file, *header)) return false;
+  document.formatName = "W64";
   return true;
 }
 

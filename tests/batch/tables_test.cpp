@@ -29,7 +29,9 @@ class TablesTest : public testing::Test {
 TEST_F(TablesTest, HoldWhatWasWorkedOutByHand) {
   PutFile(folder_ / "broken.wav", "not a recording");
   PutFile(folder_ / "many.wav", Wave({100, 200, 300}, 1000, 12));
+  PutFile(folder_ / "numbers.txt", "Time\n1\n-2 70000\n");
   ExpectTranscript("tables.txt", folder_.path());
+  EXPECT_EQ(FileText(folder_ / "numbers.wav"), Wave({1, -2, 32767}, 1000));
   EXPECT_EQ(FileText(folder_ / "tables/dc.intensity.tsv"),
             "time_ms\tintensity_db\n0.0\t60.0\n10.0\t60.0\n20.0\t60.0\n");
   EXPECT_EQ(FileText(folder_ / "tables/still.intensity.tsv").substr(0, 30),

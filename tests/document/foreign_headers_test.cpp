@@ -281,5 +281,98 @@ TEST(ForeignHeaders, AreReadAsFarAsTheyGoOrNamed) {
   }
 }
 
+// What a file of no known kind gives, and what its preview said before: "COUNT in MS: LOW/HIGH
+// ...".
+struct GenericRow {
+  const char* name;
+  Bytes file;
+  GenericParameters entered;
+  const char* foretold;
+  const char* expected;
+  const char* said = "";
+};
+
+const GenericRow kGenericRows[] = {
+    {"16 bit, high byte first", kFive, {.rateHz = 1000}, "5 in 5: 1/2 3/5", "1000: 1 2 3 4 5 []"},
+    {"16 bit, low byte first, behind a header",
+     Text("xyz") + kLittleFive + Bytes(1),
+     {.headerBytes = 3, .highByteFirst = 0},
+     "5 in 0.5: 1/2 3/5",
+     "10000: 1 2 3 4 5 []"},
+    {"8 bit",
+     Raw({128, 129, 0}),
+     {.rateHz = 1, .sixteenBit = 0},
+     "3 in 3000: 0/0 -32768/256",
+     "1: 0 256 -32768 []"},
+    {"a header of all", kFive, {.headerBytes = 10}, "It holds no samples.", "It holds no samples."},
+    {"numbers below a heading",
+     Text("Time 1\n\n+1, -2.5\t3e1\r\n4\r5"),
+     {.rateHz = 1000, .binary = 0},
+     "5 in 5: -3/30",
+     "1000: 1 -3 30 4 5 []"},
+    {"numbers out of range",
+     Text("\xEF\xBB\xBF"
+          "99999\n-1e999 32767.4\n-32768.5\n"),
+     {.rateHz = 4, .binary = 0},
+     "4 in 1000: -32768/32767",
+     "4: 32767 -32768 32767 -32768 []",
+     "3 numbers lie outside -32768 to 32767; they were clipped."},
+    {"a word among numbers",
+     Text("1\n2 x\n"),
+     {.binary = 0},
+     "Line 2 has \"x\" where a number should stand.",
+     "Line 2 has \"x\" where a number should stand."},
+    {"words alone",
+     Text("nan inf 0x10 - 1.2.3 "),
+     {.binary = 0},
+     "It holds no numbers.",
+     "It holds no numbers."},
+};
+
+class GenericAnswers : public SecondChannel {
+ public:
+  explicit GenericAnswers(const GenericParameters& entered) : entered_(entered) {}
+  Answer Ask(const std::string&, Buttons) override { return Answer::kOk; }
+  std::optional<GenericParameters> AskGenericParameters(const GenericParameters& preset,
+                                                        GenericPreview& preview) override {
+    EXPECT_EQ(preset.rateHz, 10000);
+    const GenericOutcome outcome = preview.Try(entered_, 2);
+    foretold = outcome.problem;
+    if (!foretold.empty()) return entered_;
+    foretold = Joined(outcome.samples, "in", outcome.durationMs) + ":";
+    for (const auto& [low, high] : outcome.waveform) {
+      foretold += " " + std::to_string(low) + "/" + std::to_string(high);
+    }
+    return entered_;
+  }
+  std::string foretold;
+
+ private:
+  GenericParameters entered_;
+};
+
+TEST(GenericFiles, GiveWhatTheirPreviewForetold) {
+  for (const GenericRow& row : kGenericRows) {
+    SCOPED_TRACE(row.name);
+    TestHost files;
+    GenericAnswers prompts(row.entered);
+    DocumentHost host{.prompts = prompts,
+                      .progress = files.progress,
+                      .memory = files.memory,
+                      .programDirectory = files.folder.path(),
+                      .application = {},
+                      .documentsWriteConfiguration = false};
+    const std::string path = files.folder / "file";
+    WriteBytes(path, row.file);
+    CSonadexDoc document(host);
+    const bool opened = document.OnOpenDocument(path);
+    EXPECT_EQ(prompts.foretold, row.foretold);
+    EXPECT_EQ(opened ? StateOf(document) : document.openFailure.reason, row.expected);
+    if (opened) {
+      EXPECT_EQ(prompts.said, row.said);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace cantorix

@@ -4,6 +4,7 @@
 #include "document/readers/known_kinds.h"
 #include "document/readers/mpeg_frames.h"
 #include "document/readers/readers.h"
+#include "document/wav_file.h"
 #include "platform/file_error.h"
 
 namespace cantorix {
@@ -25,6 +26,8 @@ void NameAsUsual(ForeignSound& sound) {
 
 bool ReadToday(CSonadexDoc& document, const File& file) {
   if (HasItsOwnReader(file)) return false;
+  // The library takes the floats behind an extensible header for integers.
+  if (ReadWave64(document, file)) return true;
   const bool isMpeg = IsMpegAudio(file);
   if (!isMpeg && BeginsLikeMpeg(file)) return false;
   const std::string_view kind = isMpeg ? "an MPEG audio file" : KnownKindOf(file);
