@@ -230,6 +230,8 @@ const Row kRows[] = {
      Text("\0\0\0\x20"
           "ftypM4A "sv),
      "It is an MPEG-4 file that cannot be decoded: No decoder knows it."},
+    {"a tag and no more", Text("ID3\4\0\0\0\0\0\0 and text"sv),
+     "It is a file with an ID3 tag that cannot be decoded: No decoder knows it."},
     {"FLAC in name only", Text("fLaC and no more"),
      "It is a FLAC file that cannot be decoded: Error : unknown error in flac decoder."},
     {"samples that begin like MPEG", Raw({0xFF, 0xFB, 0x90, 0x44}) + Bytes(2000),

@@ -19,6 +19,7 @@ struct KnownKind {
 
 constexpr KnownKind kKinds[] = {
     {"fLaC", 0, "a FLAC file"},
+    {"ID3", 0, "a file with an ID3 tag"},
     {"OggS", 0, "an Ogg file"},
     {"caff", 0, "a CAF file"},
     {"riff\x2E\x91\xCF\x11"sv, 0, "a W64 file"},

@@ -82,7 +82,7 @@ bool IsMpegAudio(const File& file) {
   }
   const std::uint32_t first = HeaderAt(window, at);
   for (int i = 0; i < kFramesThatConvince; ++i) {
-    if (at >= size) return false;
+    if (at >= size) return at == size && i >= 2;  // all that there is
     const std::uint32_t header = HeaderAt(window, at);
     const auto bytes = FrameBytes(header);
     if (!bytes || ((header ^ first) & kSameInAllFrames) != 0) return false;

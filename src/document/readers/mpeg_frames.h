@@ -6,8 +6,8 @@ namespace cantorix {
 
 class File;
 
-// Whether the file begins with four whole frames that belong together, or with an "ID3" tag that
-// such frames follow; zeros before the first frame do not count.
+// Whether the file begins with four whole frames that belong together, or is two or three of them,
+// or with an "ID3" tag that such frames follow; zeros before the first frame do not count.
 bool IsMpegAudio(const File& file);
 
 // Whether its first bits are those of a frame, which the samples of a file without a header may be.

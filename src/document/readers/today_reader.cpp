@@ -29,6 +29,7 @@ bool ReadToday(CSonadexDoc& document, const File& file) {
   // The library takes the floats behind an extensible header for integers.
   if (ReadWave64(document, file)) return true;
   const bool isMpeg = IsMpegAudio(file);
+  const bool isTagged = HasMagic(file, "ID3");
   if (!isMpeg && BeginsLikeMpeg(file)) return false;
   const std::string_view kind = isMpeg ? "an MPEG audio file" : KnownKindOf(file);
   const auto opened = SoundDecoder::Open(file);
@@ -40,7 +41,7 @@ bool ReadToday(CSonadexDoc& document, const File& file) {
   }
   // Too few bytes of some kinds are telling: raw samples may begin with them.
   const DecodedFormat& format = opened.decoder->format();
-  if (format.isGuessed && !isMpeg) return false;
+  if (format.isGuessed && !isMpeg && !isTagged) return false;
   ForeignSound sound = SoundOf(*opened.decoder);
   NameAsUsual(sound);
   ReadDecoded(document, file, sound, *opened.decoder);
