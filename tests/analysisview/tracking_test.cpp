@@ -210,6 +210,11 @@ TEST_F(FftLpcCursor, ArrowKeysStepByDisplayPoints) {
     window.StepCursor(points, 0);
     EXPECT_DOUBLE_EQ(window.cursorHz, hz) << points;
   }
+  window.Press(13, 50);
+  window.Move(13 + 100, 50);
+  window.Release(13 + 100, 50);
+  EXPECT_DOUBLE_EQ(window.cursorHz, 1000.0) << "the cursor follows the pointer";
+  window.StepCursor(9999, 0);
   for (const std::int32_t rangeHz : {4991, 4990}) {
     options.rangeHz = rangeHz;
     window.Update();
@@ -254,6 +259,8 @@ TEST_F(PitchTracking, PassesItsMovesOnlyAndStaysOverTheTrack) {
   window.Move(250, 50);
   EXPECT_EQ(cursors(), "400 400");
   EXPECT_EQ(MarksOf(view), "selection to save 300 of 300 400 = 1000") << "the press went first";
+  EXPECT_EQ(TextOf(window), "Time(ms)=400.0 Pitch(Hz)=" + window.Readouts()[1].value +
+                                " Int.(dB)=" + window.Readouts()[2].value);
   window.Release(350, 50);
   window.Move(450, 50);
   EXPECT_EQ(cursors(), "500 400");

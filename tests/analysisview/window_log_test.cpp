@@ -88,6 +88,7 @@ TEST(SpectrogramLog, EntireFrameIsTheColumnUnderTheCursor) {
   EXPECT_EQ(LevelAt(two.spectrogram, 2.0, 300.0, 999.0), std::nullopt) << "not computed";
   two.spectrogram.outcome = SpectrogramOutcome::kComputed;
   for (const auto& [ms, hz, levelDb] : {std::tuple{300.0, 999.0, 4.0},
+                                        {300.0, 0.0, 3.0},
                                         {300.0, 1000.0, -1.0},
                                         {300.0, -1.0, -1.0},
                                         {99.0, 1.0, -1.0},
