@@ -71,8 +71,8 @@ void CMainFrame::ListWindows() {
   windowList_.push_back(menu.addSeparator());
   int number = 0;
   for (QMdiSubWindow* const window : desks_.Windows()) {
-    const bool isAnalysis = dynamic_cast<CChildFrame*>(window) == nullptr;
     const QString title = window->windowTitle().remove(QStringLiteral("[*]")).replace('&', "&&");
+    const bool isAnalysis = dynamic_cast<CChildFrame*>(window) == nullptr;
     const QString entry =
         isAnalysis ? "  " + title : QStringLiteral("&%1 %2").arg(++number).arg(title);
     auto* const action = menu.addAction(entry);
