@@ -183,6 +183,9 @@ TEST_F(DesksTest, ThePointerShowsItsTimeInAllWindowsAndItsValuesInTheStatusBar) 
   CSonadexView& view = OpenCopy("a.qrv");
   AnalysisFrame& spectrogram = Show(view, WindowKind::kSpectrogram);
   AnalysisFrame& pitch = Show(view, WindowKind::kPitch);
+  // A computation of the new size could bring up its status window.
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&] { return !spectrogram.model().UpdateDue() && !progress.running(); }, 20000));
   QWidget& main = MainOf(view).area().picture();
   const auto columns = [&] {
     return std::vector<int>{
