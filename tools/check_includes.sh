@@ -21,7 +21,8 @@ list_sources | tr '\n' '\0' | xargs -0 -r awk '
     may["analysis"] = may["settings"] " analysis"
     may["document"] = may["analysis"] " document"
     may["audio"] = may["analysis"] " audio"
-    may["mainview"] = may["document"] " audio mainview"
+    may["labelfile"] = "platform labelfile"
+    may["mainview"] = may["document"] " audio labelfile mainview"
     may["analysisview"] = may["mainview"] " analysisview"
     may["app"] = may["analysisview"] " app"
     may["desktop"] = may["app"] " desktop"
@@ -47,6 +48,8 @@ list_sources | tr '\n' '\0' | xargs -0 -r awk '
     }
     if (header ~ /^sndfile\.hh?$/ && folder != "document")
       complain("<" header ">: libsndfile belongs to src/document only")
+    if (header ~ /^(pugixml\.hpp|nlohmann\/.*)$/ && folder != "labelfile")
+      complain("<" header ">: XML and JSON belong to src/labelfile only")
   }
 
   /^[ \t]*#[ \t]*include[ \t]*"/ && folder in may {

@@ -6,7 +6,10 @@ set -euo pipefail
 packages=()
 for purpose in "$@"; do
   case $purpose in
-    build) packages+=(g++ cmake ninja-build libcli11-dev libsndfile1-dev) ;;
+    build)
+      packages+=(g++ cmake ninja-build libcli11-dev libsndfile1-dev)
+      packages+=(libpugixml-dev nlohmann-json3-dev)
+      ;;
     desktop)
       packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core)
       packages+=(portaudio19-dev libportaudio2 libasound2-plugins)

@@ -19,7 +19,9 @@ constexpr const char* kFooter = R"(Examples:
   cantorix-batch spectrogram talk.wav --columns 800 --rows 250 --points 256
   cantorix-batch formants talk.wav --step 10
   cantorix-batch labels talk.qrv --log
+  cantorix-batch labels talk.qrv --format textgrid -o talk.TextGrid
   cantorix-batch convert talk.wav talk.qrv
+  cantorix-batch convert talk.wav talk.qrv --labels talk.TextGrid
   cantorix-batch import-labels talk.wav words.txt --tier words --unit s -o talk.qrv
   cantorix-batch edit talk.qrv -o short.qrv select:500:800 cut cursor:0 paste
   cantorix-batch config show --set pitch.highHz=600
@@ -144,6 +146,10 @@ CLI::Option* Grammar::AddSavedFile(CLI::App* app, const char* option, const char
                   "Instead of the one that the name ends in; streams get qrv")
       ->type_name("qrv|wav")
       ->transform(CLI::CheckedTransformer(formats).description(""));
+  return AddOutput(app, option, description);
+}
+
+CLI::Option* Grammar::AddOutput(CLI::App* app, const char* option, const char* description) {
   AddForce(app);
   return app->add_option(option, request_.output, description)->required()->check(WithKnownEnding);
 }

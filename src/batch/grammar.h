@@ -44,6 +44,8 @@ class Grammar {
   void AddFiles(CLI::App* app);
   // One recording, and the native or WAV file to write.
   void AddInput(CLI::App* app, const char* name);
+  // Without --format, for a verb that has one of its own.
+  CLI::Option* AddOutput(CLI::App* app, const char* option, const char* description);
   CLI::Option* AddSavedFile(CLI::App* app, const char* option, const char* description);
   void AddRange(CLI::App* app);
   // The option is a time in a recording, NaN when its text is no number.

@@ -2,6 +2,7 @@
 #include <map>
 
 #include "batch/grammar.h"
+#include "batch/option_texts.h"
 
 namespace cantorix::batch {
 namespace {
@@ -62,6 +63,21 @@ void DeclareDescriptions(Grammar& grammar) {
   grammar.AddFiles(labels);
   grammar.AddRange(labels);
   grammar.AddStyle(labels);
+  LabelExport& file = grammar.request().labelExport;
+  auto* format = labels
+                     ->add_option("--format", file.format,
+                                  "A label file for another program instead of the table: " +
+                                      LabelFormatKeys())
+                     ->type_name("FORMAT")
+                     ->check(IsLabelFormat);
+  for (const char* other : {"--from", "--to", "--exact", "--log"}) format->excludes(other);
+  labels->add_option("--tier", file.tier, "The only tier in the label file")
+      ->type_name("NAME")
+      ->needs(format);
+  labels
+      ->add_flag("--intervals", file.asIntervals,
+                 "Labels become intervals up to the next label instead of points")
+      ->needs(format);
 }
 
 void DeclareTracks(Grammar& grammar) {

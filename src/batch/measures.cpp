@@ -2,9 +2,11 @@
 #include "batch/measures.h"
 
 #include "batch/log_rows.h"
+#include "batch/outcome.h"
 #include "batch/own_output.h"
 #include "batch/verbs.h"
 #include "document/label.h"
+#include "labelfile/label_formats.h"
 
 namespace cantorix::batch {
 namespace {
@@ -48,6 +50,12 @@ Measure SavingBy(bool (*save)(Session&)) {
 
 Measure MeasureFor(const Request& request) {
   if (request.log) return LogFor(request);
+  if (const LabelFormat* format = LabelFormatOf(request.labelExport.format)) {
+    if (request.files.size() > 1 && request.output.empty()) {
+      throw WrongUsage("the label files of several recordings need a folder (-o)");
+    }
+    return {"", '.' + std::string(format->ending), WriteLabelFile};
+  }
   switch (request.verb) {
     case Verb::kPitch:
       return {"time_ms\tpitch_hz\n", ".pitch.tsv", WritePitch};
@@ -62,7 +70,7 @@ Measure MeasureFor(const Request& request) {
     case Verb::kLabels:
       return {"tier\ttext\ttime_ms\tpitch_hz\tintensity_db\n", ".labels.tsv", WriteLabels};
     case Verb::kConvert:
-      return SavingBy(Convert);
+      return SavingBy(ConvertWithLabels);
     case Verb::kImportLabels:
       return SavingBy(ImportLabels);
     case Verb::kEdit:

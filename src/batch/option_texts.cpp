@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+#include "labelfile/label_formats.h"
+
 namespace cantorix::batch {
 namespace {
 
@@ -117,6 +119,18 @@ EditStep ParseEditStep(const std::string& text) {
   if (parts.size() > 1) step.first = StepNumber(*form, parts[1]);
   if (parts.size() > 2) step.second = StepNumber(*form, parts[2]);
   return step;
+}
+
+std::string LabelFormatKeys() {
+  std::string keys;
+  for (const LabelFormat& format : LabelFormats()) {
+    keys += (keys.empty() ? "" : ", ") + std::string(format.key);
+  }
+  return keys;
+}
+
+std::string IsLabelFormat(const std::string& key) {
+  return LabelFormatOf(key) != nullptr ? "" : key + " is none of: " + LabelFormatKeys();
 }
 
 }  // namespace cantorix::batch

@@ -25,4 +25,9 @@ GenericParameters ParseGeneric(const std::string& text);
 // "cut", "select:MS:MS", "gain:PERCENT:REFERENCE", "label:TIER:MS:TEXT" and so on
 EditStep ParseEditStep(const std::string& text);
 
+// The keys of the label formats as a list, and the refusal of a key that none of them
+// has, empty for others.
+std::string LabelFormatKeys();
+std::string IsLabelFormat(const std::string& key);
+
 }  // namespace cantorix::batch

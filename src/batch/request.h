@@ -33,11 +33,21 @@ struct Assignment {
   std::string text;
 };
 
-// Labels from a text file.
+// Labels from a file.
 struct LabelImport {
-  std::string textFile;
-  std::string tier;
-  LabelImportOptions options;
+  std::string file;    // empty: none
+  std::string tier;    // empty: those that the file names
+  std::string format;  // a key of the label formats; empty: that which the file shows
+  bool emptyIntervals = false;
+  std::optional<TimeStampUnit> unit;  // of plain text, which is read as such when it is given
+  LabelImportOptions options;         // without the unit
+};
+
+// A file of labels instead of a table.
+struct LabelExport {
+  std::string format;  // empty: the table
+  std::string tier;    // empty: all in use
+  bool asIntervals = false;
 };
 
 // One step of `edit`.
@@ -91,7 +101,8 @@ struct Request {
   bool formantColumns = false;         // spectrogram: F1 to F5 behind the levels
   std::optional<double> columnStepMs;  // formants: between columns, instead of their number
   bool usualLpcOrder = false;          // the LPC order goes by the recording's rate
-  LabelImport labelImport;             // import-labels
+  LabelImport labelImport;             // import-labels and convert
+  LabelExport labelExport;             // labels
   std::vector<EditStep> steps;         // edit
 };
 

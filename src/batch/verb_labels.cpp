@@ -1,10 +1,11 @@
 // verb_labels.cpp - the labels of the tiers in use with the pitch and intensity at their times,
-// taken from the tracks of the whole recording.
+// taken from the tracks of the whole recording; or as a file for another program.
 #include "batch/batch_view.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "document/label.h"
+#include "mainview/label_transfer.h"
 #include "mainview/log_commands.h"
 #include "mainview/track_lookup.h"
 #include "platform/text.h"
@@ -47,6 +48,21 @@ bool LogLabels(Session& session, TextSink& sink) {
   LogRows rows(sink, kLabelValues);
   EnterIntoLog(batch.view(), ranged ? LogCommand::kLabelsSelection : LogCommand::kLabelsAll, rows);
   rows.Flush();
+  return true;
+}
+
+bool WriteLabelFile(Session& session, bool, TextSink& sink) {
+  const LabelExport& wanted = session.request().labelExport;
+  const LabelFormat& format = *LabelFormatOf(wanted.format);
+  const FittedLabels fitted =
+      LabelsFor(format, session.document(), wanted.tier, wanted.asIntervals);
+  if (fitted.file.tiers.empty()) {
+    session.prompts().Say(wanted.tier.empty() ? "No tier is in use."
+                                              : "No tier in use is named " + wanted.tier + ".");
+    return false;
+  }
+  if (!fitted.losses.empty()) session.prompts().Say(InOneLine(fitted.losses));
+  sink.Write(format.write(fitted.file));
   return true;
 }
 

@@ -19,6 +19,9 @@ bool WriteIntensity(Session& session, bool namesFile, TextSink& sink);
 bool WriteFormants(Session& session, bool namesFile, TextSink& sink);
 bool WriteLabels(Session& session, bool namesFile, TextSink& sink);
 
+// The labels as a file of the format that the request names; what it cannot hold is said.
+bool WriteLabelFile(Session& session, bool namesFile, TextSink& sink);
+
 // The verbs whose columns depend on the file: with header lines of their own.
 bool WriteSpectrum(Session& session, bool namesFile, TextSink& sink);
 bool WriteSpectrogram(Session& session, bool namesFile, TextSink& sink);
@@ -40,7 +43,9 @@ bool LogFormants(Session& session, TextSink& sink);
 // Saves the recording, or the chosen range of it, as the native or the WAV file that the request's
 // output names.
 bool Convert(Session& session);
-// Does the steps of the request, adds the labels of its text file, and saves the result.
+// Adds the labels of the request's label file, if it names one, first.
+bool ConvertWithLabels(Session& session);
+// Does the steps of the request, adds the labels of its label file, and saves the result.
 bool Edit(Session& session);
 bool ImportLabels(Session& session);
 

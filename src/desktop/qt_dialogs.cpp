@@ -2,6 +2,7 @@
 #include "desktop/qt_dialogs.h"
 
 #include "desktop/dialogs/label_dialog.h"
+#include "desktop/dialogs/label_file_dialogs.h"
 #include "desktop/dialogs/label_import_dialog.h"
 #include "desktop/dialogs/option_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
@@ -38,6 +39,15 @@ std::optional<TierSetups> QtDialogs::AskTiers(const TierSetups& preset) {
 std::optional<LabelImportAnswer> QtDialogs::AskLabelImport(
     const std::vector<std::string>& tierNames, const LabelImportOptions& preset) {
   return Ask(LabelImportDialog(prompts_, tierNames, preset, prompts_.Parent()));
+}
+
+std::optional<LabelFileOptions> QtDialogs::AskLabelFile(const LabelFileOptions& preset) {
+  return Ask(LabelFileDialog(prompts_, preset, prompts_.Parent()));
+}
+
+std::optional<LabelExportAnswer> QtDialogs::AskLabelExport(
+    const std::vector<std::string>& tierNames, const LabelFileOptions& preset) {
+  return Ask(LabelExportDialog(prompts_, tierNames, preset, prompts_.Parent()));
 }
 
 std::optional<GainSettings> QtDialogs::AskGain(const GainSettings& preset) {

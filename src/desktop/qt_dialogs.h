@@ -15,6 +15,9 @@ class QtDialogs : public ViewDialogs {
   std::optional<TierSetups> AskTiers(const TierSetups& preset) override;
   std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>& tierNames,
                                                   const LabelImportOptions& preset) override;
+  std::optional<LabelFileOptions> AskLabelFile(const LabelFileOptions& preset) override;
+  std::optional<LabelExportAnswer> AskLabelExport(const std::vector<std::string>& tierNames,
+                                                  const LabelFileOptions& preset) override;
   std::optional<GainSettings> AskGain(const GainSettings& preset) override;
   std::optional<std::int32_t> AskZoomRange(std::int32_t presetMs) override;
   std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings& preset, double rateHz) override;

@@ -110,9 +110,10 @@ class CSonadexDoc {
   GenericParameters genericRead;  // preset before each generic read
   // Behind a reference, as most of the program does not depend on every setting.
   DocumentSettings& settings;
-  LocalSettings& localSettings;     // which of them stay out of the configuration file
-  bool rateHintsClosed = false;     // the user wants none beside this recording
-  LabelImportOptions labelImport;   // the next import begins with them
+  LocalSettings& localSettings;    // which of them stay out of the configuration file
+  bool rateHintsClosed = false;    // the user wants none beside this recording
+  LabelImportOptions labelImport;  // the next import begins with them
+  LabelFileOptions labelFiles;
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open
 
  private:

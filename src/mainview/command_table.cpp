@@ -208,6 +208,11 @@ constexpr std::array kTable{
                SetTiers},
     CommandRow{Command::kImportLabels, Menu::kTiersLabels, "Import Labels into a Tier...", "",
                kLoaded, "Add the labels of a text file to a tier", "Import Labels", ImportLabels},
+    CommandRow{Command::kImportLabelFile, Menu::kTiersLabels, "Import Label File...", "", kLoaded,
+               "Add the labels of a file of another program to their tiers", "Import Label File",
+               ImportLabelFile},
+    CommandRow{Command::kExportLabels, Menu::kTiersLabels, "Export Labels As...", "", kLoaded,
+               "Write the labels as a file for another program", "Export Labels As", ExportLabels},
     // Kept: the entry has always been spelled so.
     CommandRow{Command::kViewLabels, Menu::kTiersLabels, "Vew Labels", "", kLoaded,
                "View the label list", "View Labels", ByFrame<&Frame::ShowLabelList>, kSeparator, 6},

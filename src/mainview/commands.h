@@ -80,6 +80,8 @@ enum class Command {
   kLabelEntryMode,
   kSetTiers,
   kImportLabels,
+  kImportLabelFile,
+  kExportLabels,
   kViewLabels,
   // Log
   kLogNew,

@@ -33,4 +33,9 @@ struct LabelImportAnswer {
   LabelImportOptions options;
 };
 
+struct LabelExportAnswer {
+  std::string tierName;  // empty: all tiers in use
+  LabelFileOptions options;
+};
+
 }  // namespace cantorix

@@ -48,6 +48,12 @@ void ImportLabels(CSonadexView& view);
 void ImportLabelLines(CSonadexView& view, int tier, std::string_view bytes,
                       const LabelImportOptions& options);
 
+// "Import Label File": options, file, a question when not all of it can be kept, then one edit that
+// adds the labels to the tiers of their names. What cannot be read is shown.
+void ImportLabelFile(CSonadexView& view);
+// "Export Labels": options, the same question, then a file with the labels of the tiers in use.
+void ExportLabels(CSonadexView& view);
+
 // The tier or the label at a place; null where there is none.
 Tier* FindTier(CSonadexView& view, int tier);
 Label* FindLabel(CSonadexView& view, int tier, int index);

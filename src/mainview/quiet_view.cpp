@@ -15,6 +15,13 @@ std::optional<LabelImportAnswer> QuietDialogs::AskLabelImport(const std::vector<
   return {};
 }
 
+std::optional<LabelFileOptions> QuietDialogs::AskLabelFile(const LabelFileOptions&) { return {}; }
+
+std::optional<LabelExportAnswer> QuietDialogs::AskLabelExport(const std::vector<std::string>&,
+                                                              const LabelFileOptions&) {
+  return {};
+}
+
 std::optional<GainSettings> QuietDialogs::AskGain(const GainSettings&) { return {}; }
 
 std::optional<std::int32_t> QuietDialogs::AskZoomRange(std::int32_t) { return {}; }

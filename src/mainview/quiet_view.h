@@ -13,6 +13,9 @@ class QuietDialogs : public ViewDialogs {
   std::optional<TierSetups> AskTiers(const TierSetups&) override;
   std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
                                                   const LabelImportOptions&) override;
+  std::optional<LabelFileOptions> AskLabelFile(const LabelFileOptions&) override;
+  std::optional<LabelExportAnswer> AskLabelExport(const std::vector<std::string>&,
+                                                  const LabelFileOptions&) override;
   std::optional<GainSettings> AskGain(const GainSettings&) override;
   std::optional<std::int32_t> AskZoomRange(std::int32_t) override;
   std::optional<FftLpcSettings> AskFftLpc(const FftLpcSettings&, double) override;

@@ -17,6 +17,8 @@ struct GainSettings;
 struct IntensitySettings;
 struct Label;
 struct LabelAnswer;
+struct LabelExportAnswer;
+struct LabelFileOptions;
 struct LabelImportAnswer;
 struct LabelImportOptions;
 struct PitchSettings;
@@ -35,6 +37,10 @@ class ViewDialogs {
   // "Import a generic label file into a tier".
   virtual std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>& tierNames,
                                                           const LabelImportOptions& preset) = 0;
+  // "Import Label File" and "Export Labels": format and options.
+  virtual std::optional<LabelFileOptions> AskLabelFile(const LabelFileOptions& preset) = 0;
+  virtual std::optional<LabelExportAnswer> AskLabelExport(const std::vector<std::string>& tierNames,
+                                                          const LabelFileOptions& preset) = 0;
   // "Reference and Gain"; whole numbers go in and come out.
   virtual std::optional<GainSettings> AskGain(const GainSettings& preset) = 0;
   // "Zoom Option": whole milliseconds.

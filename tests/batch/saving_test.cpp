@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "batch/command.h"
+#include "labelfile/label_formats.h"
 #include "support/samples.h"
 #include "support/temporary_folder.h"
 
@@ -112,6 +113,25 @@ TEST_F(SavingTest, GoesOnWithoutUndoWhenItsFileCannotBeWritten) {
   EXPECT_EQ(imported.exitCode, 0);
   EXPECT_EQ(imported.err, Filled(kNoUndo, folder_.path()));
   EXPECT_TRUE(FileText(folder_ / "imported.wav") == FileText(folder_ / "ten.wav"));
+}
+
+// Out of a recording into every format, and from there into one that has none.
+TEST_F(SavingTest, LabelFilesTakeTheLabelsFromOneRecordingToAnother) {
+  Edited({"label:words:1:one", "label:words:7:two"}, "@/ten.wav", "@/two.qrv");
+  for (const LabelFormat& format : LabelFormats()) {
+    const std::string file = "@/" + std::string(format.key) + "." + std::string(format.ending);
+    Run({"labels", "@/two.qrv", "--format", std::string(format.key), "-o", file});
+    const Words tier = format.holds.tiers ? Words{} : Words{"--tier", "words"};
+    Run(Words{"import-labels", "@/ten.wav", file, "--format", std::string(format.key), "--format",
+              "qrv", "-o", "@/back.qrv"} +
+        tier);
+    EXPECT_TRUE(FileText(folder_ / "back.qrv") == FileText(folder_ / "two.qrv")) << format.key;
+  }
+  Run({"convert", "@/ten.wav", "@/joined.qrv", "--labels", "@/textgrid.TextGrid"});
+  EXPECT_TRUE(FileText(folder_ / "joined.qrv") == FileText(folder_ / "two.qrv"));
+  PutFile(folder_ / "late.txt", "0.001\t0.002\ta\n0.5\t0.6\tb\n");
+  PutFile(folder_ / "plain.txt", "0.001\ta\n");
+  ExpectTranscript("label-files.txt", folder_.path());
 }
 
 TEST_F(SavingTest, ConvertsThereAndBack) {

@@ -115,6 +115,13 @@ class ScriptedDialogs : public ViewDialogs {
                                                   const LabelImportOptions& preset) override {
     return labelImport.Show({tierNames, preset});
   }
+  std::optional<LabelFileOptions> AskLabelFile(const LabelFileOptions& preset) override {
+    return labelFile.Show(preset);
+  }
+  std::optional<LabelExportAnswer> AskLabelExport(const std::vector<std::string>& tierNames,
+                                                  const LabelFileOptions& preset) override {
+    return labelExport.Show({tierNames.empty() ? "" : tierNames.back(), preset});
+  }
   std::optional<GainSettings> AskGain(const GainSettings& preset) override {
     return gain.Show(preset);
   }
@@ -143,6 +150,8 @@ class ScriptedDialogs : public ViewDialogs {
   DialogScript<LabelAnswer, LabelPreset> label{"label"};
   DialogScript<TierSetups> tiers{"tiers"};
   DialogScript<LabelImportAnswer, LabelImportPreset> labelImport{"label import"};
+  DialogScript<LabelFileOptions> labelFile{"label file"};
+  DialogScript<LabelExportAnswer> labelExport{"label export"};
   DialogScript<GainSettings> gain{"gain"};
   DialogScript<std::int32_t> zoomRange{"zoom range"};
   DialogScript<FftLpcSettings> fftLpc{"FFT/LPC"};
