@@ -10,6 +10,7 @@
 #include "desktop/dialogs/channel_dialog.h"
 #include "desktop/dialogs/generic_dialog.h"
 #include "desktop/dialogs/label_dialog.h"
+#include "desktop/dialogs/label_file_dialogs.h"
 #include "desktop/dialogs/label_import_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/paint/paint_style.h"
@@ -78,12 +79,14 @@ TEST_F(Dialogs, AreAsApproved) {
   LabelDialog edit(prompts, label, true, nullptr);
   TiersDialog tiers(prompts, {{{"tones", 20, true}, {"words", 0, false}}}, nullptr);
   LabelImportDialog import(prompts, {"tones", "<i>"}, {}, nullptr);
+  LabelFileDialog labelFile(prompts, {.importFormat = "eaf", .emptyIntervals = true}, nullptr);
+  LabelExportDialog labelExport(prompts, {"tones", "<i>"}, {.exportFormat = "eaf"}, nullptr);
   ChannelDialog channels("Which <b>?", 12, nullptr);
   PreviewOfBytes preview;
   GenericDialog generic(prompts, {}, preview, nullptr);
-  ExpectText("desktop/expected/Dialogs.txt", SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) +
-                                                 SheetOf(import) + SheetOf(channels) +
-                                                 SheetOf(generic));
+  ExpectText("desktop/expected/Dialogs.txt",
+             SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) + SheetOf(import) +
+                 SheetOf(labelFile) + SheetOf(labelExport) + SheetOf(channels) + SheetOf(generic));
   EXPECT_EQ(FieldOf<QLineEdit>(edit, "Enter Label (255 characters maximum):")->selectedText(),
             "H*");
   const QPushButton* const colour = edit.findChildren<QPushButton*>()[1];
@@ -196,6 +199,13 @@ TEST_F(Dialogs, GiveWhatOkTookAndNothingOnCancel) {
     EXPECT_TRUE(!ok || (import->tierName == "words" && import->options.addLine &&
                         import->options.unit == TimeStampUnit::kSeconds &&
                         import->options.alignment == kAlignCentre));
+    EXPECT_EQ(
+        dialogs.AskLabelFile({.importFormat = "emu"}).value_or(LabelFileOptions{}).importFormat,
+        ok ? "emu" : "");
+    EXPECT_EQ(dialogs.AskLabelExport({"words"}, {.asIntervals = true})
+                  .value_or(LabelExportAnswer{})
+                  .options.asIntervals,
+              ok);
     EXPECT_EQ(dialogs.AskGain({15.0, 0.0}).value_or(GainSettings{}).gainPercent, ok ? 15.0 : 0.0);
     EXPECT_EQ(dialogs.AskZoomRange(1234).value_or(0), ok ? 1234 : 0);
     EXPECT_EQ(dialogs.AskFftLpc({}, 8000.0).has_value(), ok);
