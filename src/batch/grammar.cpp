@@ -20,6 +20,7 @@ constexpr const char* kFooter = R"(Examples:
   cantorix-batch formants talk.wav --step 10
   cantorix-batch labels talk.qrv --log
   cantorix-batch labels talk.qrv --format textgrid -o talk.TextGrid
+  cantorix-batch measure talk.wav --from 500 --to 1500 --lpc auto
   cantorix-batch convert talk.wav talk.qrv
   cantorix-batch convert talk.wav talk.qrv --labels talk.TextGrid
   cantorix-batch import-labels talk.wav words.txt --tier words --unit s -o talk.qrv

@@ -64,7 +64,7 @@ class Grammar {
 };
 
 void DeclareDescriptions(Grammar& grammar);  // info, labels
-void DeclareTracks(Grammar& grammar);        // pitch, intensity
+void DeclareTracks(Grammar& grammar);        // pitch, intensity, measure
 void DeclareSpectra(Grammar& grammar);       // spectrum, spectrogram, formants
 void DeclareSaving(Grammar& grammar);        // convert, import-labels, edit
 void DeclareListings(Grammar& grammar);      // config, commands

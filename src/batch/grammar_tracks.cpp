@@ -7,12 +7,7 @@
 namespace cantorix::batch {
 namespace {
 
-void DeclarePitch(Grammar& grammar) {
-  auto* app = grammar.Declare(grammar.app(), "pitch",
-                              "The pitch track: time and Hz, 0 where unvoiced", Verb::kPitch);
-  grammar.AddFiles(app);
-  grammar.AddRange(app);
-  grammar.AddStyle(app);
+void AddPitchOptions(Grammar& grammar, CLI::App* app) {
   const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
   grammar.Sets(app, "--method", "pitch.method", "cepstral or autocorrelation (default)")
       ->type_name("NAME")
@@ -32,6 +27,29 @@ void DeclarePitch(Grammar& grammar) {
   grammar.Sets(app, "--level", "pitch.voicingLevel", "Autocorrelation: level of a voiced frame");
   grammar.Sets(app, "--tolerance", "pitch.tolerancePercent",
                "Autocorrelation: largest step between frames, %");
+}
+
+void DeclarePitch(Grammar& grammar) {
+  auto* app = grammar.Declare(grammar.app(), "pitch",
+                              "The pitch track: time and Hz, 0 where unvoiced", Verb::kPitch);
+  grammar.AddFiles(app);
+  grammar.AddRange(app);
+  grammar.AddStyle(app);
+  AddPitchOptions(grammar, app);
+}
+
+void DeclareMeasure(Grammar& grammar) {
+  auto* app = grammar.Declare(grammar.app(), "measure",
+                              "A stretch in one row: duration, pitch, voiced share, intensity, "
+                              "amplitude and mean formants; - where there is none",
+                              Verb::kMeasure);
+  grammar.AddFiles(app);
+  grammar.AddRange(app);
+  grammar.AddStyle(app);
+  AddPitchOptions(grammar, app);
+  grammar.SetsLpcOrder(app, "spectrogram.lpcOrder",
+                       "LPC coefficients of the formants; auto: one for each kHz of the "
+                       "recording's rate and two more");
 }
 
 void DeclareIntensity(Grammar& grammar) {
@@ -83,6 +101,7 @@ void DeclareDescriptions(Grammar& grammar) {
 void DeclareTracks(Grammar& grammar) {
   DeclarePitch(grammar);
   DeclareIntensity(grammar);
+  DeclareMeasure(grammar);
 }
 
 }  // namespace cantorix::batch

@@ -7,6 +7,7 @@
 #include "batch/verbs.h"
 #include "document/label.h"
 #include "labelfile/label_formats.h"
+#include "mainview/selection_statistics.h"
 
 namespace cantorix::batch {
 namespace {
@@ -31,6 +32,8 @@ Measure LogFor(const Request& request) {
       return LogOf(".spectrum.log.txt", kSpectrumValues, LogSpectrum);
     case Verb::kSpectrogram:
       return LogOf(".spectrogram.log.txt", SpectrogramValues(request), LogSpectrogram);
+    case Verb::kMeasure:
+      return LogOf(".measure.log.txt", kStatisticsNames.size(), LogMeasure);
     case Verb::kFormants:
       return LogOf(".formants.log.txt", kFormantValues, LogFormants);
     default:
@@ -69,6 +72,8 @@ Measure MeasureFor(const Request& request) {
       return {"time_ms\tF1\tF2\tF3\tF4\tF5\n", ".formants.tsv", WriteFormants};
     case Verb::kLabels:
       return {"tier\ttext\ttime_ms\tpitch_hz\tintensity_db\n", ".labels.tsv", WriteLabels};
+    case Verb::kMeasure:
+      return {MeasureHeader(), ".measure.tsv", WriteMeasure};
     case Verb::kConvert:
       return SavingBy(ConvertWithLabels);
     case Verb::kImportLabels:

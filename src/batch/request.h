@@ -19,6 +19,7 @@ enum class Verb {
   kSpectrogram,
   kFormants,
   kLabels,
+  kMeasure,
   kConvert,
   kImportLabels,
   kEdit,

@@ -47,6 +47,7 @@ constexpr const char* kPageHead = R"(<!DOCTYPE html>
 <a href="analysis.html">Pitch and intensity</a>
 <a href="spectrum.html">FFT/LPC</a>
 <a href="spectrogram.html">Spectrogram</a>
+<a href="measuring.html">Measuring well</a>
 <a href="log.html">Log</a>
 <a href="options.html">Options</a>
 <a href="batch.html">Command line</a>

@@ -18,6 +18,9 @@ bool WritePitch(Session& session, bool namesFile, TextSink& sink);
 bool WriteIntensity(Session& session, bool namesFile, TextSink& sink);
 bool WriteFormants(Session& session, bool namesFile, TextSink& sink);
 bool WriteLabels(Session& session, bool namesFile, TextSink& sink);
+bool WriteMeasure(Session& session, bool namesFile, TextSink& sink);
+// The header line of its table.
+std::string MeasureHeader();
 
 // The labels as a file of the format that the request names; what it cannot hold is said.
 bool WriteLabelFile(Session& session, bool namesFile, TextSink& sink);
@@ -39,6 +42,7 @@ bool LogLabels(Session& session, TextSink& sink);
 bool LogSpectrum(Session& session, TextSink& sink);
 bool LogSpectrogram(Session& session, TextSink& sink);
 bool LogFormants(Session& session, TextSink& sink);
+bool LogMeasure(Session& session, TextSink& sink);
 
 // Saves the recording, or the chosen range of it, as the native or the WAV file that the request's
 // output names.

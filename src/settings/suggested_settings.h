@@ -6,9 +6,9 @@
 //   points = the power of two nearest    the bandwidth rate / points stays what the default size
 //            to n rate / 11025           n has at 11025 Hz
 //
-// Pitch: searched on 80 recordings of speech with known pulses; gross errors (more than 20 % off)
-// fall from 12.4 to 1.2 % of the voiced entries, voicing where there is none from 38.8 to 1.4 %.
-// Source: [1] J. D. Markel, A. H. Gray, "Linear Prediction of Speech", 1976.
+// Pitch: searched on 80 recordings of speech with known pulses; gross errors fall from 12.4 to 1.2
+// % and false voicing from 38.8 to 1.4 %. Source: [1] J. D. Markel, A. H. Gray, "Linear Prediction
+// of Speech", 1976.
 #pragma once
 
 #include <cstdint>
