@@ -245,6 +245,13 @@ TEST_F(AnalysisWindowsTest, SayWhatIsLowForTheRateUntilItIsUsedOrClosed) {
             "LPC order 14 is low for 44100 Hz (usual: 46). Bandwidth 689 Hz (64 points) hides "
             "formants (usual: 172 Hz, 256 points).");
   EXPECT_EQ(HintIn(spectrum), "LPC order 14 is low for 44100 Hz (usual: 46).");
+  const QLabel& sentence = *spectrogram.findChild<QWidget*>("hint")->findChild<QLabel*>();
+  for (int width = 1000; width <= 2400; width += 50) {
+    spectrogram.resize(width, 400);
+    spectrogram.Refresh();
+    QApplication::processEvents();
+    EXPECT_GE(sentence.width(), sentence.sizeHint().width()) << "cut at " << width;
+  }
   PressButton(spectrogram, "Use both");
   EXPECT_EQ(HintIn(spectrogram), "");
   Rest();

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
@@ -111,9 +112,10 @@ void AnalysisFrame::Refresh() {
 void AnalysisFrame::ShowHint() {
   const bool open = !view_.document().rateHintsClosed && !edited();
   const RateHint hint = open ? Hint() : RateHint();
-  const bool beside = width() - strip_->sizeHint().width() >= kHintBeside;
-  head_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   hint_->Say(Shown(hint.text), Shown(hint.button));
+  const int needed = std::max(kHintBeside, hint_->NeededWidth());
+  const bool beside = width() - strip_->sizeHint().width() >= needed;
+  head_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 // For all windows of the recording.

@@ -62,6 +62,11 @@ void HintLine::Say(const QString& text, const QString& use) {
   setVisible(!text.isEmpty());
 }
 
+// The layout counts the sentence for nothing, because it may be cut.
+int HintLine::NeededWidth() const {
+  return layout()->sizeHint().width() + text_->sizeHint().width();
+}
+
 void HintLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::PaletteChange && !coloured_) TakeColours();

@@ -20,6 +20,8 @@ class HintLine : public QWidget {
 
   // An empty text hides the line. The button says `use`.
   void Say(const QString& text, const QString& use);
+  // Pixels in which the whole sentence stands beside its buttons.
+  int NeededWidth() const;
 
  protected:
   void changeEvent(QEvent* event) override;
