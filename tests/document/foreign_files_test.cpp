@@ -88,7 +88,7 @@ TEST(ForeignFiles, AreAllListed) {
   EXPECT_EQ(Recordings().size(), files);
 }
 
-TEST(ForeignFiles, CutAnywhereAreReadAsFarAsTheyGoOrRefused) {
+TEST(ForeignFiles, CutAndDamagedAreReadAsFarAsTheyGoOrRefusedWithoutAWord) {
   TestHost host;
   QuietPrompts nobody;
   DocumentHost quiet{.prompts = nobody,
@@ -102,9 +102,15 @@ TEST(ForeignFiles, CutAnywhereAreReadAsFarAsTheyGoOrRefused) {
     const std::string whole = ReadWholeFile(Folder() + row.file);
     const std::size_t step = std::max<std::size_t>(whole.size() / 16, 1);
     for (std::size_t size = 1; size < whole.size(); size += step) {
-      WriteBytes(host.folder / "cut", std::as_bytes(std::span(whole).first(size)));
+      // What is there is damaged, too: in its second half.
+      std::string piece = whole.substr(0, size);
+      for (std::size_t at = size / 2; at < size; at += 97) piece[at] = '\x55';
+      WriteBytes(host.folder / "cut", std::as_bytes(std::span(piece)));
       CSonadexDoc document(quiet);
-      if (document.OnOpenDocument(host.folder / "cut")) {
+      testing::internal::CaptureStderr();
+      const bool isOpen = document.OnOpenDocument(host.folder / "cut");
+      EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << size;
+      if (isOpen) {
         EXPECT_EQ(document.Samples().length(), document.channel().sampleCount());
         EXPECT_GT(document.channel().sampleCount(), 0);
       } else {

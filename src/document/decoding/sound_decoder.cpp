@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "document/decoding/file_source.h"
+#include "document/decoding/quiet_error_output.h"
 #include "document/sample_conversion.h"
 
 #ifdef __has_feature
@@ -113,6 +114,7 @@ DecodedFormat FormatOf(const SF_INFO& info) {
 struct SoundDecoder::Library {
   explicit Library(const File& file) : source(file) {}
   ~Library() {
+    const QuietErrorOutput quiet;
     if (sound != nullptr) ::sf_close(sound);
   }
   Library(const Library&) = delete;
@@ -122,6 +124,7 @@ struct SoundDecoder::Library {
   std::size_t ReadChannel(int channel, std::span<std::int16_t> out, std::vector<T>& block) {
     const auto channels = static_cast<std::size_t>(info.channels);
     std::size_t done = 0;
+    const QuietErrorOutput quiet;
     while (done < out.size()) {
       const std::size_t wanted = std::min(kBlockFrames, out.size() - done);
       block.resize(wanted * channels);
@@ -157,6 +160,7 @@ SoundDecoder::Opened SoundDecoder::Open(const File& file) {
   const std::lock_guard lock(oneAtATime);
   auto library = std::make_unique<Library>(file);
   SF_VIRTUAL_IO calls{LengthOf, Seek, cantorix::Read, WriteNothing, Tell};
+  const QuietErrorOutput quiet;
   library->sound = ::sf_open_virtual(&calls, SFM_READ, &library->info, &library->source);
   library->source.ThrowKept();
   if (library->sound != nullptr) {
