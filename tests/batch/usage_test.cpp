@@ -71,8 +71,7 @@ TEST_F(UsageTest, NamesCannotReachTheTerminal) {
   std::filesystem::copy(folder_ / "dc.wav", Filled(name, folder_.path()));
   const std::string shown = folder_ / "\\x1b[31m red .wav";
   OutOf({"edit", folder_ / "ten.wav", "-o", folder_ / "l.qrv",
-         "label:a\xC2\x9B"
-         "1m:4:b\x1b]0;x\x07\tc\nd\x7F"});
+         "label:a\302\2331m:4:b\x1b]0;x\x07\tc\nd\x7F"});
   const std::string file = Filled(name, folder_.path());
   const std::pair<Words, std::string> rows[] = {
       {{"intensity", file, folder_ / "dc.wav"}, shown},

@@ -85,7 +85,7 @@ void StripFields::Show(QSpinBox& box, int value) const {
 void StripFields::ShowPoints(QComboBox& list, std::int32_t points) {
   const QSignalBlocker quiet(list);
   const auto lines = static_cast<std::uint32_t>(std::max(points / kFewestPoints, 1));
-  list.setCurrentIndex(std::bit_width(lines) - 1);
+  list.setCurrentIndex(static_cast<int>(std::bit_width(lines)) - 1);
 }
 
 void StripFields::Typed(QSpinBox& box) {

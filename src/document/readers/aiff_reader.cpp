@@ -62,7 +62,7 @@ AiffHeader HeaderOf(const File& file) {
 bool CountsBlocks(const std::string& coding) { return coding == "ima4" || coding == "GSM "; }
 
 // The decoder names the order only where it is not that of the format.
-std::string WithOrder(std::string coding) {
+std::string WithOrder(const std::string& coding) {
   const bool hasOrder = coding.find("PCM") != coding.npos || coding.find("float") != coding.npos;
   const bool isNamed = coding.ends_with("byte first") || coding.find(" 8 bit") != coding.npos;
   return hasOrder && !isNamed ? coding + ", high byte first" : coding;

@@ -12,7 +12,7 @@
 namespace cantorix {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using std::string_view_literals::operator""sv;  // NOLINT: the analyser does not see its use
 
 constexpr std::int64_t kHeaderBytes = 24;
 constexpr std::uint32_t kOpenLength = 0xFFFFFFFF;  // up to the end; a program that died leaves 0

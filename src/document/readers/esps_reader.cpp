@@ -12,7 +12,7 @@
 namespace cantorix {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using std::string_view_literals::operator""sv;  // NOLINT: the analyser does not see its use
 
 // Places in the header.
 constexpr std::size_t kDataOffsetAt = 8;

@@ -9,7 +9,7 @@
 namespace cantorix {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using std::string_view_literals::operator""sv;  // NOLINT: the analyser does not see its use
 
 struct KnownKind {
   std::string_view magic;
