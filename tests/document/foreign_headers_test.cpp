@@ -9,7 +9,7 @@
 namespace cantorix {
 namespace {
 
-using std::string_view_literals::operator""sv;
+using std::string_view_literals::operator""sv;  // NOLINT: the analyser does not see its use
 
 ByteBuilder Big() { return ByteBuilder(true); }
 Bytes Text(std::string_view text) { return ByteBuilder().Text(text, text.size()).bytes; }
