@@ -1,8 +1,6 @@
 // label_file.cpp - the words that messages about label files share.
 #include "labelfile/label_file.h"
 
-#include <utility>
-
 #include "platform/bytes.h"
 
 namespace cantorix {
@@ -10,17 +8,17 @@ namespace {
 
 constexpr std::size_t kShownBytes = 60;
 
-std::string AsSentence(std::string reason) {
-  if (!reason.empty() && reason[0] >= 'a' && reason[0] <= 'z') {
-    reason[0] = static_cast<char>(reason[0] - 'a' + 'A');
-  }
-  return reason + '.';
+std::string AsSentence(std::string_view reason) {
+  std::string sentence(reason);
+  sentence += '.';
+  const char first = sentence.front();
+  if (first >= 'a' && first <= 'z') sentence.front() = static_cast<char>(first - 'a' + 'A');
+  return sentence;
 }
 
 }  // namespace
 
-LabelFileError::LabelFileError(std::string reason)
-    : std::runtime_error(AsSentence(std::move(reason))) {}
+LabelFileError::LabelFileError(std::string_view reason) : std::runtime_error(AsSentence(reason)) {}
 
 std::string CountOf(std::size_t count, std::string_view what) {
   return std::to_string(count) + ' ' + std::string(what) + (count == 1 ? "" : "s");

@@ -34,7 +34,7 @@ struct LabelFile {
 class LabelFileError : public std::runtime_error {
  public:
   // `reason` becomes a sentence: with a capital letter and a full stop.
-  explicit LabelFileError(std::string reason);
+  explicit LabelFileError(std::string_view reason);
 };
 
 // "1 label", "3 labels"
