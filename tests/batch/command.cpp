@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -114,7 +115,11 @@ void ExpectTranscript(const std::string& name, const std::string& folder) {
     const CommandResult result = RunBatch(words);
     said += line + '\n' + result.out;
     std::istringstream errors(result.err);
-    for (std::string error; std::getline(errors, error);) said += "! " + error + '\n';
+    std::vector<std::string> told;
+    for (std::string error; std::getline(errors, error);) told.push_back("! " + error + '\n');
+    // Files at one time tell their errors as they come.
+    if (std::ranges::find(words, "-j") != words.end()) std::ranges::sort(told);
+    for (const std::string& error : told) said += error;
     if (result.exitCode != 0) said += '[' + std::to_string(result.exitCode) + "]\n";
   }
   for (const auto& [shown, place] : {std::pair{"@", folder}, {"VOWELS", sample}}) {
