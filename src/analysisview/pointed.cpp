@@ -15,6 +15,7 @@
 #include "mainview/track_lookup.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 namespace {
@@ -24,14 +25,13 @@ constexpr const char* kGap = "  ";
 
 std::string Whole(double value) { return std::to_string(std::llround(value)); }
 
-std::string TimeText(const CSonadexDoc& document, double ms) {
-  const bool seconds = document.settings.display.timeBase != 0;
-  return FormatOneDecimal(ms * TimeFactor(document)) + (seconds ? " s" : " ms");
+std::string TimeOf(const CSonadexDoc& document, double ms) {
+  return TimeWithUnit(ms, document.settings.display.timeBase);
 }
 
 // A track has 0 where it has no value.
 std::string Value(double value, const char* unit) {
-  return value > 0.0 ? FormatOneDecimal(value) + unit : kDash;
+  return value != 0.0 ? FormatOneDecimal(value) + unit : kDash;
 }
 
 std::string PitchText(const CSonadexView& view, double ms) {
@@ -59,15 +59,21 @@ std::string LabelText(const CSonadexView& view, double ms, std::int32_t y) {
   return {};
 }
 
+// Above the picture: with an arrow.
+std::string FormantText(const Spectrogram& picture, std::uint16_t hz) {
+  if (hz == kNoFormantHz) return kDash;
+  return (hz > picture.maxHz ? "\u2191 " : "") + std::to_string(hz);
+}
+
 std::string FormantsText(const CSpectrogramView& window, double ms) {
   if (!window.hasFormants()) return {};
-  const Spectrogram& levels = window.spectrogram();
-  const std::int64_t column = ColumnAt(levels, window.channel().msPerSample(), ms);
+  const Spectrogram& picture = window.spectrogram();
+  const std::int64_t column = ColumnAt(picture, window.channel().msPerSample(), ms);
+  if (column < 0) return {};
   std::string text;
-  for (std::size_t i = 0; i < kFormants; ++i) {
-    const std::uint16_t hz = column < 0 ? 0 : levels.formants[static_cast<std::size_t>(column)][i];
-    text += std::string(kGap) + 'F' + std::to_string(i + 1) + ' ' +
-            (hz > 0 ? std::to_string(hz) : kDash);
+  int number = 0;
+  for (const std::uint16_t hz : picture.formants[static_cast<std::size_t>(column)]) {
+    text += std::string(kGap) + 'F' + std::to_string(++number) + ' ' + FormantText(picture, hz);
   }
   return text;
 }
@@ -76,14 +82,14 @@ Pointed InSpectrogram(const CSpectrogramView& window, std::int32_t x, std::int32
   const double ms = window.TimeAxis().ValueAt(x);
   const double hz = window.HzUnder(y);
   const auto levelDb = LevelAt(window.spectrogram(), window.channel().msPerSample(), ms, hz);
-  return {TimeText(window.document(), ms) + kGap + Whole(hz) + " Hz" + kGap +
+  return {TimeOf(window.document(), ms) + kGap + Whole(hz) + " Hz" + kGap +
               (levelDb ? FormatOneDecimal(*levelDb) + " dB" : kDash) + FormantsText(window, ms),
           ms};
 }
 
 Pointed InPitch(const CPitchView& window, std::int32_t x) {
   const double ms = window.TimeAxis().ValueAt(x);
-  return {TimeText(window.document(), ms) + kGap + PitchText(*window.mainView(), ms) + kGap +
+  return {TimeOf(window.document(), ms) + kGap + PitchText(*window.mainView(), ms) + kGap +
               IntensityText(window.channel(), ms),
           ms};
 }
@@ -98,7 +104,7 @@ Pointed InSpectrum(const CFFTLPCView& window, std::int32_t x) {
                      FormatOneDecimal(DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz)) + " dB";
   if (!place.selection) {
     text += std::string(kGap) + "at " +
-            TimeText(window.document(), place.position * window.channel().msPerSample());
+            TimeOf(window.document(), place.position * window.channel().msPerSample());
   }
   return {text, std::nullopt};
 }
@@ -116,7 +122,7 @@ std::optional<Pointed> PointedIn(CSonadexView& view, std::int32_t x, std::int32_
   const TimePoint point = PixelToTime(channel, layout.axisWidth(), x - layout.timeAxis.left);
   std::int16_t sample = 0;
   document.Samples().Read(Truncate(point.samples), std::span(&sample, 1));
-  return Pointed{TimeText(document, point.ms) + kGap + "amp " +
+  return Pointed{TimeOf(document, point.ms) + kGap + "amp " +
                      Whole(sample - channel.referenceLevel) + kGap + "pitch " +
                      PitchText(view, point.ms) + kGap + "int " + IntensityText(channel, point.ms) +
                      LabelText(view, point.ms, y),
@@ -141,9 +147,9 @@ std::string StretchText(const CSonadexView& view) {
   if (!document.loaded) return {};
   const CChannel& channel = view.channel();
   constexpr const char* kDot = " \u00b7 ";
-  return Whole(channel.sampleRateHz) + " Hz" + kDot + TimeText(document, channel.totalDurationMs) +
-         kDot + "shown " + FormatOneDecimal(channel.visibleStart.ms * TimeFactor(document)) +
-         "\u2013" + TimeText(document, channel.visibleEnd.ms);
+  return Whole(channel.sampleRateHz) + " Hz" + kDot + TimeOf(document, channel.totalDurationMs) +
+         kDot + "shown " + TimeOf(document, channel.visibleStart.ms) + " \u2013 " +
+         TimeOf(document, channel.visibleEnd.ms);
 }
 
 }  // namespace cantorix

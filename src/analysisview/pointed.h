@@ -25,7 +25,7 @@ struct Pointed {
 std::optional<Pointed> PointedIn(CSonadexView& view, std::int32_t x, std::int32_t y);
 std::optional<Pointed> PointedIn(const AnalysisWindow& window, std::int32_t x, std::int32_t y);
 
-// "44100 Hz · 7106.2 ms · shown 0.0–7106.2 ms"; empty without a recording.
+// "44100 Hz · 7106.2 ms · shown 0.0 ms – 7106.2 ms"; empty without a recording.
 std::string StretchText(const CSonadexView& view);
 
 }  // namespace cantorix

@@ -12,8 +12,7 @@
 namespace cantorix {
 
 // As in the main view, so that one time stands at one place in windows of one width.
-inline constexpr std::int32_t kPlotLeft =
-    kLeftMargin;  // pixels, for the texts of the vertical axis
+inline constexpr std::int32_t kPlotLeft = kLeftMargin;  // with the texts of the vertical axis
 inline constexpr std::int32_t kPlotRight = kRightMargin;
 inline constexpr std::int32_t kUnitHeight = 14;  // above the plot, for the unit of that axis
 inline constexpr std::int32_t kReadoutLineHeight = 18;

@@ -35,7 +35,10 @@ std::string Format(double x, std::chars_format format, int precision) {
 std::int64_t Truncate(double x) { return TruncateTo<std::int64_t>(x); }
 std::int32_t TruncateToInt32(double x) { return TruncateTo<std::int32_t>(x); }
 
-std::string FormatOneDecimal(double x) { return Format(x, std::chars_format::fixed, 1); }
+std::string FormatOneDecimal(double x) { return FormatDecimals(x, 1); }
+std::string FormatDecimals(double x, int decimals) {
+  return Format(x, std::chars_format::fixed, decimals);
+}
 std::string FormatExact(double x) { return Format(x, std::chars_format::general, 17); }
 
 double LeadingNumber(const std::string& text) {

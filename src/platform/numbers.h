@@ -12,6 +12,8 @@ std::int32_t TruncateToInt32(double x);
 
 // One decimal with a point, "inf", "-inf" or "nan": the digits of printf "%.1f" in the C locale.
 std::string FormatOneDecimal(double x);
+// The same with another number of decimals.
+std::string FormatDecimals(double x, int decimals);
 // 17 significant digits, as printf "%.17g" in the C locale.
 std::string FormatExact(double x);
 

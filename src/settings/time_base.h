@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+
+#include "platform/numbers.h"
 
 namespace cantorix {
 
@@ -10,5 +13,11 @@ namespace cantorix {
 constexpr double TimeFactor(std::int32_t timeBase) { return timeBase != 0 ? 0.001 : 1.0; }
 
 constexpr double InTimeBase(double ms, std::int32_t timeBase) { return ms * TimeFactor(timeBase); }
+
+// With its unit: "123.4 ms", "0.123 s".
+inline std::string TimeWithUnit(double ms, std::int32_t timeBase) {
+  return FormatDecimals(InTimeBase(ms, timeBase), timeBase != 0 ? 3 : 1) +
+         (timeBase != 0 ? " s" : " ms");
+}
 
 }  // namespace cantorix

@@ -144,8 +144,7 @@ QString TimeUnit(std::int32_t timeBase) {
 }
 
 QString ShownTime(double ms, std::int32_t timeBase) {
-  return QString::number(InTimeBase(ms, timeBase), 'f', timeBase != 0 ? 3 : 1) + ' ' +
-         TimeUnit(timeBase);
+  return QString::fromStdString(TimeWithUnit(ms, timeBase));
 }
 
 }  // namespace cantorix

@@ -65,9 +65,10 @@ WindowServices AnalysisFrame::Services() {
 
 void AnalysisFrame::Run(const std::function<void()>& action) { host_.Run(view_, action); }
 
+// So that times stand below those of the main view; a spectrum has none.
 void AnalysisFrame::KeepFree(int pixels) {
-  QLayout& column = *widget()->layout();
-  column.setContentsMargins(0, 0, pixels, 0);
+  if (model().kind() != WindowKind::kFftLpc)
+    widget()->layout()->setContentsMargins(0, 0, pixels, 0);
 }
 
 void AnalysisFrame::Settle() {

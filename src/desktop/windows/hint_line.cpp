@@ -69,18 +69,18 @@ int HintLine::NeededWidth() const {
 
 void HintLine::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && !coloured_) TakeColours();
+  if (event->type() == QEvent::PaletteChange && !isColouring_) TakeColours();
 }
 
 // The change that this makes itself comes back as an event.
 void HintLine::TakeColours() {
-  coloured_ = true;
+  isColouring_ = true;
   const Colours colours = ColoursFor(parentWidget()->palette());
   QPalette own = palette();
   own.setColor(QPalette::Window, colours.ground);
   own.setColor(QPalette::WindowText, colours.text);
   setPalette(own);
-  coloured_ = false;
+  isColouring_ = false;
 }
 
 }  // namespace cantorix

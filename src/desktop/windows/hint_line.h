@@ -31,7 +31,7 @@ class HintLine : public QWidget {
 
   QLabel* text_;
   QToolButton* use_;
-  bool coloured_ = false;
+  bool isColouring_ = false;
 };
 
 }  // namespace cantorix
