@@ -61,7 +61,7 @@ std::string LabelText(const CSonadexView& view, double ms, std::int32_t y) {
 
 // Above the picture: with an arrow.
 std::string FormantText(const Spectrogram& picture, std::uint16_t hz) {
-  if (hz == kNoFormantHz) return kDash;
+  if (hz == kNoFormantHz || hz == kSilentHz) return kDash;
   return (hz > picture.maxHz ? "\u2191 " : "") + std::to_string(hz);
 }
 

@@ -73,9 +73,9 @@ TEST_F(PointedTest, AnalysesTellWhatTheirPictureHasThere) {
   ASSERT_TRUE(spectrogram.Show({0.0, 10000.0}));
   // Noise is as loud as anything and has formants; behind it is silence.
   EXPECT_THAT(TextAt(spectrogram, 60, 59),
-              testing::MatchesRegex("100.0 ms  2500 Hz  [0-9]+[.][0-9] dB  F1 [0-9]{2,4}  F2 "
-                                    "[0-9]{3,4}  F3 .*  F4 .*  F5 .*"));
-  EXPECT_THAT(TextAt(spectrogram, 60, 59), testing::Not(testing::HasSubstr("65535")));
+              ::testing::MatchesRegex("100.0 ms  2500 Hz  [0-9]+[.][0-9] dB  F1 [0-9]{2,4}  F2 "
+                                      "[0-9]{3,4}  F3 .*  F4 .*  F5 .*"));
+  EXPECT_THAT(TextAt(spectrogram, 60, 59), ::testing::Not(::testing::HasSubstr("65535")));
   EXPECT_EQ(TextAt(spectrogram, 130, 59),
             "800.0 ms  2500 Hz  0.0 dB  F1 \u2013  F2 \u2013  F3 \u2013  F4 \u2013  F5 \u2013");
   EXPECT_EQ(PointedIn(spectrogram, 60, 59)->ms, 100.0);
