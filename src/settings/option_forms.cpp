@@ -25,13 +25,10 @@ using Refusal = std::optional<std::string>;
 constexpr std::array<const char*, kSpectrogramSizes> kSizeTexts{
     "(  32 pts)",  "(  64 pts)",  " ( 128 pts)", " ( 256 pts)", " ( 512 pts)",
     " (1024 pts)", " (2048 pts)", " (4096 pts)", " (8192 pts)"};
-constexpr std::int32_t kFewestPoints = 32;
 
 constexpr double kCorrelationStep = 100.0;  // samples
 constexpr double kLowestPitchHz = 50.0;
 constexpr double kNarrowestPitchHz = 200.0;
-constexpr std::int32_t kLowestRangeHz = 500;
-constexpr std::int32_t kMostTrackingCoefficients = 400;
 
 constexpr OptionLimits kMilliseconds{1, 32767};
 constexpr OptionLimits kFrequency{1, 1000000};
@@ -58,7 +55,7 @@ constexpr OptionRow<F> kFftLpcAnalysis[] = {
      .sizes = {&F::sizeIndex, &F::points, 0, kFftLpcSizes, false}},
     {.text = "Applied window length (ms)  = ", .number = &F::windowMs, .limits = kMilliseconds},
     {.text = "Average step size (ms) = ", .number = &F::stepMs, .limits = kMilliseconds},
-    {.text = "LPC number of coefficients = ", .number = &F::lpcOrder, .limits = {4, 100}},
+    {.text = "LPC number of coefficients = ", .number = &F::lpcOrder, .limits = kSpectrumOrders},
 };
 constexpr OptionRow<F> kFftLpcDisplay[] = {
     {.text = "Frequency range (Hz) = ", .number = &F::rangeHz, .limits = kFrequency},
@@ -370,7 +367,7 @@ std::string LimitsMessage(const OptionLimits& limits, bool fraction) {
 std::vector<std::string> BandwidthTexts(double rateHz, int count) {
   std::vector<std::string> texts;
   for (int i = 0; i < std::min(count, kSpectrogramSizes); ++i) {
-    const std::int32_t hz = TruncateToInt32(rateHz / (kFewestPoints << i));
+    const std::int32_t hz = TruncateToInt32(rateHz / PointsOfEntry(i));
     texts.push_back("  " + std::to_string(hz) + "  Hz  " + kSizeTexts[static_cast<std::size_t>(i)]);
   }
   return texts;

@@ -7,6 +7,7 @@
 
 #include "settings/option_row.h"
 #include "settings/settings.h"
+#include "settings/transform_sizes.h"
 
 namespace cantorix {
 
@@ -19,8 +20,10 @@ const OptionForm<DocumentSettings>& LogForm();
 const OptionForm<GainSettings>& GainForm();
 const OptionForm<GenericParameters>& GenericForm();
 
-inline constexpr int kFftLpcSizes = 8;       // 32 to 4096 points
-inline constexpr int kSpectrogramSizes = 9;  // 32 to 8192 points
+// What the forms take, for fields that stand elsewhere.
+inline constexpr OptionLimits kSpectrumOrders{4, 100};
+inline constexpr std::int32_t kMostTrackingCoefficients = 400;
+inline constexpr std::int32_t kLowestRangeHz = 500;
 
 // The first `count` (at most kSpectrogramSizes) entries of a list of bandwidths at `rateHz`: the
 // width of one transform line in whole Hz with the points of the transform, 32 points first.

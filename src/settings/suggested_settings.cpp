@@ -2,7 +2,6 @@
 #include "settings/suggested_settings.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 
 #include "platform/numbers.h"
@@ -12,31 +11,21 @@ namespace cantorix {
 namespace {
 
 constexpr double kDefaultRateHz = 11025.0;
-constexpr std::int32_t kFewestPoints = 32;
-constexpr double kLeastOrder = 4.0;
-constexpr double kMostOrder = 100.0;  // that the dialog of the spectrum takes
 constexpr std::int32_t kTrackingRangeDb = 60;
 constexpr double kWidestBandHz = 300.0;  // that still shows formants apart
-
-// The index of a size in the list that starts at 32 points.
-std::int32_t IndexOf(std::int32_t points) {
-  return static_cast<std::int32_t>(
-             std::bit_width(static_cast<std::uint32_t>(std::max(points / kFewestPoints, 1)))) -
-         1;
-}
 
 // The size with the bandwidth that `points` have at 11025 Hz, of a list of `count` sizes.
 std::int32_t PointsAt(double rateHz, std::int32_t points, int count) {
   const double exponent = std::log2(points * rateHz / (kDefaultRateHz * kFewestPoints));
   const double last = count - 1;
-  return kFewestPoints << TruncateToInt32(std::clamp(std::round(exponent), 0.0, last));
+  return PointsOfEntry(TruncateToInt32(std::clamp(std::round(exponent), 0.0, last)));
 }
 
 // Sizes as a list counts them: the spectrogram's first index is 1.
 template <typename S>
 void SetPoints(S& settings, std::int32_t points, std::int32_t firstIndex) {
   settings.points = points;
-  settings.sizeIndex = IndexOf(points) + firstIndex;
+  settings.sizeIndex = EntryOfPoints(points) + firstIndex;
 }
 
 std::string Hz(double hz) { return std::to_string(TruncateToInt32(hz)) + " Hz"; }
@@ -70,7 +59,7 @@ RateHint HintOf(const Values& now, const Values& usual, bool orderCounts, double
 
 std::int32_t UsualLpcOrder(double rateHz) {
   const double order = std::round(rateHz * 0.001 + 2.0);
-  return TruncateToInt32(std::clamp(order, kLeastOrder, kMostOrder));
+  return TruncateToInt32(std::clamp(order, kSpectrumOrders.least, kSpectrumOrders.most));
 }
 
 SpectrogramSettings Suggested(SpectrogramSettings settings, double rateHz) {

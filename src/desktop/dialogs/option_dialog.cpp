@@ -9,14 +9,12 @@
 #include <QLabel>
 #include <QRadioButton>
 #include <algorithm>
-#include <bit>
 
 #include "desktop/qt_text.h"
 
 namespace cantorix {
 namespace {
 
-constexpr std::int32_t kFewestPoints = 32;
 constexpr const char* kSuggestedText = "Suggested: for speech of this recording's rate.";
 constexpr const char* kDefaultsText = "Defaults: as the program was always delivered.";
 
@@ -24,10 +22,8 @@ QString Text(const char* text) { return QString::fromUtf8(text); }
 
 template <typename S>
 int EntryOf(const OptionSizes<S>& sizes, const S& settings) {
-  const std::int32_t lines = std::max(settings.*sizes.points / kFewestPoints, 1);
-  const int entry = sizes.chosenByPoints
-                        ? static_cast<int>(std::bit_width(static_cast<unsigned>(lines))) - 1
-                        : settings.*sizes.index - sizes.firstIndex;
+  const int entry = sizes.chosenByPoints ? EntryOfPoints(settings.*sizes.points)
+                                         : settings.*sizes.index - sizes.firstIndex;
   return std::clamp(entry, 0, sizes.count - 1);
 }
 
@@ -197,7 +193,7 @@ bool OptionDialog<S>::Read(const Line& line, S& entered) const {
   const OptionRow<S>& row = *line.row;
   if (line.sizes != nullptr) {
     entered.*row.sizes.index = line.sizes->currentIndex() + row.sizes.firstIndex;
-    entered.*row.sizes.points = kFewestPoints << line.sizes->currentIndex();
+    entered.*row.sizes.points = PointsOfEntry(line.sizes->currentIndex());
   }
   if (line.on != nullptr) entered.*row.on = line.on->isChecked() ? 1 : 0;
   if (line.choice != nullptr) entered.*row.on = std::max(line.choice->checkedId(), 0);

@@ -10,13 +10,11 @@
 namespace cantorix {
 namespace {
 
-constexpr int kLeastOrder = 4;
-constexpr int kMostOrder = 100;
 constexpr int kRangeStepHz = 500;
 
 int MostOrder(double rateHz) {
-  return static_cast<int>(
-      std::clamp<std::int64_t>(MostLpcCoefficients(rateHz), kLeastOrder, kMostOrder));
+  return static_cast<int>(std::clamp(static_cast<double>(MostLpcCoefficients(rateHz)),
+                                     kSpectrumOrders.least, kSpectrumOrders.most));
 }
 
 }  // namespace
@@ -37,7 +35,7 @@ void CFFTLPCFrame::FillStrip(QToolBar& strip) {
       {QStringLiteral("L&PC order"),
        QStringLiteral("Coefficients of envelope and formants"),
        {},
-       kLeastOrder,
+       static_cast<int>(kSpectrumOrders.least),
        MostOrder(rateHz)},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
   rangeHz_ = fields_->AddNumber(

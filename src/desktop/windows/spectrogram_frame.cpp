@@ -9,8 +9,6 @@
 namespace cantorix {
 namespace {
 
-constexpr int kMostOrder = 400;
-constexpr int kLeastRangeHz = 500;
 constexpr int kRangeStepHz = 500;
 constexpr int kWidestRangeDb = 200;
 
@@ -23,7 +21,7 @@ constexpr NamedMap kMaps[] = {{ColorMap::kGrey, "Grey"},
                               {ColorMap::kEmber, "Ember"},
                               {ColorMap::kTide, "Tide"}};
 
-int MostHz(double rateHz) { return std::max(SpectrogramRangeLimitHz(rateHz), kLeastRangeHz); }
+int MostHz(double rateHz) { return std::max(SpectrogramRangeLimitHz(rateHz), kLowestRangeHz); }
 
 }  // namespace
 
@@ -54,11 +52,11 @@ void CSpectrogramFrame::FillStrip(QToolBar& strip) {
        QStringLiteral("Coefficients of the formants"),
        {},
        1,
-       kMostOrder},
+       kMostTrackingCoefficients},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
   rangeHz_ = fields_->AddNumber(
       {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
-       QStringLiteral(" Hz"), kLeastRangeHz, MostHz(rateHz), kRangeStepHz},
+       QStringLiteral(" Hz"), kLowestRangeHz, MostHz(rateHz), kRangeStepHz},
       [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
   rangeDb_ = fields_->AddNumber(
       {QStringLiteral("&Dynamic"),

@@ -4,8 +4,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <bit>
 #include <utility>
+
+#include "settings/transform_sizes.h"
 
 namespace cantorix {
 namespace {
@@ -13,7 +14,6 @@ namespace {
 constexpr int kTypingRestMs = 400;
 constexpr int kFontPixels = 11;
 constexpr int kGap = 5;  // pixels before a name
-constexpr int kFewestPoints = 32;
 
 QString SizeText(double rateHz, int points) {
   return QStringLiteral("%1 Hz \u00b7 %2 points")
@@ -50,11 +50,11 @@ QSpinBox* StripFields::AddNumber(const StripNumber& number, std::function<void(i
 
 QComboBox* StripFields::AddSizes(double rateHz, int count, std::function<void(std::int32_t)> set) {
   auto* const list = new QComboBox(&strip_);
-  for (int i = 0; i < count; ++i) list->addItem(SizeText(rateHz, kFewestPoints << i));
+  for (int i = 0; i < count; ++i) list->addItem(SizeText(rateHz, PointsOfEntry(i)));
   list->setToolTip(QStringLiteral("Width of a line of the transform, and its length"));
   AddList(QStringLiteral("Band&width"), *list);
   connect(list, &QComboBox::currentIndexChanged, this,
-          [set = std::move(set)](int index) { set(kFewestPoints << index); });
+          [set = std::move(set)](int index) { set(PointsOfEntry(index)); });
   return list;
 }
 
@@ -84,8 +84,7 @@ void StripFields::Show(QSpinBox& box, int value) const {
 
 void StripFields::ShowPoints(QComboBox& list, std::int32_t points) {
   const QSignalBlocker quiet(list);
-  const auto lines = static_cast<std::uint32_t>(std::max(points / kFewestPoints, 1));
-  list.setCurrentIndex(static_cast<int>(std::bit_width(lines)) - 1);
+  list.setCurrentIndex(EntryOfPoints(points));
 }
 
 void StripFields::Typed(QSpinBox& box) {
