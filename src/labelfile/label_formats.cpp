@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <functional>
+#include <iterator>
 
 #include "labelfile/lines.h"
 #include "labelfile/plain_text.h"
@@ -109,140 +111,82 @@ LabelFile ReadPlainTextMs(std::string_view text, const LabelReading& how) {
   return ReadPlainText(text, inMs);
 }
 
-constexpr LabelFormatHolds kLines{.intervals = true, .oneAtATime = true, .tabs = true};
+// What the formats hold, see LabelFormatHolds.
+constexpr LabelFormatHolds kTextGridHolds{.tiers = true,
+                                          .points = true,
+                                          .intervals = true,
+                                          .oneAtATime = true,
+                                          .tabs = true,
+                                          .lineEnds = true,
+                                          .outerBlanks = true};
+constexpr LabelFormatHolds kElanHolds{.tiers = true,
+                                      .uniqueNames = true,
+                                      .intervals = true,
+                                      .oneAtATime = true,
+                                      .tabs = true,
+                                      .lineEnds = true,
+                                      .outerBlanks = true,
+                                      .ticksPerSecond = 1e3};
+constexpr LabelFormatHolds kEmuHolds{.tiers = true,
+                                     .uniqueNames = true,
+                                     .points = true,
+                                     .intervals = true,
+                                     .oneAtATime = true,
+                                     .tabs = true,
+                                     .lineEnds = true,
+                                     .controls = true,
+                                     .outerBlanks = true,
+                                     .ticksPerSecond = 0.0};
+constexpr LabelFormatHolds kTableHolds{.tiers = true,
+                                       .uniqueNames = true,
+                                       .points = true,
+                                       .intervals = true,
+                                       .tabs = true,
+                                       .lineEnds = true,
+                                       .controls = true,
+                                       .outerBlanks = true};
+constexpr LabelFormatHolds kPointLines{.points = true, .tabs = true};
+constexpr LabelFormatHolds kSegmentLines{.intervals = true, .oneAtATime = true, .tabs = true};
+constexpr LabelFormatHolds kHtkHolds{.intervals = true,
+                                     .oneAtATime = true,
+                                     .tabs = true,
+                                     .outerBlanks = true,
+                                     .ticksPerSecond = 1e7};
+constexpr LabelFormatHolds kSampleHolds{
+    .intervals = true, .oneAtATime = true, .tabs = true, .ticksPerSecond = 0.0};
+constexpr LabelFormatHolds kAudacityHolds{.points = true, .intervals = true, .outerBlanks = true};
+constexpr LabelFormatHolds kPlainHolds{
+    .points = true, .tabs = true, .controls = true, .outerBlanks = true};
 
-constexpr std::array kFormats{
-    LabelFormat{"textgrid",
-                "Praat TextGrid",
-                "*.TextGrid",
-                "TextGrid",
-                IsTextGrid,
-                ReadTextGrid,
-                WriteTextGrid,
-                {.tiers = true,
-                 .points = true,
-                 .intervals = true,
-                 .oneAtATime = true,
-                 .tabs = true,
-                 .lineEnds = true,
-                 .outerBlanks = true}},
-    LabelFormat{"eaf",
-                "ELAN",
-                "*.eaf",
-                "eaf",
-                IsElan,
-                ReadElan,
-                WriteElan,
-                {.tiers = true,
-                 .uniqueNames = true,
-                 .intervals = true,
-                 .oneAtATime = true,
-                 .tabs = true,
-                 .lineEnds = true,
-                 .outerBlanks = true,
-                 .ticksPerSecond = 1e3}},
-    LabelFormat{"emu",
-                "EMU annotation",
-                "*_annot.json; *.json",
-                "json",
-                IsEmu,
-                ReadEmu,
-                WriteEmu,
-                {.tiers = true,
-                 .uniqueNames = true,
-                 .points = true,
-                 .intervals = true,
-                 .oneAtATime = true,
-                 .tabs = true,
-                 .lineEnds = true,
-                 .controls = true,
-                 .outerBlanks = true,
-                 .ticksPerSecond = 0.0}},
-    LabelFormat{"esps-points",
-                "ESPS/xwaves labels, points",
-                "*.tones; *.breaks; *.misc; *.lab",
-                "lab",
-                IsEspsPoints,
-                ReadEspsPoints,
-                WriteEspsPoints,
-                {.points = true, .tabs = true}},
-    LabelFormat{"esps", "ESPS/xwaves labels, segments", "*.lab; *.words; *.phones", "lab", IsEsps,
-                ReadEspsSegments, WriteEspsSegments, kLines},
-    LabelFormat{"htk",
-                "HTK labels",
-                "*.lab; *.rec",
-                "lab",
-                IsHtk,
-                ReadHtk,
-                WriteHtk,
-                {.intervals = true,
-                 .oneAtATime = true,
-                 .tabs = true,
-                 .outerBlanks = true,
-                 .ticksPerSecond = 1e7}},
-    LabelFormat{"samples",
-                "SPHERE corpus labels",
-                "*.phn; *.wrd; *.txt",
-                "phn",
-                IsSampleLines,
-                ReadSampleLines,
-                WriteSampleLines,
-                {.intervals = true, .oneAtATime = true, .tabs = true, .ticksPerSecond = 0.0}},
-    LabelFormat{"audacity",
-                "Audacity label track",
-                "*.txt",
-                "txt",
-                IsAudacity,
-                ReadAudacity,
-                WriteAudacity,
-                {.points = true, .intervals = true, .outerBlanks = true}},
-    LabelFormat{"csv",
-                "Table with commas",
-                "*.csv",
-                "csv",
-                IsCommaTable,
-                ReadTable,
-                WriteCommaTable,
-                {.tiers = true,
-                 .uniqueNames = true,
-                 .points = true,
-                 .intervals = true,
-                 .tabs = true,
-                 .lineEnds = true,
-                 .controls = true,
-                 .outerBlanks = true}},
-    LabelFormat{"tsv",
-                "Table with tabs",
-                "*.tsv; *.tab; *.txt",
-                "tsv",
-                IsTabTable,
-                ReadTable,
-                WriteTabTable,
-                {.tiers = true,
-                 .uniqueNames = true,
-                 .points = true,
-                 .intervals = true,
-                 .tabs = true,
-                 .lineEnds = true,
-                 .controls = true,
-                 .outerBlanks = true}},
-    LabelFormat{"text",
-                "Plain text, seconds",
-                "*.txt",
-                "txt",
-                IsPlainText,
-                ReadPlainText,
-                WritePlainText,
-                {.points = true, .tabs = true, .controls = true, .outerBlanks = true}},
-    LabelFormat{"text-ms",
-                "Plain text, milliseconds",
-                "*.txt",
-                "txt",
-                IsNever,
-                ReadPlainTextMs,
-                WritePlainTextMs,
-                {.points = true, .tabs = true, .controls = true, .outerBlanks = true}},
+// The first one that recognises a text reads it.
+constexpr LabelFormat kFormats[] = {
+    {"textgrid", "Praat TextGrid", "*.TextGrid", "TextGrid", IsTextGrid, ReadTextGrid,
+     WriteTextGrid, kTextGridHolds},
+    {"eaf", "ELAN", "*.eaf", "eaf", IsElan, ReadElan, WriteElan, kElanHolds},
+    {"emu", "EMU annotation", "*_annot.json; *.json", "json", IsEmu, ReadEmu, WriteEmu, kEmuHolds},
+    {"esps-points", "ESPS/xwaves labels, points", "*.tones; *.breaks; *.misc; *.lab", "lab",
+     IsEspsPoints, ReadEspsPoints, WriteEspsPoints, kPointLines},
+    {"esps", "ESPS/xwaves labels, segments", "*.lab; *.words; *.phones", "lab", IsEsps,
+     ReadEspsSegments, WriteEspsSegments, kSegmentLines},
+    {"htk", "HTK labels", "*.lab; *.rec", "lab", IsHtk, ReadHtk, WriteHtk, kHtkHolds},
+    {"samples", "SPHERE corpus labels", "*.phn; *.wrd; *.txt", "phn", IsSampleLines,
+     ReadSampleLines, WriteSampleLines, kSampleHolds},
+    {"audacity", "Audacity label track", "*.txt", "txt", IsAudacity, ReadAudacity, WriteAudacity,
+     kAudacityHolds},
+    {"csv", "Table with commas", "*.csv", "csv", IsCommaTable, ReadTable, WriteCommaTable,
+     kTableHolds},
+    {"tsv", "Table with tabs", "*.tsv; *.tab; *.txt", "tsv", IsTabTable, ReadTable, WriteTabTable,
+     kTableHolds},
+    {"text", "Plain text, seconds", "*.txt", "txt", IsPlainText, ReadPlainText, WritePlainText,
+     kPlainHolds},
+    {"text-ms", "Plain text, milliseconds", "*.txt", "txt", IsNever, ReadPlainTextMs,
+     WritePlainTextMs, kPlainHolds},
 };
+
+const LabelFormat* Find(const std::function<bool(const LabelFormat&)>& fits) {
+  const auto* const found = std::find_if(std::begin(kFormats), std::end(kFormats), fits);
+  return found == std::end(kFormats) ? nullptr : found;
+}
 
 // Whether an ending says what is labelled, and not only of what kind the file is.
 bool IsTelling(std::string_view ending) {
@@ -256,9 +200,7 @@ bool IsTelling(std::string_view ending) {
 std::span<const LabelFormat> LabelFormats() { return kFormats; }
 
 const LabelFormat* LabelFormatOf(std::string_view key) {
-  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
-                                  [&](const LabelFormat& format) { return format.key == key; });
-  return found == kFormats.end() ? nullptr : &*found;
+  return Find([&](const LabelFormat& format) { return format.key == key; });
 }
 
 std::string FileStem(std::string_view path) {
@@ -280,11 +222,8 @@ LabelFileRead ReadLabelFile(std::string_view bytes, const std::string& path,
   const std::string text = DecodeText(bytes);
   const std::string ending = FileEnding(path);
   if (format == nullptr) {
-    const auto found = std::find_if(
-        kFormats.begin(), kFormats.end(),
-        [&](const LabelFormat& candidate) { return candidate.recognises(text, ending); });
-    if (found == kFormats.end()) throw LabelFileError("it is no label file of a known format");
-    format = &*found;
+    format = Find([&](const LabelFormat& row) { return row.recognises(text, ending); });
+    if (format == nullptr) throw LabelFileError("it is no label file of a known format");
   }
   LabelFileRead read{format, format->read(text, how)};
   read.file.tiersNamed = read.file.tiersNamed && format->holds.tiers;
