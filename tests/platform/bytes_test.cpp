@@ -26,6 +26,11 @@ TEST(CutText, FallsOnCharacterBorders) {
       {"\xF0\x9F\x98\x80z", 4, "\xF0\x9F\x98\x80"},
       {"\xE9\xE9\xE9\xE9", 2, "\xE9\xE9"},  // no continuation bytes: cut where it stands
       {"\x80\x80\x80\x80\x80\x80", 4, "\x80\x80\x80\x80"},  // no characters at all
+      {"\xDF\xBF", 1, ""},
+      {"\xE0\xA0\x80", 2, ""},
+      {"\xEF\xBF\xBFz", 3, "\xEF\xBF\xBF"},
+      {"\xF7\x80\x80\x80", 3, ""},
+      {"\xF8\x80\x80\x80", 3, "\xF8\x80\x80"},  // begins no character
   };
   for (const Row& row : rows) EXPECT_EQ(CutText(row.text, row.maxBytes), row.expected) << row.text;
 }
@@ -42,12 +47,16 @@ TEST(TextField, IsTerminatedZeroFilledAndStaysInItsPlace) {
   for (std::size_t i = 2; i < 7; ++i) EXPECT_EQ(block[i], std::byte{0});
   EXPECT_THROW(LoadText(block, 4, 5), std::out_of_range);
   EXPECT_THROW(LoadLittle<std::uint32_t>(block, 5), std::out_of_range);
+  EXPECT_THROW(StoreText(block, 4, 5, "x"), std::out_of_range);
+  EXPECT_THROW(StoreLittle(std::span<std::byte>(block), 5, 1), std::out_of_range);
+  EXPECT_THROW(LoadText(block, 9, 0), std::out_of_range);
+  EXPECT_EQ(LoadText(block, 8, 0), "");
 }
 
 TEST(Truncate, GoesTowardZeroAndStaysInRange) {
   EXPECT_EQ(Truncate(-2.9), -2);
   EXPECT_EQ(Truncate(std::nan("")), 0);
-  EXPECT_EQ(Truncate(1e300), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(Truncate(0x1p63), std::numeric_limits<std::int64_t>::max());
   EXPECT_EQ(TruncateToInt32(-1e10), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(TruncateToInt32(2147483647.9), 2147483647);
 }

@@ -1,7 +1,10 @@
 // host_services_test.cpp - the profile on a real disk, the memory of the real machine.
 #include "platform/host_services.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -51,8 +54,10 @@ TEST(IniProfileStore, ChangesOneLineAndLeavesTheOthers) {
   ASSERT_TRUE(store.WriteText("Two", "a", "4"));
   ASSERT_TRUE(store.WriteText("Two", "b", "5"));
   ASSERT_TRUE(store.WriteText("Three", "a", "6"));
+  ASSERT_TRUE(store.WriteText("]", "=;#\\[\x1F\x7F ~", " ! "));
   EXPECT_EQ(FileText(path),
-            "; by hand\n[One]\na=1\nab=2\n\n[Two]\na=4\nno entry\nb=5\n[Three]\na=6\n");
+            "; by hand\n[One]\na=1\nab=2\n\n[Two]\na=4\nno entry\nb=5\n[Three]\na=6\n"
+            "[\\x5D]\n\\x3D\\x3B\\x23\\x5C\\x5B\\x1F\\x7F ~=\\x20!\\x20\n");
 }
 
 TEST(IniProfileStore, ReportsWhatCannotBeKept) {
@@ -75,6 +80,11 @@ TEST(UserProfilePath, FollowsTheUsersFolders) {
   }
   const EnvironmentVariable unset("XDG_CONFIG_HOME", nullptr);
   EXPECT_EQ(UserProfilePath(), "/home/me/.config/Orvanta/Cantorix.ini");
+  for (const char* const none : {"", static_cast<const char*>(nullptr)}) {
+    const EnvironmentVariable homeless("HOME", none);
+    EXPECT_EQ(UserProfilePath(),
+              ::getpwuid(::getuid())->pw_dir + std::string("/.config/Orvanta/Cantorix.ini"));
+  }
 }
 
 TEST(HostMemoryProbe, RefusesWhatTheMachineDoesNotHave) {
@@ -95,6 +105,8 @@ TEST(AvailableBytes, ReadsTheKernelsLine) {
 }
 
 TEST(HostClock, GoesForwardThroughASleepAndIgnoresNoSleep) {
+  EXPECT_THAT(LocalTimeStamp(),
+              ::testing::MatchesRegex("2[0-9]{7}-[0-2][0-9][0-5][0-9][0-6][0-9]"));
   HostClock clock;
   const double before = clock.NowMs();
   clock.SleepMs(5.0);
