@@ -93,7 +93,9 @@ TEST(SpectrogramView, SaysWhenMemoryIsShortAtFirstAndLater) {
   RecordingFixture recording(testing::Noise(2000, 5000), 4000.0);
   CSpectrogramView view(recording.document);
   view.WantSize({10, 5});
-  recording.world.memory.limitBytes = 100;
+  recording.world.memory.limitBytes = std::uint64_t{10} * (5 * 16 + 18);
+  EXPECT_TRUE(view.Show({0.0, 2000.0}));
+  --recording.world.memory.limitBytes;
   EXPECT_THROW(view.Show({0.0, 2000.0}), Abandoned);
   EXPECT_THROW(view.Update(), Abandoned);
   const std::vector<std::string> said{

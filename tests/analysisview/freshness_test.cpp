@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "analysisview/fft_lpc_view.h"
 #include "analysisview/pitch_view.h"
 #include "analysisview/spectrogram_view.h"
 #include "analysisview/window_commands.h"
 #include "analysisview/window_fixture.h"
 #include "mainview/analysis_commands.h"
+#include "mainview/view_commands.h"
 #include "platform/abandon.h"
 #include "settings/field_text.h"
 #include "settings/settings.h"
@@ -56,6 +59,7 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
   PlaceMarkers();
   const auto before = spectrum.spectrum().fftDb;
   CutTo(5000);
+  document.Notify(DocumentChange::kSettings);
   EXPECT_EQ(Due(), "0 0 0");
   for (AnalysisWindow* window : all) {
     for (const auto& row : WindowCommands()) {
@@ -68,10 +72,15 @@ TEST_F(Windows, AnEditLeavesAnOldPictureThatNoLogTakes) {
   EXPECT_THAT(log.entries, IsEmpty());
 }
 
-TEST_F(Windows, NothingIsUpdatedWhereThereNeverWasATrack) {
+TEST_F(Windows, NothingIsUpdatedWhereThereNeverWasAnything) {
   CSonadexView bare(document, around.Services());
-  CPitchView none(bare, Services());
-  EXPECT_FALSE(RunWindowCommand(none, WindowCommand::kUpdate));
+  CPitchView noTrack(bare, Services());
+  CSpectrogramView noLevels(document, Services());
+  CFFTLPCView noSpectrum(document, Services());
+  for (AnalysisWindow* none :
+       std::initializer_list<AnalysisWindow*>{&noTrack, &noLevels, &noSpectrum}) {
+    EXPECT_FALSE(RunWindowCommand(*none, WindowCommand::kUpdate));
+  }
 }
 
 TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
@@ -87,6 +96,10 @@ TEST_F(Windows, UpdateStaysInsideTheShorterRecording) {
   CutTo(5000);
   spectrogram.Update();
   EXPECT_FALSE(spectrogram.computed()) << "nothing of its stretch is left";
+  spectrogram.Show({0.0, 2000.0});
+  document.Notify(DocumentChange::kSamples);
+  spectrogram.Update();
+  EXPECT_EQ(Range(), "0 2000") << "a beginning is not the whole";
 
   spectrum.Show({0.0, SampleRange{1000.0, 5000.0}});
   spectrogram.Show({0.0, 5000.0});
@@ -197,6 +210,8 @@ TEST_F(Windows, LogCommandsNeedALogAMarkerAndFormants) {
     }
     return texts;
   };
+  for (const AnalysisWindow* window : all)
+    EXPECT_THAT(window->LogRows(WindowLog::kMarker), IsEmpty());
   EXPECT_EQ(enabled(spectrum), "Enter &Formants;Enter &Entire Frame;");
   EXPECT_EQ(enabled(spectrogram), "Enter Formants &All;");
   EXPECT_EQ(enabled(pitch), "");
@@ -226,22 +241,24 @@ TEST_F(Windows, CommandsAreThoseOfTheList) {
 TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
   PlaceMarkers();
   pitch.StepCursor(50, 0);
+  spectrum.StepCursor(1, 0);
+  spectrogram.StepCursor(0, 3);
   document.settings.display.timeBase = 1;
   document.settings.logStepHz = 100;
   const struct {
     AnalysisWindow& window;
     WindowCommand command;
     std::size_t rows;
-    std::string heading;  // its beginning
+    std::string heading, first;  // their beginnings
   } rows[] = {
-      {pitch, WindowCommand::kEnterMarker, 1, "Pitch Marker Entry: time, pitch, intensity"},
-      {spectrum, WindowCommand::kEnterMarker, 1, "FFT/LPC Marker"},
-      {spectrum, WindowCommand::kEnterFormants, 1, "FFT/LPC Formants"},
-      {spectrum, WindowCommand::kEnterEntireFrame, 50, "FFT/LPC Entire Frame"},
-      {spectrogram, WindowCommand::kEnterMarker, 1, "Spec. Marker"},
-      {spectrogram, WindowCommand::kEnterFormants, 1, "Spec. Formants Entry"},
-      {spectrogram, WindowCommand::kEnterFormantsAll, 100, "Spec. Formants All"},
-      {spectrogram, WindowCommand::kEnterEntireFrame, 50, "Spec. Entire Frame"},
+      {pitch, WindowCommand::kEnterMarker, 1, "Pitch Marker Entry: time, pitch, intensity", "0.5"},
+      {spectrum, WindowCommand::kEnterMarker, 1, "FFT/LPC Marker", "50.0"},
+      {spectrum, WindowCommand::kEnterFormants, 1, "FFT/LPC Formants", ""},
+      {spectrum, WindowCommand::kEnterEntireFrame, 50, "FFT/LPC Entire Frame", "0.0"},
+      {spectrogram, WindowCommand::kEnterMarker, 1, "Spec. Marker", "0.6 300.0"},
+      {spectrogram, WindowCommand::kEnterFormants, 1, "Spec. Formants Entry", "0.6"},
+      {spectrogram, WindowCommand::kEnterFormantsAll, 100, "Spec. Formants All", "0.6"},
+      {spectrogram, WindowCommand::kEnterEntireFrame, 50, "Spec. Entire Frame", "0.0"},
   };
   for (const auto& row : rows) {
     log.entries.clear();
@@ -250,10 +267,11 @@ TEST_F(Windows, RowsGoToTheLogUntilItHasEnoughOrTheUserCancels) {
     ASSERT_EQ(log.entries.size(), row.rows) << row.heading;
     EXPECT_EQ(log.entries[0].source, "talk.wav");
     EXPECT_EQ(log.entries[0].heading.substr(0, row.heading.size()), row.heading);
+    const std::string values = JoinedEach(log.entries[0].columns, std::identity());
+    EXPECT_EQ(values.substr(0, row.first.size()), row.first) << row.heading;
     EXPECT_EQ(world.progress.texts.back(), "Entering into the log...(Press mouse to cancel)");
     EXPECT_EQ(world.progress.done.back(), world.progress.totals.back());
   }
-  EXPECT_EQ(log.entries[0].columns[0], "0.0");
   ASSERT_TRUE(RunWindowCommand(pitch, WindowCommand::kEnterMarker));
   const auto readouts = pitch.Readouts();
   EXPECT_THAT(log.entries.back().columns, ElementsAre("0.5", readouts[1].value, readouts[2].value));
@@ -284,6 +302,18 @@ TEST_F(Windows, OnlyANewPictureIsARevision) {
   }
 }
 
+TEST_F(Windows, TheSpectrogramPlaysTheRecordingItsSelectionOrItself) {
+  EXPECT_FALSE(RunWindowCommand(spectrogram, WindowCommand::kPlaySelection)) << "none";
+  SelectSpan(view, 300.0, 400.0);
+  for (const auto command :
+       {WindowCommand::kPlayAll, WindowCommand::kPlaySelection, WindowCommand::kPlayWindow}) {
+    EXPECT_TRUE(RunWindowCommand(spectrogram, command));
+  }
+  EXPECT_THAT(around.playback.played, ElementsAre("0 10000", "3000 4000", "6000 10000"));
+  document.loaded = false;
+  EXPECT_FALSE(RunWindowCommand(spectrogram, WindowCommand::kPlayAll));
+}
+
 TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {
   auto& s = document.settings;
   const struct {
@@ -304,9 +334,11 @@ TEST_F(Windows, SwitchesTurnTheSettingsOfTheirWindow) {
   for (const auto& row : rows) {
     const std::int32_t was = row.setting;
     changes = 0;
+    around.listener.notices.clear();
     EXPECT_TRUE(RunWindowCommand(row.window, row.command));
     EXPECT_EQ(row.setting, 1 - was);
     EXPECT_GE(changes, 1);
+    EXPECT_EQ(around.listener.notices.size(), 1U) << "the settings are kept";
     EXPECT_FALSE(row.window.UpdateDue());
   }
   EXPECT_FALSE(RunWindowCommand(spectrum, WindowCommand::kDrawAudio)) << "none of its own";

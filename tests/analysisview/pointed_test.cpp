@@ -51,6 +51,8 @@ TEST_F(PointedTest, TheMainViewTellsSampleTracksAndLabel) {
   const std::string values = "123.0 ms  amp -325  pitch 203.7 Hz  int \u2013";
   EXPECT_EQ(TextAt(163, view.layout.audio.top), values);
   EXPECT_EQ(TextAt(163, inTier), values + "  'front'");
+  EXPECT_EQ(TextAt(163, view.layout.tier(1).bottom), values);
+  EXPECT_NE(TextAt(90, inTier).find("  'front'"), std::string::npos) << "at its own time";
   EXPECT_EQ(TextAt(89, inTier).find('\''), std::string::npos) << "before the first one";
   document.settings.display.timeBase = 1;
   EXPECT_EQ(TextAt(163, inTier).substr(0, 9), "0.123 s  ");
@@ -79,6 +81,7 @@ TEST_F(PointedTest, AnalysesTellWhatTheirPictureHasThere) {
   EXPECT_EQ(TextAt(spectrogram, 130, 59),
             "800.0 ms  2500 Hz  0.0 dB  F1 \u2013  F2 \u2013  F3 \u2013  F4 \u2013  F5 \u2013");
   EXPECT_EQ(PointedIn(spectrogram, 60, 59)->ms, 100.0);
+  EXPECT_NE(TextAt(spectrogram, 50, 59).find("  F5 "), std::string::npos);
   EXPECT_EQ(TextAt(spectrogram, 150, 59), "nothing");
 
   HoldTrack({150.0, 150.0, 150.0, 150.0, 150.0, 0.0, 150.0, 150.0, 150.0, 150.0});

@@ -189,15 +189,18 @@ TEST_F(FftLpcCursor, EveryPixelReadsItsOwnPointWhateverTheWidth) {
 
 TEST_F(FftLpcCursor, ReadoutsNameLevelsFormantsAndSettings) {
   document.channel().sampleRateHz = 10000.7;
+  options.rangeHz = 2000;
   Show(500);
   std::string formants;
   for (std::size_t i = 0; i < kFormants; ++i) {
     const auto text = [](double hz) { return hz == -1.0 ? "-" : FormatOneDecimal(hz); };
     const std::string number = std::to_string(i + 1);
-    formants += "F" + number + "(Hz)=" + text(window.spectrum().formants.frequencyHz[i]) + " BW" +
+    const double hz = window.spectrum().formants.frequencyHz[i];
+    formants += "F" + number + "(Hz)=" + (hz > 2000.0 ? "\u2191 " : "") + text(hz) + " BW" +
                 number + "(Hz)=" + text(window.spectrum().formants.bandwidthHz[i]) + ' ';
   }
   EXPECT_NE(formants.find("=-"), std::string::npos) << "one is missing";
+  EXPECT_NE(formants.find("\u2191"), std::string::npos) << "one is above the picture";
   EXPECT_EQ(TextOf(window),
             "Frequency(Hz)=- FFT(dB)=- LPC(dB)=- " + formants +
                 "Points=256 Window(ms)=23 Step(ms)=10 LPC order=14 Sample Rate(Hz)=10000");

@@ -11,12 +11,14 @@
 #include <utility>
 #include <vector>
 
+#include "analysis/sample_range.h"
 #include "document/label.h"
 #include "mainview/dialog_answers.h"
 #include "mainview/log_entry.h"
 #include "mainview/view_dialogs.h"
 #include "mainview/view_ports.h"
 #include "settings/settings.h"
+#include "support/joined.h"
 
 namespace cantorix {
 
@@ -47,8 +49,10 @@ class RecordingListener : public ViewListener {
 class CountingPlayback : public SoundControl {
  public:
   void StopPlayback() override { ++stops; }
+  void Play(const SampleRange& range) override { played.push_back(Joined(range.start, range.end)); }
 
   int stops = 0;
+  std::vector<std::string> played;  // first sample and end
 };
 
 // Wants no more rows once it holds `capacity` of them.
