@@ -9,8 +9,8 @@
 namespace cantorix {
 namespace {
 
-bool OpenIn(const std::string& directory, ShellOpener& opener) {
-  const std::string path = directory + "/Manual/HelpIndex.html";
+bool OpenIn(const std::string& directory, const std::string& page, ShellOpener& opener) {
+  const std::string path = directory + "/Manual/" + page;
   std::error_code failure;
   return std::filesystem::is_regular_file(path, failure) && opener.Open(path);
 }
@@ -18,9 +18,13 @@ bool OpenIn(const std::string& directory, ShellOpener& opener) {
 }  // namespace
 
 void OpenManual(const std::string& currentDirectory, ShellOpener& opener, Prompts& prompts,
-                const std::string& installedDirectory) {
-  if (OpenIn(currentDirectory, opener) || OpenIn(currentDirectory, opener)) return;
-  if (!installedDirectory.empty() && OpenIn(installedDirectory, opener)) return;
+                const std::string& installedDirectory, const std::string& page) {
+  for (const std::string& wanted : {page, std::string(kManualIndex)}) {
+    if (OpenIn(currentDirectory, wanted, opener) || OpenIn(currentDirectory, wanted, opener))
+      return;
+    if (!installedDirectory.empty() && OpenIn(installedDirectory, wanted, opener)) return;
+    if (page == kManualIndex) break;
+  }
   prompts.Message("No help file was found. Please contact the vendor.");
 }
 

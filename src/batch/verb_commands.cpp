@@ -1,10 +1,13 @@
 // verb_commands.cpp - the command table of the desktop as a table of text and as a page of the
 // manual.
 #include <algorithm>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "batch/verbs.h"
 #include "mainview/commands.h"
+#include "mainview/picture_keys.h"
 
 namespace cantorix::batch {
 namespace {
@@ -71,6 +74,30 @@ std::string Html(std::string_view text) {
   return html;
 }
 
+std::string Keys(std::string_view keys) {
+  return keys.empty() ? std::string() : "<kbd>" + std::string(keys) + "</kbd>";
+}
+
+std::string KeysOf(const CommandRow& row) {
+  std::string keys = Keys(row.accelerator);
+  std::istringstream others{std::string(row.otherKeys)};
+  for (std::string other; others >> other;) keys += (keys.empty() ? "" : " ") + Keys(other);
+  return keys;
+}
+
+// The keys that are in no menu.
+std::string SectionOfKeys() {
+  std::string section =
+      "<h2>Keys in the pictures</h2>\n<p>While the picture of a main view, a spectrogram, a pitch "
+      "track or a spectrum has the focus. Arrow keys alone scroll the main view; alone and with "
+      "Shift they move the marker in the other windows.</p>\n<table>\n<tr><th>Key</th><th>What it "
+      "does</th></tr>\n";
+  for (const PictureKey& row : PictureKeys()) {
+    section += "<tr><td>" + Keys(row.keys) + "</td><td>" + Html(row.does) + "</td></tr>\n";
+  }
+  return section + "</table>\n";
+}
+
 // A menu with its commands.
 std::string Section(Menu menu) {
   std::string section = "<h2>" + Html(NameOf(menu)) +
@@ -78,10 +105,8 @@ std::string Section(Menu menu) {
                         "<th>What it does</th></tr>\n";
   for (const CommandRow& row : CommandTable()) {
     if (row.menu != menu) continue;
-    const std::string key(row.accelerator);
-    section += "<tr><td>" + Html(Plain(row.text)) + "</td><td>" +
-               (key.empty() ? key : "<kbd>" + key + "</kbd>") + "</td><td>" + FactNames(row.needs) +
-               "</td><td>" + Html(row.status) + "</td></tr>\n";
+    section += "<tr><td>" + Html(Plain(row.text)) + "</td><td>" + KeysOf(row) + "</td><td>" +
+               FactNames(row.needs) + "</td><td>" + Html(row.status) + "</td></tr>\n";
   }
   return section + "</table>\n";
 }
@@ -94,7 +119,7 @@ std::string AsPage() {
     written.push_back(row.menu);
     page += Section(row.menu);
   }
-  return page + kPageEnd;
+  return page + SectionOfKeys() + kPageEnd;
 }
 
 }  // namespace

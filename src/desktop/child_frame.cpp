@@ -86,6 +86,7 @@ void CChildFrame::ViewChanged(const ViewNotice& notice) {
   if (area_ != nullptr) area_->Refresh();
   if (notice.changes.HasAny(kLabelListChanges)) host_.LabelsChanged(*view_);
   if (notice.pointer) host_.CursorMoved(*view_, notice.pointer->phase, notice.pointer->ms);
+  if (!notice.said.empty()) host_.Said(*view_, notice.said);
   host_.StateChanged();
 }
 

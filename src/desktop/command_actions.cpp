@@ -18,6 +18,15 @@ QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QList<QKeySequence> KeysOf(const CommandRow& row) {
+  QList<QKeySequence> keys;
+  if (!row.accelerator.empty()) keys << QKeySequence(Text(row.accelerator));
+  for (const QString& other : Text(row.otherKeys).split(' ', Qt::SkipEmptyParts)) {
+    keys << QKeySequence(other);
+  }
+  return keys;
+}
+
 // Without a document a menu shows what needs none.
 bool IsShown(const CommandRow& row, const CSonadexView* view) {
   return view != nullptr || row.needs == 0U;
@@ -42,7 +51,9 @@ void CommandActions::AddRow(const CommandRow& row) {
   action->setIconVisibleInMenu(false);
   action->setToolTip(Text(row.toolTip));
   action->setStatusTip(Text(row.status));
-  if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
+  action->setShortcuts(KeysOf(row));
+  // A picture looks its keys up by itself; the menu only names them.
+  if (row.keyInPicture) action->setShortcutContext(Qt::WidgetShortcut);
   // A menu that has a place of its own for an entry may not move it to another one.
   action->setMenuRole(QAction::NoRole);
   QObject::connect(action, &QAction::triggered, &window_,

@@ -135,11 +135,14 @@ void FrameCommands::ActivateNextRecording() { frame_.desks().ActivateNextDesk();
 void FrameCommands::CloseStatusWindow() { services_.progress.CloseWindow(); }
 
 // Help
-void FrameCommands::ShowManual() {
+void FrameCommands::OpenManualAt(const std::string& page) {
   std::error_code failure;
   OpenManual(std::filesystem::current_path(failure).string(), services_.opener,
-             services_.application.prompts(), InstalledDirectory());
+             services_.application.prompts(), InstalledDirectory(), page);
 }
+
+void FrameCommands::ShowManual() { OpenManualAt(kManualIndex); }
+void FrameCommands::ShowManualOfWindow() { OpenManualAt(frame_.PageOfWindow()); }
 
 void FrameCommands::ShowAbout() { ShowAboutBox(&frame_); }
 

@@ -58,11 +58,14 @@ class FrameCommands : private FrameActions {
   void ActivateNextRecording() override;
   void CloseStatusWindow() override;
   void ShowManual() override;
+  void ShowManualOfWindow() override;
   void ShowAbout() override;
 
   // On the view in front, with failures shown; nothing without one.
   void OnView(const std::function<void(CSonadexView&)>& action);
   void Analyse(const AnalysisRequest& request);
+
+  void OpenManualAt(const std::string& page);
 
   CMainFrame& frame_;
   const DesktopServices& services_;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "mainview/commands.h"
 #include "mainview/view_ports.h"
 
 namespace cantorix {
@@ -25,6 +26,10 @@ class FrameHost {
   virtual void CursorMoved(CSonadexView& view, MousePhase phase, double ms) = 0;
   // What is under the pointer in a window of the view; nothing: it points at nothing there.
   virtual void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
+  // One line for the user of the view.
+  virtual void Said(CSonadexView& view, const std::string& text) = 0;
+  // A command, as by its menu.
+  virtual void Perform(Command command) = 0;
   virtual SoundDesk& sound() = 0;
   // The input that the user has chosen is used from here on.
   virtual void PrepareRecording() = 0;

@@ -1,9 +1,11 @@
 // main_frame.cpp - the frame's windows and how they follow each other.
 #include "desktop/main_frame.h"
 
+#include <QApplication>
 #include <QMdiArea>
 #include <QStatusBar>
 
+#include "app/manual.h"
 #include "desktop/child_frame.h"
 #include "desktop/display_option_frame.h"
 #include "desktop/label_list_frame.h"
@@ -136,6 +138,22 @@ CChildFrame* CMainFrame::activeFrame() const {
 CSonadexView* CMainFrame::activeView() const {
   CChildFrame* const frame = activeFrame();
   return frame == nullptr ? nullptr : frame->view();
+}
+
+std::string CMainFrame::PageOfWindow() const {
+  const QWidget* const active = QApplication::activeWindow();
+  if (active == labelList_) return "labels.html";
+  if (active == log_) return "log.html";
+  if (active == displayOptions_) return "options.html";
+  const CSonadexView* const view = activeView();
+  if (view == nullptr) return kManualIndex;
+  if (analysisWindows_ == nullptr) return "mainview.html";
+  for (const AnalysisWindowOf& window : analysisWindows_->WindowsOf(*view)) {
+    if (window.window != area_->currentSubWindow()) continue;
+    if (window.kind == WindowKind::kPitch) return "analysis.html";
+    return window.kind == WindowKind::kFftLpc ? "spectrum.html" : "spectrogram.html";
+  }
+  return "mainview.html";
 }
 
 std::vector<CChildFrame*> CMainFrame::Frames() const {

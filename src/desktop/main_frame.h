@@ -69,6 +69,10 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
   // Commands, floating windows and the list of recent files in step with the state.
   void Refresh();
+  // As by its menu: nothing while it is greyed.
+  void Perform(Command command) override;
+  // The page of the manual about the window in front.
+  std::string PageOfWindow() const;
   void ShowLog();
   void ShowLabelList();
   void ShowDisplayOptions();
@@ -93,6 +97,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  void Said(CSonadexView& view, const std::string& text) override;
   LogSink* openLog() override;
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool MayClose(CChildFrame& frame) override;

@@ -137,6 +137,15 @@ void CMainFrame::PointedAt(CSonadexView& view, const std::optional<Pointed>& poi
   if (analysisWindows_ != nullptr) analysisWindows_->ShowPointed(view, ms);
 }
 
+void CMainFrame::Said(CSonadexView& view, const std::string& text) {
+  pointerStatus_.ShowPointed(text);
+  for (CChildFrame* const frame : Frames()) {
+    if (frame->view() == &view) frame->area().picture().setAccessibleDescription(Shown(text));
+  }
+}
+
+void CMainFrame::Perform(Command command) { actions_.ActionOf(command).trigger(); }
+
 LogSink* CMainFrame::openLog() {
   auto& log = services_.application.log;
   return log ? &*log : nullptr;

@@ -9,6 +9,7 @@
 
 #include "analysisview/pointed.h"
 #include "desktop/paint/main_view_canvas.h"
+#include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
 #include "mainview/document_waveform.h"
 #include "mainview/listening.h"
@@ -179,7 +180,7 @@ void MainViewWidget::keyPressEvent(QKeyEvent* event) {
   if (const auto sound = SoundKey(*event)) return Pass(*sound);
   const auto scroll = ScrollOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
-  if (!scroll || modifiers != Qt::NoModifier) return QWidget::keyPressEvent(event);
+  if (!scroll || modifiers != Qt::NoModifier) return PassKey(*event);
   Pass([&](CSonadexView& view) {
     if (scroll->vertical) {
       ScrollViewVertically(view, scroll->request);
@@ -187,6 +188,19 @@ void MainViewWidget::keyPressEvent(QKeyEvent* event) {
       ScrollView(view, scroll->request);
     }
   });
+}
+
+void MainViewWidget::PassKey(QKeyEvent& event) {
+  if (const PictureKey* const key = PictureKeyOf(event)) return Pass(key->act);
+  if (const auto command = PictureCommandOf(event)) return host_.Perform(*command);
+  QWidget::keyPressEvent(&event);
+}
+
+// Tab is a key of the picture like any other.
+bool MainViewWidget::event(QEvent* event) {
+  if (event->type() != QEvent::KeyPress) return QWidget::event(event);
+  keyPressEvent(static_cast<QKeyEvent*>(event));
+  return event->isAccepted();
 }
 
 }  // namespace cantorix

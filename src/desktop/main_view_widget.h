@@ -39,11 +39,13 @@ class MainViewWidget : public QWidget {
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void TellPointed(const QPointF& at);
   // Runs `action` on the view under the frame's guard; nothing before the view has begun.
   void Pass(const std::function<void(CSonadexView&)>& action);
+  void PassKey(QKeyEvent& event);
   void TurnSteps(QWheelEvent& event, int steps);
   std::optional<PlayPlace> PlaceOf(double ms) const;
 

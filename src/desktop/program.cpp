@@ -43,7 +43,8 @@ bool Program::Start(const std::vector<std::string>& files) {
                           [this]() -> QPrinter& { return output_.printer(); },
                           [this](CSonadexView& view, const std::optional<Pointed>& pointed) {
                             mainFrame_->PointedAt(view, pointed);
-                          }});
+                          },
+                          [this](Command command) { mainFrame_->Perform(command); }});
   mainFrame_->SetAnalysisWindows(&analysisWindows_);
   mainFrame_->SetOutput(&output_);
   prompts_.SetOwner(mainFrame_.get());

@@ -5,6 +5,7 @@
 #include "desktop/dialogs/label_file_dialogs.h"
 #include "desktop/dialogs/label_import_dialog.h"
 #include "desktop/dialogs/option_dialog.h"
+#include "desktop/dialogs/texts_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/qt_prompts.h"
 #include "mainview/dialog_answers.h"
@@ -30,6 +31,10 @@ std::optional<LabelAnswer> QtDialogs::AskLabel(const Label& preset, bool exists)
   LabelDialog dialog(prompts_, preset, exists, prompts_.Parent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return LabelAnswer{dialog.Entered(), dialog.removed()};
+}
+
+std::optional<std::vector<std::string>> QtDialogs::AskTexts(const TextsQuestion& question) {
+  return Ask(TextsDialog(prompts_, question, prompts_.Parent()));
 }
 
 std::optional<TierSetups> QtDialogs::AskTiers(const TierSetups& preset) {

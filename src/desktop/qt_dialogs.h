@@ -12,6 +12,7 @@ class QtDialogs : public ViewDialogs {
   explicit QtDialogs(QtPrompts& prompts) : prompts_(prompts) {}
 
   std::optional<LabelAnswer> AskLabel(const Label& preset, bool exists) override;
+  std::optional<std::vector<std::string>> AskTexts(const TextsQuestion& question) override;
   std::optional<TierSetups> AskTiers(const TierSetups& preset) override;
   std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>& tierNames,
                                                   const LabelImportOptions& preset) override;

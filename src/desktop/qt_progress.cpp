@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -44,6 +45,11 @@ bool IsInput(QEvent::Type type) {
   }
 }
 
+bool IsEscape(const QEvent& event) {
+  return event.type() == QEvent::KeyPress &&
+         static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+
 }  // namespace
 
 // The menu bar opens by its mnemonics, and an open menu takes the keys: "Close Status Window" is
@@ -67,7 +73,8 @@ class QtProgress::InputFilter : public QObject {
 
   bool eventFilter(QObject* receiver, QEvent* event) override {
     if (!IsInput(event->type()) || UsesMenus(receiver, event->type())) return false;
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin) {
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::TouchBegin ||
+        IsEscape(*event)) {
       pressed = true;
     }
     // A window that asks to be closed while it waits would otherwise be closed.

@@ -1,6 +1,6 @@
-// qt_progress.h - progress of a long operation on the interface thread, with a mouse press as the
-// user's way out. While one runs, windows are painted, the menus can be read with the keys, and
-// nothing else that the user does counts.
+// qt_progress.h - progress of a long operation on the interface thread, with a mouse press or Esc
+// as the user's way out. While one runs, windows are painted, the menus can be read with the keys,
+// and nothing else that the user does counts.
 #pragma once
 
 #include <QElapsedTimer>

@@ -7,6 +7,7 @@
 #include "mainview/analysis_commands.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
+#include "mainview/go_to_commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/listening.h"
 #include "mainview/log_commands.h"
@@ -26,6 +27,11 @@ constexpr Facts kMarked = kLoaded | fact::kMarker;
 constexpr Facts kLogged = kLoaded | fact::kLogOpen;
 
 constexpr bool kSeparator = true;
+
+constexpr CommandRow AlsoBy(CommandRow row, std::string_view keys) {
+  row.otherKeys = keys;
+  return row;
+}
 
 // Of a document, whatever it returns.
 template <auto kFunction>
@@ -126,6 +132,13 @@ constexpr std::array kTable{
                kSeparator},
     CommandRow{Command::kSelectAll, Menu::kEdit, "Select All", "Ctrl+A", kLoaded,
                "Select the whole recording", "Select All", SelectAll},
+    CommandRow{Command::kSelectTimes, Menu::kEdit, "Select...", "Ctrl+Shift+J", kLoaded,
+               "Select between typed times", "Select", SelectTypedTimes},
+    CommandRow{Command::kGoTo, Menu::kEdit, "Go to...", "Ctrl+J", kLoaded,
+               "Put the cursor at a typed time", "Go to", GoToTypedTime, kSeparator},
+    CommandRow{Command::kZeroCrossing, Menu::kEdit, "Nearest Zero Crossing", "Ctrl+K", kLoaded,
+               "Move the cursor, or both edges of the selection, to the nearest zero crossing",
+               "Nearest Zero Crossing", MoveToZeroCrossing},
 
     // View
     CommandRow{Command::kToolBar, Menu::kView, "Toolbar", "", kAnyTime, "Show or hide the tool bar",
@@ -134,17 +147,20 @@ constexpr std::array kTable{
                "Show or hide the status bar", "Status Bar", ByFrame<&Frame::ToggleStatusBar>},
 
     // Zoom
-    CommandRow{Command::kZoomIn, Menu::kZoom, "In", "Ctrl+B", kLoaded, "Show less and larger",
-               "Zoom In", ZoomBy<Zoom::kIn>, false, 3},
-    CommandRow{Command::kZoomOut, Menu::kZoom, "Out", "Ctrl+E", kLoaded | fact::kZoomed,
-               "Show more and smaller", "Zoom Out", ZoomBy<Zoom::kOut>, false, 3},
+    AlsoBy({Command::kZoomIn, Menu::kZoom, "In", "Ctrl+B", kLoaded, "Show less and larger",
+            "Zoom In", ZoomBy<Zoom::kIn>, false, 3},
+           "Ctrl++ Ctrl+="),
+    AlsoBy({Command::kZoomOut, Menu::kZoom, "Out", "Ctrl+E", kLoaded | fact::kZoomed,
+            "Show more and smaller", "Zoom Out", ZoomBy<Zoom::kOut>, false, 3},
+           "Ctrl+-"),
     CommandRow{Command::kZoomSelection, Menu::kZoom, "Selection", "Ctrl+Q", kSelected,
                "Show the selection alone", "Zoom to Selection", ZoomBy<Zoom::kSelection>, false, 3},
     CommandRow{Command::kZoomFromCursor, Menu::kZoom, "From Cursor for Duration", "Ctrl+W", kMarked,
                "Show the duration of the zoom option from the cursor on",
                "From Cursor for Duration", ZoomBy<Zoom::kFromCursor>},
-    CommandRow{Command::kHome, Menu::kZoom, "Home", "", kLoaded, "Show the whole recording", "Home",
-               ZoomBy<Zoom::kHome>, false, 3},
+    AlsoBy({Command::kHome, Menu::kZoom, "Home", "", kLoaded, "Show the whole recording", "Home",
+            ZoomBy<Zoom::kHome>, false, 3},
+           "Ctrl+0"),
     CommandRow{Command::kUnZoom, Menu::kZoom, "UnZoom", "", kLoaded,
                "Show the stretch before the last zoom", "UnZoom", ZoomBy<Zoom::kUnZoom>, false, 3},
 
@@ -294,6 +310,9 @@ constexpr std::array kTable{
     // Help
     CommandRow{Command::kHelpTopics, Menu::kHelp, "Help Topics", "", kAnyTime, "Open the manual",
                "Help Topics", ByFrame<&Frame::ShowManual>, false, 7},
+    CommandRow{Command::kHelpOfWindow, Menu::kHelp, "Help on This Window", "F1", kAnyTime,
+               "Open the manual at the page of the window in front", "Help on This Window",
+               ByFrame<&Frame::ShowManualOfWindow>},
     // Kept: the entry carries the inner name of the program.
     CommandRow{Command::kAbout, Menu::kHelp, "&About Sonadex...", "", kAnyTime,
                "Show what this program is and its version", "About Cantorix",

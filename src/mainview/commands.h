@@ -46,6 +46,9 @@ enum class Command {
   kClearToReference,
   kSelectWindow,
   kSelectAll,
+  kGoTo,
+  kSelectTimes,
+  kZeroCrossing,
   // View
   kToolBar,
   kStatusBar,
@@ -115,6 +118,7 @@ enum class Command {
   kCloseStatusWindow,
   // Help
   kHelpTopics,
+  kHelpOfWindow,
   kAbout,
 };
 
@@ -168,6 +172,10 @@ struct CommandRow {
   bool separator = false;  // stands above it in its menu
   int toolGroup = 0;       // of its button on the tool bar, from 1; 0: no button
   bool whileBusy = false;  // also while another operation runs
+  // Further accelerators, with blanks between them.
+  std::string_view otherKeys = {};
+  // The accelerator counts only while a picture of the recording has the focus.
+  bool keyInPicture = false;
 };
 
 // All commands, those of a menu in its order. A menu shows the rows that need no document also

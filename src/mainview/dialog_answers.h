@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "document/label.h"
 #include "document/label_import_options.h"
@@ -22,6 +23,17 @@ struct TierSetup {
   bool operator==(const TierSetup&) const = default;
 };
 using TierSetups = std::array<TierSetup, kTierCount>;
+
+// A small dialog of text fields.
+struct TextField {
+  std::string label;  // a second one with the same letters needs another text
+  std::string preset;
+};
+struct TextsQuestion {
+  std::string title;
+  std::vector<TextField> fields;
+  std::string note;  // below them
+};
 
 struct LabelAnswer {
   Label label;

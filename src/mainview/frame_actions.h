@@ -60,6 +60,7 @@ class FrameActions {
 
   // Help
   virtual void ShowManual() = 0;
+  virtual void ShowManualOfWindow() = 0;
   virtual void ShowAbout() = 0;
 };
 

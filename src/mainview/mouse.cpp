@@ -40,6 +40,12 @@ void TakeDragPoint(CChannel& channel, const TimePoint& point, std::int32_t x, st
   UpdateSelection(channel);
 }
 
+Marks MarksOf(const CSonadexView& view) {
+  const CChannel& channel = view.channel();
+  return {channel.cursor,       channel.dragPoint, channel.selectionStart,
+          channel.selectionEnd, view.markerSet(),  view.selectionShown()};
+}
+
 // After the cursor was placed. A press on a view that shows a selection only removes it; the next
 // one places a marker.
 void BeginPress(CSonadexView& view, const PressState& press) {
@@ -80,11 +86,12 @@ void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   if (view.services().sound.EndRecording()) return;
   if (!view.document().loaded || !InsideClient(view, x, y)) return;
   ViewEdit edit(view, Playback::kStops);
+  const Marks before = MarksOf(view);
   // The cursor first: where its sample cannot be read, the press leaves everything as it was.
   SetCursorAtPoint(view.document(), PointUnder(view, x));
   HitTestLabels(view, x, y);
   const bool onLabel = view.labelEntry.enabled && view.labelEntry.pressedLabel >= 0;
-  BeginPress(view, {.held = true, .x = x, .y = y, .draggedLabel = onLabel});
+  BeginPress(view, {.held = true, .x = x, .y = y, .draggedLabel = onLabel, .before = before});
   edit.ByPointer({MousePhase::kPress, view.pressedMs});
 }
 

@@ -8,6 +8,8 @@ namespace cantorix {
 
 std::optional<LabelAnswer> QuietDialogs::AskLabel(const Label&, bool) { return {}; }
 
+std::optional<std::vector<std::string>> QuietDialogs::AskTexts(const TextsQuestion&) { return {}; }
+
 std::optional<TierSetups> QuietDialogs::AskTiers(const TierSetups&) { return {}; }
 
 std::optional<LabelImportAnswer> QuietDialogs::AskLabelImport(const std::vector<std::string>&,

@@ -10,6 +10,7 @@ namespace cantorix {
 class QuietDialogs : public ViewDialogs {
  public:
   std::optional<LabelAnswer> AskLabel(const Label&, bool) override;
+  std::optional<std::vector<std::string>> AskTexts(const TextsQuestion&) override;
   std::optional<TierSetups> AskTiers(const TierSetups&) override;
   std::optional<LabelImportAnswer> AskLabelImport(const std::vector<std::string>&,
                                                   const LabelImportOptions&) override;

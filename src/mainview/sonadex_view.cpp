@@ -62,6 +62,12 @@ void CSonadexView::Changed(DocumentChanges changes) {
   untold_.notice.changes |= changes;
 }
 
+void CSonadexView::Say(std::string text) {
+  const ViewEdit edit(*this, Playback::kGoesOn);
+  untold_.any = true;
+  untold_.notice.said = std::move(text);
+}
+
 // Everything at once: the own state first, then the window, then whoever else shows the document.
 void CSonadexView::Tell() {
   Untold untold = std::exchange(untold_, {});
@@ -108,7 +114,7 @@ void CSonadexView::DocumentChanged(DocumentChanges changes, const DocumentObserv
   if (changes.HasAny(kSamples | kStretch)) TakeStretch();
   if (const auto* other = dynamic_cast<const CSonadexView*>(by)) TakeStateOf(*other, changes);
   if (changes.HasOther(kTitle)) Refresh(changes);
-  services_.listener.ViewChanged({changes, {}});
+  services_.listener.ViewChanged({changes, {}, {}});
 }
 
 // The parts of what the views share that are not in the document.

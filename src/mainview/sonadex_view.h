@@ -36,6 +36,13 @@ struct ViewServices {
   std::function<LogSink*()> openLog;  // null while no log is open
 };
 
+// Cursor and selection as they are when a press begins.
+struct Marks {
+  TimePoint cursor, dragPoint, selectionStart, selectionEnd;
+  bool markerSet = false;
+  bool selectionShown = false;
+};
+
 // A press of the left button that has not been released yet.
 struct PressState {
   bool held = false;   // by the user's own pointer
@@ -43,6 +50,7 @@ struct PressState {
   std::int32_t y = 0;
   bool moved = false;         // more than kClickPixels away at least once
   bool draggedLabel = false;  // the press took a label along, so that nothing is selected
+  Marks before = {};          // of the press
 };
 
 class CSonadexView : public DocumentObserver {
@@ -73,6 +81,8 @@ class CSonadexView : public DocumentObserver {
   void Changed(DocumentChanges changes);
   // This view alone looks different.
   void Redraw() { Changed({}); }
+  // One line for the user, in the status bar and to a screen reader.
+  void Say(std::string text);
   void StopPlayback() { services_.sound.StopPlayback(); }
 
   // The visible stretch is shorter than the recording.

@@ -23,6 +23,7 @@ struct LabelImportAnswer;
 struct LabelImportOptions;
 struct PitchSettings;
 struct SpectrogramSettings;
+struct TextsQuestion;
 struct TierSetup;
 using TierSetups = std::array<TierSetup, 10>;  // one for each tier
 
@@ -32,6 +33,8 @@ class ViewDialogs {
 
   // "Label entry"; `exists`: the label is in a tier already, so that Delete is offered.
   virtual std::optional<LabelAnswer> AskLabel(const Label& preset, bool exists) = 0;
+  // Some texts, as they were typed: times of "Go to" and "Select", the words of "Rename".
+  virtual std::optional<std::vector<std::string>> AskTexts(const TextsQuestion& question) = 0;
   // "Tiers Option".
   virtual std::optional<TierSetups> AskTiers(const TierSetups& preset) = 0;
   // "Import a generic label file into a tier".

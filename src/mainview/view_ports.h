@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "document/document_observer.h"
@@ -44,6 +45,7 @@ struct PointerEvent {
 struct ViewNotice {
   DocumentChanges changes;              // of the document; none: only the view looks different
   std::optional<PointerEvent> pointer;  // an open spectrogram follows it
+  std::string said;                     // one line for the user; empty: none
 };
 
 // The window that shows a view, told once of each thing that happened. Draws nothing and throws

@@ -79,6 +79,12 @@ TEST_F(CommandsTest, TheManualIsTriedTwiceThenThatOfTheInstalledProgram) {
     }
     EXPECT_EQ(prompts.TakeTranscript(), said) << row.current;
   }
+  FakeOpener opener;
+  WriteBytes(folder / "Manual/labels.html", {});
+  for (const char* const page : {"labels.html", "gone.html"}) {
+    OpenManual(none, opener, prompts, here, page);
+  }
+  EXPECT_EQ(opener.opened, (std::vector<std::string>{folder / "Manual/labels.html", path}));
 }
 
 }  // namespace

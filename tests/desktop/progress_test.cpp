@@ -41,12 +41,14 @@ class ProgressTest : public testing::Test {
   QtProgress progress;
 };
 
-TEST_F(ProgressTest, AMousePressAnywhereCancelsThisOperationAndReachesNobody) {
-  {
+TEST_F(ProgressTest, AMousePressAnywhereOrEscCancelsThisOperationAndReachesNobody) {
+  for (const bool byKey : {false, true}) {
     const ProgressScope scope(progress, "one", 100.0);
-    Later([&] { QTest::mousePress(&window, Qt::LeftButton); });
+    Later([&] {
+      byKey ? QTest::keyPress(&window, Qt::Key_Escape) : QTest::mousePress(&window, Qt::LeftButton);
+    });
     EXPECT_TRUE(CancelledWithin(progress, 2000));
-    EXPECT_EQ(window.presses, 0);
+    EXPECT_EQ(window.presses + window.keys, 0);
   }
   const ProgressScope scope(progress, "two", 1.0);
   EXPECT_FALSE(CancelledWithin(progress, 60));

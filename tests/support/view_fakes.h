@@ -35,6 +35,7 @@ class RecordingListener : public ViewListener {
  public:
   void ViewChanged(const ViewNotice& notice) override {
     notices.push_back(notice.changes);
+    if (!notice.said.empty()) said.push_back(notice.said);
     if (!notice.pointer) return;
     moves.emplace_back(notice.pointer->phase, notice.pointer->ms);
     if (forward) forward(notice.pointer->phase, notice.pointer->ms);
@@ -43,6 +44,7 @@ class RecordingListener : public ViewListener {
   std::function<void(MousePhase, double)> forward;
 
   std::vector<DocumentChanges> notices;
+  std::vector<std::string> said;
   std::vector<std::pair<MousePhase, double>> moves;
 };
 
@@ -112,6 +114,9 @@ class ScriptedDialogs : public ViewDialogs {
   std::optional<LabelAnswer> AskLabel(const Label& preset, bool exists) override {
     return label.Show({preset, exists});
   }
+  std::optional<std::vector<std::string>> AskTexts(const TextsQuestion& question) override {
+    return texts.Show(question);
+  }
   std::optional<TierSetups> AskTiers(const TierSetups& preset) override {
     return tiers.Show(preset);
   }
@@ -152,6 +157,7 @@ class ScriptedDialogs : public ViewDialogs {
   }
 
   DialogScript<LabelAnswer, LabelPreset> label{"label"};
+  DialogScript<std::vector<std::string>, TextsQuestion> texts{"texts"};
   DialogScript<TierSetups> tiers{"tiers"};
   DialogScript<LabelImportAnswer, LabelImportPreset> labelImport{"label import"};
   DialogScript<LabelFileOptions> labelFile{"label file"};

@@ -15,7 +15,6 @@ using SoundAction = void (*)(CSonadexView&);
 inline std::optional<SoundAction> SoundKey(const QKeyEvent& event) {
   if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
   if (event.key() == Qt::Key_Space) return event.isAutoRepeat() ? [](CSonadexView&) {} : PlayOrStop;
-  if (event.key() == Qt::Key_Escape) return [](CSonadexView& view) { StopSound(view); };
   return std::nullopt;
 }
 

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/paint/paint_style.h"
+#include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
 
 namespace cantorix {
@@ -162,9 +163,19 @@ void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
   const QPoint step = StepOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   const bool fast = modifiers == Qt::ShiftModifier;
-  if (step.isNull() || (modifiers != Qt::NoModifier && !fast)) return QWidget::keyPressEvent(event);
+  if (step.isNull() || (modifiers != Qt::NoModifier && !fast)) return PassKey(*event);
   const QPoint pixels = step * (fast ? kFastStep : 1);
   guard_([&] { model_.StepCursor(pixels.x(), pixels.y()); });
+}
+
+// The keys of the recording work in all its windows.
+void AnalysisCanvas::PassKey(QKeyEvent& event) {
+  CSonadexView* const view = model_.mainView();
+  if (const PictureKey* const key = PictureKeyOf(event); key != nullptr && view != nullptr) {
+    return guard_([&] { key->act(*view); });
+  }
+  if (const auto command = PictureCommandOf(event); command && perform) return perform(*command);
+  QWidget::keyPressEvent(&event);
 }
 
 }  // namespace cantorix

@@ -8,6 +8,7 @@
 
 #include "analysisview/pointed.h"
 #include "desktop/windows/window_picture.h"
+#include "mainview/commands.h"
 
 namespace cantorix {
 
@@ -23,6 +24,9 @@ class AnalysisCanvas : public QWidget {
 
   // Told what is under the pointer while no button is held; nothing: it points at nothing.
   std::function<void(const std::optional<Pointed>&)> pointedAt;
+
+  // Carries out a command of the recording whose key is pressed here.
+  std::function<void(Command)> perform;
 
   // The model has changed: draws it, with a note over it where it needs one, and tells those who
   // cannot see it.
@@ -45,6 +49,7 @@ class AnalysisCanvas : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void PassKey(QKeyEvent& event);
   void PassPointer(const QMouseEvent& event, MousePhase phase);
   void PlaceNote();
 

@@ -35,6 +35,7 @@ void AnalysisFrame::Build() {
   canvas_ = new AnalysisCanvas(
       model(), picture(), [this](const auto& action) { Run(action); }, content);
   canvas_->pointedAt = [this](const auto& pointed) { host_.PointedAt(view_, pointed); };
+  canvas_->perform = [this](Command command) { host_.Perform(command); };
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);

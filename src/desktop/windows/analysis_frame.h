@@ -30,6 +30,8 @@ class AnalysisFrameHost {
   virtual void Run(CSonadexView& view, const std::function<void()>& action) = 0;
   // What is under the pointer in a window of the view; nothing: it points at nothing there.
   virtual void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
+  // A command of the recording, as by its menu.
+  virtual void Perform(Command command) = 0;
   // Whether an operation runs.
   virtual bool busy() const = 0;
   // The window ends: it is not to be used any more.

@@ -136,6 +136,10 @@ void AnalysisWindowSet::PointedAt(CSonadexView& view, const std::optional<Pointe
   if (around_.pointedAt) around_.pointedAt(view, pointed);
 }
 
+void AnalysisWindowSet::Perform(Command command) {
+  if (around_.perform) around_.perform(command);
+}
+
 void AnalysisWindowSet::ShowPointed(const CSonadexView& view, std::optional<double> ms) {
   for (AnalysisFrame* const frame : frames_) {
     if (&frame->view() == &view) frame->canvas().ShowPointed(ms);

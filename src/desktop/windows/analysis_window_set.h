@@ -28,6 +28,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
     std::function<void()> stateChanged;
     std::function<QPrinter&()> printer;
     std::function<void(CSonadexView&, const std::optional<Pointed>&)> pointedAt = {};
+    std::function<void(Command)> perform = {};
   };
   void Enter(Surroundings surroundings) { around_ = std::move(surroundings); }
 
@@ -50,6 +51,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
   void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
+  void Perform(Command command) override;
   void Gone(AnalysisFrame& frame) override;
   void Output(AnalysisFrame& frame, WindowCommand command) override;
   DocumentWaveform& WaveformOf(CSonadexDoc& document) override {
