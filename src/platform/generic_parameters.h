@@ -31,8 +31,8 @@ struct GenericOutcome {
 class GenericPreview {
  public:
   virtual ~GenericPreview() = default;
-  // The outcome with a waveform of at most `columns` stretches. What cannot be read is told as the
-  // outcome's problem.
+  // The outcome with a waveform of at most `columns` stretches; of a text, whose length is not
+  // known before, at most twice as many. What cannot be read is told as the outcome's problem.
   virtual GenericOutcome Try(const GenericParameters& parameters, int columns) = 0;
 };
 

@@ -34,6 +34,24 @@ TEST(Channel, BeginsWithItsDefaults) {
             "20 Arial 14 400 0.7 0");
 }
 
+TEST(Channel, ShowsItsWholeAndPutsTimesIntoIt) {
+  CChannel c;
+  EXPECT_EQ(c.PointAtTime(3.0).samples, 0.0) << "without a recording";
+  c.totalLength = 8.0;
+  c.totalDurationMs = 0.5;
+  c.visibleStart = c.cursor = c.dragPoint = c.selectionStart = {3.0, 3.0};
+  c.selectionEnd = c.selectionLength = {3.0, 3.0};
+  c.previousStart = c.cursorValue = c.dragX = c.dragY = 3;
+  c.ShowWholeFile();
+  const TimePoint points[] = {c.visibleStart, c.visibleEnd,     c.visibleLength, c.cursor,
+                              c.dragPoint,    c.selectionStart, c.selectionEnd,  c.selectionLength};
+  const auto text = [](const TimePoint& point) { return Joined(point.samples, point.ms); };
+  EXPECT_EQ(JoinedEach(points, text), "0 0 8 0.5 8 0.5 0 0 0 0 0 0 0 0 0 0");
+  EXPECT_EQ(Joined(c.previousStart, c.previousEnd, c.cursorValue, c.dragX, c.dragY), "0 8 0 0 0");
+  const TimePoint inside[] = {c.PointAtTime(-1.0), c.PointAtTime(0.25), c.PointAtTime(9.0)};
+  EXPECT_EQ(JoinedEach(inside, text), "0 0 4 0.25 8 0.5");
+}
+
 TEST(Channel, TakesLabelsOnItsTenTiersOnly) {
   CChannel channel;
   for (const int tier : {-1, 0, 9, 10, 1000}) {

@@ -1,8 +1,10 @@
 // foreign_headers_test.cpp - headers that lie, that lack something or that no decoder knows,
-// written down by hand: what is read all the same, and what the user is told. One long table.
+// written down by hand: what is read all the same, and what the user is told.
+// long because it is one table.
 #include <gtest/gtest.h>
 
 #include "document/document_io.h"
+#include "document/readers/generic_content.h"
 #include "platform/quiet_prompts.h"
 #include "support/joined.h"
 
@@ -89,6 +91,17 @@ Bytes WaveWithCues() {
                Chunk("cue ", cues.bytes), Chunk("LIST", texts)});
 }
 
+// Behind samples of an odd number of bytes. What no cue point is and what names none is passed
+// over.
+Bytes WaveWithOneCue(std::int64_t claimed) {
+  ByteBuilder cue;
+  cue.I32({claimed}).I32({7, 0}).Text("data", 4).I32({0, 0, 2});
+  const Bytes text = Chunk("labl", ByteBuilder().I32({7}).Text("no", 2).bytes);
+  return Riff({Chunk("fmt ", FormatBytes({.bits = 8})), Chunk("data", Raw({128, 129, 130})),
+               Bytes(1), Chunk("cue ", cue.bytes), Chunk("LIST", Text("adtl")),
+               Chunk("LIST", Text("INFO") + text), text});
+}
+
 Bytes AiffMarks() {
   ByteBuilder marks(true);
   marks.I16({2, 4}).I32({5}).U8({3}).Text("off", 3).I16({2}).I32({2}).U8({0, 0});
@@ -125,6 +138,8 @@ const Row kRows[] = {
     {"SPHERE of 5 bytes", Sphere("sample_rate -i 8000\nsample_n_bytes -i 5\n"),
      "Its samples have an impossible size."},
     {"SPHERE of no channel", Sphere(kSphereFields + "channel_count -i 0\n"),
+     "Its number of channels is not possible."},
+    {"SPHERE of too many channels", Sphere(kSphereFields + "channel_count -i 1025\n"),
      "Its number of channels is not possible."},
     {"SPHERE without a rate", Sphere("sample_n_bytes -i 2\n"), "Its sample rate is not possible."},
     {"SPHERE with a header of nothing", Text("NIST_1A\n      8\n"),
@@ -220,6 +235,8 @@ const Row kRows[] = {
      "It is a Macintosh file of the kind QRV_Mac whose layout is not known."},
 
     {"WAV with cue points", WaveWithCues(), "8000: 1 2 3 4 5 [0.1250 9, 0.5000 end]"},
+    {"WAV with fewer cue points than it says", WaveWithOneCue(9), "8000: 0 256 512 [0.2500 7]"},
+    {"WAV with no cue point", WaveWithOneCue(0), "8000: 0 256 512 []"},
     {"WAV of a coding without a decoder", Wav({.tag = 0x160}, Bytes(200)),
      "It is a WAV file of the coding 0x0160 (Windows Media) that cannot be decoded: Error in "
      "WAV/W64/RF64 file. Malformed 'fmt ' chunk."},
@@ -281,6 +298,27 @@ TEST(ForeignHeaders, AreReadAsFarAsTheyGoOrNamed) {
     if (!opened && prompts.said == report) prompts.said.clear();
     EXPECT_EQ(prompts.said, row.said);
   }
+}
+
+// More than the decoder is given at a time, and than is decoded at a time.
+TEST(ForeignHeaders, LargeFilesAreDecodedWhole) {
+  constexpr std::size_t kFrames = 50000;
+  ByteBuilder content(true);
+  content.I32({0, 0});
+  Values expected(kFrames);
+  for (std::size_t i = 0; i < kFrames; ++i) {
+    expected[i] = static_cast<std::int16_t>(i * 31);
+    content.I16({-7, expected[i], 7});
+  }
+  Bytes common = Common(kFrames);
+  common[9] = std::byte{3};  // channels
+  TestHost host;
+  host.prompts.WillChooseChannel(1);
+  WriteBytes(host.folder / "file", Aiff(common + BigChunk("SSND", content.bytes)));
+  CSonadexDoc document(host.host);
+  ASSERT_TRUE(document.OnOpenDocument(host.folder / "file"));
+  EXPECT_EQ(SamplesOf(document), expected);
+  host.prompts.TakeTranscript();
 }
 
 // What a file of no known kind gives, and what its preview said before: "COUNT in MS: LOW/HIGH
@@ -374,6 +412,33 @@ TEST(GenericFiles, GiveWhatTheirPreviewForetold) {
       EXPECT_EQ(prompts.said, row.said);
     }
   }
+}
+
+// The lowest and highest of every column, where a column is looked at in full, and the length, of
+// samples that rise by one and of their text.
+TEST(GenericFiles, PreviewsOfLongFilesKeepToTheirColumns) {
+  constexpr std::int64_t kCount = 8000;
+  ByteBuilder binary(true);
+  std::string text = "n\n";
+  for (std::int64_t i = 0; i < kCount; ++i) {
+    binary.I16({i});
+    text += std::to_string(i) + (i % 3 == 0 ? "\n" : ", ");
+  }
+  TestHost host;
+  std::string told;
+  for (const bool isBinary : {true, false}) {
+    WriteBytes(host.folder / "file", isBinary ? binary.bytes : Text(text));
+    const File file = File::OpenForReading(host.folder / "file");
+    FilePreview preview(file);
+    const GenericOutcome outcome = preview.Try({.rateHz = 500, .binary = isBinary}, 4);
+    told += Joined(outcome.samples, "in", outcome.durationMs) + ":";
+    for (const auto& [low, high] : outcome.waveform) told += " " + Joined(low) + "/" + Joined(high);
+    told += '\n';
+  }
+  EXPECT_EQ(told,
+            "8000 in 16000: 0/1999 2000/3999 4000/5999 6000/7999\n"
+            "8000 in 16000: 0/1023 1024/2047 2048/3071 3072/4095 4096/5119 5120/6143 "
+            "6144/7167 7168/7999\n");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "document/document_io.h"
 #include "document/readers/known_kinds.h"
 #include "document/readers/mpeg_frames.h"
+#include "platform/file_error.h"
 #include "support/expected_text.h"
 
 namespace cantorix {
@@ -47,6 +48,21 @@ TEST_F(FirstBytes, NameTheKindOfAFile) {
     text += std::string(KnownKindOf(Of(ByteBuilder().Text(letters, 40).bytes))) + '\n';
   }
   ExpectText("document/expected/KnownKinds.txt", text);
+}
+
+TEST_F(FirstBytes, NameTheCodingOfAWavFile) {
+  std::string text;
+  for (const int tag : {0x02, 0x11, 0x14,  0x22,  0x31,  0x40,   0x42,   0x45,   0x50, 0x55,
+                        0x64, 0xFF, 0x160, 0x161, 0x162, 0x1610, 0x2000, 0xF1AC, 0x9,  0xABCD}) {
+    TestHost host;
+    try {
+      ReadWav(host, Wav({.tag = tag, .bits = 0}, Bytes(1)));
+    } catch (const FileError& error) {
+      const std::string said = error.what();
+      text += said.substr(0, said.find(" that cannot be decoded: ")) + '\n';
+    }
+  }
+  ExpectText("document/expected/WavCodings.txt", text);
 }
 
 // The header of a frame, and so many bytes in all.

@@ -8,6 +8,7 @@
 #include "platform/abandon.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
+#include "support/joined.h"
 #include "support/test_host.h"
 
 namespace cantorix {
@@ -58,6 +59,33 @@ TEST_F(LoadTest, OnlyBelowTheLimitAndWithinMemoryIsHeldInMemory) {
     EXPECT_EQ(document.channel().samples.empty(), row.onDisk);
     EXPECT_EQ(SamplesOf(document), RampOf(1000));
   }
+}
+
+// A minute at 10 Hz, and a sample less; told before or not, and promised more than there is.
+TEST_F(LoadTest, WhatAReaderGivesDecidesWhereItIsHeld) {
+  host.memory.limitBytes = 2000;
+  document.memoryLimitMinutes = 1;
+  std::string text;
+  for (const std::int64_t held : {599, 600}) {
+    for (const std::optional<std::int64_t> told : {std::optional<std::int64_t>(held), {}}) {
+      const auto count =
+          LoadSamplesUpTo(document, 10.0, told, [&](std::int64_t position, auto out) {
+            const auto left = static_cast<std::size_t>(held - position);
+            Ramp(position, out.first(std::min(out.size(), left)));
+            return std::min(out.size(), left);
+          });
+      EXPECT_EQ(SamplesOf(document), RampOf(static_cast<std::size_t>(held)));
+      text += Joined(count, document.samplesOnDisk() ? "disk; " : "memory; ");
+    }
+  }
+  EXPECT_EQ(text, "599 memory; 599 memory; 600 disk; 600 disk; ");
+  EXPECT_EQ(LoadSamplesUpTo(document, 1000.0, 900,
+                            [](std::int64_t position, auto out) {
+                              Ramp(position, out.first(7));
+                              return 7;
+                            }),
+            7);
+  EXPECT_EQ(SamplesOf(document), RampOf(7));
 }
 
 TEST_F(LoadTest, CopiesToTheStoreInBlocksOfOneSecond) {
