@@ -14,7 +14,7 @@ for purpose in "$@"; do
       packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core)
       packages+=(portaudio19-dev libportaudio2 libasound2-plugins)
       ;;
-    tests) packages+=(libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
+    tests) packages+=(python3 libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;

@@ -42,19 +42,11 @@ constexpr const char* kPageHead = R"(<!DOCTYPE html>
 </head>
 <body>
 <nav><a href="HelpIndex.html">Contents</a>
-<a href="files.html">Files</a>
-<a href="mainview.html">Main view</a>
-<a href="labels.html">Labels</a>
-<a href="editing.html">Editing</a>
-<a href="sound.html">Sound</a>
-<a href="analysis.html">Pitch and intensity</a>
-<a href="spectrum.html">FFT/LPC</a>
-<a href="spectrogram.html">Spectrogram</a>
+<a href="firsthour.html">A first hour</a>
 <a href="measuring.html">Measuring well</a>
-<a href="log.html">Log</a>
 <a href="options.html">Options</a>
-<a href="batch.html">Command line</a>
-<a href="commands.html">Commands</a></nav>
+<a href="commands.html">Commands</a>
+<a href="index.html">Index</a></nav>
 <h1>Commands</h1>
 <p>A command is enabled when all that stands under "needs" holds for the active view. While a
 recording runs into a document, the other commands of that document are off.</p>
@@ -88,7 +80,8 @@ std::string KeysOf(const CommandRow& row) {
 // The keys that are in no menu.
 std::string SectionOfKeys() {
   std::string section =
-      "<h2>Keys in the pictures</h2>\n<p>While the picture of a main view, a spectrogram, a pitch "
+      "<h2 id=\"keys-in-the-pictures\">Keys in the pictures</h2>\n<p>While the picture of a main "
+      "view, a spectrogram, a pitch "
       "track or a spectrum has the focus. Arrow keys alone scroll the main view; alone and with "
       "Shift they move the marker in the other windows.</p>\n<table>\n<tr><th>Key</th><th>What it "
       "does</th></tr>\n";
@@ -98,9 +91,19 @@ std::string SectionOfKeys() {
   return section + "</table>\n";
 }
 
+// "Tool bar only" as "tool-bar-only".
+std::string Anchor(std::string_view text) {
+  std::string anchor;
+  for (const char c : text) {
+    const bool capital = c >= 'A' && c <= 'Z';
+    anchor += capital ? static_cast<char>(c - 'A' + 'a') : c >= 'a' && c <= 'z' ? c : '-';
+  }
+  return anchor;
+}
+
 // A menu with its commands.
 std::string Section(Menu menu) {
-  std::string section = "<h2>" + Html(NameOf(menu)) +
+  std::string section = "<h2 id=\"" + Anchor(NameOf(menu)) + "\">" + Html(NameOf(menu)) +
                         "</h2>\n<table>\n<tr><th>Entry</th><th>Key</th><th>Needs</th>"
                         "<th>What it does</th></tr>\n";
   for (const CommandRow& row : CommandTable()) {
