@@ -18,6 +18,7 @@ for purpose in "$@"; do
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;
+    manual) packages+=(python3 chromium) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fixtures)
       packages+=(python3 sox libsox-fmt-mp3 ffmpeg flac praat speech-tools tcl-snack sndfile-programs)
