@@ -9,6 +9,7 @@ struct SampleRange {
   double end = 0.0;
 
   double length() const { return end - start; }
+  bool operator==(const SampleRange&) const = default;
 };
 
 }  // namespace cantorix

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "mainview/analysis_commands.h"
 #include "mainview/mouse.h"
 #include "mainview/option_commands.h"
 #include "platform/numbers.h"
@@ -23,11 +24,35 @@ void AnalysisWindow::Toggle(WindowSwitch which) {
   std::int32_t* const value = SwitchOf(which);
   if (value == nullptr) return;
   *value = *value == 0 ? 1 : 0;
-  if (which == WindowSwitch::kTrackMouse) {
+  if (which == WindowSwitch::kFollowView || which == WindowSwitch::kFollowMarker) {
+    FollowVisibleStretch();
+    FollowDocument(DocumentChange::kCursor);
+  } else if (which == WindowSwitch::kTrackMouse) {
     if (services_.mainView != nullptr) KeepOptions(*services_.mainView, SettingsDialog::kDisplay);
   } else {
     KeepSwitches();
   }
+  PictureChanged();
+}
+
+bool AnalysisWindow::IsOn(WindowSwitch which) {
+  const std::int32_t* const value = SwitchOf(which);
+  return value != nullptr && *value != 0;
+}
+
+bool AnalysisWindow::FollowsView() {
+  return mainView() != nullptr && IsOn(WindowSwitch::kFollowView);
+}
+
+void AnalysisWindow::FollowVisibleStretch() {
+  if (!FollowsView() || !computed() || samplesChanged()) return;
+  const SampleRange visible = StretchOf(*mainView(), Stretch::kWindow);
+  if (visible.length() > 0.0) TakeStretch(visible);
+}
+
+void AnalysisWindow::ShowStretch(const SampleRange& range) {
+  if (!computed() || !(range.length() > 0.0)) return;
+  TakeStretch(range);
   PictureChanged();
 }
 
@@ -48,7 +73,7 @@ void AnalysisWindow::WantSize(const PictureSize& size) {
 
 bool AnalysisWindow::UpdateDue() const {
   if (!computed() || samplesChanged()) return false;
-  return freshness_ == Freshness::kSettingsChanged || !(wantedSize_ == triedSize_);
+  return freshness_ == Freshness::kSettingsChanged || !(wantedSize_ == triedSize_) || ShowsOther();
 }
 
 bool AnalysisWindow::Tracks() const {
@@ -105,6 +130,7 @@ void AnalysisWindow::DocumentChanged(DocumentChanges changes, const DocumentObse
   if (changes.Has(DocumentChange::kSettings) && !samplesChanged()) {
     freshness_ = SettingsMatch() ? Freshness::kCurrent : Freshness::kSettingsChanged;
   }
+  if (changes.Has(DocumentChange::kStretch)) FollowVisibleStretch();
   FollowDocument(changes);
   // Cursor and selection lie over the picture, the title is the frame's.
   const bool picture = changes.HasOther(DocumentChange::kCursor | DocumentChange::kTitle);

@@ -49,7 +49,9 @@ enum class WindowSwitch {
   kDrawAudio,
   kDrawIntensity,
   kDrawLabels,
-  kTrackMouse
+  kTrackMouse,
+  kFollowView,   // over time: shows the visible stretch of the main view
+  kFollowMarker  // a spectrum: is taken at the marker of the main view
 };
 
 struct WindowReadout {
@@ -76,6 +78,11 @@ class AnalysisWindow : public DocumentObserver {
   virtual bool hasFormants() const = 0;
   // The samples along the window's time axis; none when it has no such axis.
   virtual SampleRange ShownSamples() const { return {}; }
+  // Another stretch along the window's axis of time: what is computed is scaled at once, the rest
+  // comes when the user rests. Nothing for a window without such an axis or without a picture.
+  void ShowStretch(const SampleRange& range);
+  // Whether the window shows the visible stretch of a main view.
+  bool FollowsView();
   // Whether there is something for Update to compute.
   virtual bool canUpdate() const = 0;
   // Computes again, for the wanted size, what the window shows, cut to the recording. What is tried
@@ -101,7 +108,8 @@ class AnalysisWindow : public DocumentObserver {
   virtual std::vector<WindowReadout> Readouts() const = 0;
   // 0 or 1; null when the window has no such switch.
   virtual std::int32_t* SwitchOf(WindowSwitch which) = 0;
-  // Turns a switch and keeps it where the window's options are kept.
+  // Turns a switch and keeps it where the window's options are kept; which windows follow the main
+  // view is kept by the document alone.
   void Toggle(WindowSwitch which);
 
   CSonadexDoc& document() { return document_; }
@@ -152,8 +160,15 @@ class AnalysisWindow : public DocumentObserver {
   virtual void FollowDocument(DocumentChanges changes) = 0;
   // The switches of the window were turned.
   virtual void KeepSwitches() = 0;
+  // Of another stretch, which is not empty; tells nobody.
+  virtual void TakeStretch(const SampleRange&) {}
+  // Whether something else is to be shown than was computed.
+  virtual bool ShowsOther() const { return false; }
 
  private:
+  bool IsOn(WindowSwitch which);
+  void FollowVisibleStretch();
+
   CSonadexDoc& document_;
   WindowServices services_;
   Freshness freshness_ = Freshness::kCurrent;

@@ -112,6 +112,7 @@ std::int32_t* CFFTLPCView::SwitchOf(WindowSwitch which) {
   FftLpcSettings& options = document().settings.fftLpc;
   if (which == WindowSwitch::kDrawLpc) return &options.drawLpc;
   if (which == WindowSwitch::kRelativeLevel) return &options.relative;
+  if (which == WindowSwitch::kFollowMarker) return &document().windowLinks.spectrumFollows;
   return nullptr;
 }
 

@@ -39,6 +39,7 @@ bool CFFTLPCView::AnalyseSpectrum(const SpectrumPlace& place, int displayPoints)
   KeepSettings(settings, rateHz);
   place_ = place;
   placed_ = true;
+  marker_.reset();
 
   computed_ = false;
   spectrum_ = {};
@@ -59,10 +60,21 @@ bool CFFTLPCView::Show(const SpectrumPlace& place) {
 }
 
 void CFFTLPCView::Update() {
+  if (marker_) return static_cast<void>(Show({.position = *marker_, .selection = {}}));
   SpectrumPlace place;
   place.position = Remaining({place_.position, place_.position}, false).start;
   if (place_.selection) place.selection = Remaining(*place_.selection, false);
   Show(place);
+}
+
+// The place changes at each rest, so that a drag of the marker is followed without a queue.
+void CFFTLPCView::FollowDocument(DocumentChanges changes) {
+  if (changes.Has(DocumentChange::kSamples)) marker_.reset();
+  if (!changes.Has(DocumentChange::kCursor) || document().windowLinks.spectrumFollows == 0) return;
+  if (mainView() == nullptr || !mainView()->markerSet() || !computed_) return;
+  const double marker = channel().cursor.samples;
+  marker_.reset();
+  if (place_.selection || place_.position != marker) marker_ = marker;
 }
 
 bool CFFTLPCView::SettingsMatch() const {

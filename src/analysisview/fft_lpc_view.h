@@ -78,11 +78,13 @@ class CFFTLPCView : public AnalysisWindow {
   Spectrum Analyse(const SpectrumPlace& place, int displayPoints) const;
   void PlaceCursor(std::int32_t x);
   bool SettingsMatch() const override;
-  void FollowDocument(DocumentChanges) override {}
+  void FollowDocument(DocumentChanges changes) override;
   void KeepSwitches() override;
+  bool ShowsOther() const override { return marker_.has_value(); }
 
   SpectrumPlace place_;
-  bool placed_ = false;  // place_ was asked for
+  bool placed_ = false;           // place_ was asked for
+  std::optional<double> marker_;  // sample of the main view's, where the next spectrum is taken
   FftLpcSettings settings_;
   double preEmphasis_ = 0.0;  // of the last analysis
   FftLpcTexts texts_;

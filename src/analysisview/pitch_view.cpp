@@ -46,6 +46,7 @@ void CPitchView::TakeTrack() {
   Tried(true);
   *settings_ = document().settings.pitch;
   if (!computed()) return;
+  shown_.reset();
   range_ = view_.pitch.range;
   wholeRecording_ = IsWholeRecording(range_);
   const AxisScale time = TimeAxis();
@@ -66,8 +67,11 @@ bool CPitchView::SettingsMatch() const {
 
 AxisScale CPitchView::TimeAxis() const {
   const double factor = channel().msPerSample();
-  return AxisOver(view_.pitch.range.start * factor, view_.pitch.range.end * factor);
+  const SampleRange shown = ShownSamples();
+  return AxisOver(shown.start * factor, shown.end * factor);
 }
+
+SampleRange CPitchView::ShownSamples() const { return shown_.value_or(view_.pitch.range); }
 
 double CPitchView::MsUnder(std::int32_t x) const { return TimeAxis().ValueAt(ColumnNear(x)); }
 
@@ -137,6 +141,7 @@ std::int32_t* CPitchView::SwitchOf(WindowSwitch which) {
   if (which == WindowSwitch::kDrawAudio) return &options.addAudio;
   if (which == WindowSwitch::kDrawIntensity) return &options.addIntensity;
   if (which == WindowSwitch::kDrawLabels) return &options.addLabels;
+  if (which == WindowSwitch::kFollowView) return &document().windowLinks.pitchFollows;
   if (which == WindowSwitch::kTrackMouse) return &document().settings.display.trackMouse;
   return nullptr;
 }

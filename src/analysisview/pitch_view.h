@@ -41,7 +41,9 @@ class CPitchView : public AnalysisWindow {
   std::vector<WindowReadout> Readouts() const override;
   std::int32_t* SwitchOf(WindowSwitch which) override;
 
-  // The stretch that the track covers in ms, nothing without a track.
+  // In samples: the stretch that the track covers, until another one is shown.
+  SampleRange ShownSamples() const override;
+  // The same in ms; nothing without a track.
   AxisScale TimeAxis() const;
 
   double cursorMs = 0.0;
@@ -53,9 +55,11 @@ class CPitchView : public AnalysisWindow {
   void TakeTrack();
   void FollowDocument(DocumentChanges changes) override;
   void KeepSwitches() override;
+  void TakeStretch(const SampleRange& range) override { shown_ = range; }
 
   CSonadexView& view_;
   SampleRange range_;                        // of the last track
+  std::optional<SampleRange> shown_;         // instead of the track's
   std::unique_ptr<PitchSettings> settings_;  // of the last track
   std::optional<double> unpassedPressMs_;    // the main view knows nothing of it yet
   bool wholeRecording_ = false;

@@ -84,7 +84,7 @@ Pointed InSpectrogram(const CSpectrogramView& window, std::int32_t x, std::int32
   const auto levelDb = LevelAt(window.spectrogram(), window.channel().msPerSample(), ms, hz);
   return {TimeOf(window.document(), ms) + kGap + Whole(hz) + " Hz" + kGap +
               (levelDb ? FormatOneDecimal(*levelDb) + " dB" : kDash) + FormantsText(window, ms),
-          ms};
+          ms, hz};
 }
 
 Pointed InPitch(const CPitchView& window, std::int32_t x) {
@@ -106,7 +106,7 @@ Pointed InSpectrum(const CFFTLPCView& window, std::int32_t x) {
     text += std::string(kGap) + "at " +
             TimeOf(window.document(), place.position * window.channel().msPerSample());
   }
-  return {text, std::nullopt};
+  return {text, std::nullopt, hz};
 }
 
 }  // namespace

@@ -17,7 +17,8 @@ class CSpectrogramView;
 
 struct Pointed {
   std::string text;
-  std::optional<double> ms;  // on an axis of time
+  std::optional<double> ms;       // on an axis of time
+  std::optional<double> hz = {};  // on an axis of frequency
 };
 
 // Client pixels; nothing outside the plot or without a picture. The main view's throws FileError

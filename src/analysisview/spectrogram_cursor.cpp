@@ -12,7 +12,8 @@ SpectrogramLogContext CSpectrogramView::LogContext() const {
 }
 
 AxisScale CSpectrogramView::TimeAxis() const {
-  return AxisOver(spectrogram_.range.start * msPerSample_, spectrogram_.range.end * msPerSample_);
+  const SampleRange range = AxisSamples();
+  return AxisOver(range.start * msPerSample_, range.end * msPerSample_);
 }
 
 std::optional<double> CSpectrogramView::LevelAtCursor() const {
@@ -72,8 +73,11 @@ std::int32_t* CSpectrogramView::SwitchOf(WindowSwitch which) {
       return &options.drawLabels;
     case WindowSwitch::kTrackMouse:
       return &document().settings.display.trackMouse;
+    case WindowSwitch::kFollowView:
+      return &document().windowLinks.spectrogramFollows;
     case WindowSwitch::kDrawLpc:
     case WindowSwitch::kRelativeLevel:
+    case WindowSwitch::kFollowMarker:
       break;
   }
   return nullptr;

@@ -1,9 +1,11 @@
 // spectrogram_mouse.cpp - the left button and the arrow keys in the spectrogram window.
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "analysisview/spectrogram_view.h"
 #include "mainview/time_axis.h"
+#include "platform/numbers.h"
 
 namespace cantorix {
 
@@ -17,6 +19,12 @@ double CSpectrogramView::HzPerPixel() const {
 double CSpectrogramView::HzUnder(std::int32_t y) const {
   const std::int32_t inside = std::clamp(y, plot.top, std::max(plot.bottom - 1, plot.top));
   return (plot.bottom - 1 - inside) * HzPerPixel();
+}
+
+std::optional<std::int32_t> CSpectrogramView::RowOf(double hz) const {
+  const double perPixel = HzPerPixel();
+  if (!computed() || !(perPixel > 0.0) || hz < 0.0 || hz > spectrogram_.maxHz) return std::nullopt;
+  return std::max(plot.bottom - 1 - TruncateToInt32(std::round(hz / perPixel)), plot.top);
 }
 
 void CSpectrogramView::PlaceCursor(double ms, double hz) {

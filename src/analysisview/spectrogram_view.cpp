@@ -49,6 +49,7 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
   ++computation_;
   ++levelsNumber_;
   range_ = range;
+  shown_.reset();
   settings_ = document().settings.spectrogram;
   msPerSample_ = channel().msPerSample();
   wholeRecording_ = IsWholeRecording(range);
@@ -87,7 +88,7 @@ bool CSpectrogramView::ComputeOrSay(const SampleRange& range, const char* lowMem
 }
 
 void CSpectrogramView::Update() {
-  const SampleRange range = Remaining(range_, wholeRecording_);
+  const SampleRange range = shown_ ? Remaining(*shown_, false) : Remaining(range_, wholeRecording_);
   if (!(range.length() > 0.0)) {
     spectrogram_ = {};
     return PictureChanged();
@@ -106,8 +107,16 @@ bool CSpectrogramView::SettingsMatch() const {
 }
 
 void CSpectrogramView::FollowDocument(DocumentChanges changes) {
-  if (changes.Has(DocumentChange::kSamples)) selectionShown = false;
+  if (changes.Has(DocumentChange::kSamples)) {
+    selectionShown = false;
+    shown_.reset();
+  }
   if (changes.Has(DocumentChange::kSettings)) FollowDynamicRange();
+}
+
+void CSpectrogramView::TakeStretch(const SampleRange& range) {
+  shown_.reset();
+  if (range != spectrogram_.range) shown_ = range;
 }
 
 void CSpectrogramView::FollowDynamicRange() {

@@ -48,7 +48,7 @@ class CSpectrogramView : public AnalysisWindow {
   WindowKind kind() const override { return WindowKind::kSpectrogram; }
   bool computed() const override { return spectrogram_.computed(); }
   bool hasFormants() const override { return computed() && !spectrogram_.formants.empty(); }
-  SampleRange ShownSamples() const override { return range_; }
+  SampleRange ShownSamples() const override { return shown_.value_or(range_); }
   bool canUpdate() const override { return range_.length() > 0.0; }
   void Update() override;
   // A press places the cursor, a drag of more than kClickPixels selects. While all windows track
@@ -74,9 +74,14 @@ class CSpectrogramView : public AnalysisWindow {
   // What the levels of the picture count up to, in dB; another range may be wanted by now.
   double dynamicRangeDb() const { return settings_.dynamicRangeDb; }
 
-  AxisScale TimeAxis() const;  // ms
+  // Of what is shown, ms; the computed stretch may be another one until the user rests.
+  AxisScale TimeAxis() const;
+  // The same in samples; empty unless computed.
+  SampleRange AxisSamples() const { return shown_.value_or(spectrogram_.range); }
   // Of a row of pixels, the nearest one of the plot.
   double HzUnder(std::int32_t y) const;
+  // The row of a frequency; nothing outside the picture.
+  std::optional<std::int32_t> RowOf(double hz) const;
   // The level at the cursor's column and row; nothing outside the picture.
   std::optional<double> LevelAtCursor() const;
 
@@ -96,12 +101,15 @@ class CSpectrogramView : public AnalysisWindow {
   bool SettingsMatch() const override;
   void FollowDocument(DocumentChanges changes) override;
   void KeepSwitches() override;
+  void TakeStretch(const SampleRange& range) override;
+  bool ShowsOther() const override { return shown_.has_value(); }
 
   Spectrogram spectrogram_;
   SpectrogramSettings settings_;  // of the last computation
   double msPerSample_ = 0.0;
   SampleRange range_;  // that was asked for last
   bool wholeRecording_ = false;
+  std::optional<SampleRange> shown_;  // instead of the range of the levels
   std::int64_t computation_ = 0;
   std::int64_t levelsNumber_ = 0;
 };

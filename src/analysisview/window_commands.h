@@ -29,6 +29,8 @@ enum class WindowCommand {
   kDrawIntensity,
   kDrawLabels,
   kTrackMouse,
+  kFollowView,
+  kFollowMarker,
   kSavePicture,
   kCopyPicture,
   kCopyReadouts,

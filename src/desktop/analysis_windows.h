@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "analysisview/analysis_window.h"
+#include "analysisview/pointed.h"
 #include "mainview/analysis_commands.h"
 
 class QMdiSubWindow;
@@ -37,7 +38,7 @@ class AnalysisWindows {
   // The time of the document that is heard now; nothing: none.
   virtual void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) = 0;
   // The time under the pointer in any window of the view; nothing: none.
-  virtual void ShowPointed(const CSonadexView& view, std::optional<double> ms) = 0;
+  virtual void ShowPointed(const CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
   // Something that commands depend on may have changed: a log was opened, say.
   virtual void RefreshCommands() = 0;
   // The view goes: its windows must, too.

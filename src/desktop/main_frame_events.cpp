@@ -134,7 +134,7 @@ void CMainFrame::PointedAt(CSonadexView& view, const std::optional<Pointed>& poi
   for (CChildFrame* const frame : Frames()) {
     if (frame->view() == &view) frame->area().picture().ShowPointed(ms);
   }
-  if (analysisWindows_ != nullptr) analysisWindows_->ShowPointed(view, ms);
+  if (analysisWindows_ != nullptr) analysisWindows_->ShowPointed(view, pointed);
 }
 
 void CMainFrame::Said(CSonadexView& view, const std::string& text) {

@@ -22,8 +22,6 @@
 namespace cantorix {
 namespace {
 
-constexpr int kWheelStep = 120;  // eighths of a degree: one notch of an ordinary wheel
-
 struct KeyScroll {
   bool vertical;
   ScrollRequest request;
@@ -89,13 +87,13 @@ void MainViewWidget::paintEvent(QPaintEvent*) {
   played_.Draw(painter, style);
 }
 
-std::optional<PlayPlace> MainViewWidget::PlaceOf(double ms) const {
+std::optional<QLine> MainViewWidget::PlaceOf(double ms) const {
   if (view_ == nullptr || !begun_) return std::nullopt;
   const ViewLayout& layout = view_->layout;
   const AxisScale time = TimeAxisOf(view_->channel(), layout.axisWidth());
   const double x = time.X(ms);
   if (x < time.left || x > time.right()) return std::nullopt;
-  return PlayPlace{ColumnOf(x), 0, layout.timeAxis.top};
+  return QLine(ColumnOf(x), 0, ColumnOf(x), layout.timeAxis.top - 1);
 }
 
 void MainViewWidget::resizeEvent(QResizeEvent*) {
@@ -143,9 +141,7 @@ void MainViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void MainViewWidget::wheelEvent(QWheelEvent* event) {
-  wheelRest_ += event->angleDelta();
-  const QPoint steps(wheelRest_.x() / kWheelStep, wheelRest_.y() / kWheelStep);
-  wheelRest_ -= steps * kWheelStep;
+  const QPoint steps = wheel_.Take(*event);
   event->accept();
   TurnSteps(*event, steps.y());
   // A wheel that turns sideways moves the picture the way it turns.

@@ -7,6 +7,7 @@
 
 #include "desktop/frame_host.h"
 #include "desktop/sound/play_cursor.h"
+#include "desktop/wheel_steps.h"
 
 namespace cantorix {
 
@@ -47,7 +48,7 @@ class MainViewWidget : public QWidget {
   void Pass(const std::function<void(CSonadexView&)>& action);
   void PassKey(QKeyEvent& event);
   void TurnSteps(QWheelEvent& event, int steps);
-  std::optional<PlayPlace> PlaceOf(double ms) const;
+  std::optional<QLine> PlaceOf(double ms) const;
 
   CSonadexView* view_;
   FrameHost& host_;
@@ -55,7 +56,7 @@ class MainViewWidget : public QWidget {
   PlayCursor played_;
   PlayCursor pointed_;
   bool begun_ = false;
-  QPoint wheelRest_;  // turns of the wheel that do not make a whole step yet
+  WheelSteps wheel_;
 };
 
 }  // namespace cantorix

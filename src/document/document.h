@@ -13,6 +13,7 @@
 #include "document/document_observer.h"
 #include "document/label_import_options.h"
 #include "document/sample_store.h"
+#include "document/window_links.h"
 #include "platform/generic_parameters.h"
 
 namespace cantorix {
@@ -110,8 +111,9 @@ class CSonadexDoc {
   GenericParameters genericRead;  // preset before each generic read
   // Behind a reference, as most of the program does not depend on every setting.
   DocumentSettings& settings;
-  LocalSettings& localSettings;    // which of them stay out of the configuration file
-  bool rateHintsClosed = false;    // the user wants none beside this recording
+  LocalSettings& localSettings;  // which of them stay out of the configuration file
+  bool rateHintsClosed = false;  // the user wants none beside this recording
+  WindowLinks windowLinks;
   LabelImportOptions labelImport;  // the next import begins with them
   LabelFileOptions labelFiles;
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open

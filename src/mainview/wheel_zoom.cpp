@@ -9,24 +9,32 @@
 namespace cantorix {
 
 void ZoomViewAround(CSonadexView& view, std::int32_t x, int steps) {
+  const TimePoint pointer = PixelToTime(view.channel(), view.layout.axisWidth(), x - kLeftMargin);
+  ZoomViewAroundSample(view, pointer.samples, steps);
+}
+
+void ZoomViewAroundSample(CSonadexView& view, double pointer, int steps) {
   view.StopPlayback();
   CChannel& channel = view.channel();
-  const double start = channel.visibleStart.samples;
-  const double length = channel.visibleEnd.samples - start;
-  const double total = channel.totalLength;
-  if (!view.document().loaded || steps == 0 || !(length > 0.0)) return;
+  const SampleRange before{channel.visibleStart.samples, channel.visibleEnd.samples};
+  if (!view.document().loaded || steps == 0 || !(before.length() > 0.0)) return;
 
+  const auto [start, length] = ZoomedAround(before, channel.totalLength, pointer, steps);
+  channel.previousStart = before.start;
+  channel.previousEnd = before.start + before.length();
+  channel.visibleStart.samples = start;
+  channel.visibleEnd.samples = start + length;
+  channel.visibleLength.samples = length;
+  view.FollowStretch();
+}
+
+ZoomedStretch ZoomedAround(const SampleRange& range, double total, double pointer, int steps) {
+  const double length = range.length();
   const double shortest = std::min({kShortestZoomSamples, length, total});
   const double newLength = std::clamp(std::ldexp(length, -steps), shortest, total);
-  const double pointer = PixelToTime(channel, view.layout.axisWidth(), x - kLeftMargin).samples;
-  const double newStart = std::clamp(pointer - (pointer - start) / length * newLength, 0.0,
+  const double newStart = std::clamp(pointer - (pointer - range.start) / length * newLength, 0.0,
                                      std::max(total - newLength, 0.0));
-  channel.previousStart = start;
-  channel.previousEnd = start + length;
-  channel.visibleStart.samples = newStart;
-  channel.visibleEnd.samples = newStart + newLength;
-  channel.visibleLength.samples = newLength;
-  view.FollowStretch();
+  return {newStart, newLength};
 }
 
 }  // namespace cantorix

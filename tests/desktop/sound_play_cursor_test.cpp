@@ -69,13 +69,15 @@ TEST_F(PlayCursorTest, PaintsItsOldAndNewColumnAloneFromWhatIsKept) {
   windows.Open(view, {WindowKind::kSpectrogram, Stretch::kAll});
   windows.Open(view, {WindowKind::kPitch, Stretch::kWindow});
   QApplication::processEvents();
-  AnalysisCanvas& spectrogram = windows.Find(view, WindowKind::kSpectrogram)->canvas();
+  AnalysisFrame& levels = *windows.Find(view, WindowKind::kSpectrogram);
+  AnalysisCanvas& spectrogram = levels.canvas();
   AnalysisCanvas& pitch = windows.Find(view, WindowKind::kPitch)->canvas();
   const std::pair<QWidget*, std::function<void(double)>> rows[] = {
       {&Picture(), [&](double ms) { Picture().ShowPlayed(ms); }},
       {&spectrogram, [&](double ms) { windows.ShowPlayed(view.document(), ms); }},
       {&pitch, [&](double ms) { windows.ShowPlayed(view.document(), ms); }},
   };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !levels.model().UpdateDue(); }));
   // Whoever computed or painted anew would show other samples.
   std::ranges::fill(view.channel().samples.samples(), std::int16_t{0});
   for (const auto& [canvas, show] : rows) {

@@ -27,6 +27,21 @@ AxisSpan FrequencySpan(const SpectrogramPicture& picture, const QRectF& pane) {
   return ValueSpan(pane, 0.0, std::max(top, 1.0));
 }
 
+// Where the computed stretch lies, which may be another one than is shown.
+void DrawLevels(QPainter& painter, const QRectF& pane, const AxisScale& time,
+                const SpectrogramPicture& picture) {
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
+  const SampleRange& computed = LevelsOf(picture).range;
+  if (picture.view.AxisSamples() == computed) return painter.drawImage(pane, picture.image);
+  const double msPerSample = picture.view.document().channel().msPerSample();
+  const double left = time.X(computed.start * msPerSample);
+  const double right = time.X(computed.end * msPerSample);
+  painter.save();
+  painter.setClipRect(pane, Qt::IntersectClip);
+  painter.drawImage(QRectF(left, pane.top(), right - left, pane.height()), picture.image);
+  painter.restore();
+}
+
 // On light and on dark levels alike: the grid is a translucent grey.
 QColor GridColor() { return {128, 128, 128, 110}; }
 
@@ -126,7 +141,7 @@ WindowLayout SpectrogramLayout(PixelSize client, const CSonadexDoc& document) {
 AxisScale SpectrogramTimes(const SpectrogramPicture& picture) {
   const CSonadexDoc& document = picture.view.document();
   const double msPerSample = document.channel().msPerSample();
-  const SampleRange& range = LevelsOf(picture).range;
+  const SampleRange range = picture.view.AxisSamples();
   return SpectrogramLayout(picture.client, document)
       .HorizontalAxis(range.start * msPerSample, range.end * msPerSample);
 }
@@ -151,8 +166,7 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   const double grid = settings.addFrequencyGrid != 0 ? settings.frequencyGridHz : 0.0;
   DrawPane(painter, pane, style.pane);
   if (!picture.image.isNull()) {
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
-    painter.drawImage(pane, picture.image);
+    DrawLevels(painter, pane, time, picture);
   }
   const auto timeTicks = BottomTicks(time, timeBase, style);
   DrawGrids(painter, pane, time, hertz, settings, timeTicks);

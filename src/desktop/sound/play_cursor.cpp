@@ -12,44 +12,46 @@ constexpr int kRim = 1;  // on both sides, of the colour of the pane
 constexpr int kMarkHeight = 6;
 constexpr int kMarkReach = 4;  // to both sides of the line
 
-QRect Column(const PlayPlace& place) {
-  return {place.x - kMarkReach, place.top, kLineWidth + 2 * kMarkReach, place.bottom - place.top};
+// With all that is drawn around it.
+QRect Around(const QLine& line) {
+  return QRect(line.p1(), line.p2()).normalized().adjusted(-kMarkReach, -1, kMarkReach + 1, 1);
 }
 
-void DrawMark(QPainter& painter, const PlayPlace& place, const QColor& color) {
+void DrawMark(QPainter& painter, const QPoint& top, const QColor& color) {
   for (int row = 0; row < kMarkHeight; ++row) {
     const int reach = kMarkReach * (kMarkHeight - 1 - row) / (kMarkHeight - 1);
-    painter.fillRect(place.x - reach, place.top + row, kLineWidth + 2 * reach, 1, color);
+    painter.fillRect(top.x() - reach, top.y() + row, kLineWidth + 2 * reach, 1, color);
   }
 }
 
 }  // namespace
 
-void PlayCursor::Show(std::optional<double> ms) {
-  ms_ = ms;
+void PlayCursor::Show(std::optional<double> value) {
+  value_ = value;
   const auto place = Place();
-  const QRect column = place ? Column(*place) : QRect();
-  if (column == shown_) return;
+  const QRect around = place ? Around(*place) : QRect();
+  if (around == shown_) return;
   canvas_.update(shown_);
-  canvas_.update(column);
-  shown_ = column;
+  canvas_.update(around);
+  shown_ = around;
 }
 
 void PlayCursor::Draw(QPainter& painter, const PaintStyle& style) {
   const auto place = Place();
-  shown_ = place ? Column(*place) : QRect();
+  shown_ = place ? Around(*place) : QRect();
   if (!place) return;
   if (look_ == Look::kPointed) {
     painter.setPen(QPen(style.pointed, 1.0, Qt::CustomDashLine));
     QPen pen = painter.pen();
     pen.setDashPattern({3.0, 3.0});
     painter.setPen(pen);
-    return painter.drawLine(place->x, place->top, place->x, place->bottom - 1);
+    return painter.drawLine(*place);
   }
-  const int height = place->bottom - place->top;
-  painter.fillRect(place->x - kRim, place->top, kLineWidth + 2 * kRim, height, style.pane);
-  painter.fillRect(place->x, place->top, kLineWidth, height, style.played);
-  DrawMark(painter, *place, style.played);
+  const QPoint top = place->p1();
+  const int height = place->y2() - place->y1() + 1;
+  painter.fillRect(top.x() - kRim, top.y(), kLineWidth + 2 * kRim, height, style.pane);
+  painter.fillRect(top.x(), top.y(), kLineWidth, height, style.played);
+  DrawMark(painter, top, style.played);
 }
 
 }  // namespace cantorix

@@ -9,6 +9,7 @@
 #include <exception>
 #include <utility>
 
+#include "analysisview/window_wheel.h"
 #include "desktop/paint/paint_style.h"
 #include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
@@ -57,7 +58,9 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
       played_(*this, PlayCursor::Look::kPlayed,
               [this](double ms) { return picture_.PlaceOf(size(), ms); }),
       pointed_(*this, PlayCursor::Look::kPointed,
-               [this](double ms) { return picture_.PlaceOf(size(), ms); }) {
+               [this](double ms) { return picture_.PlaceOf(size(), ms); }),
+      pointedHz_(*this, PlayCursor::Look::kPointed,
+                 [this](double hz) { return picture_.PlaceOfHz(size(), hz); }) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(220, 120);
@@ -106,6 +109,7 @@ void AnalysisCanvas::paintEvent(QPaintEvent*) {
   try {
     picture_.PaintCanvas(painter, size(), style);
     pointed_.Draw(painter, style);
+    pointedHz_.Draw(painter, style);
     played_.Draw(painter, style);
   } catch (const std::exception& error) {
     painter.fillRect(rect(), style.background);
@@ -142,6 +146,25 @@ void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
   if (event->buttons() != Qt::NoButton) return PassPointer(*event, MousePhase::kMove);
   if (!pointedAt) return;
   pointedAt(PointedIn(model_, Pixel(event->position().x()), Pixel(event->position().y())));
+}
+
+void AnalysisCanvas::ShowPointed(const std::optional<Pointed>& pointed) {
+  pointed_.Show(pointed ? pointed->ms : std::nullopt);
+  pointedHz_.Show(pointed ? pointed->hz : std::nullopt);
+}
+
+// As in the main view: alone it scrolls, with Ctrl it zooms at the pointer.
+void AnalysisCanvas::wheelEvent(QWheelEvent* event) {
+  const QPoint steps = wheel_.Take(*event);
+  event->accept();
+  const PixelRect& plot = model_.plot;
+  const double place = (event->position().x() - plot.left) / std::max(plot.right - plot.left, 1);
+  guard_([&] {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+      return ZoomByWheel(model_, std::clamp(place, 0.0, 1.0), steps.y());
+    }
+    ScrollByWheel(model_, steps.x() + steps.y());
+  });
 }
 
 void AnalysisCanvas::leaveEvent(QEvent*) {

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "analysisview/pointed.h"
+#include "desktop/wheel_steps.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/commands.h"
 
@@ -33,8 +34,8 @@ class AnalysisCanvas : public QWidget {
   void Refresh(const QString& note);
   // The time of the recording that is heard now; nothing: none.
   void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
-  // The time under the pointer in any window of the recording; nothing: none.
-  void ShowPointed(std::optional<double> ms) { pointed_.Show(ms); }
+  // What is under the pointer in any window of the recording; nothing: it is in none.
+  void ShowPointed(const std::optional<Pointed>& pointed);
   // The place of the plot and the size that the model is to compute for.
   void LayOut();
 
@@ -46,6 +47,7 @@ class AnalysisCanvas : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -59,6 +61,8 @@ class AnalysisCanvas : public QWidget {
   QLabel* note_;
   PlayCursor played_;
   PlayCursor pointed_;
+  PlayCursor pointedHz_;
+  WheelSteps wheel_;
 };
 
 }  // namespace cantorix

@@ -15,6 +15,7 @@ namespace cantorix {
 namespace {
 
 constexpr int kRestMs = 250;
+constexpr int kFollowMs = 50;     // between two spectra at a marker that is dragged
 constexpr int kHintBeside = 500;  // pixels that it needs beside the strip
 
 }  // namespace
@@ -23,7 +24,6 @@ AnalysisFrame::AnalysisFrame(CSonadexView& view, AnalysisFrameHost& host,
                              WindowPlacement& placement)
     : DeskWindow(placement), view_(view), host_(host) {
   rest_.setSingleShot(true);
-  rest_.setInterval(kRestMs);
   connect(&rest_, &QTimer::timeout, this, [this] { Rest(); });
 }
 
@@ -108,7 +108,15 @@ void AnalysisFrame::Refresh() {
   actions_->Refresh();
   RefreshStrip();
   setWindowTitle(KindName() + QStringLiteral(" \u2013 ") + Shown(view_.document().shownName()));
-  if (model().UpdateDue()) rest_.start();
+  AwaitRest();
+}
+
+// A change begins the wait anew, but where the picture follows a marker it comes during a drag.
+void AnalysisFrame::AwaitRest() {
+  if (!model().UpdateDue()) return;
+  const std::int32_t* const follows = model().SwitchOf(WindowSwitch::kFollowMarker);
+  if (follows == nullptr || *follows == 0) return rest_.start(kRestMs);
+  if (!rest_.isActive()) rest_.start(kFollowMs);
 }
 
 void AnalysisFrame::ShowHint() {

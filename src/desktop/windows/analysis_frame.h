@@ -97,6 +97,7 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   void ShowHint();
   void CloseHints();
   QString Note();
+  void AwaitRest();
   void Rest();
 
   CSonadexView& view_;

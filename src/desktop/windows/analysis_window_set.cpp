@@ -140,9 +140,10 @@ void AnalysisWindowSet::Perform(Command command) {
   if (around_.perform) around_.perform(command);
 }
 
-void AnalysisWindowSet::ShowPointed(const CSonadexView& view, std::optional<double> ms) {
+void AnalysisWindowSet::ShowPointed(const CSonadexView& view,
+                                    const std::optional<Pointed>& pointed) {
   for (AnalysisFrame* const frame : frames_) {
-    if (&frame->view() == &view) frame->canvas().ShowPointed(ms);
+    if (&frame->view() == &view) frame->canvas().ShowPointed(pointed);
   }
 }
 

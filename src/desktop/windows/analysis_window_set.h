@@ -38,7 +38,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void Open(CSonadexView& view, const AnalysisRequest& request) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
   void ShowPlayed(const CSonadexDoc& document, std::optional<double> ms) override;
-  void ShowPointed(const CSonadexView& view, std::optional<double> ms) override;
+  void ShowPointed(const CSonadexView& view, const std::optional<Pointed>& pointed) override;
   void RefreshCommands() override;
   void CloseWindowsOf(CSonadexView& view) override;
   std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const override;

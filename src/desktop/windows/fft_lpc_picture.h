@@ -10,6 +10,14 @@ class FftLpcPicture : public WindowPicture {
  public:
   explicit FftLpcPicture(CFFTLPCView& model) : WindowPicture(model), model_(model) {}
 
+  std::optional<QLine> PlaceOfHz(QSize size, double hz) override {
+    const AxisScale axis = model_.FrequencyAxis();
+    const double x = axis.X(hz);
+    if (!model_.computed() || x < axis.left || x > axis.right()) return std::nullopt;
+    const PixelRect plot = LayoutIn({size.width(), size.height()}).plot;
+    return QLine(ColumnOf(x), plot.top, ColumnOf(x), plot.bottom - 1);
+  }
+
  protected:
   WindowLayout LayoutIn(PixelSize client) override { return SpectrumLayout(client); }
   void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) override {

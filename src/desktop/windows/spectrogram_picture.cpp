@@ -4,11 +4,23 @@
 #include "desktop/paint/spectrogram_image.h"
 
 namespace cantorix {
+namespace {
+
+constexpr int kHzMark = 8;  // pixels before the plot
+
+}  // namespace
 
 void SpectrogramWindowPicture::SetColors(ColorMap colors) {
   colors_ = colors;
   levels_ = {};
   Invalidate();
+}
+
+std::optional<QLine> SpectrogramWindowPicture::PlaceOfHz(QSize size, double hz) {
+  const auto row = model_.RowOf(hz);
+  if (!row) return std::nullopt;
+  const PixelRect plot = LayoutIn({size.width(), size.height()}).plot;
+  return QLine(plot.left - kHzMark, *row, plot.right - 1, *row);
 }
 
 WindowLayout SpectrogramWindowPicture::LayoutIn(PixelSize client) {

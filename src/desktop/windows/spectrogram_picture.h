@@ -18,6 +18,9 @@ class SpectrogramWindowPicture : public WindowPicture {
   ColorMap colors() const { return colors_; }
   void SetColors(ColorMap colors);
 
+  // Through the plot, with a mark at its axis.
+  std::optional<QLine> PlaceOfHz(QSize size, double hz) override;
+
  protected:
   WindowLayout LayoutIn(PixelSize client) override;
   std::optional<AxisScale> Times() const override { return model_.TimeAxis(); }

@@ -23,13 +23,13 @@ void WindowPicture::PaintCanvas(QPainter& painter, QSize size, const PaintStyle&
   PaintOverlay(painter, ClientOf(size), style);
 }
 
-std::optional<PlayPlace> WindowPicture::PlaceOf(QSize size, double ms) {
+std::optional<QLine> WindowPicture::PlaceOf(QSize size, double ms) {
   const auto times = Times();
   if (!times || !model_.computed() || model_.samplesChanged()) return std::nullopt;
   const double x = times->X(ms);
   if (x < times->left || x > times->right()) return std::nullopt;
   const WindowLayout layout = LayoutIn(ClientOf(size));
-  return PlayPlace{ColumnOf(x), TopOfParts(layout), layout.plot.bottom};
+  return QLine(ColumnOf(x), TopOfParts(layout), ColumnOf(x), layout.plot.bottom - 1);
 }
 
 void WindowPicture::PaintWhole(QPainter& painter, QSize size, const PaintStyle& style) {

@@ -30,7 +30,9 @@ class WindowPicture {
   void PaintWhole(QPainter& painter, QSize size, const PaintStyle& style);
   // Where a time of the recording stands in a canvas of that size; nothing when the picture is not
   // of the recording as it sounds, or does not show it.
-  std::optional<PlayPlace> PlaceOf(QSize size, double ms);
+  std::optional<QLine> PlaceOf(QSize size, double ms);
+  // The same of a frequency, in a picture with an axis of frequency.
+  virtual std::optional<QLine> PlaceOfHz(QSize /*size*/, double /*hz*/) { return std::nullopt; }
   // For a change that the model does not know.
   void Invalidate() { image_.Invalidate(); }
 
