@@ -12,6 +12,7 @@
 #include "desktop/document_output.h"
 #include "desktop/main_frame.h"
 #include "desktop/qt_progress.h"
+#include "mainview/label_typing.h"
 
 namespace cantorix {
 namespace {
@@ -23,11 +24,18 @@ std::string InstalledDirectory() {
 
 }  // namespace
 
+bool KeepsTyping(CSonadexView& view) {
+  bool kept = false;
+  Guarded(view, [&] { kept = KeepTyping(view); });
+  return kept;
+}
+
 void FrameCommands::Perform(Command command) {
   const CommandRow& row = RowOf(command);
   if (services_.progress.running() && !row.whileBusy) return;
   CSonadexView* const view = frame_.activeView();
   if (!IsEnabled(row, FactsOf(view))) return;
+  if (view != nullptr && !LeavesTypingOpen(row) && !KeepsTyping(*view)) return;
   FrameActions& actions = *this;
   if (!row.carrier.RunOn(actions) && view != nullptr) RunCommand(*view, command);
   frame_.Refresh();

@@ -12,6 +12,9 @@ namespace cantorix {
 
 class CMainFrame;
 
+// What is typed in the view is kept, with failures shown; false when it cannot be.
+bool KeepsTyping(CSonadexView& view);
+
 class FrameCommands : private FrameActions {
  public:
   FrameCommands(CMainFrame& frame, const DesktopServices& services)

@@ -177,6 +177,7 @@ CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {
   if (services_.progress.running()) return CloseAnswer::kStays;
   if (frames.empty()) return CloseAnswer::kCloses;
   sound_.EndRecording(document);
+  for (CChildFrame* const frame : frames) KeepsTyping(*frame->view());
   CloseAnswer answer = CloseAnswer::kStays;
   Guarded(*frames.front()->view(), [&] { answer = AskToClose(document); });
   return answer;

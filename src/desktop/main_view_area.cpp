@@ -85,7 +85,7 @@ void MainViewArea::Refresh() {
   if (view_ == nullptr) return;
   Show(*horizontal_, view_->horizontal);
   Show(*vertical_, view_->vertical);
-  picture_->update();
+  picture_->Refresh();
 }
 
 void MainViewArea::LetGo() {

@@ -8,12 +8,17 @@
 #include <optional>
 
 #include "analysisview/pointed.h"
+#include "desktop/label_field.h"
 #include "desktop/paint/main_view_canvas.h"
 #include "desktop/picture_keys.h"
+#include "desktop/qt_text.h"
 #include "desktop/sound/sound_keys.h"
 #include "mainview/document_waveform.h"
+#include "mainview/label_entry_state.h"
+#include "mainview/label_typing.h"
 #include "mainview/listening.h"
 #include "mainview/mouse.h"
+#include "mainview/selection_edges.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_commands.h"
 #include "mainview/wheel_zoom.h"
@@ -58,7 +63,8 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
       host_(host),
       canvas_(std::make_unique<MainViewCanvas>(view, waveform)),
       played_(*this, PlayCursor::Look::kPlayed, [this](double ms) { return PlaceOf(ms); }),
-      pointed_(*this, PlayCursor::Look::kPointed, [this](double ms) { return PlaceOf(ms); }) {
+      pointed_(*this, PlayCursor::Look::kPointed, [this](double ms) { return PlaceOf(ms); }),
+      field_(new LabelField([this](const auto& action) { Pass(action); }, this)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
@@ -68,7 +74,13 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
 
 MainViewWidget::~MainViewWidget() = default;
 
+void MainViewWidget::Refresh() {
+  update();
+  if (view_ != nullptr && begun_) field_->Follow(*view_);
+}
+
 void MainViewWidget::LetGo() {
+  field_->LetGo();
   canvas_.reset();
   view_ = nullptr;
 }
@@ -103,13 +115,25 @@ void MainViewWidget::resizeEvent(QResizeEvent*) {
 void MainViewWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const QPointF at = event->position();
-  Pass([&](CSonadexView& view) { PressMouse(view, Pixel(at.x()), Pixel(at.y())); });
+  const auto press = event->modifiers() == Qt::ShiftModifier ? PressToExtend : PressMouse;
+  Pass([&](CSonadexView& view) { press(view, Pixel(at.x()), Pixel(at.y())); });
 }
 
 void MainViewWidget::mouseMoveEvent(QMouseEvent* event) {
   const QPointF at = event->position();
-  if (event->buttons() == Qt::NoButton) return TellPointed(at);
+  if (event->buttons() == Qt::NoButton) {
+    ShowShape(at);
+    return TellPointed(at);
+  }
   Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y())); });
+}
+
+// An edge of the selection can be pulled.
+void MainViewWidget::ShowShape(const QPointF& at) {
+  const bool onEdge =
+      view_ != nullptr && begun_ && EdgeUnder(*view_, Pixel(at.x()), Pixel(at.y())).has_value();
+  if (onEdge) return setCursor(Qt::SizeHorCursor);
+  unsetCursor();
 }
 
 void MainViewWidget::leaveEvent(QEvent*) {
@@ -174,6 +198,7 @@ void MainViewWidget::TurnSteps(QWheelEvent& event, int steps) {
 
 void MainViewWidget::keyPressEvent(QKeyEvent* event) {
   if (const auto sound = SoundKey(*event)) return Pass(*sound);
+  if (BeginsLabel(*event)) return;
   const auto scroll = ScrollOf(event->key());
   const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
   if (!scroll || modifiers != Qt::NoModifier) return PassKey(*event);
@@ -184,6 +209,17 @@ void MainViewWidget::keyPressEvent(QKeyEvent* event) {
       ScrollView(view, scroll->request);
     }
   });
+}
+
+bool MainViewWidget::BeginsLabel(const QKeyEvent& event) {
+  constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  const QString text = event.text();
+  if (view_ == nullptr || !view_->labelEntry.enabled || (event.modifiers() & kCommands) ||
+      text.isEmpty() || !text.front().isPrint()) {
+    return false;
+  }
+  Pass([&](CSonadexView& view) { BeginTyping(view, Typed(text)); });
+  return true;
 }
 
 void MainViewWidget::PassKey(QKeyEvent& event) {

@@ -12,6 +12,7 @@
 namespace cantorix {
 
 class DocumentWaveform;
+class LabelField;
 class MainViewCanvas;
 
 class MainViewWidget : public QWidget {
@@ -23,6 +24,8 @@ class MainViewWidget : public QWidget {
 
   // The view has been laid out for the first time.
   void ViewBegun() { begun_ = true; }
+  // The view has changed: draws it, and the field of the label that is typed.
+  void Refresh();
   // The view is about to go: nothing is passed on or drawn any more.
   void LetGo();
   // The time that is heard now; nothing: none.
@@ -43,9 +46,12 @@ class MainViewWidget : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  void ShowShape(const QPointF& at);
   void TellPointed(const QPointF& at);
   // Runs `action` on the view under the frame's guard; nothing before the view has begun.
   void Pass(const std::function<void(CSonadexView&)>& action);
+  // A letter in label entry mode. False for another key.
+  bool BeginsLabel(const QKeyEvent& event);
   void PassKey(QKeyEvent& event);
   void TurnSteps(QWheelEvent& event, int steps);
   std::optional<QLine> PlaceOf(double ms) const;
@@ -55,6 +61,7 @@ class MainViewWidget : public QWidget {
   std::unique_ptr<MainViewCanvas> canvas_;  // gone when the view is
   PlayCursor played_;
   PlayCursor pointed_;
+  LabelField* field_;
   bool begun_ = false;
   WheelSteps wheel_;
 };

@@ -8,7 +8,9 @@ namespace {
 
 // The keypad's keys count as the others, and Tab with Shift as Tab.
 QKeySequence SequenceOf(const QKeyEvent& event) {
-  const int key = event.key() == Qt::Key_Backtab ? Qt::Key_Tab : event.key();
+  int key = event.key();
+  if (key == Qt::Key_Backtab) key = Qt::Key_Tab;
+  if (key == Qt::Key_Enter) key = Qt::Key_Return;
   return QKeySequence(
       QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(key)));
 }

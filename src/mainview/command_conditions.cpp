@@ -3,6 +3,7 @@
 
 #include "mainview/clipboard.h"
 #include "mainview/commands.h"
+#include "mainview/label_moves.h"
 
 namespace cantorix {
 namespace {
@@ -23,6 +24,7 @@ constexpr std::array kFactNames{
     FactName{fact::kClipboard, "clipboard"},
     FactName{fact::kLogOpen, "log open"},
     FactName{fact::kRecordAllowed, "no recording runs"},
+    FactName{fact::kLabel, "label"},
 };
 
 Facts When(bool holds, Facts fact) { return holds ? fact : 0U; }
@@ -41,7 +43,8 @@ Facts FactsOf(const CSonadexView* view) {
          When(document.isModified(), fact::kModified) | When(view->undoAvailable, fact::kUndo) |
          When(services.clipboard.clipboardFull, fact::kClipboard) |
          When(services.openLog && services.openLog() != nullptr, fact::kLogOpen) |
-         When(!sound.recording, fact::kRecordAllowed);
+         When(!sound.recording, fact::kRecordAllowed) |
+         When(SelectedLabel(*view) >= 0, fact::kLabel);
 }
 
 bool IsEnabled(const CommandRow& row, Facts facts) { return (row.needs & ~facts) == 0U; }

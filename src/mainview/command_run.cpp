@@ -24,6 +24,19 @@ std::string_view MenuText(const CommandRow& row, const CSonadexView* view) {
   return leaves ? "Disable Label Entry Mode" : row.text;
 }
 
+bool LeavesTypingOpen(const CommandRow& row) {
+  switch (row.menu) {
+    case Menu::kView:
+    case Menu::kZoom:
+    case Menu::kHelp:
+      return true;
+    case Menu::kRecordPlay:
+      return row.id != Command::kRecord;
+    default:
+      return row.id == Command::kNewLabel;
+  }
+}
+
 bool RunCommand(CSonadexView& view, Command command) {
   const CommandRow& row = RowOf(command);
   if (row.carrier.IsFor<FrameActions>() || !IsEnabled(row, FactsOf(&view))) return false;

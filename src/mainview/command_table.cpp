@@ -9,6 +9,8 @@
 #include "mainview/editing.h"
 #include "mainview/go_to_commands.h"
 #include "mainview/label_commands.h"
+#include "mainview/label_moves.h"
+#include "mainview/label_typing.h"
 #include "mainview/listening.h"
 #include "mainview/log_commands.h"
 #include "mainview/option_commands.h"
@@ -25,8 +27,14 @@ constexpr Facts kLoaded = kOwn | fact::kLoaded;
 constexpr Facts kSelected = kLoaded | fact::kSelection;
 constexpr Facts kMarked = kLoaded | fact::kMarker;
 constexpr Facts kLogged = kLoaded | fact::kLogOpen;
+constexpr Facts kOnLabel = kLoaded | fact::kLabel;
 
 constexpr bool kSeparator = true;
+
+constexpr CommandRow InPicture(CommandRow row) {
+  row.keyInPicture = true;
+  return row;
+}
 
 constexpr CommandRow AlsoBy(CommandRow row, std::string_view keys) {
   row.otherKeys = keys;
@@ -53,6 +61,16 @@ void IntensityOfAll(CSonadexView& view) { AnalyseIntensity(view, Stretch::kAll);
 template <Stretch kStretch>
 void Play(CSonadexView& view) {
   PlayStretch(view, kStretch);
+}
+
+template <int kDirection>
+void StepToLabel(CSonadexView& view) {
+  StepLabel(view, kDirection);
+}
+
+template <int kDirection>
+void StepToTier(CSonadexView& view) {
+  StepTier(view, kDirection);
 }
 
 template <LogCommand kCommand>
@@ -219,9 +237,31 @@ constexpr std::array kTable{
     CommandRow{Command::kLabelEntryMode, Menu::kTiersLabels, "Enable Label Entry Mode", "", kLoaded,
                "Set, edit and move labels with the mouse, or stop doing so", "Label Entry Mode",
                ToggleLabelEntry, false, 6},
+    CommandRow{Command::kNewLabel, Menu::kTiersLabels, "New Label", "Ctrl+T", kLoaded,
+               "Type a label at the cursor or over the selection", "New Label", BeginNewLabel,
+               kSeparator},
+    InPicture({Command::kTypeLabel, Menu::kTiersLabels, "Type Label", "F2", kLoaded,
+               "Type over the selected label, or the one at the cursor", "Type Label",
+               TypeOverLabel}),
+    CommandRow{Command::kEditLabel, Menu::kTiersLabels, "Edit Label...", "", kOnLabel,
+               "Change text and looks of the selected label", "Edit Label", EditSelectedLabel},
+    CommandRow{Command::kPlayLabel, Menu::kTiersLabels, "Play Label", "", kOnLabel,
+               "Play from the selected label to the next one of its tier", "Play Label",
+               PlaySelectedLabel},
+    InPicture({Command::kDeleteLabel, Menu::kTiersLabels, "Delete Label", "Del", kOnLabel,
+               "Delete the selected label", "Delete Label", DeleteSelectedLabel}),
+    InPicture({Command::kNextLabel, Menu::kTiersLabels, "Next Label", "Tab", kLoaded,
+               "Go to the next label of the current tier", "Next Label", StepToLabel<1>,
+               kSeparator}),
+    InPicture({Command::kPreviousLabel, Menu::kTiersLabels, "Previous Label", "Shift+Tab", kLoaded,
+               "Go to the previous label of the current tier", "Previous Label", StepToLabel<-1>}),
+    InPicture({Command::kNextTier, Menu::kTiersLabels, "Next Tier", "Ctrl+Down", kLoaded,
+               "Make the next tier the current one", "Next Tier", StepToTier<1>}),
+    InPicture({Command::kPreviousTier, Menu::kTiersLabels, "Previous Tier", "Ctrl+Up", kLoaded,
+               "Make the previous tier the current one", "Previous Tier", StepToTier<-1>}),
     CommandRow{Command::kSetTiers, Menu::kTiersLabels, "Set/Modify...", "", kLoaded,
                "Name the tiers, set their heights and which of them are shown", "Set/Modify Tiers",
-               SetTiers},
+               SetTiers, kSeparator},
     CommandRow{Command::kImportLabels, Menu::kTiersLabels, "Import Labels into a Tier...", "",
                kLoaded, "Add the labels of a text file to a tier", "Import Labels", ImportLabels},
     CommandRow{Command::kImportLabelFile, Menu::kTiersLabels, "Import Label File...", "", kLoaded,

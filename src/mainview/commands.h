@@ -81,6 +81,15 @@ enum class Command {
   kSetReferenceOfAll,
   // Tiers/Labels
   kLabelEntryMode,
+  kNewLabel,
+  kTypeLabel,
+  kEditLabel,
+  kPlayLabel,
+  kDeleteLabel,
+  kNextLabel,
+  kPreviousLabel,
+  kNextTier,
+  kPreviousTier,
   kSetTiers,
   kImportLabels,
   kImportLabelFile,
@@ -158,6 +167,7 @@ inline constexpr Facts kUndo = 1U << 8U;
 inline constexpr Facts kClipboard = 1U << 9U;
 inline constexpr Facts kLogOpen = 1U << 10U;
 inline constexpr Facts kRecordAllowed = 1U << 11U;  // no recording runs anywhere
+inline constexpr Facts kLabel = 1U << 12U;          // a label is selected in the view
 }  // namespace fact
 
 struct CommandRow {
@@ -193,6 +203,10 @@ std::string FactNames(Facts facts);
 // The text of the entry as the view is now: that of label entry mode names what a click would do.
 // `view` may be null.
 std::string_view MenuText(const CommandRow& row, const CSonadexView* view);
+
+// Whether a label that is being typed stays open beside the command, which only shows or plays;
+// every other one keeps it first.
+bool LeavesTypingOpen(const CommandRow& row);
 
 // Where a command of a view or its document begins: carries it out when it is enabled. False when
 // it is not, when it is one of the frame's, and when it was given up.

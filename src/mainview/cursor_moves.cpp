@@ -116,6 +116,7 @@ void PlaceMarkerInSight(CSonadexView& view, const TimePoint& point) {
   SetCursorAtPoint(view.document(), point);
   channel.dragPoint = channel.cursor;
   view.pressedMs = channel.cursor.ms;
+  view.labelEntry.selectedLabel = -1;
   view.SetMarker();
   BringIntoSight(view, point.samples);
   edit.ByPointer({MousePhase::kRelease, channel.cursor.ms});

@@ -21,7 +21,7 @@ void MoveMarkerTo(CSonadexView& view, CursorGoal goal);
 void StepSelection(CSonadexView& view, CursorStep step, int direction);
 void ExtendSelectionTo(CSonadexView& view, CursorGoal goal);
 
-// The marker at a point of the recording, in sight.
+// The marker at a point of the recording, in sight. No label is selected any more.
 void PlaceMarkerInSight(CSonadexView& view, const TimePoint& point);
 // Selects [startMs, endMs], ordered and clamped to the recording, with its start in sight.
 void SelectInSight(CSonadexView& view, double startMs, double endMs);

@@ -45,6 +45,15 @@ void AddLabelToTier(CSonadexView& view, int tier, Label label) {
   view.channel().AddLabel(tier, std::move(label));
 }
 
+void AddLabelsToTier(CSonadexView& view, int tier, std::vector<Label> labels) {
+  Tier* const target = FindTier(view, tier);
+  if (target == nullptr) return;
+  const LabelEdit edit(view);
+  target->inUse = true;
+  if (target->name.empty()) target->name = kFirstTierName;
+  for (Label& label : labels) view.channel().AddLabel(tier, std::move(label));
+}
+
 void EditLabel(CSonadexView& view, int tier, int index, Label edited) {
   if (FindLabel(view, tier, index) == nullptr) return;
   const LabelEdit edit(view);

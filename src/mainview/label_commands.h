@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "mainview/sonadex_view.h"
 
@@ -26,6 +27,9 @@ void DropDraggedLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
 void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y);
 
 void AddLabelToTier(CSonadexView& view, int tier, Label label);
+// Several in one edit. The tier comes into use, one without a name as "words".
+inline constexpr const char* kFirstTierName = "words";
+void AddLabelsToTier(CSonadexView& view, int tier, std::vector<Label> labels);
 // The old label goes, the edited one comes to the end of its tier.
 void EditLabel(CSonadexView& view, int tier, int index, Label edited);
 // The label keeps its place among those of its tier.

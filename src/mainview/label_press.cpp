@@ -6,6 +6,7 @@
 #include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_layout.h"
+#include "mainview/label_typing.h"
 #include "mainview/time_axis.h"
 
 namespace cantorix {
@@ -20,7 +21,7 @@ void HitTestTier(CSonadexView& view, int tier, std::int32_t x, std::int32_t y) {
   for (int i = 0; FindLabel(view, tier, i) != nullptr; ++i) {
     const Label& label = *FindLabel(view, tier, i);
     if (!Contains(LabelRectangle(view, tier, label), x, y)) continue;
-    view.labelEntry.pressedLabel = i;
+    view.labelEntry.pressedLabel = view.labelEntry.selectedLabel = i;
     view.labelEntry.label = label;
     return;
   }
@@ -37,17 +38,22 @@ void AskForNewLabel(CSonadexView& view, int tier, double ms) {
 }  // namespace
 
 void ToggleLabelEntry(CSonadexView& view) {
-  view.labelEntry = {.enabled = !view.labelEntry.enabled, .label = {}};
+  if (!KeepTyping(view)) return;
+  LabelEntryState next;
+  next.enabled = !view.labelEntry.enabled;
+  next.chosenTier = view.labelEntry.chosenTier;
+  next.selectedLabel = view.labelEntry.selectedLabel;
+  view.labelEntry = std::move(next);
   view.press.draggedLabel = false;
-  view.Redraw();
+  view.Say(TypingHint(view));
 }
 
 void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y) {
   view.labelEntry.currentTier = -1;
-  view.labelEntry.pressedLabel = -1;
+  view.labelEntry.pressedLabel = view.labelEntry.selectedLabel = -1;
   for (int i = 0; i < kTierCount; ++i) {
     if (!Contains(view.layout.tier(i), x, y)) continue;
-    view.labelEntry.currentTier = i;
+    view.labelEntry.currentTier = view.labelEntry.chosenTier = i;
     HitTestTier(view, i, x, y);
   }
 }

@@ -6,6 +6,8 @@
 
 #include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
+#include "mainview/label_typing.h"
+#include "mainview/selection_edges.h"
 #include "mainview/time_axis.h"
 #include "mainview/view_edit.h"
 #include "platform/numbers.h"
@@ -73,18 +75,14 @@ void DragPressedLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
   view.Changed(DocumentChange::kCursor);
 }
 
-void FollowPointer(CSonadexView& view, std::int32_t x, std::int32_t y) {
-  if (view.press.draggedLabel) return DragPressedLabel(view, x, y);
-  TakeDragPoint(view.channel(), PointUnder(view, x), x, y);
-  Drag(view, x);
+// Whether a press is one at all; what ends with any press ends.
+bool BeginsPress(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  view.press = {};
+  if (view.services().sound.EndRecording()) return false;
+  return view.document().loaded && InsideClient(view, x, y) && KeepTyping(view);
 }
 
-}  // namespace
-
-void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
-  view.press = {};
-  if (view.services().sound.EndRecording()) return;
-  if (!view.document().loaded || !InsideClient(view, x, y)) return;
+void PressPlainly(CSonadexView& view, std::int32_t x, std::int32_t y) {
   ViewEdit edit(view, Playback::kStops);
   const Marks before = MarksOf(view);
   // The cursor first: where its sample cannot be read, the press leaves everything as it was.
@@ -95,21 +93,63 @@ void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   edit.ByPointer({MousePhase::kPress, view.pressedMs});
 }
 
+// The drag is one of the edge for good.
+void PullEdge(CSonadexView& view) {
+  HoldEdge(view, *view.press.edge);
+  view.press.edge.reset();
+  view.press.moved = true;
+  view.pressedMs = view.channel().cursor.ms;
+}
+
+void FollowPointer(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  if (view.press.draggedLabel) return DragPressedLabel(view, x, y);
+  TakeDragPoint(view.channel(), PointUnder(view, x), x, y);
+  Drag(view, x);
+}
+
+}  // namespace
+
+void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  if (!BeginsPress(view, x, y)) return;
+  const auto edge = EdgeUnder(view, x, y);
+  if (!edge) return PressPlainly(view, x, y);
+  const ViewEdit edit(view, Playback::kStops);
+  view.press = {.held = true, .x = x, .y = y, .before = MarksOf(view), .edge = edge};
+}
+
+void PressToExtend(CSonadexView& view, std::int32_t x, std::int32_t y) {
+  if (!BeginsPress(view, x, y)) return;
+  if (!view.selectionShown() && !view.markerSet()) return PressPlainly(view, x, y);
+  const TimePoint point = PointUnder(view, x);
+  const ViewEdit edit(view, Playback::kStops);
+  const Marks before = MarksOf(view);
+  if (view.selectionShown()) HoldEdge(view, NearerEdge(view, point.ms));
+  view.press = {.held = true, .x = x, .y = y, .moved = true, .before = before};
+  view.pressedMs = view.channel().cursor.ms;
+  MoveMouse(view, x, y);
+}
+
 void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   if (!view.press.held) return;
+  if (view.press.edge && !MovedFar(view.press.x, x)) return;
   ViewEdit edit(view, Playback::kGoesOn);
+  if (view.press.edge) PullEdge(view);
   FollowPointer(view, x, y);
   edit.ByPointer({MousePhase::kMove, view.pressedMs});
 }
 
 void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   if (!view.press.held) return;
+  if (view.press.edge) MoveMouse(view, x, y);
+  // The edge was clicked, not pulled.
+  if (view.press.edge) PressPlainly(view, view.press.x, view.press.y);
   {
     ViewEdit edit(view, Playback::kGoesOn);
     FollowPointer(view, x, y);
     view.press.held = false;
     edit.ByPointer({MousePhase::kRelease, view.pressedMs});
     DropDraggedLabel(view, x, y);
+    if (view.labelEntry.enabled) view.Say(TypingHint(view));
   }
   // The window is up to date before a dialog opens.
   FinishLabelClick(view, x, y);
@@ -120,6 +160,7 @@ void PressAtTime(CSonadexView& view, double ms) {
   if (!view.document().loaded) return;
   const ViewEdit edit(view, Playback::kStops);
   SetCursorAtTime(view.document(), ms);
+  view.labelEntry.selectedLabel = -1;
   BeginPress(view, {.x = PointerAt(view, ms)});
 }
 

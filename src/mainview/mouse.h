@@ -1,5 +1,6 @@
 // mouse.h - the left button in the main view: a press places the cursor, a drag of more than
-// kClickPixels selects, a drag of a label in label entry mode moves it. The same for the pointer of
+// kClickPixels selects, or moves the edge of the selection that it began on, a drag of a label in
+// label entry mode moves that. What is typed is kept before a press. The same for the pointer of
 // another window, by the time under it.
 #pragma once
 
@@ -13,6 +14,9 @@ namespace cantorix {
 // or without a recording is ignored, and then so are the move and the release that follow it. Throw
 // FileError when the store cannot be read and Abandoned when the user gives up an edit of a label.
 void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
+// With Shift: the nearer edge of the selection, or from the cursor on a new one, goes there and
+// follows the pointer.
+void PressToExtend(CSonadexView& view, std::int32_t x, std::int32_t y);
 void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 

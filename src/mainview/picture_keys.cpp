@@ -4,6 +4,8 @@
 #include <array>
 
 #include "mainview/cursor_moves.h"
+#include "mainview/label_entry_state.h"
+#include "mainview/label_typing.h"
 
 namespace cantorix {
 namespace {
@@ -29,6 +31,10 @@ void MoveTo(CSonadexView& view) {
 template <CursorGoal kGoal>
 void ExtendTo(CSonadexView& view) {
   ExtendSelectionTo(view, kGoal);
+}
+
+void TypeInEntryMode(CSonadexView& view) {
+  if (view.labelEntry.enabled) TypeOverLabel(view);
 }
 
 // clang-format off
@@ -62,6 +68,7 @@ constexpr std::array kRows{
                ExtendTo<CursorGoal::kStart>},
     PictureKey{"Ctrl+Shift+End", "Extend the selection to the end of the recording",
                ExtendTo<CursorGoal::kEnd>},
+    PictureKey{"Return", "In label entry mode: type over the label at the cursor", TypeInEntryMode},
     PictureKey{"Esc", "Give up a drag, end what sounds, leave label entry mode, drop the selection: "
                       "the first that applies", StepBack},
 };

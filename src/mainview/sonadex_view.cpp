@@ -6,6 +6,7 @@
 
 #include "mainview/analysis_commands.h"
 #include "mainview/label_entry_state.h"
+#include "mainview/label_typing.h"
 #include "mainview/view_edit.h"
 #include "mainview/view_readouts.h"
 #include "platform/prompts.h"
@@ -133,6 +134,7 @@ void CSonadexView::TakeStateOf(const CSonadexView& other, DocumentChanges change
 void CSonadexView::Refresh(DocumentChanges changes) {
   redrawNeeded = true;
   if (changes.Has(kSamples)) otherPointerMs.reset();
+  if (changes.HasAny(kSamples | kLabels)) ForgetTyping(*this);
   if (changes.HasAny(kSamples | kLabels | kSettings)) PlaceStrips(layout.client);
   const auto tracks = kSamples | kTracks;
   if (changes.HasAny(tracks | kCursor)) ReadCursor(*this);

@@ -43,6 +43,8 @@ struct Marks {
   bool selectionShown = false;
 };
 
+enum class SelectionEdge { kStart, kEnd };
+
 // A press of the left button that has not been released yet.
 struct PressState {
   bool held = false;   // by the user's own pointer
@@ -51,6 +53,8 @@ struct PressState {
   bool moved = false;         // more than kClickPixels away at least once
   bool draggedLabel = false;  // the press took a label along, so that nothing is selected
   Marks before = {};          // of the press
+  // The edge of the selection that the press may pull; a plain click there places the cursor.
+  std::optional<SelectionEdge> edge = {};
 };
 
 class CSonadexView : public DocumentObserver {

@@ -35,7 +35,8 @@ class AnalysisDesktopTest : public DesktopTest {
                [&around] { around.Refresh(); }, [this]() -> QPrinter& { return output.printer(); },
                [&around](CSonadexView& view, const std::optional<Pointed>& pointed) {
                  around.PointedAt(view, pointed);
-               }});
+               },
+               [&around](Command command) { around.Perform(command); }});
   }
   AnalysisFrame& Find(const CSonadexView& view, WindowKind kind) {
     AnalysisFrame* const found = windows.Find(view, kind);

@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 
 #include "document/label.h"
+#include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
+#include "mainview/selection_edges.h"
 #include "mainview/view_commands.h"
 #include "mainview/view_fixture.h"
 #include "platform/file_error.h"
@@ -181,6 +183,84 @@ TEST_F(MouseTest, LabelsAreFoundInTheLayoutOfTheirOwnWindow) {
   EXPECT_EQ(view.labelEntry.pressedLabel, 0);
   PressMouse(other, 40 + 105, 10);
   EXPECT_EQ(other.layout.tier(1).top, other.tierOffset);
+}
+
+// The selection 2000 ... 4000 ms, pixels 240 ... 440.
+TEST_F(MouseTest, AnEdgeOfTheSelectionIsPulledBeyondFivePixelsAndClickedBelow) {
+  const struct {
+    std::int32_t press, release;
+    const char* marks;
+  } rows[] = {
+      {244, 300, "selection to save 4000 of 2600 4000 = 1400"},
+      {236, 230, "selection to save 4000 of 1900 4000 = 2100"},
+      {440, 500, "selection to save 2000 of 2000 4600 = 2600"},
+      {436, 200, "selection to save 2000 of 1600 2000 = 400"},
+      {240, 245, "2000 of 2000 2050 = 50"},
+      {245, 300, "selection to save 2050 of 2050 2600 = 550"},
+      {445, 445, "4050 of 4050 4050 = 0"},
+  };
+  for (const auto& row : rows) {
+    SelectSpan(view, 2000.0, 4000.0);
+    PressMouse(view, row.press, kY);
+    MoveMouse(view, row.release, kY);
+    ReleaseMouse(view, row.release, kY);
+    EXPECT_EQ(MarksOf(view), row.marks) << row.press << " to " << row.release;
+    EXPECT_FALSE(view.press.held);
+  }
+}
+
+TEST_F(MouseTest, EdgesAreWithinReachInThePanesAlone) {
+  const auto edges = [this] {
+    std::string text;
+    for (const auto& [x, y] : {std::pair{235, 100},
+                               {236, 100},
+                               {244, 10},
+                               {245, 100},
+                               {436, 100},
+                               {444, 249},
+                               {444, 250},
+                               {340, 100}}) {
+      const auto edge = EdgeUnder(view, x, y);
+      text += !edge ? '.' : *edge == SelectionEdge::kStart ? 's' : 'e';
+    }
+    return text;
+  };
+  EXPECT_EQ(edges(), "........");
+  SelectSpan(view, 2000.0, 4000.0);
+  EXPECT_EQ(edges(), ".ss.ee..");
+  AddLabel(document, 1, 5000.0, "one");
+  view.LayOut(kWideClient);
+  ToggleLabelEntry(view);
+  EXPECT_EQ(edges(), ".s..ee..");
+}
+
+TEST_F(MouseTest, ShiftMovesTheNearerEdgeToThePointer) {
+  const auto click = [this](std::int32_t x, std::int32_t to) {
+    PressToExtend(view, x, kY);
+    ReleaseMouse(view, to, kY);
+    return MarksOf(view);
+  };
+  EXPECT_EQ(click(300, 300), "marker 2600 of 2600 2600 = 0");
+  EXPECT_EQ(click(500, 500), "selection to save 2600 of 2600 4600 = 2000");
+  EXPECT_EQ(click(480, 480), "selection to save 2600 of 2600 4400 = 1800");
+  EXPECT_EQ(click(320, 330), "selection to save 4400 of 2900 4400 = 1500");
+  EXPECT_EQ(click(140, 140), "selection to save 4400 of 1000 4400 = 3400");
+  EXPECT_EQ(listener.moves.back(), std::pair(MousePhase::kRelease, 4400.0));
+}
+
+TEST(SelectionTexts, NameStartLengthRateAndEnd) {
+  const struct {
+    double start, end;
+    std::int32_t timeBase;
+    const char* texts;
+  } rows[] = {{713.04, 1749.44, 0, "713.0 | 1036.4 ms (0.96 Hz) | 1749.4"},
+              {713.04, 1749.44, 1, "0.713 | 1.036 s (0.96 Hz) | 1.749"},
+              {100.0, 105.0, 0, "100.0 | 5.0 ms (200.0 Hz) | 105.0"},
+              {100.0, 100.0, 0, "100.0 | 0.0 ms | 100.0"}};
+  for (const auto& row : rows) {
+    const SelectionTexts texts = TextsOfSelection(row.start, row.end, row.timeBase);
+    EXPECT_EQ(texts.start + " | " + texts.length + " | " + texts.end, row.texts);
+  }
 }
 
 class TwoViewsTest : public MouseTest {

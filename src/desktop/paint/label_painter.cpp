@@ -63,6 +63,14 @@ void DrawTextOf(QPainter& painter, const Label& label, const TierPlace& place, c
                    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
 }
 
+// Two pixels just inside a box.
+void DrawEdge(QPainter& painter, const QRectF& box, const PaintStyle& style) {
+  if (box.isEmpty()) return;
+  painter.setPen(QPen(style.selectionEdge, 2.0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(box.adjusted(1.0, 1.0, -1.0, -1.0));
+}
+
 }  // namespace
 
 QRectF ToRectF(const PixelRect& rect) {
@@ -75,16 +83,29 @@ std::int32_t HeightOfTiers(const Tiers& tiers) {
   return height;
 }
 
-void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip,
+void DrawLabelFrame(QPainter& painter, const Label& label, const TierPlace& place,
+                    const PaintStyle& style) {
+  const QFontMetrics metrics(FontOf(label.font));
+  const QString text = Shown(label.text);
+  const PixelRect box =
+      LabelBox(label, {metrics.horizontalAdvance(text), metrics.height()}, place.strip, place.time);
+  const QRectF strip(QPointF(place.time.left, place.strip.top),
+                     QPointF(place.time.right(), place.strip.bottom));
+  DrawEdge(painter, ToRectF(box).adjusted(-3.0, 0.0, 3.0, 0.0) & strip, style);
+}
+
+void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip, bool isCurrent,
                    const PaintStyle& style) {
   const QRectF rect = ToRectF(strip);
   painter.fillRect(rect, style.tier);
   painter.setPen(QPen(style.frame, style.hairline));
   painter.drawLine(QLineF(rect.left(), rect.bottom() - 0.5, rect.right(), rect.bottom() - 0.5));
   painter.setPen(style.text);
+  QFont font = Resized(style.font, std::min(style.font.pixelSize(), strip.bottom - strip.top));
+  font.setBold(isCurrent);
   const QRectF margin(1.0, rect.top(), rect.left() - 5.0, rect.height());
-  DrawFitted(painter, margin, Qt::AlignRight | Qt::AlignVCenter, Shown(tier.name),
-             Resized(style.font, std::min(style.font.pixelSize(), strip.bottom - strip.top)));
+  DrawFitted(painter, margin, Qt::AlignRight | Qt::AlignVCenter, Shown(tier.name), font);
+  if (isCurrent) DrawEdge(painter, rect, style);
 }
 
 void DrawTierLabels(QPainter& painter, const Tier& tier, const TierPlace& place, int without,

@@ -19,9 +19,13 @@ struct TierPlace {
   double lineBottom = 0.0;  // the lines of labels reach down to here
 };
 
-// The strip with the tier's name in the margin on its left.
-void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip,
+// The strip with the tier's name in the margin on its left. The current one, into which labels are
+// typed, has a bold name and an edge.
+void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip, bool isCurrent,
                    const PaintStyle& style);
+// A frame around the selected label.
+void DrawLabelFrame(QPainter& painter, const Label& label, const TierPlace& place,
+                    const PaintStyle& style);
 // All labels but the one of index `without` (-1: none left out). A label is drawn whole while its
 // time is visible; of labels that stand at the same pixels only the first is.
 void DrawTierLabels(QPainter& painter, const Tier& tier, const TierPlace& place, int without,

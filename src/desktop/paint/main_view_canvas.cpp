@@ -2,6 +2,8 @@
 #include "desktop/paint/main_view_canvas.h"
 
 #include "desktop/qt_text.h"
+#include "mainview/label_entry_state.h"
+#include "mainview/label_moves.h"
 #include "platform/file_error.h"
 
 namespace cantorix {
@@ -20,8 +22,13 @@ void MainViewCanvas::DocumentChanged(DocumentChanges changes, const DocumentObse
 
 MainViewCanvas::Key MainViewCanvas::KeyOf(const PaintStyle& style) const {
   const CChannel& channel = view_.channel();
-  return {view_.tierOffset, channel.visibleStart.samples, channel.visibleEnd.samples,
-          style.background.rgba()};
+  const LabelEntryState& entry = view_.labelEntry;
+  return {view_.tierOffset,
+          channel.visibleStart.samples,
+          channel.visibleEnd.samples,
+          style.background.rgba(),
+          entry.enabled ? CurrentTier(view_) : -1,
+          entry.typing ? entry.typing->index : -1};
 }
 
 void MainViewCanvas::Paint(QPainter& painter, const PaintStyle& style) {

@@ -33,6 +33,8 @@ class MainViewCanvas : public DocumentObserver {
     std::int32_t offset = 0;
     double start = 0.0, end = 0.0;
     QRgb background = 0;
+    int tier = -1;        // the current one, in label entry mode
+    int typedLabel = -1;  // the field stands in its place
     bool operator==(const Key&) const = default;
   };
   Key KeyOf(const PaintStyle& style) const;

@@ -8,9 +8,11 @@
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/readout_painter.h"
+#include "desktop/paint/selection_painter.h"
 #include "desktop/paint/signal_strips.h"
 #include "desktop/paint/window_strips.h"
 #include "mainview/label_entry_state.h"
+#include "mainview/label_moves.h"
 #include "mainview/readout_texts.h"
 #include "mainview/time_axis.h"
 #include "settings/settings.h"
@@ -34,6 +36,8 @@ struct Scene {
   QRectF ScrolledArea() const {
     return {client.topLeft(), QPointF(client.right(), timeStrip.top())};
   }
+  // Below the tiers.
+  double PanesTop() const { return view.layout.audio.top; }
   // Where a label's line and the cursor end.
   double DataBottom() const {
     const double lowest = std::max({audio.bottom(), intensity.bottom(), pitch.bottom()});
@@ -96,7 +100,9 @@ const Tier& TierOf(const Scene& scene, int index) {
 void DrawTierStrips(QPainter& painter, const Scene& scene) {
   for (int i = 0; i < kTierCount; ++i) {
     const PixelRect& strip = scene.view.layout.tier(i);
-    if (strip.bottom > strip.top) DrawTierStrip(painter, TierOf(scene, i), strip, scene.style);
+    if (strip.bottom <= strip.top) continue;
+    const bool isCurrent = scene.view.labelEntry.enabled && CurrentTier(scene.view) == i;
+    DrawTierStrip(painter, TierOf(scene, i), strip, isCurrent, scene.style);
   }
 }
 
@@ -127,12 +133,26 @@ int DraggedLabelOf(const CSonadexView& view, int tier) {
   return dragged && view.labelEntry.currentTier == tier ? view.labelEntry.pressedLabel : -1;
 }
 
+// The field stands in its place.
+int TypedLabelOf(const CSonadexView& view, int tier) {
+  const auto& typing = view.labelEntry.typing;
+  return typing && typing->tier == tier ? typing->index : -1;
+}
+
 void DrawAllLabels(QPainter& painter, const Scene& scene) {
   for (int i = 0; i < kTierCount; ++i) {
     const TierPlace place = PlaceOf(scene, i);
     if (place.strip.bottom <= place.strip.top) continue;
-    DrawTierLabels(painter, TierOf(scene, i), place, -1, scene.style);
+    DrawTierLabels(painter, TierOf(scene, i), place, TypedLabelOf(scene.view, i), scene.style);
   }
+}
+
+void DrawTexts(QPainter& painter, const Scene& scene, const QRectF& band) {
+  const CChannel& channel = scene.view.channel();
+  const SelectionTexts texts =
+      TextsOfSelection(channel.selectionStart.ms,
+                       InsideRecordingMs(channel, channel.selectionEnd.ms), scene.display.timeBase);
+  DrawSelectionTexts(painter, band, scene.ScrolledArea(), texts, scene.style);
 }
 
 void DrawSelection(QPainter& painter, const Scene& scene) {
@@ -150,6 +170,21 @@ void DrawSelection(QPainter& painter, const Scene& scene) {
   painter.setPen(QPen(edge, scene.style.hairline));
   painter.drawLine(QLineF(left, band.top(), left, band.bottom()));
   painter.drawLine(QLineF(right, band.top(), right, band.bottom()));
+  DrawTexts(painter, scene, QRectF(left, scene.PanesTop(), right - left, band.bottom()));
+}
+
+// Of the label that keys and commands work on.
+void DrawSelectedLabel(QPainter& painter, const Scene& scene) {
+  const int index = SelectedLabel(scene.view);
+  if (index < 0 || scene.view.labelEntry.typing || scene.view.press.draggedLabel) return;
+  const int tier = CurrentTier(scene.view);
+  const TierPlace place = PlaceOf(scene, tier);
+  const Label& label = TierOf(scene, tier).labels[static_cast<std::size_t>(index)];
+  if (place.strip.bottom <= place.strip.top || label.timeMs < scene.time.low ||
+      label.timeMs > scene.time.high) {
+    return;
+  }
+  DrawLabelFrame(painter, label, place, scene.style);
 }
 
 // A line through all panes; dashed for the pointer of a window that does not track.
@@ -226,6 +261,7 @@ void PaintOverlay(QPainter& painter, const Scene& scene) {
   painter.setClipRect(scene.client, Qt::IntersectClip);
   if (view.document().loaded) {
     DrawDraggedLabel(painter, scene);
+    DrawSelectedLabel(painter, scene);
     if (view.selectionShown()) DrawSelection(painter, scene);
     if (view.markerSet()) DrawCursor(painter, scene, view.channel().cursor.ms, Qt::SolidLine);
     if (view.otherPointerMs) DrawCursor(painter, scene, *view.otherPointerMs, Qt::DashLine);

@@ -33,6 +33,7 @@ struct PaintStyle {
   QColor selectionEdge;  // of the rubber band
   QColor tier;           // behind labels
   QColor labelLine;
+  QColor error;  // around what is refused
   QColor spectrumFft;
   QColor spectrumLpc;
   std::array<QColor, kFormants> formants;  // F1 ... F5

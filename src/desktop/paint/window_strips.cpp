@@ -32,7 +32,7 @@ void DrawLabelStrips(QPainter& painter, const WindowLayout& layout, const AxisSc
     if (!tier.inUse) continue;
     strip.bottom = strip.top + std::max(tier.tierWord, 1);
     if (strip.bottom > layout.labels.bottom) return;
-    DrawTierStrip(painter, tier, strip, style);
+    DrawTierStrip(painter, tier, strip, false, style);
     DrawTierLabels(painter, tier, {strip, time, static_cast<double>(layout.plot.bottom)}, -1,
                    style);
     strip.top = strip.bottom;

@@ -13,6 +13,7 @@
 #include "desktop/paint/paint_style.h"
 #include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
+#include "mainview/label_moves.h"
 
 namespace cantorix {
 namespace {
@@ -189,6 +190,24 @@ void AnalysisCanvas::keyPressEvent(QKeyEvent* event) {
   if (step.isNull() || (modifiers != Qt::NoModifier && !fast)) return PassKey(*event);
   const QPoint pixels = step * (fast ? kFastStep : 1);
   guard_([&] { model_.StepCursor(pixels.x(), pixels.y()); });
+}
+
+// Tab goes from label to label, and behind the last one to the next widget of the window.
+bool AnalysisCanvas::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && GoesToLabel(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
+  return QWidget::event(event);
+}
+
+bool AnalysisCanvas::GoesToLabel(const QKeyEvent& event) {
+  CSonadexView* const view = model_.mainView();
+  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+  if (!isTab || view == nullptr || event.modifiers().testFlag(Qt::ControlModifier)) return false;
+  bool moved = false;
+  guard_([&] { moved = StepLabel(*view, event.key() == Qt::Key_Tab ? 1 : -1); });
+  return moved;
 }
 
 // The keys of the recording work in all its windows.

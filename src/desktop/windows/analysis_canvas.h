@@ -49,8 +49,10 @@ class AnalysisCanvas : public QWidget {
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
+  bool GoesToLabel(const QKeyEvent& event);
   void PassKey(QKeyEvent& event);
   void PassPointer(const QMouseEvent& event, MousePhase phase);
   void PlaceNote();

@@ -1,0 +1,170 @@
+// keyboard_test.cpp - keys of the pictures, and labels typed in the main view, as the user has
+// them.
+#include <QLineEdit>
+
+#include "desktop/analysis_fixture.h"
+#include "desktop/label_field.h"
+#include "document/label.h"
+#include "mainview/label_commands.h"
+#include "mainview/label_entry_state.h"
+#include "mainview/label_typing.h"
+
+namespace cantorix {
+namespace {
+
+using testing::ElementsAre;
+
+class Keyboard : public AnalysisDesktopTest {
+ protected:
+  Keyboard() {
+    view = &OpenSample();
+    for (Tier& tier : view->channel().tiers) tier = Tier();
+    view->channel().tiers[1].name = "words";
+    view->Changed(DocumentChange::kLabels);
+    view->undoAvailable = false;
+    Picture().setFocus();
+  }
+  LabelField& Field() { return *Picture().findChild<LabelField*>(); }
+  QWidget& Focused() { return *QApplication::focusWidget(); }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&Focused(), key, modifiers);
+  }
+  void Type(const char* text) {
+    for (; *text != '\0'; ++text) QTest::keyClick(&Focused(), *text);
+  }
+  void Click(int x) { QTest::mouseClick(&Picture(), Qt::LeftButton, {}, {x, 300}); }
+  std::string Labels() {
+    std::string text;
+    for (const Label& label : view->channel().tiers[1].labels) text += label.text + ' ';
+    return text + (view->undoAvailable ? "undo" : "");
+  }
+
+  CSonadexView* view;
+};
+
+TEST_F(Keyboard, TenWordsAreTypedWithAClickEachAndTabReachesThemInOrder) {
+  Perform(Command::kLabelEntryMode);
+  const char* const words[] = {"one", "two",   "three", "four", "five",
+                               "six", "seven", "eight", "nine", "ten"};
+  std::vector<double> times;
+  for (int i = 0; i < 10; ++i) {
+    Click(100 + 60 * i);
+    times.push_back(view->channel().cursor.ms);
+    Type(words[i]);
+    EXPECT_TRUE(Field().hasFocus());
+  }
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(Picture().hasFocus());
+  EXPECT_EQ(Labels(), "one two three four five six seven eight nine ten undo");
+  Key(Qt::Key_Home, Qt::ControlModifier);
+  for (const double time : times) {
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(view->channel().cursor.ms, time);
+  }
+  EXPECT_EQ(Picture().accessibleDescription(),
+            QStringLiteral("words: ten at %1 ms").arg(times.back(), 0, 'f', 1));
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(view->channel().cursor.ms, times[8]);
+}
+
+TEST_F(Keyboard, TheFieldTakesLettersAndEndsAsItsKeysSay) {
+  Perform(Command::kLabelEntryMode);
+  Click(200);
+  const double cursor = view->channel().cursor.ms;
+  Type("ab");
+  for (const Qt::Key key : {Qt::Key_K, Qt::Key_T, Qt::Key_I, Qt::Key_J}) {
+    Key(key, Qt::ControlModifier);
+  }
+  EXPECT_EQ(Field().text(), "ab");
+  EXPECT_EQ(view->channel().cursor.ms, cursor);
+  Key(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_NE(Field().text(), "ab");
+  Key(Qt::Key_B, Qt::ControlModifier);  // zooms, and leaves the field open
+  EXPECT_TRUE(view->zoomed() && Field().isVisible());
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Labels(), "");
+  EXPECT_FALSE(Field().isVisible() || view->document().isModified() ||
+               view->channel().tiers[1].inUse);
+  EXPECT_TRUE(view->labelEntry.enabled && Picture().hasFocus());
+
+  Type("kept");
+  Perform(Command::kSelectAll);
+  EXPECT_EQ(Labels(), "kept undo");
+  Click(300);
+  Type("x");
+  Key(Qt::Key_Tab);  // nothing follows
+  EXPECT_EQ(Labels(), "kept x undo");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  Key(Qt::Key_F2);
+  EXPECT_EQ(Field().selectedText(), "kept");
+  Type("K");
+  frame.activateWindow();
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Labels(), "x K undo");
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Labels(), "x undo");
+  Perform(Command::kUndo);
+  EXPECT_EQ(Labels(), "x K ");
+}
+
+TEST_F(Keyboard, ALongTextIsRefusedInTheFieldItself) {
+  Perform(Command::kNewLabel);
+  Field().insert(QString(255, 'x'));
+  Q_EMIT Field().textEdited(Field().text());
+  Type("y");
+  EXPECT_EQ(Field().text().size(), 255);
+  EXPECT_EQ(Field().accessibleDescription(),
+            "A label holds at most 255 bytes. Delete something, or press Esc.");
+  Key(Qt::Key_Return);
+  EXPECT_TRUE(Field().isVisible());
+  Key(Qt::Key_Backspace);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Labels(), std::string(254, 'x') + " undo");
+}
+
+TEST_F(Keyboard, ShiftAndTheEdgesWorkUnderThePointer) {
+  Select(*view, 1000.0, 3000.0);
+  const double fixed = view->channel().selectionStart.ms;
+  const int edge =
+      40 + static_cast<int>(3000.0 / view->channel().totalDurationMs * view->layout.axisWidth());
+  QTest::mouseMove(&Picture(), {edge + 3, 300});
+  EXPECT_EQ(Picture().cursor().shape(), Qt::SizeHorCursor);
+  QTest::mouseMove(&Picture(), {edge + 30, 300});
+  EXPECT_EQ(Picture().cursor().shape(), Qt::ArrowCursor);
+  QTest::mouseClick(&Picture(), Qt::LeftButton, Qt::ShiftModifier, {edge + 40, 300});
+  EXPECT_EQ(view->channel().selectionStart.ms, fixed);
+  EXPECT_GT(view->channel().selectionEnd.ms, 3000.0);
+}
+
+// In the other windows plain and Shift arrows keep what they do.
+TEST_F(Keyboard, KeysOfTheRecordingWorkInItsOtherWindows) {
+  view->channel().tiers[1].inUse = true;
+  Label label;
+  label.timeMs = 500.0;
+  label.text = "one";
+  view->channel().AddLabel(1, label);
+  Mark(*view, 1000.0);
+  Perform(Command::kSpectrogramAll);
+  Perform(Command::kPitchAll);
+  Mark(*view, 1000.0);
+  Perform(Command::kFftLpc);
+  for (const WindowKind kind :
+       {WindowKind::kSpectrogram, WindowKind::kPitch, WindowKind::kFftLpc}) {
+    if (windows.Find(*view, kind) == nullptr) continue;
+    AnalysisCanvas& canvas = Find(*view, kind).canvas();
+    Mark(*view, 1000.0);
+    QTest::keyClick(&canvas, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_FALSE(view->selectionShown());
+    QTest::keyClick(&canvas, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(view->channel().cursor.ms, view->channel().totalDurationMs);
+    QTest::keyClick(&canvas, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(view->channel().cursor.ms, 500.0);
+    QTest::keyClick(&canvas, Qt::Key_Home, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(view->selectionShown());
+    QTest::keyClick(&canvas, Qt::Key_Escape);
+    EXPECT_FALSE(view->selectionShown());
+  }
+}
+
+}  // namespace
+}  // namespace cantorix
