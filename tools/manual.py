@@ -4,12 +4,13 @@
 usage: tools/manual.py make [FOLDER]    writes the line of links of each page, and the index page
        tools/manual.py check [FOLDER]   prints what is wrong, one line each; exit code 1 then
 
-FOLDER is docs/manual beside this file's folder; commands.html is the batch program's to write. The index lists the text of every <dfn id="...">,
-of every heading with an id, and what data-index="..." adds to either, apart by semicolons. A page
-is checked for: links, anchors and pictures that are there, pictures with a text, ids used once,
-second-level headings with an id, the shared line of links, and a place in the contents; the index
-for being made anew; and the options page for the text of every field of the option dialogs. No
-browser has a part in it: tools/check_manual.py looks at the pages in one.
+FOLDER is docs/manual beside this file's folder; its commands.html is the batch program's to write. The
+index lists the text of every <dfn id="...">, of every heading with an id, and what data-index="..."
+adds to either, apart by semicolons. A page is checked for: links, anchors and pictures that are
+there, pictures with a text, ids used once, second-level headings with an id, the shared line of
+links, and a place in the contents; the index for being made anew; the options page for the text of
+every field of the option dialogs; the pages that F1 opens for being there. No browser has a part in
+it: tools/check_manual.py looks at the pages in one.
 """
 
 import html
@@ -120,6 +121,13 @@ def dialog_fields():
             yield " ".join(text.replace("=", " ").split())
 
 
+def pages_of_windows():
+    """The pages that F1 opens."""
+    path = os.path.join(ROOT, "src/desktop/main_frame.cpp")
+    with open(path, encoding="utf-8") as file:
+        return re.findall(r'"(\w+\.html)"', file.read())
+
+
 def link_faults(folder, pages, page):
     for link in page.links:
         address, _, anchor = link.partition("#")
@@ -147,6 +155,9 @@ def faults(folder):
             yield f"{name}: not in {CONTENTS}"
     if INDEX not in pages or pages[INDEX].source != index_page(pages):
         yield f"{INDEX}: another one than tools/manual.py make writes"
+    for name in pages_of_windows():
+        if name not in pages:
+            yield f"{name}: no such page for F1"
     words = " ".join(html.unescape(re.sub(r"<[^>]*>", "", pages["options.html"].source)).split())
     for field in dialog_fields():
         if field not in words:

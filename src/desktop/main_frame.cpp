@@ -142,7 +142,7 @@ CSonadexView* CMainFrame::activeView() const {
 
 std::string CMainFrame::PageOfWindow() const {
   const QWidget* const active = QApplication::activeWindow();
-  if (active == labelList_) return "labels.html";
+  if (active == labelList_) return "labellist.html";
   if (active == log_) return "log.html";
   if (active == displayOptions_) return "options.html";
   const CSonadexView* const view = activeView();
@@ -150,7 +150,7 @@ std::string CMainFrame::PageOfWindow() const {
   if (analysisWindows_ == nullptr) return "mainview.html";
   for (const AnalysisWindowOf& window : analysisWindows_->WindowsOf(*view)) {
     if (window.window != area_->currentSubWindow()) continue;
-    if (window.kind == WindowKind::kPitch) return "analysis.html";
+    if (window.kind == WindowKind::kPitch) return "pitchwindow.html";
     return window.kind == WindowKind::kFftLpc ? "spectrum.html" : "spectrogram.html";
   }
   return "mainview.html";
