@@ -88,6 +88,12 @@ TEST(LabelReading, EveryDialectIsReadAndEveryFaultSaid) {
       {"surrogates, whole and half", "a",
        "\xFF\xFE" + Utf16(kPoint + "1 \"", false) + std::string("\x3D\xD8\0\xDE\0\xDE\"\0", 8),
        "textgrid p: [1]\xF0\x9F\x98\x80\xEF\xBF\xBD; "},
+      {"borders of its lengths", "a",
+       "\xFE\xFF" + Utf16(kPoint + "1 \"", true) +
+           std::string("\0\x7F\0\x80\7\xFF\x8\0\xD7\xFF\xE0\0\xD8\0\xDC\0\xDB\xFF\xDF\xFF\0\"", 22),
+       "textgrid p: "
+       "[1]\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xF0\x90\x80\x80\xF4\x8F"
+       "\xBF\xBF; "},
       {"Latin-1", "a", kPoint + "1 \"\xE9\"", "textgrid p: [1]\xC3\xA9; "},
       {"UTF-8 mark", "a", "\xEF\xBB\xBF" + kPoint + "1 \"\xC3\xA9\"", "textgrid p: [1]\xC3\xA9; "},
       {"decimal comma", "a", kPoint + "0,5 \"x\"", "textgrid p: [0.5]x; "},
@@ -210,6 +216,25 @@ TEST(LabelReading, EveryDialectIsReadAndEveryFaultSaid) {
       {"nothing", "a", "", "refused: It is no label file of a known format."},
   };
   for (const auto& row : rows) EXPECT_EQ(Read(row.bytes, row.path, row.key), row.told) << row.name;
+}
+
+// Every name of a column, in every unit of time.
+TEST(LabelReading, HeadingsNameColumnsAndUnits) {
+  for (const std::string start : {"start", "time", "tmin", "xmin", "Begin", "onset"}) {
+    for (const std::string end : {"end", "tmax", "xmax", "offset"}) {
+      EXPECT_EQ(Read(start + "," + end + ",text\n1,2,x\n", "a.csv"), "csv a: [1-2]x; ") << start;
+    }
+  }
+  for (const std::string names :
+       {"tier,text", "level,label", "tier,labels", "tier,mark", "tier, Annotation "}) {
+    EXPECT_EQ(Read("time," + names + "\n1,w,x\n", "a.csv"), "csv w: [1]x; ") << names;
+  }
+  for (const std::string unit : {"_ms", " ms", "(ms)", " [ms]", "_s", " s", " (s)", "[s]", ""}) {
+    const bool ms = unit.find("ms") != std::string::npos;
+    EXPECT_EQ(Read("start" + unit + ",end" + unit + ",text\n1500,2500,x\n", "a.csv"),
+              ms ? "csv a: [1.5-2.5]x; " : "csv a: [1500-2500]x; ")
+        << unit;
+  }
 }
 
 // Written by Praat: tools/make_label_fixtures.sh.
