@@ -35,6 +35,16 @@ inline Values SamplesOf(const CSonadexDoc& document) {
   return samples;
 }
 
+// The same program, with another user.
+inline DocumentHost HostOf(TestHost& program, Prompts& user) {
+  return {.prompts = user,
+          .progress = program.progress,
+          .memory = program.memory,
+          .programDirectory = program.folder.path(),
+          .application = {},
+          .documentsWriteConfiguration = false};
+}
+
 // A document read from `bytes`; none when they are declined.
 template <typename Reader>
 std::unique_ptr<CSonadexDoc> ReadBy(Reader reader, TestHost& host, const Bytes& bytes) {

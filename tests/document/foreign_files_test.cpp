@@ -91,12 +91,7 @@ TEST(ForeignFiles, AreAllListed) {
 TEST(ForeignFiles, CutAndDamagedAreReadAsFarAsTheyGoOrRefusedWithoutAWord) {
   TestHost host;
   QuietPrompts nobody;
-  DocumentHost quiet{.prompts = nobody,
-                     .progress = host.progress,
-                     .memory = host.memory,
-                     .programDirectory = host.folder.path(),
-                     .application = {},
-                     .documentsWriteConfiguration = false};
+  DocumentHost quiet = HostOf(host, nobody);
   for (const Recording& row : Recordings()) {
     SCOPED_TRACE(row.file);
     const std::string whole = ReadWholeFile(Folder() + row.file);

@@ -283,12 +283,7 @@ TEST(ForeignHeaders, AreReadAsFarAsTheyGoOrNamed) {
     SCOPED_TRACE(row.name);
     TestHost files;
     SecondChannel prompts;
-    DocumentHost host{.prompts = prompts,
-                      .progress = files.progress,
-                      .memory = files.memory,
-                      .programDirectory = files.folder.path(),
-                      .application = {},
-                      .documentsWriteConfiguration = false};
+    DocumentHost host = HostOf(files, prompts);
     const std::string path = files.folder / "file";
     WriteBytes(path, row.file);
     CSonadexDoc document(host);
@@ -396,12 +391,7 @@ TEST(GenericFiles, GiveWhatTheirPreviewForetold) {
     SCOPED_TRACE(row.name);
     TestHost files;
     GenericAnswers prompts(row.entered);
-    DocumentHost host{.prompts = prompts,
-                      .progress = files.progress,
-                      .memory = files.memory,
-                      .programDirectory = files.folder.path(),
-                      .application = {},
-                      .documentsWriteConfiguration = false};
+    DocumentHost host = HostOf(files, prompts);
     const std::string path = files.folder / "file";
     WriteBytes(path, row.file);
     CSonadexDoc document(host);
