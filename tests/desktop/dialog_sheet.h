@@ -2,6 +2,7 @@
 // buttons, fields and what they hold, with mnemonics, tooltips and limits.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
@@ -11,6 +12,7 @@
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTableView>
+
 #include <string>
 
 #include "desktop/qt_text.h"
@@ -57,6 +59,19 @@ inline QString SheetLine(const QWidget& widget) {
   return name + field->text() + most + side;
 }
 
+// What a user can see stands beside each other: nothing that was left out of its layout.
+inline void ExpectApart(const QList<QWidget*>& seen) {
+  for (const QWidget* const one : seen) {
+    if (SheetLine(*one).isEmpty()) continue;
+    EXPECT_TRUE(one->parentWidget()->rect().contains(one->geometry())) << Typed(SheetLine(*one));
+    for (const QWidget* const other : seen) {
+      if (other == one || other->parent() != one->parent() || SheetLine(*other).isEmpty()) continue;
+      EXPECT_FALSE(one->geometry().intersects(other->geometry()))
+          << Typed(SheetLine(*one)) << " / " << Typed(SheetLine(*other));
+    }
+  }
+}
+
 // A line for each widget, below the title; `remark` has more to say of one.
 template <typename Remark>
 std::string SheetOf(QWidget& window, const Remark& remark) {
@@ -64,6 +79,7 @@ std::string SheetOf(QWidget& window, const Remark& remark) {
   window.show();
   QList<QWidget*> seen = window.findChildren<QWidget*>();
   seen.removeIf([](QWidget* widget) { return !widget->isVisible(); });
+  ExpectApart(seen);
   for (QWidget* const widget : seen) {
     const QString line = SheetLine(*widget);
     if (line.isEmpty()) continue;

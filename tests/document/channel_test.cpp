@@ -36,7 +36,7 @@ TEST(Channel, BeginsWithItsDefaults) {
 
 TEST(Channel, ShowsItsWholeAndPutsTimesIntoIt) {
   CChannel c;
-  EXPECT_EQ(c.PointAtTime(3.0).samples, 0.0) << "without a recording";
+  EXPECT_EQ(Joined(c.PointAtTime(3.0).samples, c.msPerSample()), "0 0") << "without a recording";
   c.totalLength = 8.0;
   c.totalDurationMs = 0.5;
   c.visibleStart = c.cursor = c.dragPoint = c.selectionStart = {3.0, 3.0};

@@ -111,7 +111,7 @@ Bytes AiffMarks() {
 struct Row {
   const char* name;
   Bytes file;
-  // "RATE: SAMPLES [LABELS]", or the reason for which the file could not be opened.
+  // "RATE, CHANNELS: SAMPLES [LABELS]", or the reason for which the file could not be opened.
   const char* expected;
   const char* said = "";  // without that reason
 };
@@ -158,6 +158,11 @@ const Row kRows[] = {
      "It is an AIFF file of the coding \"MAC3\" that cannot be decoded: File contains data in an "
      "unimplemented format."},
 
+    {"AIFC whose frames are blocks of 64 samples",
+     Aiff(Common(1, "ima4") + BigChunk("SSND", Bytes(8 + 34)), "AIFC"),
+     "22254.54545: 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 "
+     "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 []"},
+
     {"au of an open length", Au(0xFFFFFFFF, 3), "8000: 1 2 3 4 5 []"},
     {"au of a program that died", Au(0, 3), "8000: 1 2 3 4 5 []"},
     {"au of fewer samples than follow", Au(4, 3), "8000: 1 2 []"},
@@ -200,10 +205,10 @@ const Row kRows[] = {
     {"NSP", Nsp(Chunk("NOTE", Text("odd")) + Bytes(1) + Chunk("SDA_", kLittleFive)),
      "8000: 1 2 3 4 5 []"},
     {"NSP of two channels, interleaved", Nsp(Chunk("SDAB", Samples16({1, -1, 2, -2})), 2),
-     "8000: -1 -2 []"},
+     "8000, 2 channels: -1 -2 []"},
     {"NSP of two channels, one after the other",
      Nsp(Chunk("SD_B", Samples16({-1, -2})) + Chunk("SDA_", Samples16({1, 2})), 2),
-     "8000: -1 -2 []"},
+     "8000, 2 channels: -1 -2 []"},
     {"NSP that promises more", Nsp(Chunk("SDA_", kLittleFive), 7), "8000: 1 2 3 4 5 []",
      "The file is incomplete: its header promises 7 samples, 5 are there."},
     {"NSP of fewer samples than follow", Nsp(Chunk("SDA_", kLittleFive), 2), "8000: 1 2 []"},
@@ -274,7 +279,9 @@ std::string StateOf(const CSonadexDoc& document) {
     std::snprintf(time, sizeof time, "%.4f ", label.timeMs);
     labels += (labels.empty() ? "" : ", ") + (time + label.text);
   }
-  return Joined(channel.sampleRateHz) + ": " +
+  const std::string channels =
+      document.fileChannels > 1 ? ", " + std::to_string(document.fileChannels) + " channels" : "";
+  return Joined(channel.sampleRateHz) + channels + ": " +
          JoinedEach(SamplesOf(document), [](std::int16_t x) { return x; }) + " [" + labels + "]";
 }
 

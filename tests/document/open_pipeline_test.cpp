@@ -170,6 +170,23 @@ TEST_F(OpenTest, LoadedDocumentIsUnmodifiedTitledAndSetsTheCurrentRate) {
       << "opening must not change the recording rate";
 }
 
+// Counts how often the title is to be written anew.
+struct TitleCount : DocumentObserver {
+  void DocumentChanged(DocumentChanges changes, const DocumentObserver*) override {
+    titles += changes.Has(DocumentChange::kTitle) ? 1 : 0;
+  }
+  int titles = 0;
+};
+
+TEST_F(OpenTest, TheTitleSaysWhetherADocumentIsModified) {
+  TitleCount count;
+  document.Attach(count);
+  for (const bool modified : {true, true, false, false}) document.SetModified(modified);
+  document.SetPathName("/a/talk.wav");
+  EXPECT_EQ(count.titles, 3);
+  document.Detach(count);
+}
+
 TEST_F(OpenTest, ContentAloneDecidesTheFormat) {
   WriteBytes(host.folder / "wave.qrv", fixture::Wav({}, fixture::Samples16({1, 2, 3})));
   WriteBytes(host.folder / "native.wav", fixture::SmallFile());

@@ -3,8 +3,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "platform/file_fixture.h"
+#include "support/child_process.h"
 
 namespace cantorix {
 namespace {
@@ -64,6 +66,15 @@ TEST(File, LeavesNoDescriptorBehind) {
     EXPECT_FALSE(closed.isOpen());
   }
   EXPECT_EQ(OpenDescriptors(), before);
+  const int failures = InChild([&] {
+    const File file = File::OpenForReading(folder / "talk");
+    const rlimit none{3, 3};
+    ::setrlimit(RLIMIT_NOFILE, &none);
+    const std::string reasons =
+        ReasonOf([&] { file.Duplicate(); }) + ReasonOf([&] { File::OpenUnlocked(file.path()); });
+    return reasons == "Too many open files.Too many open files." ? 0 : 1;
+  });
+  EXPECT_EQ(failures, 0);
 }
 
 }  // namespace

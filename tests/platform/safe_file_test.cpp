@@ -34,7 +34,7 @@ class SafeFileTest : public testing::Test {
 
 TEST_F(SafeFileTest, KeepsTheOldBytesUntilCommitAndTheirRightsAfterIt) {
   const std::string path = folder / "old";
-  ::chmod(path.c_str(), 0640);
+  ::chmod(path.c_str(), 01640);
   const bool root = ::getuid() == 0;
   const auto [user, group] = root ? std::pair(1234U, 1235U) : std::pair(::getuid(), ::getgid());
   ASSERT_EQ(::chown(path.c_str(), user, group), 0);
@@ -51,7 +51,7 @@ TEST_F(SafeFileTest, KeepsTheOldBytesUntilCommitAndTheirRightsAfterIt) {
     file.Commit();
   }
   EXPECT_EQ(ReadBytes(path), expected);
-  EXPECT_EQ(ModeOf(path), 0640U);
+  EXPECT_EQ(ModeOf(path), 01640U);
   EXPECT_EQ(StatusOf(path).st_uid, user);
   EXPECT_EQ(StatusOf(path).st_gid, group);
   const mode_t before = ::umask(027);
