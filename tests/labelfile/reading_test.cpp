@@ -94,6 +94,9 @@ TEST(LabelReading, EveryDialectIsReadAndEveryFaultSaid) {
        "textgrid p: "
        "[1]\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xF0\x90\x80\x80\xF4\x8F"
        "\xBF\xBF; "},
+      {"half a character at the end", "a",
+       "\xFE\xFF" + Utf16(kPoint + "1 \"x\" 2 \"", true) + "\xD8\x3D",
+       "textgrid p: [1]x; ! The file ends in the middle of a tier. "},
       {"Latin-1", "a", kPoint + "1 \"\xE9\"", "textgrid p: [1]\xC3\xA9; "},
       {"UTF-8 mark", "a", "\xEF\xBB\xBF" + kPoint + "1 \"\xC3\xA9\"", "textgrid p: [1]\xC3\xA9; "},
       {"decimal comma", "a", kPoint + "0,5 \"x\"", "textgrid p: [0.5]x; "},
@@ -176,6 +179,7 @@ TEST(LabelReading, EveryDialectIsReadAndEveryFaultSaid) {
        "audacity a: [0.5-0.5]a\tb [1.5-2.25]; "},
       {"no end", "a.txt", "0.5\t0.5\ta\n1\tb\n", "refused: Line 2: \"b\" is no time."},
       {"phn", "d/sa1.phn", "0 1500 h#\n1500 2000 sh\n\n", "samples phn: [0-1.5]h# [1.5-2]sh; "},
+      {"PHN", "D/SA1.PHN", "0 1500 h#\n", "samples phn: [0-1.5]h#; "},
       {"wrd named .txt", "sa1.txt", "0 1500 She had\n", "samples sa1: [0-1.5]She had; "},
       {"phn with a comma", "a.phn", "0 5 a\n1,5 2 b\n",
        "refused: Line 2: \"1,5\" is no number of a sample."},
