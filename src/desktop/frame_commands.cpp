@@ -118,6 +118,7 @@ void FrameCommands::Analyse(const AnalysisRequest& request) {
 
 // Floating windows and logs
 void FrameCommands::ShowLabelList() { frame_.ShowLabelList(); }
+void FrameCommands::TogglePhoneticChart() { frame_.TogglePhoneticChart(); }
 void FrameCommands::ShowDisplayOptions() { frame_.ShowDisplayOptions(); }
 void FrameCommands::ShowRecordPlayOptions() { frame_.ShowRecordPlayOptions(); }
 

@@ -46,6 +46,7 @@ class FrameCommands : private FrameActions {
   void ShowSpectrogram(Stretch stretch) override;
   void ShowPitch(Stretch stretch) override;
   void ShowLabelList() override;
+  void TogglePhoneticChart() override;
   void ShowDisplayOptions() override;
   void ShowRecordPlayOptions() override;
   void NewLog() override;

@@ -1,8 +1,10 @@
 // frame_host.h - what a document's window asks of the main frame, and tells it.
 #pragma once
 
+#include <QPoint>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "mainview/commands.h"
 #include "mainview/view_ports.h"
@@ -30,6 +32,10 @@ class FrameHost {
   virtual void Said(CSonadexView& view, const std::string& text) = 0;
   // A command, as by its menu.
   virtual void Perform(Command command) = 0;
+  // A context menu of commands at a place of the screen, a line between the groups.
+  virtual void ShowContextMenu(const std::vector<std::vector<Command>>& groups,
+                               const QPoint& at) = 0;
+  virtual bool phoneticChartShown() const = 0;
   virtual SoundDesk& sound() = 0;
   // The input that the user has chosen is used from here on.
   virtual void PrepareRecording() = 0;

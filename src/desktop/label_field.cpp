@@ -8,6 +8,7 @@
 #include "desktop/qt_text.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_typing.h"
+#include "mainview/phonetic_signs.h"
 
 namespace cantorix {
 namespace {
@@ -36,7 +37,8 @@ bool ComesBack(Qt::FocusReason reason) {
 
 }  // namespace
 
-LabelField::LabelField(Pass pass, QWidget* picture) : QLineEdit(picture), pass_(std::move(pass)) {
+LabelField::LabelField(Pass pass, std::function<bool()> pairs, QWidget* picture)
+    : QLineEdit(picture), pass_(std::move(pass)), pairs_(std::move(pairs)) {
   setFrame(false);
   setAccessibleName(QStringLiteral("Label"));
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -44,7 +46,23 @@ LabelField::LabelField(Pass pass, QWidget* picture) : QLineEdit(picture), pass_(
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) { Take(text); });
 }
 
+// The two letters before the cursor become a sign, as an edit that can be undone.
+bool LabelField::TakesPair(const QString& text) {
+  const bool typed = text.size() == length_ + 1;
+  length_ = text.size();
+  if (!typed || !pairs_()) return false;
+  const std::string before = Typed(text.left(cursorPosition()));
+  const auto with = WithSign(before, before.size());
+  if (!with) return false;
+  constexpr int kKeys = 2;
+  const QString sign = Shown(with->text).mid(cursorPosition() - kKeys);
+  setSelection(cursorPosition() - kKeys, kKeys);
+  insert(sign);
+  return true;
+}
+
 void LabelField::Take(const QString& text) {
+  if (TakesPair(text)) return;
   pass_([&](CSonadexView& view) { TypeText(view, Typed(text)); });
 }
 
@@ -67,6 +85,7 @@ void LabelField::Follow(CSonadexView& view) {
     setText(Shown(typing->label.text));
     if (shrinks) setCursorPosition(std::min<int>(cursor, static_cast<int>(text().size())));
   }
+  length_ = text().size();
   ShowLooks(view);
   const auto place = TypingPlace(view, fontMetrics().horizontalAdvance(text()));
   if (place) {

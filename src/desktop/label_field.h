@@ -13,8 +13,9 @@ class LabelField : public QLineEdit {
  public:
   using Pass = std::function<void(const std::function<void(CSonadexView&)>&)>;
 
-  // `pass` runs an action on the view, guarded.
-  LabelField(Pass pass, QWidget* picture);
+  // `pass` runs an action on the view, guarded; while `pairs` holds, two keys of a phonetic sign
+  // give that.
+  LabelField(Pass pass, std::function<bool()> pairs, QWidget* picture);
 
   // Shown and hidden, in place and with the text of the view's typing. The picture has the focus
   // again at the end.
@@ -29,10 +30,13 @@ class LabelField : public QLineEdit {
 
  private:
   void Take(const QString& text);
+  bool TakesPair(const QString& text);
   void ShowLooks(const CSonadexView& view);
 
   Pass pass_;
-  bool ending_ = false;  // hidden by the view, not left by the user
+  std::function<bool()> pairs_;
+  qsizetype length_ = 0;  // of the text before the last key
+  bool ending_ = false;   // hidden by the view, not left by the user
 };
 
 }  // namespace cantorix

@@ -1,16 +1,23 @@
 // label_list_frame.cpp - rows, their keys and their menu.
 #include "desktop/label_list_frame.h"
 
+#include <QAction>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QResizeEvent>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "desktop/qt_text.h"
 #include "desktop/table_rows.h"
+#include "mainview/label_renaming.h"
 #include "mainview/listening.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
@@ -20,21 +27,36 @@ namespace cantorix {
 namespace {
 
 enum Column { kTier, kTime, kText, kColumns };
+constexpr int kAsStored = -1;
+constexpr int kNoteMargin = 12;  // pixels
+constexpr int kButtonPadding = 16;
 
 }  // namespace
 
 void LabelListModel::Show(const CSonadexView* view) {
   beginResetModel();
-  rows_.clear();
-  if (view != nullptr) {
-    rows_ = LabelListRows(view->document());
-    timeBase_ = view->document().settings.display.timeBase;
-  }
+  listing_.Take(view == nullptr ? std::vector<LabelListRow>() : LabelListRows(view->document()));
+  if (view != nullptr) timeBase_ = view->document().settings.display.timeBase;
+  endResetModel();
+}
+
+void LabelListModel::Filter(const std::string& search, int tier) {
+  beginResetModel();
+  listing_.Filter(search, tier);
+  endResetModel();
+}
+
+void LabelListModel::sort(int column, Qt::SortOrder order) {
+  static constexpr std::array kSorted{LabelColumn::kTier, LabelColumn::kTime, LabelColumn::kText};
+  beginResetModel();
+  listing_.SortBy(column == kAsStored ? std::nullopt
+                                      : std::optional(kSorted.at(static_cast<std::size_t>(column))),
+                  order == Qt::DescendingOrder);
   endResetModel();
 }
 
 int LabelListModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  return parent.isValid() ? 0 : static_cast<int>(listing_.size());
 }
 
 int LabelListModel::columnCount(const QModelIndex& parent) const {
@@ -72,39 +94,90 @@ QVariant LabelListModel::headerData(int section, Qt::Orientation orientation, in
 }
 
 LabelListFrame::LabelListFrame(QWidget* owner, FrameHost& host, WindowPlacement& placement)
-    : ToolFrame(owner, placement), host_(host), table_(new QTableView(this)) {
+    : ToolFrame(owner, placement),
+      host_(host),
+      table_(new QTableView(this)),
+      search_(new QLineEdit(this)),
+      tier_(new QComboBox(this)),
+      note_(new QLabel(table_->viewport())) {
   setWindowTitle(QStringLiteral("Labels"));
+  BuildTable();
+  auto* const column = new QVBoxLayout(this);
+  column->addLayout(BuildFilter());
+  column->addWidget(table_);
+  column->addLayout(BuildButtons());
+  connect(&model_, &QAbstractItemModel::modelReset, this, [this] { ShowState(); });
+  ShowTiers();
+  ShowState();
+}
+
+void LabelListFrame::BuildTable() {
   table_->setModel(&model_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-  table_->setSelectionMode(QAbstractItemView::SingleSelection);
-  table_->horizontalHeader()->setStretchLastSection(true);
+  table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   table_->setAccessibleName(QStringLiteral("Labels"));
   UseCompactRows(*table_);
-  auto* const line = new QHBoxLayout;
-  buttons_ = {AddButton(*line, QStringLiteral("&Play"), &LabelListFrame::Play),
-              AddButton(*line, QStringLiteral("&Zoom"), &LabelListFrame::Zoom),
-              AddButton(*line, QStringLiteral("&Edit..."), &LabelListFrame::Edit),
-              AddButton(*line, QStringLiteral("&Delete"), &LabelListFrame::Delete)};
-  line->addStretch();
-  auto* const column = new QVBoxLayout(this);
-  column->addWidget(table_);
-  column->addLayout(line);
+  QHeaderView& header = *table_->horizontalHeader();
+  header.setStretchLastSection(true);
+  header.setSectionsClickable(true);
+  connect(&header, &QHeaderView::sectionClicked, this, [this](int column) { SortByNext(column); });
   connect(table_, &QTableView::doubleClicked, this, [this] { Play(); });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          [this] { ShowButtons(); });
-  connect(&model_, &QAbstractItemModel::modelReset, this, [this] { ShowButtons(); });
+          [this] { ShowState(); });
+  note_->setTextFormat(Qt::PlainText);
+  note_->setWordWrap(true);
+  note_->setAlignment(Qt::AlignCenter);
+  note_->setMargin(kNoteMargin);
+  note_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  table_->viewport()->installEventFilter(this);
   auto* const deleteKey = new QShortcut(QKeySequence::Delete, table_);
   deleteKey->setContext(Qt::WidgetShortcut);
   connect(deleteKey, &QShortcut::activated, this, [this] { Delete(); });
-  ShowButtons();
 }
 
-QPushButton* LabelListFrame::AddButton(QHBoxLayout& line, const QString& text,
-                                       void (LabelListFrame::*act)()) {
+QHBoxLayout* LabelListFrame::BuildFilter() {
+  search_->setPlaceholderText(QStringLiteral("Search"));
+  search_->setAccessibleName(QStringLiteral("Search"));
+  search_->setClearButtonEnabled(true);
+  tier_->setAccessibleName(QStringLiteral("Tier"));
+  auto* const line = new QHBoxLayout;
+  line->addWidget(search_, 1);
+  line->addWidget(tier_);
+  connect(search_, &QLineEdit::textChanged, this, [this] { Filter(); });
+  connect(tier_, &QComboBox::currentIndexChanged, this, [this] { Filter(); });
+  return line;
+}
+
+QHBoxLayout* LabelListFrame::BuildButtons() {
+  auto* const line = new QHBoxLayout;
+  AddEntry(*line, QStringLiteral("&Play"), Needs::kOne, &LabelListFrame::Play);
+  AddEntry(*line, QStringLiteral("&Zoom"), Needs::kOne, &LabelListFrame::Zoom);
+  AddEntry(*line, QStringLiteral("&Edit..."), Needs::kOne, &LabelListFrame::Edit);
+  AddEntry(*line, QStringLiteral("&Rename..."), Needs::kSome, &LabelListFrame::Rename);
+  AddEntry(*line, QStringLiteral("&Delete"), Needs::kSome, &LabelListFrame::Delete);
+  line->addStretch();
+  return line;
+}
+
+void LabelListFrame::AddEntry(QHBoxLayout& line, const QString& text, Needs needs,
+                              void (LabelListFrame::*act)()) {
   auto* const button = new QPushButton(text, this);
+  // All of them beside each other in a narrow window.
+  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(text) + kButtonPadding);
+  auto* const action = new QAction(text, table_);
   connect(button, &QPushButton::clicked, this, [this, act] { (this->*act)(); });
+  connect(action, &QAction::triggered, this, [this, act] { (this->*act)(); });
   line.addWidget(button);
-  return button;
+  table_->addAction(action);
+  entries_.push_back({button, action, needs});
+}
+
+bool LabelListFrame::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == table_->viewport() && event->type() == QEvent::Resize) {
+    note_->resize(static_cast<QResizeEvent*>(event)->size());
+  }
+  return ToolFrame::eventFilter(watched, event);
 }
 
 void LabelListFrame::Follow(CSonadexView* view) {
@@ -116,11 +189,17 @@ void LabelListFrame::Follow(CSonadexView* view) {
   Refresh();
 }
 
-// The same row stays selected: after a deletion the label that took its place.
+// The same rows stay chosen: after a deletion the label that took the place.
 void LabelListFrame::Refresh() {
-  const int row = ChosenRow();
+  const std::vector<int> rows = ChosenRows();
   model_.Show(view_);
-  if (row >= 0 && model_.rowCount() > 0) table_->selectRow(std::min(row, model_.rowCount() - 1));
+  ShowTiers();
+  ChooseAgain(rows);
+}
+
+void LabelListFrame::ChooseAgain(const std::vector<int>& rows) {
+  if (rows.empty() || model_.rowCount() == 0) return;
+  table_->selectRow(std::min(rows.front(), model_.rowCount() - 1));
 }
 
 void LabelListFrame::Play() {
@@ -129,24 +208,75 @@ void LabelListFrame::Play() {
 
 void LabelListFrame::Zoom() { Apply(ZoomToLabel); }
 void LabelListFrame::Edit() { Apply(EditListedLabel); }
-void LabelListFrame::Delete() { Apply(DeleteListedLabel); }
+void LabelListFrame::Rename() { Apply(RenameListedLabels); }
+void LabelListFrame::Delete() { Apply(DeleteListedLabels); }
 
 // The focus alone makes the first row the current one, which chooses nothing.
-int LabelListFrame::ChosenRow() const {
-  return table_->selectionModel()->hasSelection() ? table_->currentIndex().row() : -1;
+std::vector<int> LabelListFrame::ChosenRows() const {
+  std::vector<int> rows;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
+    rows.push_back(index.row());
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+bool LabelListFrame::MayApply() const {
+  return view_ != nullptr && !view_->services().sound.Sound().recordingHere;
 }
 
 void LabelListFrame::Apply(RowAction action) {
-  const int chosen = ChosenRow();
-  if (view_ == nullptr || chosen < 0) return;
-  if (view_->services().sound.Sound().recordingHere) return;
+  const std::vector<int> chosen = ChosenRows();
+  if (chosen.size() != 1 || !MayApply()) return;
   // A copy: the action brings the list up to date.
-  const LabelListRow row = model_.row(chosen);
+  const LabelListRow row = model_.row(chosen.front());
   host_.Run(*view_, [&] { action(*view_, row); });
 }
 
-void LabelListFrame::ShowButtons() {
-  for (QPushButton* const button : buttons_) button->setEnabled(ChosenRow() >= 0);
+void LabelListFrame::Apply(RowsAction action) {
+  std::vector<LabelListRow> rows;
+  for (const int row : ChosenRows()) rows.push_back(model_.row(row));
+  if (rows.empty() || !MayApply()) return;
+  host_.Run(*view_, [&] { action(*view_, rows); });
+}
+
+void LabelListFrame::Filter() {
+  model_.Filter(Typed(search_->text()), tier_->currentData().toInt());
+}
+
+// A column is sorted upward, then downward, then as the labels are stored.
+void LabelListFrame::SortByNext(int column) {
+  QHeaderView& header = *table_->horizontalHeader();
+  const bool shown = header.isSortIndicatorShown();
+  const bool again = shown && header.property("column").toInt() == column;
+  const bool downward = again && header.property("downward").toBool();
+  header.setProperty("column", column);
+  header.setProperty("downward", again && !downward);
+  header.setSortIndicatorShown(!downward);
+  const Qt::SortOrder order = again ? Qt::DescendingOrder : Qt::AscendingOrder;
+  header.setSortIndicator(column, order);
+  model_.sort(downward ? kAsStored : column, order);
+}
+
+void LabelListFrame::ShowTiers() {
+  const QSignalBlocker quiet(tier_);
+  const LabelListing& listing = model_.listing();
+  tier_->clear();
+  tier_->addItem(QStringLiteral("All tiers"), -1);
+  for (const auto& [slot, name] : listing.tiers()) tier_->addItem(Shown(name), slot);
+  tier_->setCurrentIndex(std::max(tier_->findData(listing.tier()), 0));
+}
+
+void LabelListFrame::ShowState() {
+  const std::size_t chosen = ChosenRows().size();
+  for (const Entry& entry : entries_) {
+    const bool enabled = entry.needs == Needs::kOne ? chosen == 1 : chosen > 0;
+    entry.button->setEnabled(enabled);
+    entry.action->setEnabled(enabled);
+  }
+  const bool empty = model_.rowCount() == 0;
+  note_->setText(empty ? Shown(model_.listing().EmptyText()) : QString());
+  note_->setVisible(empty);
 }
 
 QRect LabelListFrame::DefaultPlace() const {

@@ -10,7 +10,11 @@
 #include "desktop/display_option_frame.h"
 #include "desktop/label_list_frame.h"
 #include "desktop/log_frame.h"
+#include "desktop/main_view_area.h"
+#include "desktop/main_view_widget.h"
+#include "desktop/phonetic_chart.h"
 #include "desktop/qt_progress.h"
+#include "desktop/sound/record_play_frame.h"
 #include "desktop/sound/sound_windows.h"
 #include "desktop/tool_icon.h"
 #include "mainview/commands.h"
@@ -42,6 +46,12 @@ CMainFrame::CMainFrame(DesktopServices services)
       pointerStatus_(*statusBar()),
       displayOptions_(new CDisplayOptionFrame(this, *this)),
       labelList_(new LabelListFrame(this, *this, services_.application.host.application.labelList)),
+      phoneticChart_(new PhoneticChart(this,
+                                       [this](const std::string& sign) {
+                                         CChildFrame* const frame = activeFrame();
+                                         if (frame != nullptr)
+                                           frame->area().picture().TakeSign(sign);
+                                       })),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
       soundWindows_(new SoundWindows(*this, *this, services_)) {
   setWindowTitle(QStringLiteral("Cantorix"));
@@ -145,6 +155,7 @@ std::string CMainFrame::PageOfWindow() const {
   if (active == labelList_) return "labellist.html";
   if (active == log_) return "log.html";
   if (active == displayOptions_) return "options.html";
+  if (active == &soundWindows_->recordPlay()) return "recordplay.html";
   const CSonadexView* const view = activeView();
   if (view == nullptr) return kManualIndex;
   if (analysisWindows_ == nullptr) return "mainview.html";

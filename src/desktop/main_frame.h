@@ -27,6 +27,7 @@ class CDisplayOptionFrame;
 class CFrameLog;
 class DocumentOutput;
 class LabelListFrame;
+class PhoneticChart;
 class SoundWindows;
 
 // main_frame.cpp holds its windows, main_frame_events.cpp what happens to them.
@@ -75,6 +76,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   std::string PageOfWindow() const;
   void ShowLog();
   void ShowLabelList();
+  void TogglePhoneticChart();
   void ShowDisplayOptions();
   void ShowRecordPlayOptions();
   void ToggleToolBar();
@@ -83,6 +85,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CommandActions& actions() { return actions_; }
   CDisplayOptionFrame& displayOptions() { return *displayOptions_; }
   LabelListFrame& labelList() { return *labelList_; }
+  PhoneticChart& phoneticChart() { return *phoneticChart_; }
   CFrameLog& log() { return *log_; }
   SoundWindows& soundWindows() { return *soundWindows_; }
   Desks& desks() { return desks_; }
@@ -97,6 +100,8 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;
+  bool phoneticChartShown() const override;
+  void ShowContextMenu(const std::vector<std::vector<Command>>& groups, const QPoint& at) override;
   void Said(CSonadexView& view, const std::string& text) override;
   LogSink* openLog() override;
   void Run(CSonadexView& view, const std::function<void()>& action) override;
@@ -130,6 +135,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   PointerStatus pointerStatus_;
   CDisplayOptionFrame* displayOptions_;
   LabelListFrame* labelList_;
+  PhoneticChart* phoneticChart_;
   CFrameLog* log_;
   std::unique_ptr<SoundWindows> soundWindows_;
   AnalysisWindows* analysisWindows_ = nullptr;

@@ -17,6 +17,7 @@
 #include "desktop/main_frame.h"
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
+#include "desktop/phonetic_chart.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_windows.h"
@@ -53,6 +54,10 @@ void CMainFrame::ShowLog() {
 }
 
 void CMainFrame::ShowLabelList() { BringForward(*labelList_); }
+
+void CMainFrame::TogglePhoneticChart() { phoneticChart_->Toggle(); }
+
+bool CMainFrame::phoneticChartShown() const { return phoneticChart_->isVisible(); }
 
 void CMainFrame::ShowDisplayOptions() { BringForward(*displayOptions_); }
 
@@ -145,6 +150,19 @@ void CMainFrame::Said(CSonadexView& view, const std::string& text) {
 }
 
 void CMainFrame::Perform(Command command) { actions_.ActionOf(command).trigger(); }
+
+void CMainFrame::ShowContextMenu(const std::vector<std::vector<Command>>& groups,
+                                 const QPoint& at) {
+  if (services_.progress.running() || groups.empty()) return;
+  Refresh();
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const auto& group : groups) {
+    if (!menu->isEmpty()) menu->addSeparator();
+    for (const Command command : group) menu->addAction(&actions_.ActionOf(command));
+  }
+  menu->popup(at);
+}
 
 LogSink* CMainFrame::openLog() {
   auto& log = services_.application.log;

@@ -1,6 +1,7 @@
 // main_view_widget.cpp - input as calls of the view's functions.
 #include "desktop/main_view_widget.h"
 
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -13,6 +14,7 @@
 #include "desktop/picture_keys.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_keys.h"
+#include "mainview/context_commands.h"
 #include "mainview/document_waveform.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_typing.h"
@@ -51,6 +53,10 @@ std::optional<KeyScroll> ScrollOf(int key) {
   }
 }
 
+Snap SnapOf(const QMouseEvent& event) {
+  return event.modifiers().testFlag(Qt::AltModifier) ? Snap::kOff : Snap::kOn;
+}
+
 // A pointer on the line between two pixels belongs to the one on its left and top.
 std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::floor(coordinate)); }
 
@@ -64,7 +70,8 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
       canvas_(std::make_unique<MainViewCanvas>(view, waveform)),
       played_(*this, PlayCursor::Look::kPlayed, [this](double ms) { return PlaceOf(ms); }),
       pointed_(*this, PlayCursor::Look::kPointed, [this](double ms) { return PlaceOf(ms); }),
-      field_(new LabelField([this](const auto& action) { Pass(action); }, this)) {
+      field_(new LabelField([this](const auto& action) { Pass(action); },
+                            [this] { return host_.phoneticChartShown(); }, this)) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
@@ -73,6 +80,11 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
 }
 
 MainViewWidget::~MainViewWidget() = default;
+
+void MainViewWidget::TakeSign(const std::string& sign) {
+  if (field_->isVisible()) return field_->insert(Shown(sign));
+  Pass([&](CSonadexView& view) { BeginTyping(view, sign); });
+}
 
 void MainViewWidget::Refresh() {
   update();
@@ -125,7 +137,8 @@ void MainViewWidget::mouseMoveEvent(QMouseEvent* event) {
     ShowShape(at);
     return TellPointed(at);
   }
-  Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y())); });
+  const Snap snap = SnapOf(*event);
+  Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y()), snap); });
 }
 
 // An edge of the selection can be pulled.
@@ -155,7 +168,8 @@ void MainViewWidget::TellPointed(const QPointF& at) {
 void MainViewWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const QPointF at = event->position();
-  Pass([&](CSonadexView& view) { ReleaseMouse(view, Pixel(at.x()), Pixel(at.y())); });
+  const Snap snap = SnapOf(*event);
+  Pass([&](CSonadexView& view) { ReleaseMouse(view, Pixel(at.x()), Pixel(at.y()), snap); });
 }
 
 // The second press of a double click is a press like any other; on a label it plays that, too.
@@ -223,9 +237,27 @@ bool MainViewWidget::BeginsLabel(const QKeyEvent& event) {
 }
 
 void MainViewWidget::PassKey(QKeyEvent& event) {
+  if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier) {
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+    return contextMenuEvent(&asked);
+  }
   if (const PictureKey* const key = PictureKeyOf(event)) return Pass(key->act);
   if (const auto command = PictureCommandOf(event)) return host_.Perform(*command);
   QWidget::keyPressEvent(&event);
+}
+
+void MainViewWidget::ShowMenu(const QPoint& at) {
+  Pass([&](CSonadexView& view) {
+    if (!KeepTyping(view)) return;
+    host_.ShowContextMenu(ContextCommands(view, at.x(), at.y()), mapToGlobal(at));
+  });
+}
+
+void MainViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+  if (view_ == nullptr || !begun_) return;
+  if (event->reason() != QContextMenuEvent::Keyboard) return ShowMenu(event->pos());
+  const PixelPoint at = ContextPoint(*view_);
+  ShowMenu({at.x, at.y});
 }
 
 // Tab is a key of the picture like any other.

@@ -24,6 +24,8 @@ class MainViewWidget : public QWidget {
 
   // The view has been laid out for the first time.
   void ViewBegun() { begun_ = true; }
+  // A sign of the phonetic chart, for the label that is typed; without one it begins one.
+  void TakeSign(const std::string& sign);
   // The view has changed: draws it, and the field of the label that is typed.
   void Refresh();
   // The view is about to go: nothing is passed on or drawn any more.
@@ -43,6 +45,7 @@ class MainViewWidget : public QWidget {
   void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
@@ -52,6 +55,7 @@ class MainViewWidget : public QWidget {
   void Pass(const std::function<void(CSonadexView&)>& action);
   // A letter in label entry mode. False for another key.
   bool BeginsLabel(const QKeyEvent& event);
+  void ShowMenu(const QPoint& at);
   void PassKey(QKeyEvent& event);
   void TurnSteps(QWheelEvent& event, int steps);
   std::optional<QLine> PlaceOf(double ms) const;

@@ -44,6 +44,7 @@ constexpr std::array kIcons{
     IconRow{Command::kSmooth, "smooth"},
     IconRow{Command::kSetReferenceOfAll, "reference"},
     IconRow{Command::kLabelEntryMode, "label_entry"},
+    IconRow{Command::kPhoneticChart, "phonetic_chart"},
     IconRow{Command::kViewLabels, "label_list"},
     IconRow{Command::kHelpTopics, "help"},
 };

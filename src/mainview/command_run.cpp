@@ -33,7 +33,7 @@ bool LeavesTypingOpen(const CommandRow& row) {
     case Menu::kRecordPlay:
       return row.id != Command::kRecord;
     default:
-      return row.id == Command::kNewLabel;
+      return row.id == Command::kNewLabel || row.id == Command::kPhoneticChart;
   }
 }
 

@@ -90,6 +90,7 @@ enum class Command {
   kPreviousLabel,
   kNextTier,
   kPreviousTier,
+  kPhoneticChart,
   kSetTiers,
   kImportLabels,
   kImportLabelFile,

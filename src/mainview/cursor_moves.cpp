@@ -83,6 +83,7 @@ void GiveBack(CSonadexView& view) {
   CChannel& channel = view.channel();
   view.press = {};
   view.labelEntry.pressedLabel = -1;
+  view.labelEntry.snapMs.reset();
   SetCursorAtPoint(view.document(), press.before.cursor);
   channel.dragPoint = press.before.dragPoint;
   SelectBetween(channel, press.before.selectionStart, press.before.selectionEnd);

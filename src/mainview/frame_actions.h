@@ -42,6 +42,7 @@ class FrameActions {
 
   // Floating windows and logs
   virtual void ShowLabelList() = 0;
+  virtual void TogglePhoneticChart() = 0;
   virtual void ShowDisplayOptions() = 0;
   virtual void NewLog() = 0;
   virtual void OpenLog() = 0;

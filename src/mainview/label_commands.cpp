@@ -1,6 +1,7 @@
 // label_commands.cpp - one change of one label.
 #include "mainview/label_commands.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "document/label.h"
@@ -23,6 +24,18 @@ class LabelEdit : public ViewEdit {
 };
 
 void Remove(Tier& tier, int index) { tier.labels.erase(tier.labels.begin() + index); }
+
+void RemoveAll(Tier& tier, std::vector<int> indices) {
+  std::sort(indices.begin(), indices.end());
+  auto next = indices.begin();
+  int index = 0;
+  std::erase_if(tier.labels, [&](const Label&) {
+    const bool goes = next != indices.end() && *next == index;
+    if (goes) ++next;
+    ++index;
+    return goes;
+  });
+}
 
 }  // namespace
 
@@ -73,6 +86,27 @@ void DeleteLabel(CSonadexView& view, int tier, int index) {
   if (FindLabel(view, tier, index) == nullptr) return;
   const LabelEdit edit(view);
   Remove(*FindTier(view, tier), index);
+}
+
+void SetLabelTexts(CSonadexView& view, const std::vector<LabelText>& texts) {
+  if (texts.empty()) return;
+  const LabelEdit edit(view);
+  for (const LabelText& text : texts) {
+    Label* const label = FindLabel(view, text.tier, text.index);
+    if (label != nullptr) label->text = text.text;
+  }
+}
+
+void DeleteLabels(CSonadexView& view, const std::vector<LabelText>& labels) {
+  if (labels.empty()) return;
+  const LabelEdit edit(view);
+  for (int tier = 0; tier < kTierCount; ++tier) {
+    std::vector<int> gone;
+    for (const LabelText& label : labels) {
+      if (label.tier == tier) gone.push_back(label.index);
+    }
+    RemoveAll(*FindTier(view, tier), std::move(gone));
+  }
 }
 
 void AskToEditLabel(CSonadexView& view, int tier, int index) {

@@ -21,7 +21,7 @@ void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y);
 // The pressed label's copy follows the pointer.
 void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
 // The end of a press in label entry mode. A dragged label stays where it was dropped.
-void DropDraggedLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
+void DropDraggedLabel(CSonadexView& view);
 // A click on a label asks for its new content or to delete it, one on empty tier space for a new
 // label.
 void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y);
@@ -35,6 +35,14 @@ void EditLabel(CSonadexView& view, int tier, int index, Label edited);
 // The label keeps its place among those of its tier.
 void MoveLabel(CSonadexView& view, int tier, int index, double ms, double verticalPosition);
 void DeleteLabel(CSonadexView& view, int tier, int index);
+// Many in one edit, each named once. Labels keep their places.
+struct LabelText {
+  int tier = 0;
+  int index = 0;
+  std::string text;
+};
+void SetLabelTexts(CSonadexView& view, const std::vector<LabelText>& texts);
+void DeleteLabels(CSonadexView& view, const std::vector<LabelText>& labels);
 // The "Label entry" dialog for a label that exists: edits or deletes it. For one that would have no
 // text the user is asked whether to delete it; a new one without text is not added.
 void AskToEditLabel(CSonadexView& view, int tier, int index);

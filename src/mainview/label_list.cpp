@@ -6,14 +6,11 @@
 #include "mainview/view_commands.h"
 
 namespace cantorix {
-namespace {
 
 bool IsUpToDate(CSonadexView& view, const LabelListRow& row) {
   const Label* const label = FindLabel(view, row.tier, row.index);
   return label != nullptr && label->text == row.text && label->timeMs == row.timeMs;
 }
-
-}  // namespace
 
 std::vector<LabelListRow> LabelListRows(const CSonadexDoc& document) {
   std::vector<LabelListRow> rows;

@@ -24,6 +24,9 @@ inline constexpr DocumentChanges kLabelListChanges =
 // One row per label of the tiers in use, from the top tier down, within a tier in stored order.
 std::vector<LabelListRow> LabelListRows(const CSonadexDoc& document);
 
+// Whether the row's label is still where it was.
+bool IsUpToDate(CSonadexView& view, const LabelListRow& row);
+
 // Shows the stretch of the zoom option around the row's label.
 void ZoomToLabel(CSonadexView& view, const LabelListRow& row);
 // The "Label entry" dialog for the row's label, and its deletion. A row whose label is no longer

@@ -6,6 +6,8 @@
 #include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_layout.h"
+#include "mainview/label_moves.h"
+#include "mainview/label_snap.h"
 #include "mainview/label_typing.h"
 #include "mainview/time_axis.h"
 
@@ -61,16 +63,22 @@ void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y) {
 void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
   const int tier = view.labelEntry.currentTier;
   if (FindTier(view, tier) == nullptr) return;
-  view.labelEntry.label.timeMs = TimeUnder(view, x);
-  view.labelEntry.label.verticalPosition = VerticalPositionAt(view.layout.tier(tier), y);
+  LabelEntryState& entry = view.labelEntry;
+  const double ms = TimeUnder(view, x);
+  entry.snapMs = view.press.snaps ? SnapTime(view, tier, ms) : std::nullopt;
+  entry.label.timeMs = entry.snapMs.value_or(ms);
+  entry.label.verticalPosition = VerticalPositionAt(view.layout.tier(tier), y);
 }
 
-void DropDraggedLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
+void DropDraggedLabel(CSonadexView& view) {
   LabelEntryState& entry = view.labelEntry;
   const bool dragged = std::exchange(view.press.draggedLabel, false) && view.press.moved;
   if (!entry.enabled || !dragged || FindTier(view, entry.currentTier) == nullptr) return;
-  MoveLabel(view, entry.currentTier, std::exchange(entry.pressedLabel, -1), TimeUnder(view, x),
-            VerticalPositionAt(view.layout.tier(entry.currentTier), y));
+  entry.snapMs.reset();
+  const Label dropped = entry.label;
+  const int index = std::exchange(entry.pressedLabel, -1);
+  MoveLabel(view, entry.currentTier, index, dropped.timeMs, dropped.verticalPosition);
+  SelectLabel(view, entry.currentTier, index);
 }
 
 void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y) {

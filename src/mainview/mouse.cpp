@@ -129,8 +129,9 @@ void PressToExtend(CSonadexView& view, std::int32_t x, std::int32_t y) {
   MoveMouse(view, x, y);
 }
 
-void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
+void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y, Snap snap) {
   if (!view.press.held) return;
+  view.press.snaps = snap == Snap::kOn;
   if (view.press.edge && !MovedFar(view.press.x, x)) return;
   ViewEdit edit(view, Playback::kGoesOn);
   if (view.press.edge) PullEdge(view);
@@ -138,8 +139,9 @@ void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
   edit.ByPointer({MousePhase::kMove, view.pressedMs});
 }
 
-void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
+void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y, Snap snap) {
   if (!view.press.held) return;
+  view.press.snaps = snap == Snap::kOn;
   if (view.press.edge) MoveMouse(view, x, y);
   // The edge was clicked, not pulled.
   if (view.press.edge) PressPlainly(view, view.press.x, view.press.y);
@@ -148,7 +150,7 @@ void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y) {
     FollowPointer(view, x, y);
     view.press.held = false;
     edit.ByPointer({MousePhase::kRelease, view.pressedMs});
-    DropDraggedLabel(view, x, y);
+    DropDraggedLabel(view);
     if (view.labelEntry.enabled) view.Say(TypingHint(view));
   }
   // The window is up to date before a dialog opens.

@@ -17,8 +17,10 @@ void PressMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
 // With Shift: the nearer edge of the selection, or from the cursor on a new one, goes there and
 // follows the pointer.
 void PressToExtend(CSonadexView& view, std::int32_t x, std::int32_t y);
-void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
-void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y);
+// A dragged label snaps (label_snap.h) or not.
+enum class Snap { kOn, kOff };
+void MoveMouse(CSonadexView& view, std::int32_t x, std::int32_t y, Snap snap = Snap::kOn);
+void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y, Snap snap = Snap::kOn);
 
 // On behalf of another window; no label is touched.
 void PressAtTime(CSonadexView& view, double ms);

@@ -52,6 +52,7 @@ struct PressState {
   std::int32_t y = 0;
   bool moved = false;         // more than kClickPixels away at least once
   bool draggedLabel = false;  // the press took a label along, so that nothing is selected
+  bool snaps = true;          // the label comes to rest at what is near
   Marks before = {};          // of the press
   // The edge of the selection that the press may pull; a plain click there places the cursor.
   std::optional<SelectionEdge> edge = {};

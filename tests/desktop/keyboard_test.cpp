@@ -1,9 +1,13 @@
 // keyboard_test.cpp - keys of the pictures, and labels typed in the main view, as the user has
 // them.
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
 
 #include "desktop/analysis_fixture.h"
 #include "desktop/label_field.h"
+#include "desktop/phonetic_chart.h"
 #include "document/label.h"
 #include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
@@ -134,6 +138,62 @@ TEST_F(Keyboard, ShiftAndTheEdgesWorkUnderThePointer) {
   QTest::mouseClick(&Picture(), Qt::LeftButton, Qt::ShiftModifier, {edge + 40, 300});
   EXPECT_EQ(view->channel().selectionStart.ms, fixed);
   EXPECT_GT(view->channel().selectionEnd.ms, 3000.0);
+}
+
+TEST_F(Keyboard, TheContextMenuHasTheActionsOfTheMenuBar) {
+  Select(*view, 1000.0, 3000.0);
+  const auto menu = [] {
+    auto* const open = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QStringList texts;
+    for (const QAction* const action : open->actions()) {
+      texts << (action->isSeparator() ? "--"
+                                      : action->text() + (action->isEnabled() ? "" : "(off)"));
+    }
+    open->close();
+    return Typed(texts.join(' '));
+  };
+  const std::string onSelection =
+      "Selection Play Selection -- Cu&t &Copy -- Spectrogram Selection FFT/LPC Selection Pitch "
+      "Selection -- Display";
+  QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {250, 200}, {250, 200});
+  QApplication::sendEvent(&Picture(), &byMouse);
+  EXPECT_EQ(menu(), onSelection);
+  Key(Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_EQ(menu(), onSelection);
+  EXPECT_TRUE(view->selectionShown());
+}
+
+TEST_F(Keyboard, TheChartGivesSignsByClickAndByTwoKeys) {
+  Perform(Command::kLabelEntryMode);
+  Click(200);
+  Type("n=");
+  Key(Qt::Key_F9);
+  PhoneticChart& chart = frame.phoneticChart();
+  EXPECT_TRUE(chart.isVisible() && Field().hasFocus());
+  const auto cell = [&chart](const char* name) {
+    for (QToolButton* const button : chart.findChildren<QToolButton*>()) {
+      if (button->accessibleName() == name) return button;
+    }
+    throw std::runtime_error(name);
+  };
+  EXPECT_EQ(cell("voiced velar nasal")->toolTip(),
+            "<p style='white-space:pre'>voiced velar nasal: n then =</p>");
+  EXPECT_EQ(cell("voiceless")->text().size(), 2) << "on a circle";
+  for (const QToolButton* const button : chart.findChildren<QToolButton*>()) {
+    EXPECT_EQ(button->size(), QSize(24, 24));
+  }
+  cell("mid central vowel")->click();
+  Type("n=");
+  EXPECT_EQ(Typed(Field().text()), "n=\xC9\x99\xC5\x8B");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Labels(), "n=\xC9\x99\xC5\x8B undo");
+  cell("voiced velar nasal")->click();
+  EXPECT_EQ(Typed(Field().text()), "\xC5\x8B");
+  Key(Qt::Key_Escape);
+  Key(Qt::Key_F9);
+  EXPECT_FALSE(chart.isVisible());
+  Type("n=");
+  EXPECT_EQ(Field().text(), "n=");
 }
 
 // In the other windows plain and Shift arrows keep what they do.

@@ -4,6 +4,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -149,6 +152,54 @@ TEST_F(ToolWindows, TheLabelListShowsLabelsAndZoomsEditsAndDeletesTheRowThatIsCh
   list.table().selectRow(0);
   ButtonOf(list, "&Delete").click();
   ExpectText("desktop/expected/LabelList.txt", seen + TableSheet(list.table()));
+  view.document().SetModified(false);
+}
+
+TEST_F(ToolWindows, TheLabelListSortsFiltersAndChangesManyRows) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kViewLabels);
+  LabelListFrame& list = frame.labelList();
+  QTableView& table = list.table();
+  const auto order = [&] {
+    return Text(table, 0, 2) + ' ' + Text(table, 1, 2) + ' ' + Text(table, 2, 2);
+  };
+  const auto clickHeader = [&](int column) {
+    const QHeaderView& header = *table.horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      {header.sectionViewportPosition(column) + 5, header.height() / 2});
+    return order();
+  };
+  EXPECT_EQ(order(), "L* L% L*");
+  EXPECT_EQ(clickHeader(1), "i L* L%");
+  EXPECT_EQ(clickHeader(1), "L% H* a");
+  EXPECT_EQ(clickHeader(1), "L* L% L*");
+  EXPECT_EQ(clickHeader(2), "a a a\xC9\xAA");
+  list.tier().setCurrentIndex(1);
+  EXPECT_EQ(order(), "H% H% H%");
+  QTest::keyClicks(&list.search(), "l*");
+  EXPECT_EQ(table.model()->rowCount(), 4);
+  EXPECT_FALSE(list.note().isVisible());
+  QTest::keyClicks(&list.search(), "x");
+  EXPECT_TRUE(list.note().isVisible());
+  EXPECT_EQ(list.note().text(), "No label matches 'l*x' (21 hidden).");
+  list.search().setText("l*");
+  table.selectAll();
+  const auto enabled = [&] {
+    std::string text;
+    for (const QAction* const action : table.actions()) text += action->isEnabled() ? 'x' : '.';
+    return text;
+  };
+  EXPECT_EQ(enabled(), "...xx");
+  dialogs.texts.WillGive({"L", "low "});
+  ButtonOf(list, "&Rename...").click();
+  EXPECT_EQ(table.model()->rowCount(), 0);
+  list.search().setText("low");
+  EXPECT_EQ(order(), "low * low * low *");
+  table.selectRow(0);
+  EXPECT_EQ(enabled(), "xxxxx");
+  table.selectAll();
+  table.actions().back()->trigger();
+  EXPECT_EQ(LabelListRows(view.document()).size(), 17U);
   view.document().SetModified(false);
 }
 

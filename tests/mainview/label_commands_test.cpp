@@ -148,6 +148,36 @@ TEST_F(LabelCommandsTest, DraggedLabelStaysWhereItIsDropped) {
   EXPECT_EQ(tier(kWords).labels[1].verticalPosition, 0.25);
 }
 
+// 10 ms to a pixel: a label of "breaks" at 4000 ms, the cursor at 1000, the selection's end at
+// 8000.
+TEST_F(LabelCommandsTest, ADraggedLabelSnapsToWhatIsNear) {
+  AddLabel(document, kBreaks, 4000.0, "b");
+  AddLabel(document, 0, 9000.0, "of a tier that is not in use");
+  tier(0).inUse = false;
+  ToggleLabelEntry(view);
+  const auto drop = [this](std::int32_t ms, Snap snap = Snap::kOn) {
+    const auto from = static_cast<std::int32_t>(tier(kWords).labels[0].timeMs / 10.0);
+    PressMouse(view, 40 + from + 2, 28);
+    MoveMouse(view, 40 + from + 50, 28, snap);
+    MoveMouse(view, 40 + ms / 10, 28, snap);
+    const bool marked = view.labelEntry.snapMs.has_value();
+    ReleaseMouse(view, 40 + ms / 10, 28, snap);
+    EXPECT_FALSE(view.labelEntry.snapMs);
+    return Joined(tier(kWords).labels[0].timeMs, marked ? "snapped" : "free");
+  };
+  EXPECT_EQ(drop(3950), "4000 snapped");
+  EXPECT_EQ(drop(4060), "4060 free");
+  EXPECT_EQ(drop(4040, Snap::kOff), "4040 free");
+  EXPECT_EQ(drop(6010), "6010 free") << "of its own tier";
+  EXPECT_EQ(drop(9010), "9010 free");
+  PlaceMarker(view, 1000.0);
+  EXPECT_EQ(drop(1050), "1000 snapped");
+  SelectSpan(view, 3980.0, 8000.0);
+  EXPECT_EQ(drop(7960), "8000 snapped");
+  SelectSpan(view, 3980.0, 8000.0);
+  EXPECT_EQ(drop(3985), "3980 snapped") << "the nearest of two";
+}
+
 TEST_F(LabelCommandsTest, FirstOfOverlappingLabelsIsPressed) {
   AddLabel(document, kWords, 2010.0, "hidden");
   const auto hit = [this](std::int32_t x) {

@@ -205,8 +205,11 @@ void DrawDraggedLabel(QPainter& painter, const Scene& scene) {
   DrawTierLabels(painter, TierOf(scene, index), place, DraggedLabelOf(view, index), scene.style);
   DrawLabel(painter, view.labelEntry.label, place, scene.style);
   const double x = scene.time.X(view.labelEntry.label.timeMs);
-  painter.setPen(QPen(scene.style.selectionEdge, scene.style.hairline, Qt::DashLine));
-  painter.drawLine(QLineF(x, place.strip.bottom, x, scene.DataBottom()));
+  // Where it has snapped to something the line goes through everything.
+  const bool snapped = view.labelEntry.snapMs.has_value();
+  painter.setPen(QPen(scene.style.selectionEdge, scene.style.hairline,
+                      snapped ? Qt::SolidLine : Qt::DashLine));
+  painter.drawLine(QLineF(x, snapped ? 0.0 : place.strip.bottom, x, scene.DataBottom()));
 }
 
 void PaintBackground(QPainter& painter, const Scene& scene) {
