@@ -71,6 +71,10 @@ TEST_F(Frame, AFurtherWindowSharesStretchAndSelection) {
   EXPECT_TRUE(first.selectionShown());
   // The first of two windows closes without a question, also of a modified document.
   second.document().SetModified(true);
+  {
+    const ProgressScope runs(progress, "something", 1.0);
+    EXPECT_FALSE(frame.activeFrame()->close());
+  }
   frame.activeFrame()->close();
   EXPECT_THAT(Titles(), testing::Contains("vowels.qrv[*]"));
   first.document().SetModified(false);

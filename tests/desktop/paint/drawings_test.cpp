@@ -57,13 +57,14 @@ void Zoomed(QPainter& painter, AnalysedRecording& analysed, PixelSize size) {
   Draw(painter, analysed, StyleOf(PaletteKind::kLight));
 }
 
-// More samples and entries of the tracks than pixels.
+// More samples and entries of the tracks than pixels; the marker at the very beginning.
 void ZoomedOut(QPainter& painter, AnalysedRecording& analysed, PixelSize) {
   CChannel& channel = analysed.recording.channel();
   channel.totalLength *= 20.0;
   channel.totalDurationMs *= 20.0;
   channel.ShowWholeFile();
   channel.tiers[0].labels[1].timeMs *= 20.0;
+  analysed.recording.view.SetMarker();
   Draw(painter, analysed, BlackOnWhite());
 }
 

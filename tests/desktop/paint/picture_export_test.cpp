@@ -9,7 +9,7 @@
 #include "desktop/paint/main_view_painter.h"
 #include "desktop/paint/paint_fixture.h"
 #include "desktop/paint/picture_layout.h"
-#include "platform/file_error.h"
+#include "platform/file_fixture.h"
 #include "support/temporary_folder.h"
 
 namespace cantorix {
@@ -58,9 +58,12 @@ TEST_F(PictureExport, AFailureLeavesTheEarlierFile) {
   const auto fail = [](QPainter&) { throw FileError("The disk store could not be read."); };
   EXPECT_THROW(ExportPicture(Path("a.png"), QSize(10, 10), 1.0, fail), FileError);
   EXPECT_EQ(BytesOf(Path("a.png")), earlier);
-  EXPECT_THROW(Export("a.gif"), FileError);
+  EXPECT_EQ(ReasonOf([&] { Export("a.gif"); }), "The name must end in .png, .bmp, .svg or .pdf.");
   EXPECT_THROW(Export("missing/a.png"), FileError);
-  EXPECT_THROW(ExportPicture(Path("b.png"), QSize(0, 10), 1.0, [](QPainter&) {}), FileError);
+  EXPECT_EQ(ReasonOf([&] {
+              ExportPicture(Path("b.png"), {0, 10}, 1.0, [](QPainter&) {});
+            }),
+            "The picture has no size.");
   EXPECT_FALSE(QFile::exists(QString::fromStdString(Path("b.png"))));
 }
 
