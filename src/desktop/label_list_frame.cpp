@@ -191,10 +191,17 @@ void LabelListFrame::Follow(CSonadexView* view) {
 
 // The same rows stay chosen: after a deletion the label that took the place.
 void LabelListFrame::Refresh() {
+  stale_ = view_ != nullptr && !isVisible();
+  if (stale_) return;
   const std::vector<int> rows = ChosenRows();
   model_.Show(view_);
   ShowTiers();
   ChooseAgain(rows);
+}
+
+void LabelListFrame::showEvent(QShowEvent* event) {
+  ToolFrame::showEvent(event);
+  if (stale_) Refresh();
 }
 
 void LabelListFrame::ChooseAgain(const std::vector<int>& rows) {

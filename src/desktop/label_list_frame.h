@@ -64,6 +64,7 @@ class LabelListFrame : public ToolFrame {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   QRect DefaultPlace() const override;
 
  private:
@@ -100,6 +101,7 @@ class LabelListFrame : public ToolFrame {
   QComboBox* tier_;
   QLabel* note_;
   std::vector<Entry> entries_;
+  bool stale_ = false;  // labels have changed while nobody could see it
 };
 
 }  // namespace cantorix

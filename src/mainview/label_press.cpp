@@ -1,4 +1,5 @@
 // label_press.cpp - the mouse in label entry mode, and what it hits in the tiers.
+#include <cmath>
 #include <utility>
 
 #include "document/label.h"
@@ -18,10 +19,14 @@ double TimeUnder(const CSonadexView& view, std::int32_t x) {
   return PixelToTime(view.channel(), view.layout.axisWidth(), x - kLeftMargin).ms;
 }
 
+constexpr double kLongestText = 4000.0;  // pixels; a label further off cannot reach the point
+
 // The first label whose box holds the point.
 void HitTestTier(CSonadexView& view, int tier, std::int32_t x, std::int32_t y) {
+  const AxisScale time = TimeAxisOf(view.channel(), view.layout.axisWidth());
   for (int i = 0; FindLabel(view, tier, i) != nullptr; ++i) {
     const Label& label = *FindLabel(view, tier, i);
+    if (std::abs(time.X(label.timeMs) - x) > kLongestText) continue;
     if (!Contains(LabelRectangle(view, tier, label), x, y)) continue;
     view.labelEntry.pressedLabel = view.labelEntry.selectedLabel = i;
     view.labelEntry.label = label;
