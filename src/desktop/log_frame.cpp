@@ -13,6 +13,7 @@
 
 #include "app/log_documents.h"
 #include "desktop/qt_text.h"
+#include "desktop/table_menu.h"
 #include "desktop/table_rows.h"
 
 namespace cantorix {
@@ -37,6 +38,10 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   connect(copy, &QPushButton::clicked, this, [this] { CopyRows(); });
   connect(remove, &QPushButton::clicked, this, [this] { DeleteRows(); });
   table_->installEventFilter(this);
+  GiveContextMenu(*table_,
+                  {{QStringLiteral("&Copy"), [this] { CopyRows(); }},
+                   {QStringLiteral("&Delete"), [this] { DeleteRows(); }},
+                   {QStringLiteral("Select &All"), [this] { table_->selectAll(); }, false}});
 }
 
 bool CFormLog::eventFilter(QObject* watched, QEvent* event) {

@@ -5,8 +5,10 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "desktop/qt_text.h"
 
@@ -120,7 +122,9 @@ void PhoneticChart::showEvent(QShowEvent* event) {
   placed_ = true;
   adjustSize();
   const QRect owner = parentWidget()->geometry();
-  move(owner.bottomRight() - QPoint(width() + 40, height() + 170));
+  const QRect there = screen()->availableGeometry();
+  const QPoint wanted = owner.bottomRight() - QPoint(width() + 40, height() + 170);
+  move(std::max(wanted.x(), there.left()), std::max(wanted.y(), there.top()));
 }
 
 }  // namespace cantorix

@@ -20,8 +20,9 @@ void ToggleLabelEntry(CSonadexView& view);
 void HitTestLabels(CSonadexView& view, std::int32_t x, std::int32_t y);
 // The pressed label's copy follows the pointer.
 void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y);
-// The end of a press in label entry mode. A dragged label stays where it was dropped.
-void DropDraggedLabel(CSonadexView& view);
+// The end of a press in label entry mode. A dragged label stays where it was dropped; its index, -1
+// when there was none.
+int DropDraggedLabel(CSonadexView& view);
 // A click on a label asks for its new content or to delete it, one on empty tier space for a new
 // label.
 void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y);

@@ -7,7 +7,6 @@
 #include "mainview/label_commands.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_layout.h"
-#include "mainview/label_moves.h"
 #include "mainview/label_snap.h"
 #include "mainview/label_typing.h"
 #include "mainview/time_axis.h"
@@ -75,15 +74,15 @@ void DragLabel(CSonadexView& view, std::int32_t x, std::int32_t y) {
   entry.label.verticalPosition = VerticalPositionAt(view.layout.tier(tier), y);
 }
 
-void DropDraggedLabel(CSonadexView& view) {
+int DropDraggedLabel(CSonadexView& view) {
   LabelEntryState& entry = view.labelEntry;
   const bool dragged = std::exchange(view.press.draggedLabel, false) && view.press.moved;
-  if (!entry.enabled || !dragged || FindTier(view, entry.currentTier) == nullptr) return;
+  if (!entry.enabled || !dragged || FindTier(view, entry.currentTier) == nullptr) return -1;
   entry.snapMs.reset();
   const Label dropped = entry.label;
   const int index = std::exchange(entry.pressedLabel, -1);
   MoveLabel(view, entry.currentTier, index, dropped.timeMs, dropped.verticalPosition);
-  SelectLabel(view, entry.currentTier, index);
+  return index;
 }
 
 void FinishLabelClick(CSonadexView& view, std::int32_t x, std::int32_t y) {

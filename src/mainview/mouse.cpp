@@ -145,14 +145,17 @@ void ReleaseMouse(CSonadexView& view, std::int32_t x, std::int32_t y, Snap snap)
   if (view.press.edge) MoveMouse(view, x, y);
   // The edge was clicked, not pulled.
   if (view.press.edge) PressPlainly(view, view.press.x, view.press.y);
+  int dropped = -1;
   {
     ViewEdit edit(view, Playback::kGoesOn);
     FollowPointer(view, x, y);
     view.press.held = false;
     edit.ByPointer({MousePhase::kRelease, view.pressedMs});
-    DropDraggedLabel(view);
+    dropped = DropDraggedLabel(view);
     if (view.labelEntry.enabled) view.Say(TypingHint(view));
   }
+  // A change of labels leaves none selected; what was dropped is, when it is drawn.
+  if (dropped >= 0) view.labelEntry.selectedLabel = dropped;
   // The window is up to date before a dialog opens.
   FinishLabelClick(view, x, y);
 }

@@ -155,6 +155,31 @@ TEST_F(ToolWindows, TheLabelListShowsLabelsAndZoomsEditsAndDeletesTheRowThatIsCh
   view.document().SetModified(false);
 }
 
+TEST_F(ToolWindows, TheLogHasAMenuOfItsRows) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kLogNew);
+  Select(view, 100.0, 350.5);
+  for (int i = 0; i < 3; ++i) Perform(Command::kEnterDuration);
+  QTableView& table = frame.log().form().table();
+  const auto menu = [&table] {
+    QString text;
+    for (const QAction* const action : table.actions()) {
+      text += action->text() + (action->isEnabled() ? " " : "(off) ");
+    }
+    return text;
+  };
+  EXPECT_EQ(menu(), "&Copy(off) &Delete(off) Select &All ");
+  table.selectRow(1);
+  EXPECT_EQ(menu(), "&Copy &Delete Select &All ");
+  table.actions()[1]->trigger();
+  EXPECT_EQ(table.model()->rowCount(), 2);
+  table.actions()[2]->trigger();
+  table.actions()[1]->trigger();
+  EXPECT_EQ(table.model()->rowCount(), 0);
+  EXPECT_EQ(menu(), "&Copy(off) &Delete(off) Select &All ");
+  app.log.reset();
+}
+
 TEST_F(ToolWindows, TheLabelListSortsFiltersAndChangesManyRows) {
   CSonadexView& view = OpenSample();
   Perform(Command::kViewLabels);

@@ -9,6 +9,7 @@
 #include "mainview/editing.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_list.h"
+#include "mainview/label_moves.h"
 #include "mainview/listening.h"
 #include "mainview/mouse.h"
 #include "mainview/view_commands.h"
@@ -142,6 +143,7 @@ TEST_F(LabelCommandsTest, DraggedLabelStaysWhereItIsDropped) {
   EXPECT_FALSE(view.selectionShown() || view.press.draggedLabel);
   EXPECT_EQ(Words(), "one@7000 two@6000");
   EXPECT_EQ(tier(kWords).labels[0].verticalPosition, 1.0);
+  EXPECT_EQ(SelectedLabel(view), 0);
 
   PressMouse(view, 40 + 605, 28);
   DragTo(40 + 605, 10);  // up only
