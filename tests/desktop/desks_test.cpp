@@ -227,6 +227,8 @@ TEST_F(DesksTest, CascadeAndTileAreNobodysChoice) {
   EXPECT_EQ(spectrogram.geometry(), QRect(QPoint(56, 56), size));
   EXPECT_EQ(app.host.application.mainView.width, 0);
   EXPECT_EQ(app.host.application.spectrogram.width, 0);
+  Perform(Command::kArrangeAnalyses);
+  EXPECT_EQ(MainOf(b).geometry().united(spectrogram.geometry()), Area()) << "no half any more";
   // Too small for two.
   frame.resize(1000, 700);
   Perform(Command::kTile);

@@ -74,7 +74,7 @@ TEST_F(Dialogs, TheGenericDialogShowsWhatWouldComeOut) {
 TEST_F(Dialogs, AreAsApproved) {
   Label label = LabelOf("H*");
   label.font.Set(-17, 700, false, false, "<b>Sans</b>");
-  label.colour = 0x2010d0;
+  label.colour = 0x2111d1;
   LabelDialog entry(prompts, {}, false, nullptr);
   LabelDialog edit(prompts, label, true, nullptr);
   TiersDialog tiers(prompts, {{{"tones", 20, true}, {"words", 0, false}}}, nullptr);
@@ -90,7 +90,7 @@ TEST_F(Dialogs, AreAsApproved) {
   EXPECT_EQ(FieldOf<QLineEdit>(edit, "Enter Label (255 characters maximum):")->selectedText(),
             "H*");
   const QPushButton* const colour = edit.findChildren<QPushButton*>()[1];
-  EXPECT_EQ(colour->icon().pixmap(14).toImage().pixelColor(7, 7), QColor(0xd0, 0x10, 0x20));
+  EXPECT_EQ(colour->icon().pixmap(14).toImage().pixelColor(7, 7), QColor(0xd1, 0x11, 0x21));
 }
 
 // Bytes are counted, and a two-byte character is not cut in its middle.

@@ -44,6 +44,7 @@ TEST_F(ViewInput, TheLeftButtonPlacesTheMarkerAndSelectsUnderThePointer) {
   EXPECT_DOUBLE_EQ(view.channel().cursor.ms, TimeAt(view, 420));
   QTest::mousePress(&Picture(), Qt::LeftButton, {}, {500, 200});
   QTest::mouseMove(&Picture(), {400, 200});
+  EXPECT_DOUBLE_EQ(view.channel().dragPoint.ms, TimeAt(view, 400)) << "the rubber band";
   QTest::mouseRelease(&Picture(), Qt::LeftButton, {}, {400, 200});
   EXPECT_TRUE(view.selectionShown());
   EXPECT_DOUBLE_EQ(view.channel().selectionStart.ms, TimeAt(view, 400));
