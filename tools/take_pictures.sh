@@ -29,14 +29,14 @@ openbox 2>/dev/null &
 started+=($!)
 sleep 1
 
-# begin FILE: starts the program on a recording, with its pitch.
-begin() {
+# start FILE: starts the program on a recording; begin FILE: with its pitch.
+start() {
   (cd "$work" && exec "$program" -style fusion "$1" 2>/dev/null) &
   running=$!
   started+=("$running")
   sleep 3
-  keys ctrl+l
 }
+begin() { start "$1"; keys ctrl+l; }
 end() { kill "$running"; wait "$running" 2>/dev/null || true; }
 keys() { for key in "$@"; do xdotool key "$key"; sleep 0.5; done; sleep 0.5; }
 drag() { xdotool mousemove "$1" "$3" mousedown 1; sleep 0.2; xdotool mousemove $((($1 + $2) / 2)) "$3"; sleep 0.2; xdotool mousemove "$2" "$3" mouseup 1; sleep 0.5; }
@@ -44,6 +44,39 @@ drag() { xdotool mousemove "$1" "$3" mousedown 1; sleep 0.2; xdotool mousemove $
 shoot_window() { import -window "$(xdotool search --onlyvisible --name "^$1\$" | tail -1)" "PNG8:$out/$2.png"; }
 click() { xdotool mousemove "$1" "$2" click 1; sleep 0.6; }
 shoot() { import -window root -colors 255 "PNG8:$out/$1.png"; }
+
+# The steps of the manual's first hour.
+start vowels.qrv
+drag 72 248 400
+shoot hour-open
+keys Escape ctrl+l ctrl+g
+sleep 1
+xdotool mousemove 640 700
+sleep 1
+shoot hour-look
+click 157 250
+keys ctrl+f
+sleep 1
+shoot hour-measure
+keys ctrl+shift+w ctrl+Tab ctrl+shift+w
+keys alt+t Up Up Up Up Up Return alt+4 Return
+keys alt+t Return ctrl+Down ctrl+Down
+click 157 400
+xdotool type low
+keys Return
+click 583 400
+xdotool type falls
+sleep 1
+shoot hour-label
+keys Return alt+t Return alt+l Return
+drag 72 248 400
+keys ctrl+d
+click 157 400
+click 157 400
+keys ctrl+m alt+l Up Return
+sleep 1
+shoot hour-log
+end
 
 begin vowels.qrv
 click 700 300
@@ -53,21 +86,28 @@ keys ctrl+d
 shoot main-view
 keys alt+l Down Down Down Down Down Return
 shoot log
-keys alt+t Down Return
+keys alt+t Up Up Up Up Up Return
 shoot tiers
 keys Escape alt+t Return
 click 900 128
 shoot label-entry
-keys Escape alt+o Down Down Down Down Return
+keys Escape alt+o Down Down Down Down Down Return
 shoot pitch-options
 end
 
 begin Front_Center.wav
-click 300 300
-click 300 300
+click 1101 300
+click 1101 300
 keys ctrl+f
+# What the hints offer.
+click 1529 144
+sleep 1
 shoot spectrum
 keys ctrl+g
+sleep 1
+shoot hint
+click 949 523
+sleep 2
 shoot spectrogram
 keys alt+a Up Return
 shoot pitch
