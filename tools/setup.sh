@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|desktop|tests|checks|bench|fixtures...
+# usage: tools/setup.sh build|desktop|tests|checks|package|pictures|manual|bench|fixtures|fuzz...
 set -euo pipefail
 
 packages=()
