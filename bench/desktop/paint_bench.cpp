@@ -1,5 +1,5 @@
 // paint_bench.cpp - pictures of a window of 1920 x 1080: the main view of a 10-hour recording in a
-// disk store at several zooms, and the cursor dragged over a spectrogram.
+// disk store at several zooms, all its windows together, and the cursor dragged over a spectrogram.
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -9,6 +9,7 @@
 
 #include "desktop/paint/cached_picture.h"
 #include "desktop/paint/main_view_painter.h"
+#include "desktop/paint/pitch_painter.h"
 #include "desktop/paint/spectrogram_image.h"
 #include "desktop/paint/spectrogram_painter.h"
 #include "desktop/quiet_host.h"
@@ -108,6 +109,49 @@ BENCHMARK(RepaintTenHours)
     ->Arg(10'000)
     ->Arg(1'000)
     ->Arg(50)
+    ->Unit(benchmark::kMillisecond);
+
+// The windows of one recording at the sizes that they have side by side, without what is kept of
+// them: main view, spectrogram with formants, pitch.
+void RepaintGroup(benchmark::State& state) {
+  Recording& recording = TenHours();
+  CSonadexView& view = recording.view;
+  CChannel& channel = recording.document.channel();
+  const double length = static_cast<double>(state.range(0)) * 0.001 * kRateHz;
+  channel.visibleStart.samples = (channel.totalLength - length) / 2.0;
+  channel.visibleEnd.samples = channel.visibleStart.samples + length;
+  view.LayOut({1910, 386});
+  Recording short_(4);
+  CSpectrogramView spectrogram(short_.document);
+  short_.document.settings.spectrogram.displayFormants = 1;
+  spectrogram.ComputeSpectrogram({0.0, 64000.0}, {1860, 220, true});
+  const QImage levels = SpectrogramImage(spectrogram.spectrogram(), 35.0, ColorMap::kGrey);
+  QImage screen = Screen();
+  const PaintStyle style = StyleOf(PaletteKind::kLight);
+  for (auto _ : state) {
+    QPainter painter(&screen);
+    PaintMainView(painter, {view, recording.waveform.Pyramid()}, style);
+    PaintSpectrogram(painter, {spectrogram, levels, nullptr, {1910, 270}, SpectrogramCursor{}, {}},
+                     style);
+    PaintPitch(painter,
+               {.document = recording.document,
+                .pitch = view.pitch,
+                .waveform = nullptr,
+                .client = {1910, 180},
+                .startMs = channel.visibleStart.ms,
+                .endMs = channel.visibleEnd.ms,
+                .cursorMs = {},
+                .selection = {}},
+               style);
+  }
+  view.LayOut(kClient);
+}
+BENCHMARK(RepaintGroup)
+    ->Arg(36'000'000)
+    ->Arg(600'000)
+    ->Arg(60'000)
+    ->Arg(30'000)
+    ->Arg(7'000)
     ->Unit(benchmark::kMillisecond);
 
 void DragOverMainView(benchmark::State& state) {

@@ -2,6 +2,7 @@
 #include "analysis/intensity_track.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "analysis/frame_span.h"
@@ -12,6 +13,12 @@ namespace cantorix {
 LevelTrack::LevelTrack(std::vector<double> levels, double stepSamples, double windowSamples,
                        std::int64_t length)
     : levels_(std::move(levels)), step_(stepSamples), window_(windowSamples), length_(length) {}
+
+const TrackSummary& LevelTrack::Summary() const {
+  constexpr double kNoFloor = -std::numeric_limits<double>::infinity();
+  if (!summary_) summary_ = std::make_shared<const TrackSummary>(levels_, kNoFloor);
+  return *summary_;
+}
 
 double LevelTrack::operator[](std::int64_t k) const {
   const auto count = static_cast<std::int64_t>(levels_.size());

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "analysis/sample_range.h"
+#include "analysis/track_summary.h"
 
 namespace cantorix {
 
@@ -24,12 +26,15 @@ class LevelTrack {
 
   const std::vector<double>& levels() const { return levels_; }
   double stepSamples() const { return step_; }
+  // Of the levels, made when it is first asked for; silent frames count as none.
+  const TrackSummary& Summary() const;
 
  private:
   std::vector<double> levels_;
   double step_ = 0.0;
   double window_ = 0.0;
   std::int64_t length_ = 0;
+  mutable std::shared_ptr<const TrackSummary> summary_;
 };
 
 struct IntensityResult {

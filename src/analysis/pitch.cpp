@@ -65,6 +65,17 @@ bool RunCepstral(const SampleSource& samples, double totalSamples, const Cepstra
 
 std::int64_t PitchResult::count() const { return PitchValid ? Truncate(PitchFrameCount) : 0; }
 
+std::span<const double> PitchResult::entries() const {
+  return std::span(PitchTrack).first(static_cast<std::size_t>(count()));
+}
+
+const TrackSummary& PitchResult::Summary() const {
+  if (!summary || summary->size() != entries().size()) {
+    summary = std::make_shared<const TrackSummary>(entries(), 0.0);
+  }
+  return *summary;
+}
+
 double PitchResult::TimeMs(std::int64_t i, double msPerSample) const {
   const double a = range.start * msPerSample;
   const double b = range.end * msPerSample;

@@ -4,11 +4,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "analysis/sample_range.h"
+#include "analysis/track_summary.h"
 #include "platform/progress.h"
 #include "platform/sample_source.h"
 
@@ -22,9 +25,13 @@ struct PitchResult {
   bool PitchValid = false;
   SampleRange range;           // the stretch that was analysed
   bool badParameters = false;  // failed for want of working memory: show kBadParametersText
+  mutable std::shared_ptr<const TrackSummary> summary;
 
   // Entries of the track; 0 without a valid one.
   std::int64_t count() const;
+  std::span<const double> entries() const;
+  // Of the voiced entries, made when it is first asked for; the entries stay as they are then.
+  const TrackSummary& Summary() const;
   // Position of entry i in ms: the entries divide the stretch evenly.
   double TimeMs(std::int64_t i, double msPerSample) const;
 };

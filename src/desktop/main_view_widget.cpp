@@ -10,7 +10,9 @@
 
 #include "analysisview/pointed.h"
 #include "desktop/label_field.h"
+#include "desktop/paint/empty_panes.h"
 #include "desktop/paint/main_view_canvas.h"
+#include "desktop/paint/picture_axis.h"
 #include "desktop/picture_keys.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_keys.h"
@@ -107,8 +109,10 @@ void MainViewWidget::paintEvent(QPaintEvent*) {
   if (!canvas_ || !begun_) return painter.fillRect(rect(), palette().window());
   const PaintStyle style = StyleFor(palette());
   canvas_->Paint(painter, style);
+  DrawEmptyPanes(painter, *view_, style);
   pointed_.Draw(painter, style);
   played_.Draw(painter, style);
+  if (hasFocus()) DrawFocusRing(painter, rect(), style);
 }
 
 std::optional<QLine> MainViewWidget::PlaceOf(double ms) const {

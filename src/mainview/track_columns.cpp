@@ -1,9 +1,8 @@
-// track_columns.cpp - the entries around a column, and their extent.
+// track_columns.cpp - the entries around a column.
 #include "mainview/track_columns.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace cantorix {
 namespace {
@@ -15,28 +14,16 @@ std::size_t FirstFrom(const TrackPlace& place, double x, std::size_t size) {
   return i < static_cast<double>(size) ? static_cast<std::size_t>(i) : size;
 }
 
-ValueExtent ExtentAbove(std::span<const double> values, double floor) {
-  constexpr double kNone = std::numeric_limits<double>::infinity();
-  double low = kNone;
-  double high = -kNone;
-  for (const double value : values) {
-    if (!(value > floor)) continue;
-    low = std::min(low, value);
-    high = std::max(high, value);
-  }
-  return low <= high ? ValueExtent{low, high} : ValueExtent{};
-}
-
 }  // namespace
 
-std::vector<ValueExtent> TrackColumns(std::span<const double> values, const TrackPlace& place,
-                                      std::size_t count, double floor) {
-  std::vector<ValueExtent> columns(count);
-  std::size_t first = FirstFrom(place, 0.0, values.size());
+std::vector<TrackSpread> TrackColumns(const TrackSummary& track, const TrackPlace& place,
+                                      std::size_t count) {
+  std::vector<TrackSpread> columns(count);
+  std::size_t first = FirstFrom(place, 0.0, track.size());
   for (std::size_t c = 0; c < count; ++c) {
     const std::size_t last =
-        std::max(FirstFrom(place, static_cast<double>(c + 1), values.size()), first);
-    columns[c] = ExtentAbove(values.subspan(first, last - first), floor);
+        std::max(FirstFrom(place, static_cast<double>(c + 1), track.size()), first);
+    if (last > first) columns[c] = track.Of(first, last);
     first = last;
   }
   return columns;

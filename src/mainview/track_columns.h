@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "analysis/track_summary.h"
+
 namespace cantorix {
 
 // Entry i stands at column first + i * step (step > 0).
@@ -15,18 +17,10 @@ struct TrackPlace {
   double X(double i) const { return first + i * step; }
 };
 
-// Smallest and largest value in a column; `low` above `high`: no value there.
-struct ValueExtent {
-  double low = 0.0;
-  double high = -1.0;
-
-  bool empty() const { return low > high; }
-};
-
-// The extents of the entries above `floor` that stand in each of `count` columns; NaN and values up
-// to the floor count as none. Column c holds the entries at [c, c + 1).
-std::vector<ValueExtent> TrackColumns(std::span<const double> values, const TrackPlace& place,
-                                      std::size_t count, double floor);
+// How the entries that stand in each of `count` columns are spread. Column c holds the entries at
+// [c, c + 1).
+std::vector<TrackSpread> TrackColumns(const TrackSummary& track, const TrackPlace& place,
+                                      std::size_t count);
 
 // The half-open range of entries that stand in [from, to), with one more on either side, so that a
 // line through them runs on to the edges.

@@ -103,27 +103,39 @@ TEST_F(TrackLookup, LaterEntriesWeighMoreInTheMeanIsKept) {
   }
 }
 
-TEST(TrackColumns, HoldTheEntriesThatStandInThem) {
+// Against sorting each column's values.
+TEST(TrackColumns, TellHowTheEntriesThatStandInThemAreSpread) {
   const double nan = std::numeric_limits<double>::quiet_NaN();
-  std::vector<double> values(1000);
+  std::vector<double> values(9000);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = i % 7 == 0 ? 0.0 : i % 11 == 0 ? nan : 100.0 + 50.0 * std::sin(double(i));
+    values[i] = i % 7 == 0 || i % 900 < 40 ? 0.0
+                : i % 11 == 0              ? nan
+                                           : 100.0 + 50.0 * std::sin(double(i * i));
   }
+  const TrackSummary summary(values, 0.0);
   for (const TrackPlace place :
-       {TrackPlace{0.0, 0.1}, TrackPlace{-40.3, 0.37}, TrackPlace{12.0, 0.05}, TrackPlace{0.0, 3.0},
-        TrackPlace{5000.0, 1.0}}) {
-    const auto columns = TrackColumns(values, place, 90, 0.0);
+       {TrackPlace{0.0, 0.01}, TrackPlace{-40.3, 0.037}, TrackPlace{12.0, 0.0005},
+        TrackPlace{0.0, 3.0}, TrackPlace{5000.0, 1.0}}) {
+    const auto columns = TrackColumns(summary, place, 90);
     for (std::size_t c = 0; c < columns.size(); ++c) {
-      ValueExtent expected;
+      std::vector<double> inside;
       for (std::size_t i = 0; i < values.size(); ++i) {
         const double x = place.X(static_cast<double>(i));
-        if (std::floor(x) != static_cast<double>(c) || !(values[i] > 0.0)) continue;
-        const bool first = expected.empty();
-        expected.low = first ? values[i] : std::min(expected.low, values[i]);
-        expected.high = first ? values[i] : std::max(expected.high, values[i]);
+        if (std::floor(x) == static_cast<double>(c) && values[i] > 0.0) inside.push_back(values[i]);
       }
-      EXPECT_EQ(columns[c].low, expected.low) << place.step << ' ' << c;
-      EXPECT_EQ(columns[c].high, expected.high) << place.step << ' ' << c;
+      std::ranges::sort(inside);
+      ASSERT_EQ(columns[c].count, static_cast<std::int64_t>(inside.size()))
+          << place.step << ' ' << c;
+      if (inside.empty()) continue;
+      const auto expected = [&](double part) {
+        return inside[static_cast<std::size_t>(
+            std::llround(part * static_cast<double>(inside.size() - 1)))];
+      };
+      const double near = summary.binWidth() * 1.001;
+      EXPECT_NEAR(columns[c].low, expected(0.1), near) << place.step << ' ' << c;
+      EXPECT_NEAR(columns[c].middle, expected(0.5), near) << place.step << ' ' << c;
+      EXPECT_NEAR(columns[c].high, expected(0.9), near) << place.step << ' ' << c;
+      EXPECT_NEAR(columns[c].most, inside.back(), near) << place.step << ' ' << c;
     }
   }
 }

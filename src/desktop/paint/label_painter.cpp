@@ -3,6 +3,7 @@
 
 #include <QFontMetrics>
 #include <algorithm>
+#include <vector>
 
 #include "desktop/paint/picture_text.h"
 #include "desktop/qt_text.h"
@@ -11,7 +12,8 @@
 namespace cantorix {
 namespace {
 
-constexpr double kLineGap = 2.0;         // pixels
+constexpr double kLineGap = 2.0;  // pixels
+constexpr double kTick = 5.0;
 constexpr double kLongestText = 4000.0;  // pixels; a label further outside cannot reach in
 
 // Black, the colour of a fresh label, is the palette's own ink.
@@ -47,12 +49,27 @@ void DrawLine(QPainter& painter, double x, const TierPlace& place, const PaintSt
   painter.drawLine(QLineF(x, place.strip.bottom, x, place.lineBottom));
 }
 
-void DrawTextOf(QPainter& painter, const Label& label, const TierPlace& place, const QFont& font,
-                const PaintStyle& style) {
-  const QString text = Shown(label.text);
+// Where a label has no line, its time is marked at the bottom of its tier.
+void DrawTick(QPainter& painter, double x, const TierPlace& place, const PaintStyle& style) {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(QPen(style.labelLine, style.hairline));
+  painter.drawLine(QLineF(x, place.strip.bottom - kTick, x, place.strip.bottom));
+}
+
+PixelRect BoxOf(const Label& label, const TierPlace& place, const QFont& font) {
   const QFontMetrics metrics(font);
-  const PixelRect box =
-      LabelBox(label, {metrics.horizontalAdvance(text), metrics.height()}, place.strip, place.time);
+  return LabelBox(label, {metrics.horizontalAdvance(Shown(label.text)), metrics.height()},
+                  place.strip, place.time);
+}
+
+// `end`: the pixel where the text of another label begins.
+void DrawTextOf(QPainter& painter, const Label& label, const PixelRect& box, const QFont& font,
+                double end, const PaintStyle& style) {
+  QString text = Shown(label.text);
+  if (box.right > end) {
+    text = QFontMetrics(font).elidedText(text, Qt::ElideRight,
+                                         static_cast<int>(end - box.left - kLineGap));
+  }
   // Off its own line.
   const double shift = label.flag == 0 || label.alignment == kAlignCentre ? 0.0
                        : label.alignment == kAlignRight                   ? -kLineGap
@@ -69,6 +86,44 @@ void DrawEdge(QPainter& painter, const QRectF& box, const PaintStyle& style) {
   painter.setPen(QPen(style.selectionEdge, 2.0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(box.adjusted(1.0, 1.0, -1.0, -1.0));
+}
+
+struct PlacedLabel {
+  const Label* label;
+  PixelRect box;
+};
+
+// Those that reach into the strip, by the left edges of their texts; of labels that stand at the
+// same pixels only the first.
+std::vector<PlacedLabel> PlacedLabels(const Tier& tier, const TierPlace& place, int without,
+                                      LabelFonts& fonts) {
+  std::vector<PlacedLabel> placed;
+  double placedX = -2.0 * kLongestText;
+  double placedPosition = 0.0;
+  for (std::size_t i = 0; i < tier.labels.size(); ++i) {
+    const Label& label = tier.labels[i];
+    const double x = place.time.X(label.timeMs);
+    if (static_cast<int>(i) == without || x < place.strip.left - kLongestText ||
+        x > place.strip.right + kLongestText) {
+      continue;
+    }
+    if (std::abs(x - placedX) < 1.0 && label.verticalPosition == placedPosition) continue;
+    placed.push_back({&label, BoxOf(label, place, fonts.Of(label.font))});
+    placedX = x;
+    placedPosition = label.verticalPosition;
+  }
+  std::ranges::stable_sort(placed, {}, [](const PlacedLabel& label) { return label.box.left; });
+  return placed;
+}
+
+// Where the next text in the same rows begins.
+double EndOfText(const std::vector<PlacedLabel>& labels, std::size_t index) {
+  const PixelRect& box = labels[index].box;
+  for (std::size_t i = index + 1; i < labels.size() && labels[i].box.left < box.right; ++i) {
+    const PixelRect& next = labels[i].box;
+    if (next.top < box.bottom && box.top < next.bottom) return next.left;
+  }
+  return box.right;
 }
 
 }  // namespace
@@ -111,24 +166,20 @@ void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip, 
 void DrawTierLabels(QPainter& painter, const Tier& tier, const TierPlace& place, int without,
                     const PaintStyle& style) {
   LabelFonts fonts;
+  const std::vector<PlacedLabel> labels = PlacedLabels(tier, place, without, fonts);
   painter.save();
-  double drawnX = -2.0 * kLongestText;
-  double drawnPosition = 0.0;
-  for (std::size_t i = 0; i < tier.labels.size(); ++i) {
-    const Label& label = tier.labels[i];
+  painter.setClipRect(QRectF(place.strip.left, place.strip.top,
+                             place.strip.right - place.strip.left,
+                             std::max(place.lineBottom - place.strip.top, 0.0)));
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    const Label& label = *labels[i].label;
     const double x = place.time.X(label.timeMs);
-    if (static_cast<int>(i) == without || x < place.strip.left - kLongestText ||
-        x > place.strip.right + kLongestText) {
-      continue;
+    if (label.flag != 0) {
+      DrawLine(painter, x, place, style);
+    } else {
+      DrawTick(painter, x, place, style);
     }
-    if (std::abs(x - drawnX) < 1.0 && label.verticalPosition == drawnPosition) continue;
-    painter.setClipRect(QRectF(place.strip.left, place.strip.top,
-                               place.strip.right - place.strip.left,
-                               std::max(place.lineBottom - place.strip.top, 0.0)));
-    if (label.flag != 0) DrawLine(painter, x, place, style);
-    DrawTextOf(painter, label, place, fonts.Of(label.font), style);
-    drawnX = x;
-    drawnPosition = label.verticalPosition;
+    DrawTextOf(painter, label, labels[i].box, fonts.Of(label.font), EndOfText(labels, i), style);
   }
   painter.restore();
 }
@@ -137,7 +188,8 @@ void DrawLabel(QPainter& painter, const Label& label, const TierPlace& place,
                const PaintStyle& style) {
   painter.save();
   if (label.flag != 0) DrawLine(painter, place.time.X(label.timeMs), place, style);
-  DrawTextOf(painter, label, place, FontOf(label.font), style);
+  const QFont font = FontOf(label.font);
+  DrawTextOf(painter, label, BoxOf(label, place, font), font, kLongestText * 100.0, style);
   painter.restore();
 }
 

@@ -26,8 +26,9 @@ void DrawTierStrip(QPainter& painter, const Tier& tier, const PixelRect& strip, 
 // A frame around the selected label.
 void DrawLabelFrame(QPainter& painter, const Label& label, const TierPlace& place,
                     const PaintStyle& style);
-// All labels but the one of index `without` (-1: none left out). A label is drawn whole while its
-// time is visible; of labels that stand at the same pixels only the first is.
+// All labels but the one of index `without` (-1: none left out), each with a tick at its time. A
+// label is drawn whole while its time is visible, but for an end that the next one would cover; of
+// labels that stand at the same pixels only the first is drawn.
 void DrawTierLabels(QPainter& painter, const Tier& tier, const TierPlace& place, int without,
                     const PaintStyle& style);
 void DrawLabel(QPainter& painter, const Label& label, const TierPlace& place,

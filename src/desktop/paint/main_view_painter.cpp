@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "desktop/paint/label_painter.h"
+#include "desktop/paint/legend.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/readout_painter.h"
@@ -117,6 +118,22 @@ void DrawCaptions(QPainter& painter, const Scene& scene) {
   caption(scene.pitch, QStringLiteral("Pitch (Hz)"), scene.style.pitch);
 }
 
+// Inside the pane, off the axis at its right edge.
+void DrawLevelsLegend(QPainter& painter, const Scene& scene) {
+  constexpr double kAxisRoom = 44.0;
+  constexpr double kLegendHeight = 15.0;
+  QColor plate = scene.style.pane;
+  plate.setAlpha(210);
+  const QRectF line(scene.audio.left() + kAxisRoom, scene.audio.top() + 2.0,
+                    scene.audio.width() - 2.0 * kAxisRoom, kLegendHeight);
+  DrawLegend(painter, line,
+             {{.mark = LegendEntry::Mark::kDashes,
+               .text = QStringLiteral("intensity (dB, right axis)"),
+               .color = scene.style.intensity,
+               .width = scene.style.curve}},
+             scene.style, plate);
+}
+
 void DrawZeroLine(QPainter& painter, const Scene& scene) {
   if (scene.audio.isEmpty()) return;
   painter.setPen(QPen(scene.style.zeroLine, scene.style.hairline));
@@ -188,11 +205,10 @@ void DrawSelectedLabel(QPainter& painter, const Scene& scene) {
 }
 
 // A line through all panes; dashed for the pointer of a window that does not track.
-void DrawCursor(QPainter& painter, const Scene& scene, double ms, Qt::PenStyle line) {
+void DrawCursor(QPainter& painter, const Scene& scene, double ms, CursorLook look) {
   const double x = scene.time.X(ms);
   if (x < scene.time.left || x > scene.time.right()) return;
-  painter.setPen(QPen(scene.style.cursor, scene.style.hairline, line));
-  painter.drawLine(QLineF(x, scene.client.top(), x, scene.timeStrip.top() + 3.0));
+  DrawCursorColumn(painter, x, scene.client.top(), scene.timeStrip.top() + 3.0, look, scene.style);
 }
 
 // The label under the mouse, where it would be put down; its old place shows the tier.
@@ -247,6 +263,7 @@ void PaintData(QPainter& painter, const Scene& scene, const WaveformPyramid& wav
       DrawInnerAxis(painter, pane, scene.levels,
                     ValueTicks(pane, scene.levels.low, scene.levels.high, style), style.intensity,
                     style);
+      DrawLevelsLegend(painter, scene);
     }
   }
   if (!scene.pitch.isEmpty()) {
@@ -266,8 +283,8 @@ void PaintOverlay(QPainter& painter, const Scene& scene) {
     DrawDraggedLabel(painter, scene);
     DrawSelectedLabel(painter, scene);
     if (view.selectionShown()) DrawSelection(painter, scene);
-    if (view.markerSet()) DrawCursor(painter, scene, view.channel().cursor.ms, Qt::SolidLine);
-    if (view.otherPointerMs) DrawCursor(painter, scene, *view.otherPointerMs, Qt::DashLine);
+    if (view.markerSet()) DrawCursor(painter, scene, view.channel().cursor.ms, CursorLook::kSolid);
+    if (view.otherPointerMs) DrawCursor(painter, scene, *view.otherPointerMs, CursorLook::kDashed);
   }
   painter.restore();
   DrawReadouts(painter, scene.readouts,

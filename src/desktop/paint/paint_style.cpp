@@ -27,7 +27,7 @@ PaintStyle Light() {
   style.zeroLine = QColor(0xb4, 0xbe, 0xcc);
   style.intensity = QColor(0xa8, 0x4b, 0x12);
   style.pitch = QColor(0x08, 0x74, 0x56);
-  style.cursor = QColor(0xc2, 0x18, 0x5b);
+  style.cursor = QColor(0x1a, 0x1a, 0x1a);
   style.played = QColor(0xc2, 0x6a, 0x00);
   style.pointed = QColor(0x6b, 0x72, 0x80);
   style.selection = QColor(0x2f, 0x7d, 0xf0, 46);
@@ -54,7 +54,7 @@ PaintStyle Dark() {
   style.zeroLine = QColor(0x47, 0x50, 0x5e);
   style.intensity = QColor(0xf2, 0xa5, 0x62);
   style.pitch = QColor(0x5c, 0xd4, 0xa6);
-  style.cursor = QColor(0xff, 0x6f, 0x9f);
+  style.cursor = QColor(0xff, 0xff, 0xff);
   style.played = QColor(0xff, 0xc2, 0x33);
   style.pointed = QColor(0x9a, 0xa3, 0xb2);
   style.selection = QColor(0x5a, 0x9c, 0xff, 56);
@@ -87,9 +87,10 @@ QColor Mixed(const QColor& from, const QColor& to, double part) {
 
 PaintStyle StyleOf(PaletteKind kind) {
   PaintStyle style = kind == PaletteKind::kDark ? Dark() : Light();
-  // On a spectrogram, which is the same under both palettes; the dots have a light rim.
-  style.formants = {QColor(0xd8, 0x1b, 0x3a), QColor(0xe0, 0x6c, 0x00), QColor(0x1f, 0x8a, 0x3d),
-                    QColor(0x1f, 0x5f, 0xd6), QColor(0x8e, 0x24, 0xaa)};
+  // On a spectrogram, which is the same under both palettes; the marks have rings. Any two of them
+  // differ by 29 (CIE76) or more, for colour-blind eyes, too (after Machado's matrices).
+  style.formants = {QColor(0xd7, 0x19, 0x1c), QColor(0xfd, 0xb1, 0x0b), QColor(0x00, 0x6d, 0x5b),
+                    QColor(0x5e, 0xc8, 0xf8), QColor(0x5e, 0x3c, 0x99)};
   style.font = PictureFont();
   return style;
 }

@@ -2,6 +2,7 @@
 #include "desktop/paint/picture_axis.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "desktop/paint/picture_text.h"
@@ -12,6 +13,12 @@ namespace {
 constexpr double kTick = 4.0;           // pixels
 constexpr double kTextGap = 3.0;        // between a tick and its text
 constexpr double kTextSpace = 16.0;     // between neighbouring texts of a horizontal axis
+constexpr double kLeastTickGap = 24.0;  // between ticks of a vertical axis
+constexpr double kLeastTimeGap = 60.0;  // and of a horizontal one, which has ticks
+constexpr double kMostTimeGap = 140.0;  // no further apart where steps allow it
+constexpr double kLeastTimeGapThen = 56.0;
+constexpr double kCursorDash = 3.0;
+constexpr double kFocusRing = 2.0;
 constexpr double kLeastGridPixels = 4;  // a denser grid would hide the picture
 
 QString Text(const AxisTick& tick) { return QString::fromStdString(tick.text); }
@@ -23,6 +30,9 @@ double WidestText(const std::vector<AxisTick>& ticks, const QFont& font) {
 }
 
 QFont TickFont(const PaintStyle& style) { return Resized(style.font, style.font.pixelSize() - 1); }
+
+// A place that was worked out from a pixel has lost its last digits.
+double PixelOf(double place) { return std::floor(place + 1e-6); }
 
 // A text's top when its middle should be at `middle`, moved into the pane.
 double TopOfText(const QRectF& pane, double middle, double height) {
@@ -58,9 +68,10 @@ std::vector<AxisTick> ValueTicks(const QRectF& pane, double low, double high,
                                  const PaintStyle& style, double gridStep) {
   const double height = TextSize(TickFont(style), QStringLiteral("0")).height();
   const AxisSpan span = ValueSpan(pane, low, high);
-  auto ticks = TicksEvery(span, StepBesideGrid(span, 2.2 * height, gridStep));
-  // A low pane has closer texts rather than a single one.
-  if (ticks.size() < 3) ticks = TicksEvery(span, StepBesideGrid(span, 1.2 * height, gridStep));
+  auto ticks = TicksEvery(span, StepBesideGrid(span, kLeastTickGap, gridStep));
+  // A low pane has closer texts rather than a single one, whatever its grid.
+  if (ticks.size() < 2) ticks = NiceTicks(span, 1.2 * height);
+  if (ticks.size() < 2) ticks = NiceTicks(span, 0.6 * height);
   return ticks;
 }
 
@@ -116,7 +127,11 @@ void DrawValueGrid(QPainter& painter, const QRectF& pane, const AxisSpan& span,
 std::vector<AxisTick> BottomTicks(const AxisScale& scale, std::int32_t timeBase,
                                   const PaintStyle& style) {
   const QFont font = TickFont(style);
-  double least = 40.0;
+  double least = kLeastTimeGap;
+  const AxisSpan span = scale.Span();
+  if (NiceStep(span, least) * span.pixels > kMostTimeGap * (span.high - span.low)) {
+    least = kLeastTimeGapThen;
+  }
   std::vector<AxisTick> ticks;
   // Wider texts need a longer step, which may need fewer decimals: it settles at once or twice.
   for (int round = 0; round < 4; ++round) {
@@ -168,6 +183,37 @@ void DrawVerticalGrid(QPainter& painter, const QRectF& pane, const AxisScale& sc
     const double x = scale.X(tick.value);
     painter.drawLine(QLineF(x, pane.top(), x, pane.bottom()));
   }
+}
+
+void DrawCursorColumn(QPainter& painter, double x, double top, double bottom, CursorLook look,
+                      const PaintStyle& style) {
+  const double column = PixelOf(x);
+  const double height = bottom - top;
+  painter.fillRect(QRectF(column - 1.0, top, 3.0, height), style.pane);
+  const double part = look == CursorLook::kDashed ? kCursorDash : height;
+  const int dashes = height > 0.0 ? static_cast<int>(std::ceil(height / (2.0 * part))) : 0;
+  for (int dash = 0; dash < dashes; ++dash) {
+    const double y = top + 2.0 * part * dash;
+    painter.fillRect(QRectF(column, y, 1.0, std::min(part, bottom - y)), style.cursor);
+  }
+}
+
+void DrawCursorRow(QPainter& painter, double y, double left, double right,
+                   const PaintStyle& style) {
+  const double row = PixelOf(y);
+  painter.fillRect(QRectF(left, row - 1.0, right - left, 3.0), style.pane);
+  painter.fillRect(QRectF(left, row, right - left, 1.0), style.cursor);
+}
+
+void DrawFocusRing(QPainter& painter, const QRectF& area, const PaintStyle& style) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(
+      QPen(style.selectionEdge, kFocusRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  const double half = kFocusRing / 2.0;
+  painter.drawRect(area.adjusted(half, half, -half, -half));
+  painter.restore();
 }
 
 void DrawPane(QPainter& painter, const QRectF& pane, const QColor& color) {

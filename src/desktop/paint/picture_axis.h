@@ -46,6 +46,16 @@ void DrawBottomAxis(QPainter& painter, const QRectF& strip, const AxisScale& sca
 void DrawVerticalGrid(QPainter& painter, const QRectF& pane, const AxisScale& scale,
                       const std::vector<AxisTick>& ticks, const QColor& color);
 
+// A line a pixel wide with a rim of the pane's colour on both sides: the cursor. `x` and `y` are
+// anywhere inside that pixel.
+enum class CursorLook { kSolid, kDashed };
+void DrawCursorColumn(QPainter& painter, double x, double top, double bottom, CursorLook look,
+                      const PaintStyle& style);
+void DrawCursorRow(QPainter& painter, double y, double left, double right, const PaintStyle& style);
+
+// Inside the edges of a window's `area` that has the keyboard.
+void DrawFocusRing(QPainter& painter, const QRectF& area, const PaintStyle& style);
+
 // The pane behind data, and the line around it.
 void DrawPane(QPainter& painter, const QRectF& pane, const QColor& color);
 void DrawFrame(QPainter& painter, const QRectF& pane, const PaintStyle& style);

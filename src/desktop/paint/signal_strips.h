@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QRectF>
+#include <optional>
 
 #include "analysis/intensity_track.h"
 #include "analysis/pitch.h"
@@ -36,10 +37,15 @@ AxisSpan DisplayedPitch(const PitchSettings& settings, const QRectF& pane);
 void DrawWaveform(QPainter& painter, const StripPlace& place, const AxisSpan& amplitude,
                   const CSonadexDoc& document, const WaveformPyramid& waveform,
                   const PaintStyle& style);
+// A dashed line; where there is more than one level per pixel, the highest of each column over a
+// band of most of them.
 void DrawIntensity(QPainter& painter, const StripPlace& place, const AxisSpan& levels,
                    const CChannel& channel, const PaintStyle& style);
-// Voiced entries as dots, neighbours joined.
+// A line 2 pixels wide through voiced neighbours that differ by less than a fifth, with `rim` on
+// both sides where it lies over an image; dots for entries that stand alone. From three entries per
+// pixel on, the median of each column in a band of 80 % of its entries.
 void DrawPitch(QPainter& painter, const StripPlace& place, const AxisSpan& hertz,
-               const PitchResult& pitch, double msPerSample, const PaintStyle& style);
+               const PitchResult& pitch, double msPerSample, const PaintStyle& style,
+               const std::optional<QColor>& rim = std::nullopt);
 
 }  // namespace cantorix

@@ -6,15 +6,16 @@
 #include <cmath>
 
 #include "analysisview/spectrogram_log.h"
+#include "desktop/paint/formant_marks.h"
 #include "desktop/paint/label_painter.h"
+#include "desktop/paint/legend.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 
 namespace cantorix {
 namespace {
 
-constexpr double kAbovePixels = 5.0;  // height of the mark of a formant above the picture
-constexpr double kLeastDotGap = 3.0;  // pixels between the columns whose formants are drawn
+constexpr double kLeastDotGap = 6.0;  // pixels between the columns whose formants are drawn
 
 const Spectrogram& LevelsOf(const SpectrogramPicture& picture) {
   return picture.view.spectrogram();
@@ -56,14 +57,6 @@ void DrawGrids(QPainter& painter, const QRectF& pane, const AxisScale& time, con
   }
 }
 
-// Points up from below the upper edge, where a formant lies above what is shown.
-void DrawFormantAbove(QPainter& painter, const QRectF& pane, double x) {
-  const double half = kAbovePixels * 0.5;
-  const double top = pane.top() + 1.0;
-  painter.drawPolygon(
-      QPolygonF({{x, top}, {x + half, top + kAbovePixels}, {x - half, top + kAbovePixels}}));
-}
-
 // The formants of every column, or of every so many when columns are closer than a dot.
 void DrawFormantDots(QPainter& painter, const QRectF& pane, const AxisScale& time,
                      const AxisSpan& hertz, const SpectrogramPicture& picture,
@@ -75,21 +68,20 @@ void DrawFormantDots(QPainter& painter, const QRectF& pane, const AxisScale& tim
   const auto step = static_cast<std::size_t>(std::max(std::ceil(kLeastDotGap / gap), 1.0));
   painter.save();
   painter.setClipRect(pane, Qt::IntersectClip);
-  painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(QPen(QColor(255, 255, 255, 200), 0.8));
+  FormantPlaces places;
   for (std::size_t c = 0; c < spectrogram.formants.size(); c += step) {
     const double x = time.X(spectrogram.StartOf(static_cast<std::int64_t>(c)) * msPerSample);
     for (std::size_t i = 0; i < kFormants; ++i) {
       const std::uint16_t hz = spectrogram.formants[c][i];
       if (hz == kNoFormantHz || hz == kSilentHz) continue;
-      painter.setBrush(style.formants[i]);
       if (hz > hertz.high) {
-        DrawFormantAbove(painter, pane, x);
-        continue;
+        DrawFormantAbove(painter, x, pane.top(), i, style);
+      } else {
+        places[i].emplace_back(x, YOf(pane, hertz, hz));
       }
-      painter.drawEllipse(QPointF(x, YOf(pane, hertz, hz)), style.dotRadius, style.dotRadius);
     }
   }
+  DrawFormantMarks(painter, places, style);
   painter.restore();
 }
 
@@ -172,6 +164,9 @@ void PaintSpectrogramData(QPainter& painter, const SpectrogramPicture& picture,
   DrawGrids(painter, pane, time, hertz, settings, timeTicks);
   if (settings.displayFormants != 0) {
     DrawFormantDots(painter, pane, time, hertz, picture, style);
+    if (!LevelsOf(picture).formants.empty()) {
+      DrawLegend(painter, LegendLine(layout.plot), FormantLegend(), style);
+    }
   }
   DrawValueUnit(painter, layout.plot, QStringLiteral("Hz"), style);
   DrawFrame(painter, pane, style);
@@ -189,8 +184,8 @@ void PaintSpectrogramOverlay(QPainter& painter, const SpectrogramPicture& pictur
   if (picture.cursor) {
     const QRectF pane = ToRectF(layout.plot);
     DrawWindowCursor(painter, layout, time, picture.cursor->ms, style);
-    DrawCursorRow(painter, layout, YOf(pane, FrequencySpan(picture, pane), picture.cursor->hz),
-                  style);
+    DrawWindowCursorRow(painter, layout,
+                        YOf(pane, FrequencySpan(picture, pane), picture.cursor->hz), style);
   }
   DrawReadoutLines(painter, layout, {CursorLine(picture), SelectionLine(picture)}, style);
 }

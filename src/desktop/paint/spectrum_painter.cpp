@@ -7,6 +7,7 @@
 
 #include "analysisview/fft_lpc_log.h"
 #include "desktop/paint/label_painter.h"
+#include "desktop/paint/legend.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/window_strips.h"
@@ -15,6 +16,8 @@ namespace cantorix {
 namespace {
 
 constexpr std::int32_t kReadoutLines = 3;
+constexpr double kFftWidth = 1.2;  // pixels
+constexpr double kLpcWidth = 2.0;
 
 QString Text(const std::string& text) { return QString::fromStdString(text); }
 QString OneDecimal(double value) { return QString::number(value, 'f', 1); }
@@ -121,15 +124,29 @@ void DrawCurves(QPainter& painter, const QRectF& pane, const AxisScale& axis,
   painter.setClipRect(pane, Qt::IntersectClip);
   painter.setRenderHint(QPainter::Antialiasing, true);
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(style.spectrumFft, style.hairline));
+  painter.setPen(QPen(style.spectrumFft, kFftWidth));
   DrawCurve(painter, pane, axis, levels, spectrum.fftDb);
   if (picture.view.document().settings.fftLpc.drawLpc != 0) {
     painter.setPen(
-        QPen(style.spectrumLpc, style.curve + 0.4, style.hasColor ? Qt::SolidLine : Qt::DashLine));
+        QPen(style.spectrumLpc, kLpcWidth, style.hasColor ? Qt::SolidLine : Qt::DashLine));
     DrawCurve(painter, pane, axis, levels, spectrum.lpcDb);
     DrawFormants(painter, pane, axis, spectrum.formants, style);
   }
   painter.restore();
+}
+
+void DrawCurvesLegend(QPainter& painter, const PixelRect& plot, const PaintStyle& style) {
+  using Mark = LegendEntry::Mark;
+  DrawLegend(painter, LegendLine(plot),
+             {{.mark = style.hasColor ? Mark::kLine : Mark::kDashes,
+               .text = QStringLiteral("LPC"),
+               .color = style.spectrumLpc,
+               .width = kLpcWidth},
+              {.mark = Mark::kLine,
+               .text = QStringLiteral("FFT"),
+               .color = style.spectrumFft,
+               .width = kFftWidth}},
+             style);
 }
 
 }  // namespace
@@ -163,7 +180,11 @@ void PaintSpectrumData(QPainter& painter, const SpectrumPicture& picture, const 
   const AxisSpan levels = SpectrumLevels(picture);
   DrawPane(painter, pane, style.pane);
   DrawGrids(painter, pane, axis, levels, picture.view.document().settings.fftLpc, style);
-  if (picture.view.computed()) DrawCurves(painter, pane, axis, levels, picture, style);
+  if (picture.view.computed()) {
+    DrawCurves(painter, pane, axis, levels, picture, style);
+    const bool hasBoth = picture.view.document().settings.fftLpc.drawLpc != 0;
+    if (hasBoth) DrawCurvesLegend(painter, layout.plot, style);
+  }
   DrawValueUnit(painter, layout.plot, QStringLiteral("dB"), style);
   DrawFrame(painter, pane, style);
   const FftLpcSettings& settings = picture.view.settings();

@@ -91,16 +91,14 @@ void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisS
   const double x = axis.X(value);
   if (!(x >= axis.left && x <= axis.right())) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setPen(QPen(style.cursor, style.hairline));
-  painter.drawLine(QLineF(x, TopOfParts(layout), x, layout.plot.bottom));
+  DrawCursorColumn(painter, x, TopOfParts(layout), layout.plot.bottom, CursorLook::kSolid, style);
 }
 
-void DrawCursorRow(QPainter& painter, const WindowLayout& layout, double y,
-                   const PaintStyle& style) {
+void DrawWindowCursorRow(QPainter& painter, const WindowLayout& layout, double y,
+                         const PaintStyle& style) {
   if (!(y >= layout.plot.top && y <= layout.plot.bottom)) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setPen(QPen(style.cursor, style.hairline));
-  painter.drawLine(QLineF(layout.plot.left, y, layout.plot.right, y));
+  DrawCursorRow(painter, y, layout.plot.left, layout.plot.right, style);
 }
 
 void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
@@ -137,6 +135,11 @@ void DrawValueUnit(QPainter& painter, const PixelRect& plot, const QString& unit
   painter.setPen(style.muted);
   painter.setFont(font);
   painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, unit);
+}
+
+QRectF LegendLine(const PixelRect& plot) {
+  return {static_cast<double>(plot.left), static_cast<double>(plot.top - kUnitHeight),
+          static_cast<double>(plot.right - plot.left), static_cast<double>(kUnitHeight)};
 }
 
 QString TimeUnit(std::int32_t timeBase) {

@@ -32,8 +32,8 @@ std::int32_t TopOfParts(const WindowLayout& layout);
 void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                       double value, const PaintStyle& style);
 // A horizontal line through the plot at pixel row `y`.
-void DrawCursorRow(QPainter& painter, const WindowLayout& layout, double y,
-                   const PaintStyle& style);
+void DrawWindowCursorRow(QPainter& painter, const WindowLayout& layout, double y,
+                         const PaintStyle& style);
 void DrawWindowSelection(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                          const AxisSelection& selection, const PaintStyle& style);
 
@@ -44,6 +44,9 @@ void DrawReadoutLines(QPainter& painter, const WindowLayout& layout, const QStri
 // The unit of the plot's vertical axis, over the texts of its ticks.
 void DrawValueUnit(QPainter& painter, const PixelRect& plot, const QString& unit,
                    const PaintStyle& style);
+
+// The place of a legend, above the plot.
+QRectF LegendLine(const PixelRect& plot);
 
 // "ms" or "s".
 QString TimeUnit(std::int32_t timeBase);

@@ -11,6 +11,7 @@
 
 #include "analysisview/window_wheel.h"
 #include "desktop/paint/paint_style.h"
+#include "desktop/paint/picture_axis.h"
 #include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
 #include "mainview/label_moves.h"
@@ -112,6 +113,7 @@ void AnalysisCanvas::paintEvent(QPaintEvent*) {
     pointed_.Draw(painter, style);
     pointedHz_.Draw(painter, style);
     played_.Draw(painter, style);
+    if (hasFocus()) DrawFocusRing(painter, rect(), style);
   } catch (const std::exception& error) {
     painter.fillRect(rect(), style.background);
     painter.setPen(style.text);
