@@ -152,6 +152,29 @@ std::uint32_t ConditionsOf(const AnalysisWindow& window) {
   return conditions;
 }
 
+std::string StatusText(const WindowCommandRow& row, std::uint32_t conditions) {
+  struct Remedy {
+    std::uint32_t condition;
+    const char* text;
+  };
+  constexpr std::array kRemedies{
+      Remedy{kPictureThere, "press Update first"},
+      Remedy{kPictureCurrent, "the recording has changed: press Update first"},
+      Remedy{kWindowLogOpen, "open a log first"},
+      Remedy{kMarkerThere, "click to set the cursor first"},
+      Remedy{kFormantsThere, "turn formant tracking on and press Update first"},
+      Remedy{kUpdatePossible, "there is nothing to compute from"},
+      Remedy{kSoundThere, "open a recording first"},
+      Remedy{kSelectionThere, "select a stretch first"},
+  };
+  std::string text(row.toolTip);
+  for (const Remedy& remedy : kRemedies) {
+    if ((row.conditions & ~conditions & remedy.condition) == 0U) continue;
+    return text + " (" + remedy.text + ')';
+  }
+  return text;
+}
+
 bool RunWindowCommand(AnalysisWindow& window, WindowCommand command, WindowActionsHost* widget) {
   const WindowCommandRow* const row = RowOf(window.kind(), command);
   if (row == nullptr || !IsEnabled(*row, ConditionsOf(window))) return false;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "analysisview/analysis_window.h"
@@ -98,6 +99,9 @@ std::uint32_t ConditionsOf(const AnalysisWindow& window);
 inline bool IsEnabled(const WindowCommandRow& row, std::uint32_t conditions) {
   return (row.conditions & ~conditions) == 0;
 }
+
+// The row's line for the status bar; of a command that is not enabled, with what to do first.
+std::string StatusText(const WindowCommandRow& row, std::uint32_t conditions);
 
 // Carries out a command that is enabled: on the model, or by `widget`; a null widget carries
 // nothing out. Returns whether it was carried out. Throws as the computation of the window does.

@@ -1,8 +1,11 @@
 // command_actions.cpp - rows of the table as actions in menus and tool bar.
 #include "desktop/command_actions.h"
 
+#include <QCoreApplication>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QMouseEvent>
+#include <QStatusTipEvent>
 #include <filesystem>
 #include <utility>
 
@@ -27,6 +30,29 @@ QList<QKeySequence> KeysOf(const CommandRow& row) {
   return keys;
 }
 
+// Menus tell the status of what can be chosen; this tells that of greyed entries, too.
+class GreyedStatus : public QObject {
+ public:
+  explicit GreyedStatus(QMainWindow& window) : QObject(&window), window_(window) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* const menu = qobject_cast<QMenu*>(watched);
+    if (menu != nullptr && event->type() == QEvent::Hide) Tell({});
+    if (menu == nullptr || event->type() != QEvent::MouseMove) return false;
+    const QAction* const action = menu->actionAt(static_cast<QMouseEvent*>(event)->pos());
+    if (action != nullptr && !action->isEnabled()) Tell(action->statusTip());
+    return false;
+  }
+
+ private:
+  void Tell(const QString& text) {
+    QStatusTipEvent tip(text);
+    QCoreApplication::sendEvent(&window_, &tip);
+  }
+
+  QMainWindow& window_;
+};
+
 // Without a document a menu shows what needs none.
 bool IsShown(const CommandRow& row, const CSonadexView* view) {
   return view != nullptr || row.needs == 0U;
@@ -36,9 +62,11 @@ bool IsShown(const CommandRow& row, const CSonadexView* view) {
 
 CommandActions::CommandActions(QMainWindow& window, Callbacks callbacks)
     : window_(window), callbacks_(std::move(callbacks)) {
+  auto* const status = new GreyedStatus(window);
   for (int i = 0; i < static_cast<int>(Menu::kNone); ++i) {
     const auto menu = static_cast<Menu>(i);
     menus_[menu] = window.menuBar()->addMenu(Text(MenuTitle(menu)));
+    menus_[menu]->installEventFilter(status);
   }
   for (const CommandRow& row : CommandTable()) AddRow(row);
   toolBar_ = window.addToolBar(QStringLiteral("Toolbar"));
@@ -50,7 +78,6 @@ void CommandActions::AddRow(const CommandRow& row) {
   action->setIcon(IconOf(row.id));
   action->setIconVisibleInMenu(false);
   action->setToolTip(Text(row.toolTip));
-  action->setStatusTip(Text(row.status));
   action->setShortcuts(KeysOf(row));
   // A picture looks its keys up by itself; the menu only names them.
   if (row.keyInPicture) action->setShortcutContext(Qt::WidgetShortcut);
@@ -86,6 +113,7 @@ void CommandActions::Refresh(const CSonadexView* view) {
     QAction* const action = actions_[row.id];
     action->setText(Text(MenuText(row, view)));
     action->setEnabled(IsEnabled(row, facts));
+    action->setStatusTip(Text(StatusText(row, facts)));
     if (row.id == Command::kRecentFiles || row.menu == Menu::kNone) continue;
     action->setVisible(IsShown(row, view));
     hasEntry[row.menu] = hasEntry[row.menu] || IsShown(row, view);

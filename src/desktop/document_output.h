@@ -2,6 +2,10 @@
 // main frame.
 #pragma once
 
+#include <vector>
+
+#include "desktop/analysis_windows.h"
+
 class QWidget;
 
 namespace cantorix {
@@ -14,6 +18,8 @@ class DocumentOutput {
 
   virtual void SavePicture(CSonadexView& view) = 0;
   virtual void SaveScreen(CSonadexView& view, QWidget& window) = 0;
+  // The view and those of its windows that are over time and in sight, under each other.
+  virtual void SaveGroup(CSonadexView& view, const std::vector<AnalysisWindowOf>& windows) = 0;
   virtual void Print(CSonadexView& view, QWidget& window) = 0;
   virtual void PrintScreen(CSonadexView& view, QWidget& window) = 0;
   virtual void Preview(CSonadexView& view, QWidget& window) = 0;

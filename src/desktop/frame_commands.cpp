@@ -15,14 +15,10 @@
 #include "mainview/label_typing.h"
 
 namespace cantorix {
-namespace {
 
-// Where the package puts what goes with the program; the build has the same folder.
 std::string InstalledDirectory() {
   return (QCoreApplication::applicationDirPath() + "/../share/cantorix").toStdString();
 }
-
-}  // namespace
 
 bool KeepsTyping(CSonadexView& view) {
   bool kept = false;
@@ -66,6 +62,12 @@ void FrameCommands::SavePicture() {
 
 void FrameCommands::SaveScreen() {
   OnView([this](CSonadexView& view) { frame_.output()->SaveScreen(view, frame_); });
+}
+
+void FrameCommands::SaveGroupPicture() {
+  OnView([this](CSonadexView& view) {
+    frame_.output()->SaveGroup(view, frame_.analysisWindows()->WindowsOf(view));
+  });
 }
 
 void FrameCommands::LoadConfiguration() {

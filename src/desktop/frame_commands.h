@@ -15,6 +15,9 @@ class CMainFrame;
 // What is typed in the view is kept, with failures shown; false when it cannot be.
 bool KeepsTyping(CSonadexView& view);
 
+// Where the package puts what goes with the program; the build has the same folder.
+std::string InstalledDirectory();
+
 class FrameCommands : private FrameActions {
  public:
   FrameCommands(CMainFrame& frame, const DesktopServices& services)
@@ -31,6 +34,7 @@ class FrameCommands : private FrameActions {
   void CloseDocument() override;
   void SavePicture() override;
   void SaveScreen() override;
+  void SaveGroupPicture() override;
   void LoadConfiguration() override;
   void SaveConfiguration() override;
   void RevertConfiguration() override;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <exception>
 
+#include "desktop/group_picture.h"
 #include "desktop/paint/main_view_painter.h"
 #include "desktop/paint/picture_layout.h"
 #include "desktop/picture_sheet.h"
@@ -69,6 +70,16 @@ void MainViewOutput::SaveScreen(CSonadexView& view, QWidget& window) {
                 SaveRequest(view, "Save Screen As bmp",
                             "Bitmap files (*.bmp)|*.bmp|PNG files (*.png)|*.png|"),
                 window.size(), screen.devicePixelRatio(), PainterOf(screen));
+}
+
+void MainViewOutput::SaveGroup(CSonadexView& view, const std::vector<AnalysisWindowOf>& windows) {
+  FileRequest request = SaveRequest(view, "Save Group Picture",
+                                    "PNG files (*.png)|*.png|SVG files (*.svg)|*.svg|"
+                                    "PDF files (*.pdf)|*.pdf|");
+  request.defaultExtension = "png";
+  GroupPicture picture(view, waveformOf_(view.document()), windows);
+  SavePictureAs(prompts_, request, picture.size(), kFinePixels,
+                [&](QPainter& painter) { picture.Paint(painter); });
 }
 
 QPrinter& MainViewOutput::printer() {

@@ -25,6 +25,7 @@ class MainViewOutput : public DocumentOutput {
 
   void SavePicture(CSonadexView& view) override;
   void SaveScreen(CSonadexView& view, QWidget& window) override;
+  void SaveGroup(CSonadexView& view, const std::vector<AnalysisWindowOf>& windows) override;
   void Print(CSonadexView& view, QWidget& window) override;
   void PrintScreen(CSonadexView& view, QWidget& window) override;
   void Preview(CSonadexView& view, QWidget& window) override;

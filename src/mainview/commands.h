@@ -29,6 +29,7 @@ enum class Command {
   kExportSelectionAsWave,
   kSaveAsBmp,
   kSaveScreenAsBmp,
+  kSaveGroupPicture,
   kLoadConfiguration,
   kSaveConfiguration,
   kRevertConfiguration,
@@ -200,6 +201,10 @@ Facts FactsOf(const CSonadexView* view);
 bool IsEnabled(const CommandRow& row, Facts facts);
 // "loaded, selection": the facts in words, without those that every command of a document needs.
 std::string FactNames(Facts facts);
+
+// The row's line for the status bar; of a command that is not enabled, with what to do first:
+// "Cut the selection (select a stretch first)".
+std::string StatusText(const CommandRow& row, Facts facts);
 
 // The text of the entry as the view is now: that of label entry mode names what a click would do.
 // `view` may be null.

@@ -18,6 +18,7 @@ class FrameActions {
   virtual void CloseDocument() = 0;
   virtual void SavePicture() = 0;
   virtual void SaveScreen() = 0;
+  virtual void SaveGroupPicture() = 0;  // the windows over time under each other
   virtual void LoadConfiguration() = 0;
   virtual void SaveConfiguration() = 0;
   virtual void RevertConfiguration() = 0;

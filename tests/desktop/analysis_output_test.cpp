@@ -55,6 +55,46 @@ TEST_F(AnalysisOutputTest, PicturesAreSavedAndCopied) {
       testing::ElementsAre("save: Save Picture", HasSubstr("picture.png could not be saved.")));
 }
 
+// The first and the last column of the frame around a plot that row `y` crosses.
+std::pair<int, int> EdgesIn(const QImage& picture, int y) {
+  const QColor edge = StyleOf(PaletteKind::kLight).frame;
+  std::pair<int, int> edges{-1, -1};
+  for (int x = 0; x < picture.width(); ++x) {
+    if (picture.pixelColor(x, y) != edge) continue;
+    if (edges.first < 0) edges.first = x;
+    edges.second = x;
+  }
+  return edges;
+}
+
+TEST_F(AnalysisOutputTest, AGroupIsOnePictureWithEqualEdgesAndOneAxis) {
+  CSonadexView& view = OpenSample();
+  const auto saved = [&] { return Saved([&] { Perform(Command::kSaveGroupPicture); }); };
+  const QImage alone = saved();
+  EXPECT_EQ(alone.size(), 2 * QSize(view.layout.client.width, view.layout.timeAxis.bottom));
+  Perform(Command::kSpectrogramAll);
+  Perform(Command::kPitchAll);
+  Perform(Command::kPitchWindow);
+  Perform(Command::kFftLpc);
+  const WindowLayout spectrogram = LayOutWindow(
+      {view.layout.client.width, Find(view, WindowKind::kSpectrogram).canvas().height()},
+      {.readoutLines = view.layout.client.width >= kOneLineWidth ? 1 : 2});
+  const WindowLayout pitch =
+      LayOutWindow({view.layout.client.width, Find(view, WindowKind::kPitch).canvas().height()},
+                   {.readoutLines = view.layout.client.width >= kOneLineWidth ? 1 : 2});
+  const QImage all = saved();
+  const int first = view.layout.timeAxis.top;
+  const int second = first + spectrogram.bottomAxis.top;
+  ASSERT_EQ(all.size(), 2 * QSize(view.layout.client.width, second + pitch.bottomAxis.bottom));
+  const auto low = [](const PixelRect& rect) { return 2 * rect.bottom - 7; };
+  const auto edges = EdgesIn(all, low(view.layout.pitch));
+  EXPECT_GT(edges.second - edges.first, all.width() / 2);
+  EXPECT_EQ(EdgesIn(all, 2 * first + low(spectrogram.plot)), edges);
+  EXPECT_EQ(EdgesIn(all, 2 * second + low(pitch.plot)), edges);
+  EXPECT_EQ(prompts.fileRequests.back().filter,
+            "PNG files (*.png)|*.png|SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf|");
+}
+
 TEST_F(AnalysisOutputTest, PrintsGoToThePrinterThatWasSetUp) {
   CSonadexView& view = OpenSample();
   Perform(Command::kPitchWindow);

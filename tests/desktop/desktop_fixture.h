@@ -52,6 +52,9 @@ class RecordingOutput : public DocumentOutput {
  public:
   void SavePicture(CSonadexView&) override { done.emplace_back("save picture"); }
   void SaveScreen(CSonadexView&, QWidget&) override { done.emplace_back("save screen"); }
+  void SaveGroup(CSonadexView&, const std::vector<AnalysisWindowOf>&) override {
+    done.emplace_back("save group");
+  }
   void Print(CSonadexView&, QWidget&) override { done.emplace_back("print"); }
   void PrintScreen(CSonadexView&, QWidget&) override { done.emplace_back("print screen"); }
   void Preview(CSonadexView&, QWidget&) override { done.emplace_back("preview"); }

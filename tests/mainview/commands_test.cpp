@@ -85,6 +85,35 @@ TEST(Commands, StandInTheirMenusAndAreEnabledInEveryStateAsApproved) {
   ExpectText("mainview/expected/Commands.txt", table + '\n');
 }
 
+TEST(Commands, SayWhyTheyAreGreyed) {
+  struct Row {
+    State state;
+    Command command;
+    const char* text;
+  };
+  for (const Row& row :
+       {Row{"dls", Command::kCut, "Move the selection to the clipboard"},
+        Row{"dl", Command::kCut, "Move the selection to the clipboard (select a stretch first)"},
+        Row{"d", Command::kPrint, "Print the recording (open a recording first)"},
+        Row{"", Command::kClose, "Close the document (open a recording first)"},
+        Row{"dlr", Command::kClose, "Close the document (a recording runs)"},
+        Row{"dl", Command::kSave, "Save the document (nothing has changed)"},
+        Row{"dl", Command::kUndo, "Take the last edit back (there is no edit to take back)"},
+        Row{"dl", Command::kPaste,
+            "Insert the clipboard at the cursor or in place of the selection (cut or copy a "
+            "stretch first)"}}) {
+    EXPECT_EQ(StatusText(RowOf(row.command), FactsIn(row.state)), row.text);
+  }
+  const auto reason = [](State state, Command command) {
+    const std::string text = StatusText(RowOf(command), FactsIn(state));
+    return text.substr(RowOf(command).status.size());
+  };
+  EXPECT_EQ(reason("dls", Command::kEnterDuration), " (open a log first)");
+  EXPECT_EQ(reason("dlgs", Command::kEnterPitchAtMarker), " (click to set the cursor first)");
+  EXPECT_EQ(reason("dl", Command::kZoomOut), " (the whole recording is in sight)");
+  EXPECT_EQ(reason("do", Command::kRecord), " (a recording runs)");
+}
+
 TEST(Commands, HaveKeysAndMnemonicsOfTheirOwn) {
   std::set<State> keys;
   std::set<std::pair<Menu, char>> mnemonics;

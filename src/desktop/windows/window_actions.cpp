@@ -100,7 +100,6 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
     action->setToolTip(ToolTip(row));
     action->setIcon(IconOf(row.id));
     action->setIconVisibleInMenu(false);
-    action->setStatusTip(Text(row.toolTip));
     action->setCheckable(row.checkedWith.has_value());
     if (!row.accelerator.empty()) action->setShortcut(QKeySequence(Text(row.accelerator)));
     // The same keys mean the same in each of the windows, so only those of the active one count.
@@ -135,6 +134,7 @@ void WindowActions::Refresh() {
   const std::uint32_t conditions = ConditionsOf(model_);
   for (const Entry& entry : entries_) {
     entry.action->setEnabled(IsEnabled(*entry.row, conditions));
+    entry.action->setStatusTip(Text(StatusText(*entry.row, conditions)));
     if (!entry.row->checkedWith) continue;
     const std::int32_t* const value = model_.SwitchOf(*entry.row->checkedWith);
     entry.action->setChecked(value != nullptr && *value != 0);

@@ -36,10 +36,11 @@ class WindowPicture {
   // For a change that the model does not know.
   void Invalidate() { image_.Invalidate(); }
 
- protected:
   virtual WindowLayout LayoutIn(PixelSize client) = 0;
   // The times from the left to the right edge of the plot, of a picture over time.
   virtual std::optional<AxisScale> Times() const { return std::nullopt; }
+
+ protected:
   virtual void PaintData(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
   virtual void PaintOverlay(QPainter& painter, PixelSize client, const PaintStyle& style) = 0;
 
