@@ -147,8 +147,10 @@ std::string StretchText(const CSonadexView& view) {
   if (!document.loaded) return {};
   const CChannel& channel = view.channel();
   constexpr const char* kDot = " \u00b7 ";
-  return Whole(channel.sampleRateHz) + " Hz" + kDot + TimeOf(document, channel.totalDurationMs) +
-         kDot + "shown " + TimeOf(document, channel.visibleStart.ms) + " \u2013 " +
+  return "channel " + std::to_string(document.fileChannel) + " of " +
+         std::to_string(document.fileChannels) + kDot + Whole(channel.sampleRateHz) + " Hz" + kDot +
+         TimeOf(document, channel.totalDurationMs) + kDot + "shown " +
+         TimeOf(document, channel.visibleStart.ms) + " \u2013 " +
          TimeOf(document, channel.visibleEnd.ms);
 }
 

@@ -26,7 +26,7 @@ struct Pointed {
 std::optional<Pointed> PointedIn(CSonadexView& view, std::int32_t x, std::int32_t y);
 std::optional<Pointed> PointedIn(const AnalysisWindow& window, std::int32_t x, std::int32_t y);
 
-// "44100 Hz · 7106.2 ms · shown 0.0 ms – 7106.2 ms"; empty without a recording.
+// "channel 1 of 2 · 44100 Hz · 7106.2 ms · shown 0.0 ms – 7106.2 ms"; empty without a recording.
 std::string StretchText(const CSonadexView& view);
 
 }  // namespace cantorix

@@ -97,7 +97,8 @@ class CSonadexDoc {
   OpenFailure openFailure;
   std::string formatName;  // of the file that was read: "WAV"
   std::string codingName;  // of its samples: "Signed 16 bit PCM"; empty: not said
-  int fileChannels = 1;    // of which one was read
+  int fileChannels = 1;    // of which one was read:
+  int fileChannel = 1;     // this, counted from 1
   bool newRecording = false;
   bool foreignSource = false;
   bool pathIsForeign = false;  // a foreign reader read pathName(): never saved over

@@ -56,6 +56,7 @@ void NameExtractedChannel(CSonadexDoc& document, const std::string& path, int ch
   document.channelSuffixedName =
       path.substr(path.rfind('/') + 1) + "::Channel" + std::to_string(channel + 1);
   document.extractedChannel = true;
+  document.fileChannel = channel + 1;
 }
 
 void TellOfMissing(CSonadexDoc& document, std::int64_t promised, std::int64_t held,

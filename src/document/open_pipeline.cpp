@@ -86,7 +86,7 @@ bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderT
   document.openFailure = {};
   document.formatName.clear();
   document.codingName.clear();
-  document.fileChannels = 1;
+  document.fileChannels = document.fileChannel = 1;
   document.loaded = document.foreignSource = document.extractedChannel = false;
   try {
     const File file = File::OpenForReading(path);

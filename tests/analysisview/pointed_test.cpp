@@ -56,7 +56,9 @@ TEST_F(PointedTest, TheMainViewTellsSampleTracksAndLabel) {
   EXPECT_EQ(TextAt(89, inTier).find('\''), std::string::npos) << "before the first one";
   document.settings.display.timeBase = 1;
   EXPECT_EQ(TextAt(163, inTier).substr(0, 9), "0.123 s  ");
-  EXPECT_EQ(StretchText(view), "10000 Hz \u00b7 1.000 s \u00b7 shown 0.000 s \u2013 1.000 s");
+  document.fileChannel = document.fileChannels = 2;
+  EXPECT_EQ(StretchText(view),
+            "channel 2 of 2 \u00b7 10000 Hz \u00b7 1.000 s \u00b7 shown 0.000 s \u2013 1.000 s");
   for (const auto& [x, y] : {std::pair{39, 300}, {1040, 300}, {163, -1}}) {
     EXPECT_EQ(TextAt(x, y), "nothing") << x << ' ' << y;
   }
