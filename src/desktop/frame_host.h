@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "mainview/commands.h"
@@ -36,6 +37,12 @@ class FrameHost {
   virtual void ShowContextMenu(const std::vector<std::vector<Command>>& groups,
                                const QPoint& at) = 0;
   virtual bool phoneticChartShown() const = 0;
+  // Recordings that an empty window offers: those used last, then the sample, as far as they are
+  // there.
+  virtual std::vector<std::string> RecentRecordings() const = 0;
+  virtual std::string SampleRecording() const = 0;  // empty: it is not installed
+  // Nothing while another operation runs.
+  virtual void OpenOffered(const std::string& path) = 0;
   virtual SoundDesk& sound() = 0;
   // The input that the user has chosen is used from here on.
   virtual void PrepareRecording() = 0;

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "app/log_documents.h"
+#include "desktop/empty_note.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_menu.h"
 #include "desktop/table_rows.h"
@@ -19,7 +20,12 @@
 namespace cantorix {
 
 CFormLog::CFormLog(Application& application, QWidget* parent)
-    : QWidget(parent), application_(application), table_(new QTableView(this)) {
+    : QWidget(parent),
+      application_(application),
+      table_(new QTableView(this)),
+      note_(new EmptyNote(*table_)) {
+  note_->Say(QStringLiteral(
+      "Nothing measured. Ctrl+D enters the selection's duration, Ctrl+I its statistics."));
   table_->setModel(&model_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -63,6 +69,7 @@ bool CFormLog::eventFilter(QObject* watched, QEvent* event) {
 void CFormLog::Refresh() {
   const int before = model_.rowCount();
   model_.Follow(application_.log ? &*application_.log : nullptr);
+  note_->ShowWhen(model_.rowCount() == 0);
   if (model_.rowCount() == before) return;
   if (before == 0) table_->resizeColumnsToContents();
   table_->scrollToBottom();

@@ -12,6 +12,8 @@
 namespace cantorix {
 
 // The table of the log; Ctrl+C copies the selected rows, Ctrl+A selects all, Delete removes them.
+class EmptyNote;
+
 class CFormLog : public QWidget {
  public:
   CFormLog(Application& application, QWidget* parent);
@@ -32,6 +34,7 @@ class CFormLog : public QWidget {
   Application& application_;
   LogModel model_;
   QTableView* table_;
+  EmptyNote* note_;
 };
 
 class CFrameLog : public ToolFrame {

@@ -108,6 +108,9 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool MayClose(CChildFrame& frame) override;
   void Closing(CSonadexView& view) override;
   void Closed(CSonadexDoc& document) override;
+  std::vector<std::string> RecentRecordings() const override;
+  std::string SampleRecording() const override;
+  void OpenOffered(const std::string& path) override;
   void PrepareRecording() override;
   void SoundChanged() override;
   void SoundNote(const std::string& text) override;

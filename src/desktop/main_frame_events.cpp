@@ -6,7 +6,9 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
+#include <filesystem>
 
 #include "analysisview/pointed.h"
 #include "app/log_documents.h"
@@ -119,6 +121,21 @@ void CMainFrame::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls()) {
     if (url.isLocalFile()) OpenFile(ChosenPath(url.toLocalFile()));
   }
+}
+
+std::vector<std::string> CMainFrame::RecentRecordings() const {
+  return services_.application.recentFiles.paths();
+}
+
+std::string CMainFrame::SampleRecording() const {
+  const std::string path = InstalledDirectory() + "/samples/vowels.qrv";
+  std::error_code failure;
+  return std::filesystem::exists(path, failure) ? path : std::string();
+}
+
+// Later: the window that offers it may go then.
+void CMainFrame::OpenOffered(const std::string& path) {
+  QTimer::singleShot(0, this, [this, path] { OpenFile(path); });
 }
 
 void CMainFrame::StateChanged() {

@@ -5,9 +5,12 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 
+#include "desktop/empty_note.h"
 #include "desktop/main_view_widget.h"
+#include "desktop/qt_text.h"
 #include "mainview/view_commands.h"
 
 namespace cantorix {
@@ -50,7 +53,8 @@ MainViewArea::MainViewArea(CSonadexView& view, DocumentWaveform& waveform, Frame
       host_(host),
       picture_(new MainViewWidget(view, waveform, host, this)),
       horizontal_(new QScrollBar(Qt::Horizontal, this)),
-      vertical_(new QScrollBar(Qt::Vertical, this)) {
+      vertical_(new QScrollBar(Qt::Vertical, this)),
+      note_(new EmptyNote(*picture_)) {
   auto* const grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);
@@ -86,6 +90,25 @@ void MainViewArea::Refresh() {
   Show(*horizontal_, view_->horizontal);
   Show(*vertical_, view_->vertical);
   picture_->Refresh();
+  const bool isEmpty = !view_->document().loaded && !view_->services().sound.Sound().recordingHere;
+  if (isEmpty) Offer();
+  note_->ShowWhen(isEmpty);
+}
+
+void MainViewArea::Offer() {
+  std::vector<std::string> paths = host_.RecentRecordings();
+  const std::string sample = host_.SampleRecording();
+  if (!sample.empty()) paths.push_back(sample);
+  if (!offered_.empty() && paths == offered_) return;
+  offered_ = paths;
+  note_->RemoveButtons();
+  note_->Say(QStringLiteral("Open a recording (Ctrl+O), drop one here, or record (Ctrl+R)."));
+  for (const std::string& path : paths) {
+    const QString name = &path == &paths.back() && !sample.empty()
+                             ? QStringLiteral("Sample recording")
+                             : ShownPath(std::filesystem::path(path).filename().string());
+    note_->AddButton(name, [this, path] { host_.OpenOffered(path); });
+  }
 }
 
 void MainViewArea::LetGo() {

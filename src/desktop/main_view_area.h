@@ -11,6 +11,7 @@ class QScrollBar;
 namespace cantorix {
 
 class DocumentWaveform;
+class EmptyNote;
 class MainViewWidget;
 
 class MainViewArea : public QWidget {
@@ -28,12 +29,16 @@ class MainViewArea : public QWidget {
 
  private:
   void Connect(QScrollBar& bar, bool isVertical);
+  // What to do while there is no recording.
+  void Offer();
 
   CSonadexView* view_;
   FrameHost& host_;
   MainViewWidget* picture_;
   QScrollBar* horizontal_;
   QScrollBar* vertical_;
+  EmptyNote* note_;
+  std::vector<std::string> offered_;  // paths of the buttons
 };
 
 }  // namespace cantorix

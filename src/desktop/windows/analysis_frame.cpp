@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/empty_panes.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
 
@@ -140,11 +141,9 @@ QString AnalysisFrame::Note() {
     return QStringLiteral(
         "The recording has changed since this was computed. Press Update (F5) to compute again.");
   }
-  if (model().computed()) return {};
-  if (model().kind() == WindowKind::kPitch) {
-    return QStringLiteral("There is no pitch track. Press Update (F5) or choose a pitch command.");
-  }
-  return QStringLiteral("Nothing is computed. Press Update (F5) to compute again.");
+  const bool isPitch = model().kind() == WindowKind::kPitch;
+  if (model().computed()) return isPitch ? Shown(UnvoicedNote(view_)) : QString();
+  return isPitch ? QString(kNoPitchNote) : QStringLiteral("Nothing computed. Update (F5).");
 }
 
 // Not while the mouse is held or something else runs: the user does not rest then.
