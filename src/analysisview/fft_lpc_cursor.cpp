@@ -6,6 +6,7 @@
 #include "analysisview/fft_lpc_view.h"
 #include "mainview/option_commands.h"
 #include "platform/numbers.h"
+#include "settings/time_base.h"
 
 namespace cantorix {
 namespace {
@@ -32,6 +33,15 @@ double CFFTLPCView::TopLevelDb() const {
   const double drawnDb =
       std::max(spectrum_.fftMaxDb, now.drawLpc != 0 ? spectrum_.lpcSpanDb : 0.0) * kHeadroom;
   return std::isfinite(drawnDb) ? std::max(drawnDb, kLeastTopDb) : kLeastTopDb;
+}
+
+std::string CFFTLPCView::PlaceText() const {
+  if (!computed_) return {};
+  const auto time = [this](double samples) {
+    return TimeWithUnit(samples * channel().msPerSample(), document().settings.display.timeBase);
+  };
+  if (!place_.selection) return "at " + time(place_.position);
+  return "mean of " + time(place_.selection->start) + " \u2013 " + time(place_.selection->end);
 }
 
 void CFFTLPCView::Press(std::int32_t x, std::int32_t y) {

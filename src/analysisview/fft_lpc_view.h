@@ -59,6 +59,8 @@ class CFFTLPCView : public AnalysisWindow {
 
   const Spectrum& spectrum() const { return spectrum_; }  // empty unless computed
   const SpectrumPlace& place() const { return place_; }
+  // "at 1234.5 ms", "mean of 100.0 ms – 350.5 ms"; empty unless computed.
+  std::string PlaceText() const;
   const FftLpcTexts& texts() const { return texts_; }
   // The settings of the last analysis.
   const FftLpcSettings& settings() const { return settings_; }

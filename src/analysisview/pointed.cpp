@@ -102,10 +102,7 @@ Pointed InSpectrum(const CFFTLPCView& window, std::int32_t x) {
                      FormatOneDecimal(DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz)) + " dB" +
                      kGap + "LPC " +
                      FormatOneDecimal(DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz)) + " dB";
-  if (!place.selection) {
-    text += std::string(kGap) + "at " +
-            TimeOf(window.document(), place.position * window.channel().msPerSample());
-  }
+  if (!place.selection) text += kGap + window.PlaceText();
   return {text, std::nullopt, hz};
 }
 

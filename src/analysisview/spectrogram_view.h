@@ -66,6 +66,8 @@ class CSpectrogramView : public AnalysisWindow {
   std::int32_t* SwitchOf(WindowSwitch which) override;
 
   const Spectrogram& spectrogram() const { return spectrogram_; }  // empty unless computed
+  // Those of the last computation.
+  const SpectrogramSettings& settings() const { return settings_; }
   // Number of the last computation, and of the last time that its levels were made.
   std::int64_t computation() const { return computation_; }
   std::int64_t levelsNumber() const { return levelsNumber_; }

@@ -11,6 +11,7 @@ namespace cantorix {
 namespace {
 
 constexpr const char* kLogFilter = "text files (*.txt)|*.txt||";
+constexpr const char* kCsvFilter = "tables with commas (*.csv)|*.csv||";
 
 FileRequest LogRequest(const char* title) {
   FileRequest request;
@@ -80,6 +81,17 @@ bool SaveOpenLogAs(Application& application) {
                                   " ' does not exist. Choose a file that exists.");
   }
   return false;
+}
+
+bool ExportOpenLogAsCsv(Application& application) {
+  if (!application.log) return false;
+  FileRequest request = LogRequest("Export Log as CSV");
+  request.filter = kCsvFilter;
+  request.proposedName = std::filesystem::path(application.log->title()).stem().string() + ".csv";
+  request.defaultExtension = "csv";
+  request.overwritePrompt = true;
+  const auto choice = application.prompts().ChooseFileToSave(request);
+  return choice && ExportLogAsCsv(*application.log, choice->path, application.prompts());
 }
 
 bool CloseLog(Application& application) {

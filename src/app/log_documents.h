@@ -24,6 +24,10 @@ bool SaveOpenLog(Application& application);
 // Save As asks for a file, which must exist: a new name is refused and asked for again.
 bool SaveOpenLogAs(Application& application);
 
+// Asks for a file and writes the log there as a table with commas; the log stays what it is. False
+// when the user cancels or it could not be written.
+bool ExportOpenLogAsCsv(Application& application);
+
 // Closes the log, asking first when it is modified. False, with the log open, when the user cancels
 // that question or the save, or when the save failed. True without a log.
 bool CloseLog(Application& application);

@@ -51,6 +51,35 @@ std::optional<std::string> ReadWhole(const std::string& path, Prompts& prompts) 
   }
 }
 
+// False, after a message, when the file could not be written.
+bool WriteWhole(const std::string& text, const std::string& path, Prompts& prompts) {
+  std::optional<SafeFile> file;
+  try {
+    file.emplace(path);
+  } catch (const FileError&) {
+    BeepAndSay(prompts, kOpenError);
+    return false;
+  }
+  try {
+    file->Write(std::as_bytes(std::span(text)));
+    if (file->Commit() == Durability::kPerhapsNotYet) {
+      prompts.Message(SavedButPerhapsNotOnDisk(path));
+    }
+  } catch (const FileError& error) {
+    prompts.Message(CouldNotBeSaved(path, error.what()));
+    return false;
+  }
+  return true;
+}
+
+void AppendCsvLine(std::string& text, const LogTable::Row& cells, std::size_t columns) {
+  for (std::size_t column = 0; column < columns; ++column) {
+    if (column > 0) text += ',';
+    if (column < cells.size()) text += TableCell(ToUtf8(cells[column]), ',');
+  }
+  text += kLineEnd;
+}
+
 }  // namespace
 
 // Kept: a TAB within a cell is written as it is. Programs that read these files know no quotes. A
@@ -75,6 +104,14 @@ std::string LogText(const LogTable& log) {
   return text;
 }
 
+std::string LogCsv(const LogTable& log) {
+  const std::size_t columns = log.captions().size();
+  std::string text;
+  AppendCsvLine(text, log.captions(), columns);
+  for (const LogTable::Row& row : log.rows()) AppendCsvLine(text, row, columns);
+  return text;
+}
+
 LogReading ReadLogText(std::string_view text, LogTable& log) {
   std::size_t columns = 0;
   std::string_view rest = text;
@@ -95,25 +132,13 @@ LogReading ReadLogText(std::string_view text, LogTable& log) {
 }
 
 bool SaveLog(LogTable& log, const std::string& path, Prompts& prompts) {
-  std::optional<SafeFile> file;
-  try {
-    file.emplace(path);
-  } catch (const FileError&) {
-    BeepAndSay(prompts, kOpenError);
-    return false;
-  }
-  try {
-    const std::string text = LogText(log);
-    file->Write(std::as_bytes(std::span(text)));
-    if (file->Commit() == Durability::kPerhapsNotYet) {
-      prompts.Message(SavedButPerhapsNotOnDisk(path));
-    }
-  } catch (const FileError& error) {
-    prompts.Message(CouldNotBeSaved(path, error.what()));
-    return false;
-  }
+  if (!WriteWhole(LogText(log), path, prompts)) return false;
   log.SetStoredAt(path);
   return true;
+}
+
+bool ExportLogAsCsv(const LogTable& log, const std::string& path, Prompts& prompts) {
+  return WriteWhole(LogCsv(log), path, prompts);
 }
 
 bool OpenLog(LogTable& log, const std::string& path, Prompts& prompts) {

@@ -18,6 +18,10 @@ void AppendLogLine(std::string& text, const LogTable::Row& cells, std::size_t co
 // The whole file. A cell without a value is written as an empty text.
 std::string LogText(const LogTable& log);
 
+// The same as a table with commas, for spreadsheets: captions first, cells quoted where they need
+// it, lines ended by CR LF.
+std::string LogCsv(const LogTable& log);
+
 enum class LogReading { kRead, kLineTooLong, kNotALog };
 
 // Fills `log` from the bytes of a file; anything but kRead leaves it as it was. Lines end at every
@@ -28,6 +32,10 @@ LogReading ReadLogText(std::string_view text, LogTable& log);
 // Writes the log and clears its modified flag. False, after a message, when the file could not be
 // written; the earlier file and the log then stay as they were.
 bool SaveLog(LogTable& log, const std::string& path, Prompts& prompts);
+
+// Writes the log as LogCsv has it; its own file and its modified flag stay. False, after a message,
+// when the file could not be written.
+bool ExportLogAsCsv(const LogTable& log, const std::string& path, Prompts& prompts);
 
 // Replaces the log by the file's content. False when it could not be read, which leaves the log as
 // it was; a line of 1000 bytes and more shows no message.

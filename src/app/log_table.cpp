@@ -1,6 +1,7 @@
 // log_table.cpp - rows keep only the cells that they have: a file with one wide line stays small.
 #include "app/log_table.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
@@ -40,11 +41,14 @@ bool LogTable::Append(const LogEntry& entry) {
 void LogTable::RemoveRows(std::span<const std::size_t> rows) {
   if (rows.empty()) return;
   if (rows.back() >= rows_.size()) throw std::out_of_range("a row that the log does not have");
+  edited_.reset();
+  removed_.clear();
   std::size_t kept = 0;
   std::size_t next = 0;
   for (std::size_t row = 0; row < rows_.size(); ++row) {
     if (next < rows.size() && rows[next] == row) {
       ++next;
+      removed_.push_back({row, std::move(rows_[row])});
     } else {
       if (kept != row) rows_[kept] = std::move(rows_[row]);
       ++kept;
@@ -54,11 +58,47 @@ void LogTable::RemoveRows(std::span<const std::size_t> rows) {
   modified_ = true;
 }
 
+void LogTable::SetCell(std::size_t row, std::size_t column, const std::string& text) {
+  Row& cells = rows_.at(row);
+  if (column >= captions_.size()) throw std::out_of_range("a column that the log does not have");
+  removed_.clear();
+  edited_ = EditedCell{row, cells};
+  if (cells.size() <= column) cells.resize(column + 1);
+  cells[column] = text;
+  const auto breaks = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
+  std::replace_if(cells[column].begin(), cells[column].end(), breaks, ' ');
+  modified_ = true;
+}
+
+void LogTable::Undo() {
+  if (!canUndo()) return;
+  if (edited_) rows_.at(edited_->row) = std::move(edited_->cells);
+  std::vector<Row> rows;
+  rows.reserve(rows_.size() + removed_.size());
+  auto next = removed_.begin();
+  const auto putBack = [&] {
+    for (; next != removed_.end() && next->index == rows.size(); ++next) {
+      rows.push_back(std::move(next->cells));
+    }
+  };
+  for (Row& row : rows_) {
+    putBack();
+    rows.push_back(std::move(row));
+  }
+  putBack();
+  rows_ = std::move(rows);
+  removed_.clear();
+  edited_.reset();
+  modified_ = true;
+}
+
 std::string LogTable::title() const {
   return path_.empty() ? "Untitled Log" : std::filesystem::path(path_).filename().string();
 }
 
 void LogTable::Replace(std::vector<std::string> captions, std::vector<Row> rows) {
+  removed_.clear();
+  edited_.reset();
   captions_ = std::move(captions);
   rows_ = std::move(rows);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -36,6 +37,14 @@ class LogTable : public LogSink {
   // std::out_of_range, with nothing removed, for a row that does not exist.
   void RemoveRows(std::span<const std::size_t> rows);
 
+  // Another text in a cell, which gets one with that if it has none; TABs and line ends become
+  // blanks. Marks the log modified. Throws std::out_of_range for a cell that does not exist.
+  void SetCell(std::size_t row, std::size_t column, const std::string& text);
+
+  // Takes the last removal or the last other text back; rows added since stay behind the others.
+  bool canUndo() const { return !removed_.empty() || edited_.has_value(); }
+  void Undo();
+
   // The path last saved to or opened from; empty for a new log.
   const std::string& path() const { return path_; }
   // The file name of the path, "Untitled Log" for a new log.
@@ -50,6 +59,16 @@ class LogTable : public LogSink {
  private:
   std::vector<std::string> captions_;
   std::vector<Row> rows_;
+  struct RemovedRow {
+    std::size_t index = 0;  // before the removal
+    Row cells;
+  };
+  struct EditedCell {
+    std::size_t row = 0;
+    Row cells;  // of the whole row, before
+  };
+  std::vector<RemovedRow> removed_;
+  std::optional<EditedCell> edited_;
   std::string path_;
   bool modified_ = false;
 };

@@ -13,6 +13,8 @@ class QMdiSubWindow;
 
 namespace cantorix {
 
+class CSpectrogramView;
+
 class DeskWindow;
 
 struct AnalysisRequest {
@@ -43,6 +45,8 @@ class AnalysisWindows {
   virtual void RefreshCommands() = 0;
   // The view goes: its windows must, too.
   virtual void CloseWindowsOf(CSonadexView& view) = 0;
+  // The view's spectrogram; null without one.
+  virtual const CSpectrogramView* SpectrogramOf(const CSonadexView& view) const = 0;
   // Those of the view that are open: spectrogram, pitch, spectrum.
   virtual std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const = 0;
   // The view that an analysis window belongs to; null for any other window.

@@ -16,6 +16,8 @@ class DeskWindow : public QMdiSubWindow {
   void Give(const QRect& place);
   // Leaves that many pixels free on the right of what the window shows.
   virtual void KeepFree(int /*pixels*/) {}
+  // Whether it lies in one place with the other window over time, to which it then leads.
+  virtual void SharePlace(bool /*shares*/) {}
   // No place is the user's choice any more.
   void ForgetChosenPlace() { placement_ = {}; }
   // Whether it still lies where it was given last.

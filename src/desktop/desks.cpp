@@ -194,6 +194,7 @@ void Desks::LayOut(Desk& desk) {
       LayOutDesk({space.width(), space.height()}, ContentsOf(*desk.view, analyses));
   desk.main->Give(ToQRect(layout.main, space.topLeft()));
   for (const auto& [kind, window] : analyses) {
+    window->SharePlace(layout.isPlaceShared);
     window->Give(ToQRect(PlaceIn(layout, kind), space.topLeft()));
   }
 }

@@ -119,6 +119,7 @@ void FrameCommands::Analyse(const AnalysisRequest& request) {
 }
 
 // Floating windows and logs
+void FrameCommands::ShowStatistics() { frame_.ShowStatistics(); }
 void FrameCommands::ShowLabelList() { frame_.ShowLabelList(); }
 void FrameCommands::TogglePhoneticChart() { frame_.TogglePhoneticChart(); }
 void FrameCommands::ShowDisplayOptions() { frame_.ShowDisplayOptions(); }

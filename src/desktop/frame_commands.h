@@ -49,6 +49,7 @@ class FrameCommands : private FrameActions {
   void ShowMeanSpectrum(Stretch stretch) override;
   void ShowSpectrogram(Stretch stretch) override;
   void ShowPitch(Stretch stretch) override;
+  void ShowStatistics() override;
   void ShowLabelList() override;
   void TogglePhoneticChart() override;
   void ShowDisplayOptions() override;

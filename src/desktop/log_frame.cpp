@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -18,6 +19,26 @@
 #include "desktop/table_rows.h"
 
 namespace cantorix {
+namespace {
+
+std::string JoinedWithTabs(const LogTable::Row& cells, std::size_t columns) {
+  std::string line;
+  for (std::size_t column = 0; column < columns; ++column) {
+    if (column > 0) line += '\t';
+    if (column < cells.size()) line += cells[column];
+  }
+  return line + '\n';
+}
+
+// The kind of an entry names all its columns: the values stand in sight beside it.
+void FitColumns(QTableView& table) {
+  constexpr int kEntryType = 1;
+  constexpr int kWidest = 280;
+  table.resizeColumnsToContents();
+  if (table.columnWidth(kEntryType) > kWidest) table.setColumnWidth(kEntryType, kWidest);
+}
+
+}  // namespace
 
 CFormLog::CFormLog(Application& application, QWidget* parent)
     : QWidget(parent),
@@ -26,28 +47,40 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
       note_(new EmptyNote(*table_)) {
   note_->Say(QStringLiteral(
       "Nothing measured. Ctrl+D enters the selection's duration, Ctrl+I its statistics."));
-  table_->setModel(&model_);
+  order_.setSourceModel(&model_);
+  table_->setModel(&order_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
   table_->setAccessibleName(QStringLiteral("Measurement log"));
+  // The third click on a heading brings the order of the measurements back.
+  table_->horizontalHeader()->setSortIndicatorClearable(true);
+  table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+  table_->setSortingEnabled(true);
   UseCompactRows(*table_);
-  auto* const copy = new QPushButton(QStringLiteral("&Copy"), this);
-  auto* const remove = new QPushButton(QStringLiteral("&Delete"), this);
   auto* const line = new QHBoxLayout;
-  line->addWidget(copy);
-  line->addWidget(remove);
+  AddButton(*line, QStringLiteral("&Copy"), [this] { CopyRows(); });
+  AddButton(*line, QStringLiteral("&Delete"), [this] { DeleteRows(); });
+  AddButton(*line, QStringLiteral("&Undo"), [this] { Undo(); });
+  AddButton(*line, QStringLiteral("Export as CS&V..."),
+            [this] { ExportOpenLogAsCsv(application_); });
   line->addStretch();
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(table_);
   column->addLayout(line);
-  connect(copy, &QPushButton::clicked, this, [this] { CopyRows(); });
-  connect(remove, &QPushButton::clicked, this, [this] { DeleteRows(); });
+  model_.edited = [this] { window()->setWindowModified(true); };
   table_->installEventFilter(this);
   GiveContextMenu(*table_,
                   {{QStringLiteral("&Copy"), [this] { CopyRows(); }},
                    {QStringLiteral("&Delete"), [this] { DeleteRows(); }},
                    {QStringLiteral("Select &All"), [this] { table_->selectAll(); }, false}});
+}
+
+void CFormLog::AddButton(QHBoxLayout& line, const QString& text, const std::function<void()>& act) {
+  auto* const button = new QPushButton(text, this);
+  connect(button, &QPushButton::clicked, this, act);
+  line.addWidget(button);
 }
 
 bool CFormLog::eventFilter(QObject* watched, QEvent* event) {
@@ -58,12 +91,14 @@ bool CFormLog::eventFilter(QObject* watched, QEvent* event) {
   auto* const key = static_cast<QKeyEvent*>(event);
   const bool copies = key->matches(QKeySequence::Copy);
   const bool deletes = key->matches(QKeySequence::Delete);
-  if (!copies && !deletes && !key->matches(QKeySequence::SelectAll)) return false;
+  const bool undoes = key->matches(QKeySequence::Undo);
+  if (!copies && !deletes && !undoes && !key->matches(QKeySequence::SelectAll)) return false;
   if (typed && copies) CopyRows();
   if (typed && deletes) DeleteRows();
+  if (typed && undoes) Undo();
   event->accept();
   // The table itself selects all.
-  return !typed || copies || deletes;
+  return !typed || copies || deletes || undoes;
 }
 
 void CFormLog::Refresh() {
@@ -71,44 +106,57 @@ void CFormLog::Refresh() {
   model_.Follow(application_.log ? &*application_.log : nullptr);
   note_->ShowWhen(model_.rowCount() == 0);
   if (model_.rowCount() == before) return;
-  if (before == 0) table_->resizeColumnsToContents();
+  if (before == 0) FitColumns(*table_);
   table_->scrollToBottom();
 }
 
 void CFormLog::ShowAnew() {
   model_.Invalidate();
   Refresh();
-  table_->resizeColumnsToContents();
+  FitColumns(*table_);
 }
 
 std::vector<std::size_t> CFormLog::SelectedRows() const {
-  std::vector<std::size_t> rows;
+  std::vector<int> shown;
   for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
-    rows.push_back(static_cast<std::size_t>(index.row()));
+    shown.push_back(index.row());
   }
-  std::sort(rows.begin(), rows.end());
+  std::sort(shown.begin(), shown.end());
+  std::vector<std::size_t> rows;
+  for (const int row : shown) {
+    rows.push_back(static_cast<std::size_t>(order_.mapToSource(order_.index(row, 0)).row()));
+  }
   return rows;
 }
 
 void CFormLog::CopyRows() const {
   if (!application_.log) return;
-  std::string text;
-  for (const std::size_t row : SelectedRows()) {
-    for (std::size_t column = 0; column < application_.log->captions().size(); ++column) {
-      const std::string* const cell = application_.log->Cell(row, column);
-      if (column > 0) text += '\t';
-      if (cell != nullptr) text += *cell;
-    }
-    text += '\n';
-  }
-  if (!text.empty()) QApplication::clipboard()->setText(Shown(text));
+  const LogTable& log = *application_.log;
+  const auto rows = SelectedRows();
+  if (rows.empty()) return;
+  const std::size_t columns = log.captions().size();
+  std::string text = JoinedWithTabs(log.captions(), columns);
+  for (const std::size_t row : rows) text += JoinedWithTabs(log.rows()[row], columns);
+  QApplication::clipboard()->setText(Shown(text));
 }
 
 void CFormLog::DeleteRows() {
   if (!application_.log) return;
-  const auto rows = SelectedRows();
+  auto rows = SelectedRows();
   if (rows.empty()) return;
+  std::sort(rows.begin(), rows.end());
   application_.log->RemoveRows(rows);
+  LogChanged();
+}
+
+void CFormLog::Undo() {
+  if (!application_.log || !application_.log->canUndo()) return;
+  application_.log->Undo();
+  LogChanged();
+}
+
+// By other ways than in a cell.
+void CFormLog::LogChanged() {
   model_.Invalidate();
   Refresh();
   window()->setWindowModified(true);

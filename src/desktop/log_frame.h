@@ -9,30 +9,38 @@
 #include "desktop/log_model.h"
 #include "desktop/tool_frame.h"
 
+class QHBoxLayout;
+
 namespace cantorix {
 
-// The table of the log; Ctrl+C copies the selected rows, Ctrl+A selects all, Delete removes them.
 class EmptyNote;
 
+// The table of the log; Ctrl+C copies the selected rows, Ctrl+A selects all, Delete removes them,
+// Ctrl+Z takes that or an edited cell back, a heading sorts.
 class CFormLog : public QWidget {
  public:
   CFormLog(Application& application, QWidget* parent);
 
   void Refresh();
   void ShowAnew();
-  // The selected rows as lines of cells separated by TABs, onto the desktop's clipboard.
+  // Captions and selected rows as lines of cells separated by TABs, onto the desktop's clipboard.
   void CopyRows() const;
   void DeleteRows();
+  void Undo();
   QTableView& table() { return *table_; }
 
   // Keeps the keys of the table from the commands of the main frame that have the same ones.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  // As the table shows them.
   std::vector<std::size_t> SelectedRows() const;
+  void AddButton(QHBoxLayout& line, const QString& text, const std::function<void()>& act);
+  void LogChanged();
 
   Application& application_;
   LogModel model_;
+  LogOrder order_;
   QTableView* table_;
   EmptyNote* note_;
 };

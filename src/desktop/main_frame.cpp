@@ -52,6 +52,7 @@ CMainFrame::CMainFrame(DesktopServices services)
                                          if (frame != nullptr)
                                            frame->area().picture().TakeSign(sign);
                                        })),
+      statistics_(new StatisticsFrame(this, *this, StatisticsSources())),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
       soundWindows_(new SoundWindows(*this, *this, services_)) {
   setWindowTitle(QStringLiteral("Cantorix"));
@@ -80,6 +81,7 @@ CMainFrame::~CMainFrame() {
   soundWindows_->Leave();
   displayOptions_->Follow(nullptr);
   labelList_->Follow(nullptr);
+  statistics_->Follow(nullptr);
   // The views go before the documents that they look at.
   for (CChildFrame* const frame : Frames()) delete frame;
 }

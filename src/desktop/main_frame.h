@@ -16,6 +16,7 @@
 #include "desktop/open_documents.h"
 #include "desktop/pointer_status.h"
 #include "desktop/sound/sound_timer.h"
+#include "desktop/statistics_frame.h"
 #include "document/save_commands.h"
 #include "mainview/sound_desk.h"
 
@@ -77,6 +78,8 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void ShowLog();
   void ShowLabelList();
   void TogglePhoneticChart();
+  // Shows the statistics of the selection; those that are shown already go into the log.
+  void ShowStatistics();
   void ShowDisplayOptions();
   void ShowRecordPlayOptions();
   void ToggleToolBar();
@@ -86,6 +89,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CDisplayOptionFrame& displayOptions() { return *displayOptions_; }
   LabelListFrame& labelList() { return *labelList_; }
   PhoneticChart& phoneticChart() { return *phoneticChart_; }
+  StatisticsFrame& statistics() { return *statistics_; }
   CFrameLog& log() { return *log_; }
   SoundWindows& soundWindows() { return *soundWindows_; }
   Desks& desks() { return desks_; }
@@ -123,6 +127,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool AgreesToClose(CSonadexDoc& document);
   void Number(const CSonadexDoc& document);
   void ListWindows();
+  StatisticsFrame::Surroundings StatisticsSources();
   // Closes a document that nobody has put anything into.
   void CloseUntouched(CSonadexDoc& document);
 
@@ -139,6 +144,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   CDisplayOptionFrame* displayOptions_;
   LabelListFrame* labelList_;
   PhoneticChart* phoneticChart_;
+  StatisticsFrame* statistics_;
   CFrameLog* log_;
   std::unique_ptr<SoundWindows> soundWindows_;
   AnalysisWindows* analysisWindows_ = nullptr;

@@ -45,6 +45,7 @@ void CMainFrame::Refresh() {
   pointerStatus_.ShowStretch(view == nullptr ? std::string() : StretchText(*view));
   displayOptions_->Follow(view);
   labelList_->Follow(view);
+  statistics_->Follow(view);
   soundWindows_->Refresh();
   log_->Refresh();
   if (analysisWindows_ != nullptr) analysisWindows_->RefreshCommands();
@@ -53,6 +54,23 @@ void CMainFrame::Refresh() {
 void CMainFrame::ShowLog() {
   log_->ShowNewLog();
   Refresh();
+}
+
+void CMainFrame::ShowStatistics() {
+  if (statistics_->isVisible()) {
+    statistics_->Measure();
+    statistics_->EnterIntoLog();
+  }
+  BringForward(*statistics_);
+}
+
+StatisticsFrame::Surroundings CMainFrame::StatisticsSources() {
+  return {[this](const CSonadexView& view) {
+            return analysisWindows_ == nullptr ? nullptr : analysisWindows_->SpectrogramOf(view);
+          },
+          [this](CSonadexDoc& document) -> DocumentWaveform& {
+            return documents_.WaveformOf(document);
+          }};
 }
 
 void CMainFrame::ShowLabelList() { BringForward(*labelList_); }
@@ -241,6 +259,8 @@ void CMainFrame::Closing(CSonadexView& view) {
     if (frame->view() == &view) desks_.Leave(*frame);
   }
   if (analysisWindows_ != nullptr) analysisWindows_->CloseWindowsOf(view);
+  // The last one, as what went before has brought everything up to date once more.
+  if (statistics_->view() == &view) statistics_->Follow(nullptr);
 }
 
 void CMainFrame::Closed(CSonadexDoc& document) {

@@ -1,19 +1,10 @@
 // table_writer.cpp - a table with the heading tier, start_s, end_s, text. A point has no end.
 #include "labelfile/format_writers.h"
 #include "labelfile/time_text.h"
+#include "platform/text.h"
 
 namespace cantorix {
 namespace {
-
-std::string Cell(const std::string& text, char separator) {
-  if (text.find_first_of(std::string{separator, '"', '\r', '\n'}) == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) {
-    if (c == '"') quoted += '"';
-    quoted += c;
-  }
-  return quoted + '"';
-}
 
 std::string Time(double seconds) { return FormatSeconds(seconds, 6, 6); }
 
@@ -22,9 +13,9 @@ std::string Written(const LabelFile& file, char separator) {
   out += "text\n";
   for (const LabelFileTier& tier : file.tiers) {
     for (const TimedLabel& label : tier.labels) {
-      out += Cell(tier.name, separator) + separator + Time(label.startS) + separator;
+      out += TableCell(tier.name, separator) + separator + Time(label.startS) + separator;
       if (tier.intervals) out += Time(label.endS);
-      out += separator + Cell(label.text, separator) + '\n';
+      out += separator + TableCell(label.text, separator) + '\n';
     }
   }
   return out;

@@ -226,6 +226,10 @@ constexpr std::array kTable{
     CommandRow{Command::kPitchWindow, Menu::kAnalysis, "Pitch Window", "", kLoaded,
                "Perform pitch and intensity of the window", "Pitch Window",
                ByFrame<&Frame::ShowPitch, Stretch::kWindow>},
+    CommandRow{Command::kStatistics, Menu::kAnalysis, "Statistics of Selection", "Ctrl+I",
+               kSelected,
+               "Show what the selection measures in all; once more: enter it into the log",
+               "Statistics of Selection", ByFrame<&Frame::ShowStatistics>, kSeparator},
 
     // Tool bar only
     CommandRow{Command::kIntensity, Menu::kNone, "Intensity", "", kLoaded,

@@ -77,6 +77,7 @@ enum class Command {
   kPitchSelection,
   kPitchWindow,
   // Tool bar only
+  kStatistics,
   kIntensity,
   kSmooth,
   kSetReferenceOfAll,

@@ -59,8 +59,8 @@ std::vector<std::vector<Command>> ContextCommands(CSonadexView& view, std::int32
   if (OnSelection(view, x, y)) {
     groups.push_back({Command::kZoomSelection, Command::kPlaySelection});
     groups.push_back({Command::kCut, Command::kCopy});
-    groups.push_back(
-        {Command::kSpectrogramSelection, Command::kFftLpcSelection, Command::kPitchSelection});
+    groups.push_back({Command::kSpectrogramSelection, Command::kFftLpcSelection,
+                      Command::kPitchSelection, Command::kStatistics});
   }
   if (OnTier(view.layout, x, y)) {
     groups.push_back({Command::kNewLabel, Command::kSetTiers});

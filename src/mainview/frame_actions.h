@@ -42,6 +42,7 @@ class FrameActions {
   virtual void ShowPitch(Stretch stretch) = 0;
 
   // Floating windows and logs
+  virtual void ShowStatistics() = 0;  // of the selection; those that are shown go into the log
   virtual void ShowLabelList() = 0;
   virtual void TogglePhoneticChart() = 0;
   virtual void ShowDisplayOptions() = 0;

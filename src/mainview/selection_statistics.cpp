@@ -72,19 +72,41 @@ void CountIntensity(const CChannel& channel, SelectionStatistics& result) {
   if (power > 0.0) result.meanDb = 10.0 * std::log10(power / frames);
 }
 
-void CountSamples(const CSonadexView& view, SelectionStatistics& result) {
+SampleExtent ExtentBetween(const SampleSource& samples, std::int64_t at, std::int64_t end) {
+  std::vector<std::int16_t> buffer;
+  SampleExtent extent;
+  for (; at < end; at += kBlockSamples) {
+    extent.Include(ExtentOf(samples.View(at, std::min(kBlockSamples, end - at), buffer)));
+  }
+  return extent;
+}
+
+// Whole pieces from the pyramid, which rounds to them, and the rest from the samples.
+SampleExtent ExtentBetween(const SampleSource& samples, const WaveformPyramid& pyramid,
+                           std::int64_t start, std::int64_t end) {
+  constexpr std::int64_t kPiece = WaveformPyramid::kPieceSamples;
+  const std::int64_t first = (start + kPiece - 1) / kPiece * kPiece;
+  const std::int64_t last = end / kPiece * kPiece;
+  if (last <= first) return ExtentBetween(samples, start, end);
+  SampleExtent extent = ExtentBetween(samples, start, first);
+  extent.Include(ExtentBetween(samples, last, end));
+  std::array<SampleExtent, 1> middle;
+  pyramid.Extents(samples, static_cast<double>(first), static_cast<double>(last), middle);
+  extent.Include(middle.front());
+  return extent;
+}
+
+void CountSamples(const CSonadexView& view, const WaveformPyramid* pyramid,
+                  SelectionStatistics& result) {
   const SampleSource& samples = view.document().Samples();
   const CChannel& channel = view.channel();
   const auto inside = [&samples](double at) {
     return std::clamp<std::int64_t>(Truncate(at), 0, samples.length());
   };
+  const std::int64_t start = inside(channel.PointAtTime(result.span.startMs).samples);
   const std::int64_t end = inside(channel.PointAtTime(result.span.endMs).samples);
-  std::vector<std::int16_t> buffer;
-  SampleExtent extent;
-  for (std::int64_t at = inside(channel.PointAtTime(result.span.startMs).samples); at < end;
-       at += kBlockSamples) {
-    extent.Include(ExtentOf(samples.View(at, std::min(kBlockSamples, end - at), buffer)));
-  }
+  const SampleExtent extent = pyramid == nullptr ? ExtentBetween(samples, start, end)
+                                                 : ExtentBetween(samples, *pyramid, start, end);
   if (extent.empty()) return;
   result.leastSample = extent.low;
   result.mostSample = extent.high;
@@ -110,11 +132,11 @@ void CountFormants(const CChannel& channel, const Spectrogram& spectrogram,
 }  // namespace
 
 SelectionStatistics StatisticsOf(const CSonadexView& view, const MsSpan& span,
-                                 const Spectrogram* spectrogram) {
+                                 const Spectrogram* spectrogram, const WaveformPyramid* pyramid) {
   SelectionStatistics result{.span = span};
   CountPitch(view, result);
   CountIntensity(view.channel(), result);
-  CountSamples(view, result);
+  CountSamples(view, pyramid, result);
   if (spectrogram != nullptr) CountFormants(view.channel(), *spectrogram, result);
   return result;
 }

@@ -15,6 +15,8 @@
 
 namespace cantorix {
 
+class WaveformPyramid;
+
 struct MsSpan {
   double startMs = 0.0;
   double endMs = 0.0;  // included
@@ -43,10 +45,12 @@ struct SelectionStatistics {
   std::array<std::optional<double>, kFormants> formantHz{};
 };
 
-// Takes what there is: without a track, or a spectrogram (null), its values stay empty. Throws
-// FileError when the samples cannot be read.
+// Takes what there is: without a track, or a spectrogram (null), its values stay empty. With the
+// pyramid of the recording's samples a long stretch is not read again. Throws FileError when the
+// samples cannot be read.
 SelectionStatistics StatisticsOf(const CSonadexView& view, const MsSpan& span,
-                                 const Spectrogram* spectrogram);
+                                 const Spectrogram* spectrogram,
+                                 const WaveformPyramid* pyramid = nullptr);
 
 // What the values are called in the log and as columns of a table.
 struct StatisticsName {

@@ -78,4 +78,17 @@ std::string_view TakeLine(std::string_view& rest) {
   return line;
 }
 
+std::string TableCell(std::string_view text, char separator) {
+  const bool isPlain = std::none_of(text.begin(), text.end(), [separator](char c) {
+    return c == separator || c == '"' || c == '\r' || c == '\n';
+  });
+  if (isPlain) return std::string(text);
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
 }  // namespace cantorix

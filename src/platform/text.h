@@ -17,4 +17,8 @@ std::string ToUtf8(std::string_view bytes);
 // every CR and at every LF. Empty when no line is left.
 std::string_view TakeLine(std::string_view& rest);
 
+// A cell of a table of texts: in quotes, with quotes in it doubled, where it holds the separator, a
+// quote or a line end.
+std::string TableCell(std::string_view text, char separator);
+
 }  // namespace cantorix

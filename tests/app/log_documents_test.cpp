@@ -7,6 +7,7 @@
 
 #include "app/log_file.h"
 #include "app_fixture.h"
+#include "platform/file.h"
 
 namespace cantorix {
 namespace {
@@ -38,6 +39,20 @@ TEST_F(LogDocumentsTest, WithoutALogNothingIsSavedOrAsked) {
   EXPECT_EQ(OpenLogSink(app), nullptr);
   EXPECT_FALSE(SaveOpenLog(app) || SaveOpenLogAs(app));
   EXPECT_TRUE(CloseLog(app));
+}
+
+TEST_F(LogDocumentsTest, AnExportIsAnotherFile) {
+  EXPECT_FALSE(ExportOpenLogAsCsv(app));
+  Enter();
+  prompts.WillCancel();
+  EXPECT_FALSE(ExportOpenLogAsCsv(app));
+  prompts.WillChooseFile(folder / "log.csv");
+  EXPECT_TRUE(ExportOpenLogAsCsv(app));
+  EXPECT_EQ(ReadWholeFile(folder / "log.csv"), "Source,Entry Type,Entry 1\r\na.wav,Pitch,1.0\r\n");
+  EXPECT_TRUE(app.log->isModified() && app.log->path().empty());
+  prompts.WillChooseFile("/nowhere/log.csv");
+  EXPECT_FALSE(ExportOpenLogAsCsv(app));
+  EXPECT_EQ(prompts.TakeTranscript().back(), "message: Error in opening the file.");
 }
 
 TEST_F(LogDocumentsTest, ModifiedLogIsNotDroppedUnasked) {

@@ -41,6 +41,38 @@ TEST(LogTableTest, GrowsColumnsWithItsLongestRowAndLosesRows) {
   EXPECT_EQ(log.Cell(1, 3), nullptr);
 }
 
+TEST(LogTableTest, TakesTheLastChangeBack) {
+  LogTable log = TableOf({"F", "G"}, {{"0"}, {"1"}, {"2"}, {"3"}});
+  EXPECT_FALSE(log.canUndo());
+  log.RemoveRows(std::vector<std::size_t>{0, 1, 3});
+  log.Append({"4", "", {}});
+  log.Undo();
+  EXPECT_THAT(log.rows(), ElementsAre(ElementsAre("0"), ElementsAre("1"), ElementsAre("2"),
+                                      ElementsAre("3"), ElementsAre("4", "")));
+  EXPECT_FALSE(log.canUndo()) << "one step";
+  log.SetCell(1, 1, "a\tb\r\nc");
+  EXPECT_THAT(log.rows()[1], ElementsAre("1", "a b  c"));
+  EXPECT_TRUE(log.isModified());
+  log.Undo();
+  EXPECT_THAT(log.rows()[1], ElementsAre("1")) << "no cell there before";
+  EXPECT_THROW(log.SetCell(0, 2, "x"), std::out_of_range);
+  EXPECT_THROW(log.SetCell(9, 0, "x"), std::out_of_range);
+  log.RemoveRows(std::vector<std::size_t>{4});
+  log.SetCell(0, 0, "x");
+  log.Undo();
+  EXPECT_EQ(log.rows().size(), 4U) << "of the edit alone";
+  log.RemoveRows(std::vector<std::size_t>{0});
+  log.Replace({"F"}, {});
+  EXPECT_FALSE(log.canUndo()) << "of another file";
+}
+
+TEST(LogTextTest, CommasQuotesAndLineEndsSurviveInCsv) {
+  const LogTable log =
+      TableOf({"Source", "Entry, kind", "E"}, {{"a.wav", "say \"a\"", "1.0"}, {"\xE4\nb"}});
+  EXPECT_EQ(LogCsv(log),
+            "Source,\"Entry, kind\",E\r\na.wav,\"say \"\"a\"\"\",1.0\r\n\"\xC3\xA4\nb\",,\r\n");
+}
+
 TEST(LogTextTest, ReadsLinesHoweverTheyEnd) {
   struct Row {
     std::string text;

@@ -35,6 +35,7 @@ class RecordingWindows : public AnalysisWindows {
   void Open(CSonadexView&, const AnalysisRequest& request) override { opened.push_back(request); }
   void CursorMoved(CSonadexView&, MousePhase phase, double) override { moves.push_back(phase); }
   void ShowPlayed(const CSonadexDoc&, std::optional<double>) override {}
+  const CSpectrogramView* SpectrogramOf(const CSonadexView&) const override { return nullptr; }
   void ShowPointed(const CSonadexView&, const std::optional<Pointed>&) override {}
   void RefreshCommands() override { ++refreshes; }
   void CloseWindowsOf(CSonadexView&) override { ++closed; }

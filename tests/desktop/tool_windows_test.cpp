@@ -246,11 +246,38 @@ TEST_F(ToolWindows, TheLogShowsRowsAsTheyComeAndLosesThoseDeleted) {
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
   ButtonOf(form, "&Copy").click();
   const QStringList copied = QApplication::clipboard()->text().split('\n');
-  EXPECT_EQ(copied.size(), 3) << "in their order, whichever was chosen first";
-  EXPECT_EQ(copied[0], "vowels.qrv\tDuration Entry: start, end, duration\t100.0\t350.5\t250.5\t\t");
+  EXPECT_EQ(copied.size(), 4) << "in their order, whichever was chosen first";
+  EXPECT_EQ(copied[0], "Source\tEntry Type\tEntry 1\tEntry 2\tEntry 3\tEntry 4\tEntry 5");
+  EXPECT_EQ(copied[1], "vowels.qrv\tDuration Entry: start, end, duration\t100.0\t350.5\t250.5\t\t");
   ButtonOf(form, "&Delete").click();
   EXPECT_EQ(form.table().model()->rowCount(), rows - 2);
   EXPECT_EQ(Text(form.table(), 0, 3), third);
+  ButtonOf(form, "&Undo").click();
+  EXPECT_EQ(Text(form.table(), 2, 3), third);
+}
+
+TEST_F(ToolWindows, TheLogIsSortedAndEditedInItsCells) {
+  OpenSample();
+  Perform(Command::kLogNew);
+  for (const char* value : {"10.0", "-", "9.5"}) app.log->Append({"a", "b", {value}});
+  QTableView& table = frame.log().form().table();
+  frame.log().Refresh();
+  const auto column = [&] {
+    return Text(table, 0, 2) + ' ' + Text(table, 1, 2) + ' ' + Text(table, 2, 2);
+  };
+  table.sortByColumn(2, Qt::AscendingOrder);
+  EXPECT_EQ(column(), "9.5 10.0 -") << "by size, none last";
+  table.selectAll();
+  frame.log().form().CopyRows();
+  EXPECT_EQ(QApplication::clipboard()->text().section('\n', 1, 1), "a\tb\t9.5") << "as shown";
+  EXPECT_TRUE(table.model()->setData(table.model()->index(0, 2), "11"));
+  EXPECT_EQ(app.log->rows()[2][2], "11") << "of the row that stands there";
+  table.sortByColumn(-1, Qt::AscendingOrder);
+  EXPECT_EQ(column(), "10.0 - 11") << "as measured";
+  table.selectRow(0);
+  frame.log().form().DeleteRows();
+  QTest::keyClick(&table, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(column(), "10.0 - 11");
 }
 
 TEST_F(ToolWindows, TakingRowsOutOfASavedLogModifiesIt) {
@@ -291,7 +318,7 @@ TEST_F(ToolWindows, TheKeysOfTheLogAreNotThoseOfTheRecording) {
   QTest::keyClick(&table, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "");
   QTest::keyClick(&table, Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 2);
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 3) << "captions and both";
   EXPECT_FALSE(clipboard.clipboardFull);
   EXPECT_DOUBLE_EQ(view.channel().selectionEnd.ms, 350.5);
   QTest::keyClick(&table, Qt::Key_Delete);

@@ -5,8 +5,10 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/paint/empty_panes.h"
 #include "desktop/qt_text.h"
@@ -46,12 +48,16 @@ void AnalysisFrame::Build() {
   head_->addWidget(strip_);
   head_->addWidget(hint_, 1);
   column->addLayout(head_);
+  QToolBar* const ownRow = hasOwnRow() ? new QToolBar(content) : strip_;
+  if (ownRow != strip_) column->addWidget(ownRow);
   column->addWidget(canvas_, 1);
   setWidget(content);
   canvas_->setAccessibleName(KindName());
   actions_ = std::make_unique<WindowActions>(*canvas_, model(),
                                              [this](WindowCommand command) { Perform(command); });
-  actions_->Fill(*strip_, [this](QToolBar& strip) { FillStrip(strip); });
+  AddPlaceSwitch();
+  actions_->Fill(*strip_);
+  FillStrip(*ownRow);
   setWindowIcon(DrawnIcon(IconName()));
   setFocusProxy(canvas_);
   Refresh();
@@ -71,6 +77,29 @@ void AnalysisFrame::Run(const std::function<void()>& action) { host_.Run(view_, 
 void AnalysisFrame::KeepFree(int pixels) {
   if (model().kind() != WindowKind::kFftLpc)
     widget()->layout()->setContentsMargins(0, 0, pixels, 0);
+}
+
+void AnalysisFrame::AddPlaceSwitch() {
+  if (model().kind() == WindowKind::kFftLpc) return;
+  for (const auto& [kind, name] :
+       {std::pair{WindowKind::kSpectrogram, "Spectrogram"}, {WindowKind::kPitch, "Pitch"}}) {
+    auto* const button = new QToolButton(strip_);
+    button->setText(QLatin1String(name));
+    button->setCheckable(true);
+    button->setChecked(kind == model().kind());
+    button->setToolTip(QStringLiteral("Both windows lie in one place (F6)"));
+    connect(button, &QToolButton::clicked, this, [this, button, shown = kind] {
+      button->setChecked(shown == model().kind());
+      host_.Activate(view_, shown);
+    });
+    placeSwitch_.push_back(strip_->addWidget(button));
+  }
+  placeSwitch_.push_back(strip_->addSeparator());
+  SharePlace(false);
+}
+
+void AnalysisFrame::SharePlace(bool shares) {
+  for (QAction* const part : placeSwitch_) part->setVisible(shares);
 }
 
 void AnalysisFrame::Settle() {

@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "desktop/desk_window.h"
 #include "desktop/windows/analysis_canvas.h"
@@ -28,6 +29,8 @@ class AnalysisFrameHost {
   // Carries out what the user began: nothing while another operation runs; what is given up ends
   // silently, a failure is shown.
   virtual void Run(CSonadexView& view, const std::function<void()>& action) = 0;
+  // Brings the view's window of a kind to the front.
+  virtual void Activate(const CSonadexView& view, WindowKind kind) = 0;
   // What is under the pointer in a window of the view; nothing: it points at nothing there.
   virtual void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
   // A command of the recording, as by its menu.
@@ -57,6 +60,7 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   // The window was closed and is about to go.
   bool isClosing() const { return isClosing_; }
   void KeepFree(int pixels) override;
+  void SharePlace(bool shares) override;
 
   // Gives canvas and strip their sizes at once, so that the model knows what to compute for.
   void Settle();
@@ -68,8 +72,9 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
  protected:
   // To be called once by the constructor of a window, whose model and picture exist by then.
   void Build();
-  // Widgets that a window adds to its strip.
+  // Widgets that a window adds to its strip, or to a row of their own below it.
   virtual void FillStrip(QToolBar&) {}
+  virtual bool hasOwnRow() const { return false; }
   virtual void RefreshStrip() {}
   // What does not fit the recording, and what mends it.
   virtual RateHint Hint() const { return {}; }
@@ -87,6 +92,7 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void AddPlaceSwitch();
   void ShowOptions() override;
   void SavePicture() override { host_.Output(*this, WindowCommand::kSavePicture); }
   void CopyPicture() override { host_.Output(*this, WindowCommand::kCopyPicture); }
@@ -104,6 +110,7 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   AnalysisFrameHost& host_;
   QBoxLayout* head_ = nullptr;  // the strip, and the hint beside or below it
   QToolBar* strip_ = nullptr;
+  std::vector<QAction*> placeSwitch_;  // of windows over time
   HintLine* hint_ = nullptr;
   AnalysisCanvas* canvas_ = nullptr;
   std::unique_ptr<WindowActions> actions_;

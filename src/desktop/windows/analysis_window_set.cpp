@@ -116,6 +116,11 @@ std::vector<AnalysisWindowOf> AnalysisWindowSet::WindowsOf(const CSonadexView& v
   return windows;
 }
 
+const CSpectrogramView* AnalysisWindowSet::SpectrogramOf(const CSonadexView& view) const {
+  AnalysisFrame* const frame = Find(view, WindowKind::kSpectrogram);
+  return frame == nullptr ? nullptr : dynamic_cast<CSpectrogramView*>(&frame->model());
+}
+
 void AnalysisWindowSet::Gone(AnalysisFrame& frame) {
   std::erase(frames_, &frame);
   if (around_.desks != nullptr) around_.desks->Gone(frame.view());
@@ -130,6 +135,11 @@ void AnalysisWindowSet::Run(CSonadexView& view, const std::function<void()>& act
   if (busy()) return;
   Guarded(view, action);
   if (around_.stateChanged) around_.stateChanged();
+}
+
+void AnalysisWindowSet::Activate(const CSonadexView& view, WindowKind kind) {
+  AnalysisFrame* const frame = Find(view, kind);
+  if (frame != nullptr) around_.desks->area().setActiveSubWindow(frame);
 }
 
 void AnalysisWindowSet::PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) {

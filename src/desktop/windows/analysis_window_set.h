@@ -41,6 +41,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   void ShowPointed(const CSonadexView& view, const std::optional<Pointed>& pointed) override;
   void RefreshCommands() override;
   void CloseWindowsOf(CSonadexView& view) override;
+  const CSpectrogramView* SpectrogramOf(const CSonadexView& view) const override;
   std::vector<AnalysisWindowOf> WindowsOf(const CSonadexView& view) const override;
   CSonadexView* ViewOf(const QMdiSubWindow& window) const override;
 
@@ -50,6 +51,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
  private:
   void Run(CSonadexView& view, const std::function<void()>& action) override;
   bool busy() const override;
+  void Activate(const CSonadexView& view, WindowKind kind) override;
   void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
   void Perform(Command command) override;
   void Gone(AnalysisFrame& frame) override;

@@ -1,9 +1,11 @@
 // fft_lpc_frame.cpp - the fields beside the commands, and the settings that they turn.
 #include "desktop/windows/fft_lpc_frame.h"
 
+#include <QLabel>
 #include <algorithm>
 
 #include "analysis/spectrum_limits.h"
+#include "desktop/qt_text.h"
 #include "mainview/option_commands.h"
 #include "settings/option_forms.h"
 
@@ -26,7 +28,6 @@ CFFTLPCFrame::CFFTLPCFrame(CSonadexView& view, AnalysisFrameHost& host, WindowPl
 
 void CFFTLPCFrame::FillStrip(QToolBar& strip) {
   const double rateHz = view().channel().sampleRateHz;
-  strip.addSeparator();
   fields_ = new StripFields(strip, {[this] { Refresh(); }, [this] { return busy(); }});
   sizes_ = fields_->AddSizes(rateHz, kFftLpcSizes, [this](std::int32_t points) {
     Set([points](auto& settings) { Use({.points = points}, settings); });
@@ -42,6 +43,12 @@ void CFFTLPCFrame::FillStrip(QToolBar& strip) {
       {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
        QStringLiteral(" Hz"), 1, std::max(HighestRangeHz(rateHz), 1), kRangeStepHz},
       [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
+  place_ = new QLabel(&strip);
+  place_->setTextFormat(Qt::PlainText);
+  place_->setFont(rangeHz_->font());
+  place_->setContentsMargins(8, 0, 4, 0);
+  place_->setAccessibleName(QStringLiteral("Place of the spectrum"));
+  strip.addWidget(place_);
 }
 
 void CFFTLPCFrame::RefreshStrip() {
@@ -49,6 +56,7 @@ void CFFTLPCFrame::RefreshStrip() {
   StripFields::ShowPoints(*sizes_, settings.points);
   fields_->Show(*order_, settings.lpcOrder);
   fields_->Show(*rangeHz_, settings.rangeHz);
+  place_->setText(Shown(model_.PlaceText()));
 }
 
 RateHint CFFTLPCFrame::Hint() const {

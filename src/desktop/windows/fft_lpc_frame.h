@@ -21,6 +21,8 @@ class CFFTLPCFrame : public AnalysisFrame {
 
  private:
   void FillStrip(QToolBar& strip) override;
+  // The window stands at the side and is narrow.
+  bool hasOwnRow() const override { return true; }
   void RefreshStrip() override;
   RateHint Hint() const override;
   void UseHint(const RateHint& hint) override;
@@ -37,6 +39,7 @@ class CFFTLPCFrame : public AnalysisFrame {
   QComboBox* sizes_ = nullptr;
   QSpinBox* order_ = nullptr;
   QSpinBox* rangeHz_ = nullptr;
+  QLabel* place_ = nullptr;  // of what the spectrum is taken
 };
 
 }  // namespace cantorix

@@ -111,7 +111,7 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
   }
 }
 
-void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const {
+void WindowActions::Fill(QToolBar& strip) const {
   strip.setToolButtonStyle(Qt::ToolButtonIconOnly);
   strip.setIconSize({kIconPixels, kIconPixels});
   QMenu* const output = AddOutput(strip);
@@ -127,7 +127,6 @@ void WindowActions::Fill(QToolBar& strip, const std::function<void(QToolBar&)>& 
     strip.insertAction(last, entry.action);
     before = entry.row;
   }
-  addOwn(strip);
 }
 
 void WindowActions::Refresh() {

@@ -18,9 +18,8 @@ class WindowActions {
   WindowActions(QWidget& owner, AnalysisWindow& model,
                 const std::function<void(WindowCommand)>& perform);
 
-  // Buttons with drawings, grouped by kind of command, one with a menu for the output, then what
-  // `addOwn` adds.
-  void Fill(QToolBar& strip, const std::function<void(QToolBar&)>& addOwn) const;
+  // Adds buttons with drawings, grouped by kind of command, the last with a menu for the output.
+  void Fill(QToolBar& strip) const;
   // Brings everything in step with the model.
   void Refresh();
 
