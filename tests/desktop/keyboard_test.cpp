@@ -154,7 +154,7 @@ TEST_F(Keyboard, TheContextMenuHasTheActionsOfTheMenuBar) {
   };
   const std::string onSelection =
       "Selection Play Selection -- Cu&t &Copy -- Spectrogram Selection FFT/LPC Selection Pitch "
-      "Selection -- Display";
+      "Selection Statistics of Selection -- Display";
   QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {250, 200}, {250, 200});
   QApplication::sendEvent(&Picture(), &byMouse);
   EXPECT_EQ(menu(), onSelection);
