@@ -134,7 +134,7 @@ TEST_F(LabelTest, TheContextMenuIsThatOfThePlace) {
   const std::string label = "Type Label, Edit Label..., Play Label, Delete Label, | ";
   const std::string selection =
       "Selection, Play Selection, | Cu&t, &Copy, | Spectrogram Selection, FFT/LPC Selection, Pitch "
-      "Selection, | ";
+      "Selection, Statistics of Selection, | ";
   const std::string tier = "New Label, Set/Modify..., ";
   SelectSpan(view, 2000.0, 4000.0);
   document.settings.display.intensityInOwnPane = document.settings.display.drawIntensity = 1;
