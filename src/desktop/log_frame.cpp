@@ -117,15 +117,15 @@ void CFormLog::ShowAnew() {
 }
 
 std::vector<std::size_t> CFormLog::SelectedRows() const {
-  std::vector<int> shown;
-  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
-    shown.push_back(index.row());
-  }
+  const QModelIndexList chosen = table_->selectionModel()->selectedRows();
+  std::vector<int> shown(static_cast<std::size_t>(chosen.size()));
+  std::transform(chosen.begin(), chosen.end(), shown.begin(),
+                 [](const QModelIndex& index) { return index.row(); });
   std::sort(shown.begin(), shown.end());
-  std::vector<std::size_t> rows;
-  for (const int row : shown) {
-    rows.push_back(static_cast<std::size_t>(order_.mapToSource(order_.index(row, 0)).row()));
-  }
+  std::vector<std::size_t> rows(shown.size());
+  std::transform(shown.begin(), shown.end(), rows.begin(), [this](int row) {
+    return static_cast<std::size_t>(order_.mapToSource(order_.index(row, 0)).row());
+  });
   return rows;
 }
 

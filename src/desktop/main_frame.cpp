@@ -156,6 +156,7 @@ std::string CMainFrame::PageOfWindow() const {
   const QWidget* const active = QApplication::activeWindow();
   if (active == labelList_) return "labellist.html";
   if (active == log_) return "log.html";
+  if (active == statistics_) return "statistics.html";
   if (active == displayOptions_) return "options.html";
   if (active == &soundWindows_->recordPlay()) return "recordplay.html";
   const CSonadexView* const view = activeView();
