@@ -132,7 +132,8 @@ void StatisticsFrame::Show() {
 }
 
 QString StatisticsFrame::note() const {
-  if (!statistics_) return QStringLiteral("Select a stretch: drag over the recording.");
+  if (!statistics_ || view_ == nullptr)
+    return QStringLiteral("Select a stretch: drag over the recording.");
   const CSpectrogramView* const spectrogram = around_.spectrogramOf(*view_);
   const std::string text = StatisticsNote(
       *view_, *statistics_, spectrogram == nullptr ? nullptr : &spectrogram->settings());
