@@ -18,7 +18,7 @@ class DeskWindow : public QMdiSubWindow {
   virtual void KeepFree(int /*pixels*/) {}
   // Whether it lies in one place with the other window over time, to which it then leads.
   virtual void SharePlace(bool /*shares*/) {}
-  // No place is the user's choice any more.
+  // No place is the user's choice any more: the next window takes its usual one.
   void ForgetChosenPlace() { placement_ = {}; }
   // Whether it still lies where it was given last.
   bool LiesAsGiven() const { return given_ && geometry() == *given_; }

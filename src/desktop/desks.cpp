@@ -160,6 +160,8 @@ void Desks::Chosen(DeskWindow& window) {
 
 // Minimised windows of analyses would be scattered, so that they go out of sight.
 void Desks::FollowMain(Desk& desk, Qt::WindowStates before, Qt::WindowStates now) {
+  // Then the next one has all of the area, too.
+  if (now.testFlag(Qt::WindowMaximized)) desk.main->ForgetChosenPlace();
   const bool wasMinimized = before.testFlag(Qt::WindowMinimized);
   const bool isMinimized = now.testFlag(Qt::WindowMinimized);
   if (wasMinimized == isMinimized) return;

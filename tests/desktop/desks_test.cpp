@@ -97,7 +97,10 @@ TEST_F(DesksTest, TheFirstAnalysisArrangesAndTheLastOneLeavesThePlaceAgain) {
 
 TEST_F(DesksTest, AMaximisedMainViewIsMaximisedAgain) {
   CSonadexView& view = OpenCopy("a.qrv");
+  MainOf(view).resize(500, 400);
+  EXPECT_EQ(app.host.application.mainView.width, 500);
   MainOf(view).showMaximized();
+  EXPECT_EQ(app.host.application.mainView.width, 0) << "the next one has all of the area, too";
   AnalysisFrame& window = Show(view, WindowKind::kSpectrogram);
   EXPECT_FALSE(MainOf(view).isMaximized());
   window.close();
