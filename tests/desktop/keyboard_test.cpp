@@ -16,8 +16,6 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-
 class Keyboard : public AnalysisDesktopTest {
  protected:
   Keyboard() {
