@@ -17,7 +17,6 @@ namespace cantorix {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // The typing as it stands, its place, and the tiers in use.
 std::string TypingOf(CSonadexView& view) {
