@@ -30,8 +30,10 @@ class TrackSummary {
 
   // Entries, values or not.
   std::size_t size() const { return bins_.size(); }
-  // Of the entries [first, last), first <= last <= size().
-  TrackSpread Of(std::size_t first, std::size_t last) const;
+  // Of the entries from each edge to the next; edges ascend within 0 ... size().
+  std::vector<TrackSpread> OfEach(std::span<const std::size_t> edges) const;
+  // Of all entries.
+  std::int64_t values() const { return values_; }
   // The smallest value; 0 without any.
   double least() const { return least_; }
   double binWidth() const { return width_; }
@@ -39,13 +41,22 @@ class TrackSummary {
  private:
   static constexpr std::size_t kBlock = 256;  // entries
   static constexpr std::size_t kGroup = 16;   // bins
+  static constexpr std::size_t kShort = 64;   // entries
   using GroupSums = std::array<std::int32_t, kBins / kGroup>;
-  using Counts = std::array<std::int32_t, kBins>;  // of bin 0, without a value, always 0
+  using Counts = std::array<std::int32_t, kBins>;
 
-  Counts CountsOf(std::size_t first, std::size_t last) const;
-  void Add(Counts& counts, std::size_t first, std::size_t last, std::int32_t times) const;
+  // Of a rank among `count` values, 0 being the smallest one's.
+  template <typename ValueOfRank>
+  static TrackSpread Spread(std::int64_t count, const ValueOfRank& valueOf);
+  // The value of that rank among the `count` ones of a bin.
+  double ValueIn(std::size_t bin, std::int64_t rank, std::int64_t count) const;
+  TrackSpread OfShort(std::size_t first, std::size_t last) const;
+  TrackSpread OfLong(const Counts& before, const Counts& upTo) const;
+  // Of all entries before this one; bin 0 counts those without a value.
+  Counts CountsBefore(std::size_t entry) const;
   double ValueAt(const Counts& counts, const GroupSums& sums, std::int64_t rank) const;
 
+  std::int64_t values_ = 0;
   double least_ = 0.0;
   double width_ = 0.0;              // of a bin
   std::vector<std::uint8_t> bins_;  // of each entry; 0: no value

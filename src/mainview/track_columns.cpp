@@ -18,15 +18,11 @@ std::size_t FirstFrom(const TrackPlace& place, double x, std::size_t size) {
 
 std::vector<TrackSpread> TrackColumns(const TrackSummary& track, const TrackPlace& place,
                                       std::size_t count) {
-  std::vector<TrackSpread> columns(count);
-  std::size_t first = FirstFrom(place, 0.0, track.size());
-  for (std::size_t c = 0; c < count; ++c) {
-    const std::size_t last =
-        std::max(FirstFrom(place, static_cast<double>(c + 1), track.size()), first);
-    if (last > first) columns[c] = track.Of(first, last);
-    first = last;
+  std::vector<std::size_t> edges(count + 1);
+  for (std::size_t c = 0; c < edges.size(); ++c) {
+    edges[c] = FirstFrom(place, static_cast<double>(c), track.size());
   }
-  return columns;
+  return track.OfEach(edges);
 }
 
 EntryRange EntriesAround(std::size_t size, const TrackPlace& place, double from, double to) {

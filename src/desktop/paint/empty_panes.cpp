@@ -40,7 +40,7 @@ bool HasTier(const CSonadexView& view) {
 
 std::string UnvoicedNote(const CSonadexView& view) {
   const std::size_t count = view.pitch.entries().size();
-  if (count == 0 || view.pitch.Summary().Of(0, count).count > 0) return {};
+  if (count == 0 || view.pitch.Summary().values() > 0) return {};
   const PitchSettings& settings = view.document().settings.pitch;
   return "No voiced stretch between " + std::to_string(std::llround(settings.lowHz)) + " and " +
          std::to_string(std::llround(settings.highHz)) + " Hz found. Options\u2026";

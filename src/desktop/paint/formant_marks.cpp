@@ -3,6 +3,8 @@
 
 #include <QPainterPath>
 #include <QPolygonF>
+#include <algorithm>
+#include <span>
 
 namespace cantorix {
 namespace {
@@ -37,11 +39,18 @@ void AddMark(QPainterPath& path, std::size_t formant, const QPointF& at, double 
   }
 }
 
-QPainterPath PathOf(const std::vector<QPointF>& places, std::size_t formant, double more) {
-  QPainterPath path;
-  path.setFillRule(Qt::WindingFill);
-  for (const QPointF& at : places) AddMark(path, formant, at, more);
-  return path;
+// In paths of a few marks each: the time for a path grows with the square of what lies in its rows.
+void DrawMarks(QPainter& painter, std::span<const QPointF> places, std::size_t formant,
+               double more) {
+  constexpr std::size_t kMarksOfPath = 12;
+  while (!places.empty()) {
+    const auto some = places.first(std::min(kMarksOfPath, places.size()));
+    places = places.subspan(some.size());
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const QPointF& at : some) AddMark(path, formant, at, more);
+    painter.drawPath(path);
+  }
 }
 
 }  // namespace
@@ -53,7 +62,7 @@ void DrawFormantMarks(QPainter& painter, const FormantPlaces& places, const Pain
   const auto pass = [&](double more, const auto& colorOf) {
     for (std::size_t i = 0; i < kFormants; ++i) {
       painter.setBrush(colorOf(i));
-      painter.drawPath(PathOf(places[i], i, more));
+      DrawMarks(painter, places[i], i, more);
     }
   };
   pass(2.0 * kRing, [](std::size_t) { return kDark; });
@@ -61,7 +70,7 @@ void DrawFormantMarks(QPainter& painter, const FormantPlaces& places, const Pain
   pass(0.0, [&](std::size_t i) { return style.formants[i]; });
   // The last is hollow.
   painter.setBrush(kLight);
-  painter.drawPath(PathOf(places[kFormants - 1], kFormants - 1, -kRing));
+  DrawMarks(painter, places[kFormants - 1], kFormants - 1, -kRing);
   painter.restore();
 }
 

@@ -117,10 +117,10 @@ void DrawInnerAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
 
 void DrawValueGrid(QPainter& painter, const QRectF& pane, const AxisSpan& span,
                    const std::vector<AxisTick>& ticks, const QColor& color) {
-  painter.setPen(QPen(color, 1.0));
+  painter.setRenderHint(QPainter::Antialiasing, false);
   for (const AxisTick& tick : ticks) {
     const double y = YOf(pane, span, tick.value);
-    painter.drawLine(QLineF(pane.left(), y, pane.right(), y));
+    painter.fillRect(QRectF(pane.left(), y - 0.5, pane.width(), 1.0), color);
   }
 }
 
