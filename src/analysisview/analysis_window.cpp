@@ -82,12 +82,18 @@ bool AnalysisWindow::Tracks() const {
 }
 
 void AnalysisWindow::PassPress(double ms) const {
-  if (Tracks()) return PressAtTime(*mainView(), ms);
-  if (mainView() != nullptr && !samplesChanged()) ShowPointerAtTime(*mainView(), ms);
+  if (!Tracks()) return LeavePointer(ms);
+  PressAtTime(*mainView(), ms);
+  if (services_.passed) services_.passed(MousePhase::kPress, ms);
 }
 
 void AnalysisWindow::PassMove(double ms) const {
-  if (Tracks()) return MoveAtTime(*mainView(), ms);
+  if (!Tracks()) return LeavePointer(ms);
+  MoveAtTime(*mainView(), ms);
+  if (services_.passed) services_.passed(MousePhase::kMove, ms);
+}
+
+void AnalysisWindow::LeavePointer(double ms) const {
   if (mainView() != nullptr && !samplesChanged()) ShowPointerAtTime(*mainView(), ms);
 }
 

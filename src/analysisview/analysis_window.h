@@ -25,6 +25,8 @@ struct WindowServices {
   CSonadexView* mainView = nullptr;   // that it was opened from; outlives the window
   std::function<void()> changed;      // the picture or a readout is stale
   std::function<LogSink*()> openLog;  // null while no log is open
+  // The main view has taken a press or a drag of this window, as a time: other windows follow it.
+  std::function<void(MousePhase, double)> passed = {};
 };
 
 // Columns and rows of pixels that a picture is computed for.
@@ -166,6 +168,7 @@ class AnalysisWindow : public DocumentObserver {
   virtual bool ShowsOther() const { return false; }
 
  private:
+  void LeavePointer(double ms) const;
   bool IsOn(WindowSwitch which);
   void FollowVisibleStretch();
 

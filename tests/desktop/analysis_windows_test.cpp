@@ -190,6 +190,13 @@ TEST_F(AnalysisWindowsTest, AllWindowsTrackTheMouse) {
   EXPECT_NEAR(view.channel().selectionStart.ms, model.selection.startMs, 1e-9);
   EXPECT_NEAR(view.channel().selectionEnd.ms, model.selection.endMs, 2000.0 / 500.0);
 
+  // By way of the main view, other windows follow a window as well.
+  Perform(Command::kPitchWindow);
+  const auto& pitch = dynamic_cast<CPitchView&>(Find(view, WindowKind::kPitch).model());
+  for (int i = 0; i < 2; ++i) QTest::mouseClick(&canvas, Qt::LeftButton, {}, from);
+  EXPECT_TRUE(pitch.markerSet);
+  EXPECT_DOUBLE_EQ(pitch.cursorMs, model.cursorMs);
+
   Click(Picture(), {400, 200});
   Click(Picture(), {400, 200});
   EXPECT_TRUE(model.markerSet);

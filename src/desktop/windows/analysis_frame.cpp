@@ -68,7 +68,8 @@ WindowServices AnalysisFrame::Services() {
           [this]() -> LogSink* {
             const auto& openLog = view_.services().openLog;
             return openLog ? openLog() : nullptr;
-          }};
+          },
+          [this](MousePhase phase, double ms) { host_.Passed(*this, phase, ms); }};
 }
 
 void AnalysisFrame::Run(const std::function<void()>& action) { host_.Run(view_, action); }

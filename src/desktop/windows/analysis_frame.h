@@ -33,6 +33,8 @@ class AnalysisFrameHost {
   virtual void Activate(const CSonadexView& view, WindowKind kind) = 0;
   // What is under the pointer in a window of the view; nothing: it points at nothing there.
   virtual void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) = 0;
+  // The main view has taken a press or a drag of the window.
+  virtual void Passed(AnalysisFrame& from, MousePhase phase, double ms) = 0;
   // A command of the recording, as by its menu.
   virtual void Perform(Command command) = 0;
   // Whether an operation runs.

@@ -85,8 +85,18 @@ AnalysisFrame* AnalysisWindowSet::Make(CSonadexView& view, WindowKind kind) {
 }
 
 void AnalysisWindowSet::CursorMoved(CSonadexView& view, MousePhase phase, double ms) {
+  Follow(view, phase, ms, nullptr);
+}
+
+void AnalysisWindowSet::Passed(AnalysisFrame& from, MousePhase phase, double ms) {
+  Follow(from.view(), phase, ms, &from);
+}
+
+void AnalysisWindowSet::Follow(const CSonadexView& view, MousePhase phase, double ms,
+                               const AnalysisFrame* from) {
   for (AnalysisFrame* const frame : frames_) {
-    if (&frame->view() == &view && !frame->isClosing()) frame->model().FollowMainView(phase, ms);
+    if (&frame->view() != &view || frame == from || frame->isClosing()) continue;
+    frame->model().FollowMainView(phase, ms);
   }
 }
 

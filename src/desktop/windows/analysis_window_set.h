@@ -53,6 +53,7 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
   bool busy() const override;
   void Activate(const CSonadexView& view, WindowKind kind) override;
   void PointedAt(CSonadexView& view, const std::optional<Pointed>& pointed) override;
+  void Passed(AnalysisFrame& from, MousePhase phase, double ms) override;
   void Perform(Command command) override;
   void Gone(AnalysisFrame& frame) override;
   void Output(AnalysisFrame& frame, WindowCommand command) override;
@@ -60,6 +61,8 @@ class AnalysisWindowSet : public AnalysisWindows, private AnalysisFrameHost {
     return around_.waveformOf(document);
   }
 
+  // All windows of the view but one, which has moved the cursor itself.
+  void Follow(const CSonadexView& view, MousePhase phase, double ms, const AnalysisFrame* from);
   AnalysisFrame& Show(CSonadexView& view, WindowKind kind);
   AnalysisFrame* Make(CSonadexView& view, WindowKind kind);
   WindowPlacement& PlacementOfKind(WindowKind kind);
