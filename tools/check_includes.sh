@@ -8,7 +8,7 @@ cd "$root"
 
 list_sources() {
   local folder
-  for folder in src tests tools fuzz bench; do
+  for folder in src python tests tools fuzz bench; do
     [ ! -d "$folder" ] || find "$folder" -type f \( -name '*.h' -o -name '*.cpp' \)
   done | sort
 }
@@ -26,7 +26,8 @@ list_sources | tr '\n' '\0' | xargs -0 -r awk '
     may["analysisview"] = may["mainview"] " analysisview"
     may["app"] = may["analysisview"] " app"
     may["desktop"] = may["app"] " desktop"
-    may["batch"] = may["app"] " batch"
+    may["measure"] = may["analysisview"] " measure"
+    may["batch"] = may["app"] " measure batch"
   }
   function complain(reason) { print FILENAME ":" FNR ": " reason; offences++ }
   function among(word, words) { return index(" " words " ", " " word " ") > 0 }

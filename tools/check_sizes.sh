@@ -21,7 +21,7 @@ while IFS= read -r file; do
     echo "$file: $lines lines; split it, or say \"long because ...\" in its head comment"
   fi
   offences=$((offences + 1))
-done < <(for folder in src tests tools fuzz bench; do
+done < <(for folder in src python tests tools fuzz bench; do
   [ ! -d "$folder" ] || find "$folder" -type f \( -name '*.h' -o -name '*.cpp' \)
 done | sort)
 [ "$offences" -eq 0 ]

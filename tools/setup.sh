@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|desktop|tests|checks|package|pictures|manual|bench|fixtures|fuzz...
+# usage: tools/setup.sh build|desktop|tests|python|checks|package|pictures|manual|bench|fixtures|fuzz...
 set -euo pipefail
 
 packages=()
@@ -15,6 +15,10 @@ for purpose in "$@"; do
       packages+=(portaudio19-dev libportaudio2 libasound2-plugins)
       ;;
     tests) packages+=(python3 libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
+    python)
+      packages+=(pybind11-dev python3-dev python3-numpy python3-pytest python3-hypothesis mypy)
+      packages+=(python3-pandas python3-matplotlib python3-dask python3-distributed)
+      ;;
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;

@@ -5,6 +5,7 @@
 
 #include "document/label.h"
 #include "mainview/view_commands.h"
+#include "measure/no_result.h"
 
 namespace cantorix::batch {
 namespace {
@@ -44,11 +45,11 @@ bool BatchView::AnalysePitch(Stretch stretch) {
   cantorix::AnalysePitch(view_, stretch);
   if (view_.pitch.PitchValid) {
     if (view_.channel().intensity.IntensityValid) return true;
-    session_.prompts().Say(std::string(kNoIntensity));
+    session_.prompts().Say(kNoIntensity);
     return false;
   }
   // Settings that do not fit were reported.
-  if (!view_.pitch.badParameters) session_.prompts().Say(std::string(kNoPitchTrack));
+  if (!view_.pitch.badParameters) session_.prompts().Say(kNoPitchTrack);
   return false;
 }
 

@@ -10,14 +10,6 @@
 
 namespace cantorix::batch {
 
-// Why an analysis of pitch gave nothing.
-inline constexpr std::string_view kNoPitchTrack =
-    "no pitch track: the stretch is too short or the settings do not fit it";
-
-// Why an analysis of intensity gave nothing.
-inline constexpr std::string_view kNoIntensity =
-    "no intensity contour: the settings do not fit the stretch";
-
 class FixedTextMeasurer : public TextMeasurer {
  public:
   PixelSize Measure(const FontDescription& font, std::string_view text) const override;

@@ -30,7 +30,7 @@ constexpr const char* kFooter = R"(Examples:
 Tables are tab-separated with a header line; times are in milliseconds.
 Exit status: 0 all done, 1 some file failed, 2 wrong usage.)";
 
-constexpr const char* kAutomatic = "auto";
+std::string OptionName(const Parameter& parameter) { return std::string("--") + parameter.name; }
 
 std::string WithKnownEnding(const std::string& path) {
   const bool known = HasEnding(path, ".qrv") || HasEnding(path, ".wav") || IsStream(path);
@@ -65,32 +65,68 @@ CLI::App* Grammar::Declare(CLI::App& parent, const char* name, const char* descr
   return app;
 }
 
-CLI::Option* Grammar::Sets(CLI::App* app, const char* option, const char* field,
-                           const char* description) {
-  const auto assign = [this, field](const std::string& text) {
+CLI::Option* Grammar::SetsText(CLI::App* app, const Parameter& parameter) {
+  const auto assign = [this, field = parameter.field](const std::string& text) {
     verbAssignments_.push_back({field, text});
   };
-  return app->add_option_function<std::string>(option, assign, description)->type_name("NUMBER");
+  return app->add_option_function<std::string>(OptionName(parameter), assign, parameter.description)
+      ->type_name("NUMBER");
 }
 
-CLI::Option* Grammar::SetsLpcOrder(CLI::App* app, const char* field, const char* description) {
-  const auto assign = [this, field](const std::string& text) {
-    request_.usualLpcOrder = text == kAutomatic;
+CLI::Option* Grammar::SetsLpcOrder(CLI::App* app, const Parameter& parameter) {
+  const auto assign = [this, field = parameter.field](const std::string& text) {
+    request_.usualLpcOrder = text == kAutomaticOrder;
     if (!request_.usualLpcOrder) verbAssignments_.push_back({field, text});
   };
-  return app->add_option_function<std::string>("--lpc", assign, description)
+  return app->add_option_function<std::string>(OptionName(parameter), assign, parameter.description)
       ->type_name("NUMBER|auto");
 }
 
-void Grammar::SetsPoints(CLI::App* app, const char* field, const char* description) {
-  Sets(app, "--points", field, description)
-      ->check(CLI::IsMember({"32", "64", "128", "256", "512", "1024", "2048", "4096", "8192"}));
+void Grammar::SetsFlag(CLI::App* app, const Parameter& parameter) {
+  const auto assign = [this, field = parameter.field](std::int64_t) {
+    verbAssignments_.push_back({field, "1"});
+  };
+  app->add_flag_function(OptionName(parameter), assign, parameter.description);
 }
 
-void Grammar::SetsFlag(CLI::App* app, const char* flag, const char* field,
-                       const char* description) {
-  const auto assign = [this, field](std::int64_t) { verbAssignments_.push_back({field, "1"}); };
-  app->add_flag_function(flag, assign, description);
+void Grammar::Sets(CLI::App* app, const Parameter& parameter) {
+  const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
+  switch (parameter.rule) {
+    case ParameterRule::kNumber:
+      SetsText(app, parameter);
+      return;
+    case ParameterRule::kPositive:
+      SetsText(app, parameter)->check(CLI::PositiveNumber);
+      return;
+    case ParameterRule::kNotNegative:
+      SetsText(app, parameter)->check(CLI::NonNegativeNumber);
+      return;
+    case ParameterRule::kFftSize:
+      SetsText(app, parameter)
+          ->check(CLI::IsMember({"32", "64", "128", "256", "512", "1024", "2048", "4096", "8192"}));
+      return;
+    case ParameterRule::kPitchMethod:
+      SetsText(app, parameter)
+          ->type_name("NAME")
+          ->transform(CLI::CheckedTransformer(methods).description(""));
+      return;
+    case ParameterRule::kSwitch:
+      return SetsFlag(app, parameter);
+    case ParameterRule::kLpcOrder:
+      SetsLpcOrder(app, parameter);
+      return;
+    case ParameterRule::kTrackingOrder:
+      SetsLpcOrder(app, parameter)
+          ->type_name("NUMBER:INT in [1 - 400]|auto")
+          ->check([orders = CLI::Range(1, 400)](const std::string& text) {
+            return text == kAutomaticOrder ? std::string() : orders(text);
+          });
+      return;
+  }
+}
+
+void Grammar::SetsAll(CLI::App* app, std::span<const Parameter> parameters) {
+  for (const Parameter& parameter : parameters) Sets(app, parameter);
 }
 
 void Grammar::AddSettings(CLI::App* app) {

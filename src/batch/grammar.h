@@ -5,10 +5,12 @@
 
 #include <CLI/CLI.hpp>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "batch/request.h"
+#include "measure/parameters.h"
 
 namespace cantorix::batch {
 
@@ -26,15 +28,9 @@ class Grammar {
 
   CLI::App* Declare(CLI::App& parent, const char* name, const char* description, Verb verb);
 
-  // The option sets one field of the settings.
-  CLI::Option* Sets(CLI::App* app, const char* option, const char* field, const char* description);
-  // --lpc: a number into a field of the settings, or "auto" for the usual order at a recording's
-  // rate.
-  CLI::Option* SetsLpcOrder(CLI::App* app, const char* field, const char* description);
-  // The option is an FFT size.
-  void SetsPoints(CLI::App* app, const char* field, const char* description);
-  // The flag sets a field to 1.
-  void SetsFlag(CLI::App* app, const char* flag, const char* field, const char* description);
+  // The option sets a field of the settings.
+  void Sets(CLI::App* app, const Parameter& parameter);
+  void SetsAll(CLI::App* app, std::span<const Parameter> parameters);
 
   // --config, --set, --program-dir
   void AddSettings(CLI::App* app);
@@ -55,6 +51,9 @@ class Grammar {
   void AddStyle(CLI::App* app);
 
  private:
+  CLI::Option* SetsText(CLI::App* app, const Parameter& parameter);
+  CLI::Option* SetsLpcOrder(CLI::App* app, const Parameter& parameter);
+  void SetsFlag(CLI::App* app, const Parameter& parameter);
   void AddForce(CLI::App* app);
 
   CLI::App app_;

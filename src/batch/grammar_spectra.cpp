@@ -17,19 +17,11 @@ void DeclareSpectrum(Grammar& grammar) {
   place->require_option(1, 2);
   at->excludes(place->get_option("--from"), place->get_option("--to"));
   grammar.AddStyle(app);
-  grammar.SetsPoints(app, "fftlpc.points", "FFT size");
-  grammar.Sets(app, "--window", "fftlpc.windowMs", "Applied window length, ms");
-  grammar.SetsLpcOrder(app, "fftlpc.lpcOrder",
-                       "LPC coefficients, and the LPC frame's length in ms; auto: one for each "
-                       "kHz of the recording's rate and two more");
-  grammar.Sets(app, "--fmax", "fftlpc.rangeHz", "Upper frequency, Hz");
-  grammar.Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
-  grammar.Sets(app, "--step", "fftlpc.stepMs", "Between the frames of an average, ms")
-      ->check(CLI::NonNegativeNumber);
+  grammar.SetsAll(app, SpectrumParameters());
   app->add_option("--display", request.displayPoints, "Display points: rows of the table")
       ->capture_default_str()
       ->type_name("N")
-      ->check(CLI::Range(1, 1000000));
+      ->check(CLI::Range(1, kMostDisplayPoints));
 }
 
 // What the spectrogram and its formants alone have in common.
@@ -41,28 +33,15 @@ void AddSpectrogram(Grammar& grammar, CLI::App* app) {
                   "Rows of the picture, 0 Hz to the upper frequency")
       ->capture_default_str()
       ->type_name("N")
-      ->check(CLI::Range(1, 100000));
-  grammar.SetsPoints(app, "spectrogram.points", "Analysis window length");
-  grammar.Sets(app, "--fmax", "spectrogram.rangeHz", "Upper frequency, Hz");
-  grammar.Sets(app, "--dynamic", "spectrogram.dynamicRangeDb",
-               "Dynamic range, dB; columns that stay below half of it are silent");
-  grammar.Sets(app, "--preemphasis", "spectrogram.preEmphasis", "0 to 1; 0 adds nothing");
-  const CLI::Range orders(1, 400);
-  grammar
-      .SetsLpcOrder(app, "spectrogram.lpcOrder",
-                    "LPC coefficients of the formants, and their frame's length in ms; auto: one "
-                    "for each kHz of the recording's rate and two more")
-      ->type_name("NUMBER:INT in [1 - 400]|auto")
-      ->check([orders](const std::string& text) {
-        return text == "auto" ? std::string() : orders(text);
-      });
+      ->check(CLI::Range(1, kMostRows));
+  grammar.SetsAll(app, SpectrogramParameters());
 }
 
 CLI::Option* AddColumns(Grammar& grammar, CLI::App* app) {
   return app
       ->add_option("--columns", grammar.request().columns, "Columns the stretch is divided into")
       ->type_name("N")
-      ->check(CLI::Range(std::int64_t{1}, std::int64_t{100000000}));
+      ->check(CLI::Range(std::int64_t{1}, std::int64_t{kMostColumns}));
 }
 
 void DeclareSpectrogram(Grammar& grammar) {

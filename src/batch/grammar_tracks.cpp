@@ -1,33 +1,9 @@
 // grammar_tracks.cpp - the verbs that describe a recording, and those that follow it over time.
-#include <map>
-
 #include "batch/grammar.h"
 #include "batch/option_texts.h"
 
 namespace cantorix::batch {
 namespace {
-
-void AddPitchOptions(Grammar& grammar, CLI::App* app) {
-  const std::map<std::string, std::string> methods{{"cepstral", "0"}, {"autocorrelation", "1"}};
-  grammar.Sets(app, "--method", "pitch.method", "cepstral or autocorrelation (default)")
-      ->type_name("NAME")
-      ->transform(CLI::CheckedTransformer(methods).description(""));
-  grammar.Sets(app, "--window", "pitch.windowMs", "Cepstral: window length, ms")
-      ->check(CLI::PositiveNumber);
-  grammar.Sets(app, "--step", "pitch.stepMs", "Cepstral: step size, ms")
-      ->check(CLI::PositiveNumber);
-  grammar.Sets(app, "--low", "pitch.lowHz", "Low end of the search, Hz")
-      ->check(CLI::PositiveNumber);
-  grammar.Sets(app, "--high", "pitch.highHz", "High end of the search, Hz")
-      ->check(CLI::PositiveNumber);
-  grammar.Sets(app, "--threshold", "pitch.thresholdPercent",
-               "Cepstral: frames below this part of the largest energy are unvoiced, %");
-  grammar.Sets(app, "--deviation", "pitch.deviationHz",
-               "Cepstral: largest step between frames, Hz");
-  grammar.Sets(app, "--level", "pitch.voicingLevel", "Autocorrelation: level of a voiced frame");
-  grammar.Sets(app, "--tolerance", "pitch.tolerancePercent",
-               "Autocorrelation: largest step between frames, %");
-}
 
 void DeclarePitch(Grammar& grammar) {
   auto* app = grammar.Declare(grammar.app(), "pitch",
@@ -35,7 +11,7 @@ void DeclarePitch(Grammar& grammar) {
   grammar.AddFiles(app);
   grammar.AddRange(app);
   grammar.AddStyle(app);
-  AddPitchOptions(grammar, app);
+  grammar.SetsAll(app, PitchParameters());
 }
 
 void DeclareMeasure(Grammar& grammar) {
@@ -46,10 +22,11 @@ void DeclareMeasure(Grammar& grammar) {
   grammar.AddFiles(app);
   grammar.AddRange(app);
   grammar.AddStyle(app);
-  AddPitchOptions(grammar, app);
-  grammar.SetsLpcOrder(app, "spectrogram.lpcOrder",
-                       "LPC coefficients of the formants; auto: one for each kHz of the "
-                       "recording's rate and two more");
+  grammar.SetsAll(app, PitchParameters());
+  grammar.Sets(app, {"lpc", "spectrogram.lpcOrder",
+                     "LPC coefficients of the formants; auto: one for each kHz of the "
+                     "recording's rate and two more",
+                     ParameterRule::kLpcOrder});
 }
 
 void DeclareIntensity(Grammar& grammar) {
@@ -58,10 +35,7 @@ void DeclareIntensity(Grammar& grammar) {
   grammar.AddFiles(app);
   grammar.AddRange(app);
   grammar.AddStyle(app);
-  grammar.Sets(app, "--window", "intensity.windowMs", "Window length, ms")
-      ->check(CLI::PositiveNumber);
-  grammar.Sets(app, "--step", "intensity.stepMs", "Step size, ms")->check(CLI::PositiveNumber);
-  grammar.SetsFlag(app, "--relative", "intensity.relative", "dB above the quietest frame");
+  grammar.SetsAll(app, IntensityParameters());
   app->add_flag("--samples", grammar.request().perSample, "One row per sample instead of per frame")
       ->excludes("--log");
 }

@@ -1,8 +1,7 @@
-// outcome.h - how the work on a file or on a whole run ended, and the usage that is refused.
+// outcome.h - how the work on a file or on a whole run ended.
 #pragma once
 
-#include <stdexcept>
-#include <string>
+#include "measure/wrong_usage.h"
 
 namespace cantorix::batch {
 
@@ -11,12 +10,6 @@ enum class Outcome {
   kDone = 0,
   kFailed = 1,
   kRefused = 2,  // the command asks for what cannot be
-};
-
-// What the user asked for cannot be, with the reason in a sentence for one line.
-class WrongUsage : public std::runtime_error {
- public:
-  explicit WrongUsage(const std::string& reason) : std::runtime_error(reason) {}
 };
 
 }  // namespace cantorix::batch

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "document/label_import_options.h"
+#include "measure/options.h"
 #include "platform/generic_parameters.h"
 
 namespace cantorix::batch {
@@ -26,12 +27,6 @@ enum class Verb {
   kConfigShow,
   kConfigDefault,
   kCommands,
-};
-
-// One `--set GROUP.FIELD=VALUE`.
-struct Assignment {
-  std::string field;  // "group.field"
-  std::string text;
 };
 
 // Labels from a file.
@@ -73,7 +68,8 @@ struct EditStep {
   std::string label{};
 };
 
-struct Request {
+// What the verbs that measure are asked for is with them.
+struct Request : MeasureOptions {
   Verb verb = Verb::kInfo;
   std::vector<std::string> files;
 
@@ -81,30 +77,20 @@ struct Request {
   std::string output;            // file or, for several files, folder; empty: standard output
   std::string configFile;        // settings record to start from; empty: none
   std::string programDirectory;  // empty: a private temporary one
-  std::vector<Assignment> assignments;  // in the order given, verb options included
   std::optional<std::int32_t> memoryMinutes;
   std::optional<int> channel;  // counted from 1
   std::optional<GenericParameters> generic;
-  std::optional<double> fromMs, toMs;  // a range; without one the whole recording
-  int jobs = 1;                        // files at a time
-  bool force = false;                  // the output may take the place of a recording
-  std::optional<bool> asWave;          // format of a saved recording; else its name says it
-  bool exact = false;                  // 17 significant digits instead of one decimal
+  int jobs = 1;                // files at a time
+  bool force = false;          // the output may take the place of a recording
+  std::optional<bool> asWave;  // format of a saved recording; else its name says it
+  bool exact = false;          // 17 significant digits instead of one decimal
   bool json = false;
   bool log = false;   // rows of the measurement log instead of a table
   bool html = false;  // commands: a page of the manual
 
-  bool perSample = false;              // intensity: one row per sample
-  std::optional<double> atMs;          // spectrum: where the frame starts; without it the range
-  int displayPoints = 500;             // spectrum: rows of the table
-  std::int64_t columns = 500;          // spectrogram and formants
-  int rows = 200;                      // of the picture that decides what is silent, too
-  bool formantColumns = false;         // spectrogram: F1 to F5 behind the levels
-  std::optional<double> columnStepMs;  // formants: between columns, instead of their number
-  bool usualLpcOrder = false;          // the LPC order goes by the recording's rate
-  LabelImport labelImport;             // import-labels and convert
-  LabelExport labelExport;             // labels
-  std::vector<EditStep> steps;         // edit
+  LabelImport labelImport;      // import-labels and convert
+  LabelExport labelExport;      // labels
+  std::vector<EditStep> steps;  // edit
 };
 
 }  // namespace cantorix::batch

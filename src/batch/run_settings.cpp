@@ -1,11 +1,9 @@
 // run_settings.cpp - the layers that the settings of a run are made of.
 #include "batch/run_settings.h"
 
-#include "batch/option_limits.h"
-#include "batch/outcome.h"
+#include "measure/option_limits.h"
 #include "platform/file_error.h"
 #include "settings/config_file.h"
-#include "settings/field_text.h"
 
 namespace cantorix::batch {
 
@@ -17,11 +15,7 @@ Settings RunSettings(const Request& request, const std::string& programDirectory
   if (!record.empty() && !DecodeRecord(ReadConfiguration(record), settings)) {
     throw FileError(record + ": Error in reading the configuration file.");
   }
-  for (const Assignment& assignment : request.assignments) {
-    const auto refusal = SetFieldFromText(settings, assignment.field, assignment.text);
-    if (refusal) throw WrongUsage(*refusal);
-  }
-  RequireDialogLimits(request, settings.document);
+  ApplyAssignments(request, settings);
   if (request.memoryMinutes) settings.application.memoryMinutes = *request.memoryMinutes;
   return settings;
 }

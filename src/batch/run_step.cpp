@@ -1,12 +1,12 @@
 // run_step.cpp - each step of `edit` to the command that it names.
 #include "batch/run_step.h"
 
-#include "batch/stretch.h"
 #include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"
+#include "measure/stretch.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
 

@@ -45,6 +45,10 @@ bool Session::Open() {
   return false;
 }
 
+Remark Session::Remarks() {
+  return [this](const std::string& text) { prompts_.Note(text); };
+}
+
 std::string Session::ReadablePlace() {
   std::error_code unknown;
   const bool isPipe =

@@ -11,8 +11,9 @@
 #include "batch/console_progress.h"
 #include "batch/program_directory.h"
 #include "batch/request.h"
-#include "batch/stretch.h"
 #include "document/document.h"
+#include "measure/analyses.h"
+#include "measure/stretch.h"
 #include "platform/host_services.h"
 
 namespace cantorix::batch {
@@ -35,6 +36,8 @@ class Session {
   const std::atomic<bool>& interrupted() const;
   // The stretch that the options choose, in samples, or the whole recording.
   SampleRange Range() const;
+  // Says it on standard error.
+  Remark Remarks();
 
  private:
   // Where the file's bytes can be read: there, or in a copy of what the pipe gave.

@@ -1,22 +1,13 @@
 // verb_intensity.cpp - the level contour as a table, one row per frame or per sample.
-#include "analysis/intensity.h"
-#include "batch/batch_view.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
-#include "settings/settings.h"
+#include "measure/analyses.h"
 
 namespace cantorix::batch {
 
 bool WriteIntensity(Session& session, bool namesFile, TextSink& sink) {
-  CSonadexDoc& document = session.document();
-  const CChannel& channel = document.channel();
-  const IntensityResult result =
-      ComputeIntensity(document.Samples(), session.Range(), channel.sampleRateHz,
-                       document.settings.intensity, session.progress());
-  if (!result.IntensityValid) {
-    session.prompts().Say(std::string(kNoIntensity));
-    return false;
-  }
+  const CChannel& channel = session.document().channel();
+  const IntensityResult result = MeasureIntensity(session.document(), session.request());
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   const LevelTrack& track = result.IntensityTrack;
   const double start = result.range.start;

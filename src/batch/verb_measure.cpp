@@ -5,10 +5,10 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/batch_view.h"
 #include "batch/log_rows.h"
-#include "batch/lpc_order.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "mainview/selection_statistics.h"
+#include "measure/lpc_order.h"
 #include "platform/numbers.h"
 
 namespace cantorix::batch {
@@ -21,7 +21,7 @@ bool FindFormants(Session& session, CSpectrogramView& spectrogram) {
   CSonadexDoc& document = session.document();
   SpectrogramSettings& settings = document.settings.spectrogram;
   settings.trackFormants = 1;
-  SettleLpcOrder(session, settings.lpcOrder);
+  SettleLpcOrder(document, session.request(), session.Remarks(), settings.lpcOrder);
   const SampleRange range = session.Range();
   const double step = kColumnStepMs * document.channel().sampleRateHz * 0.001;
   const std::int64_t columns = std::max<std::int64_t>(Truncate(range.length() / step), 1);

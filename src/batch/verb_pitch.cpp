@@ -1,25 +1,16 @@
 // verb_pitch.cpp - the pitch track as a table, one row per entry.
-#include "analysis/pitch.h"
 #include "batch/batch_view.h"
 #include "batch/log_rows.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
 #include "mainview/log_commands.h"
-#include "settings/settings.h"
+#include "measure/analyses.h"
 
 namespace cantorix::batch {
 
 bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
-  CSonadexDoc& document = session.document();
-  const CChannel& channel = document.channel();
-  const PitchResult result =
-      ComputePitch(document.Samples(), session.Range(), channel.sampleRateHz,
-                   document.settings.pitch, session.progress(), channel.totalLength);
-  if (!result.PitchValid) {
-    session.prompts().Say(result.badParameters ? std::string(kBadParametersText)
-                                               : std::string(kNoPitchTrack));
-    return false;
-  }
+  const CChannel& channel = session.document().channel();
+  const PitchResult result = MeasurePitch(session.document(), session.request());
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   for (std::int64_t i = 0; i < result.count(); ++i) {
     rows.Append(

@@ -2,10 +2,9 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
-#include "batch/lpc_order.h"
-#include "batch/option_limits.h"
 #include "batch/table.h"
 #include "batch/verbs.h"
+#include "measure/analyses.h"
 
 namespace cantorix::batch {
 namespace {
@@ -36,22 +35,11 @@ double MiddleOf(const Spectrogram& spectrogram, std::int64_t column) {
   return (spectrogram.StartOf(column) + spectrogram.StartOf(column + 1)) * 0.5;
 }
 
-bool Compute(Session& session, CSpectrogramView& view) {
-  RequireSpectrogramRange(session);
-  const Request& request = session.request();
-  SpectrogramSettings& settings = session.document().settings.spectrogram;
-  settings.trackFormants = request.formantColumns ? 1 : 0;
-  if (request.formantColumns) SettleLpcOrder(session, settings.lpcOrder);
-  if (view.ComputeSpectrogram(session.Range(), {request.columns, request.rows})) return true;
-  session.prompts().Say("no spectrogram: the recording has no sampling rate to go by");
-  return false;
-}
-
 }  // namespace
 
 bool WriteSpectrogram(Session& session, bool namesFile, TextSink& sink) {
   CSpectrogramView view(session.document());
-  if (!Compute(session, view)) return false;
+  MeasureSpectrogram(session.document(), session.request(), session.Remarks(), view);
   TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
   WriteHeader(view.spectrogram(), rows);
   WriteMatrix(view.spectrogram(), session.document().channel().msPerSample(), rows);
@@ -65,7 +53,7 @@ std::size_t SpectrogramValues(const Request& request) {
 
 bool LogSpectrogram(Session& session, TextSink& sink) {
   CSpectrogramView view(session.document());
-  if (!Compute(session, view)) return false;
+  MeasureSpectrogram(session.document(), session.request(), session.Remarks(), view);
   const Spectrogram& spectrogram = view.spectrogram();
   const SpectrogramLogContext context = LogContextOf(session.document());
   LogRows rows(sink, SpectrogramValues(session.request()));

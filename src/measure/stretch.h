@@ -3,10 +3,10 @@
 #pragma once
 
 #include "analysis/sample_range.h"
-#include "batch/request.h"
 #include "document/channel.h"
+#include "measure/options.h"
 
-namespace cantorix::batch {
+namespace cantorix {
 
 // Whether a time lies in the recording, or behind its end by no more than the rounding of a time
 // that was taken from a table.
@@ -14,9 +14,9 @@ bool IsInRecording(const CChannel& channel, double ms);
 
 // Throws WrongUsage, with the recording's length, for a time that is no number, for one outside the
 // recording, and for a stretch that ends before it starts or holds no sample.
-void RequireStretch(const Request& request, const CChannel& channel);
+void RequireStretch(const MeasureOptions& options, const CChannel& channel);
 
 // The stretch in samples, the whole recording without one.
-SampleRange StretchOf(const Request& request, const CChannel& channel);
+SampleRange StretchOf(const MeasureOptions& options, const CChannel& channel);
 
-}  // namespace cantorix::batch
+}  // namespace cantorix

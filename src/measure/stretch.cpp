@@ -1,5 +1,5 @@
 // stretch.cpp - the one rule for every verb, and the line that names the recording's length.
-#include "batch/stretch.h"
+#include "measure/stretch.h"
 
 #include <cmath>
 #include <initializer_list>
@@ -7,10 +7,10 @@
 #include <string>
 #include <utility>
 
-#include "batch/outcome.h"
+#include "measure/wrong_usage.h"
 #include "platform/numbers.h"
 
-namespace cantorix::batch {
+namespace cantorix {
 namespace {
 
 // A time taken from a table with one decimal may lie so far behind the end.
@@ -27,26 +27,26 @@ bool IsInRecording(const CChannel& channel, double ms) {
   return ms >= 0.0 && ms <= channel.totalDurationMs + kRoundingMs;
 }
 
-void RequireStretch(const Request& request, const CChannel& channel) {
+void RequireStretch(const MeasureOptions& options, const CChannel& channel) {
   using Option = std::pair<std::string, std::optional<double>>;
-  for (const auto& [name, ms] : {Option{"--at", request.atMs}, Option{"--from", request.fromMs},
-                                 Option{"--to", request.toMs}}) {
+  for (const auto& [name, ms] : {Option{"--at", options.atMs}, Option{"--from", options.fromMs},
+                                 Option{"--to", options.toMs}}) {
     if (!ms) continue;
     if (std::isnan(*ms)) Refuse(channel, name + " is not a number");
     if (!IsInRecording(channel, *ms)) Refuse(channel, name + " is outside the recording");
   }
-  if (!request.fromMs && !request.toMs) return;
-  if (request.fromMs && request.toMs && *request.toMs < *request.fromMs) {
+  if (!options.fromMs && !options.toMs) return;
+  if (options.fromMs && options.toMs && *options.toMs < *options.fromMs) {
     Refuse(channel, "--to is before --from");
   }
-  if (StretchOf(request, channel).length() < 1.0) Refuse(channel, "the stretch holds no sample");
+  if (StretchOf(options, channel).length() < 1.0) Refuse(channel, "the stretch holds no sample");
 }
 
-SampleRange StretchOf(const Request& request, const CChannel& channel) {
+SampleRange StretchOf(const MeasureOptions& options, const CChannel& channel) {
   SampleRange range{0.0, channel.totalLength};
-  if (request.fromMs) range.start = channel.PointAtTime(*request.fromMs).samples;
-  if (request.toMs) range.end = channel.PointAtTime(*request.toMs).samples;
+  if (options.fromMs) range.start = channel.PointAtTime(*options.fromMs).samples;
+  if (options.toMs) range.end = channel.PointAtTime(*options.toMs).samples;
   return range;
 }
 
-}  // namespace cantorix::batch
+}  // namespace cantorix

@@ -1,5 +1,5 @@
 // option_limits.cpp - the tables of the dialogs, asked for the groups that options touched.
-#include "batch/option_limits.h"
+#include "measure/option_limits.h"
 
 #include <algorithm>
 #include <map>
@@ -7,10 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "batch/outcome.h"
+#include "measure/wrong_usage.h"
+#include "settings/field_text.h"
 #include "settings/option_forms.h"
 
-namespace cantorix::batch {
+namespace cantorix {
 namespace {
 
 // High enough for every frequency range; what a recording's own rate forbids shows when it is open.
@@ -29,11 +30,9 @@ std::optional<std::string> GroupRefusal(std::string_view group, const DocumentSe
   return std::nullopt;
 }
 
-}  // namespace
-
-void RequireDialogLimits(const Request& request, const DocumentSettings& settings) {
+void RequireDialogLimits(const MeasureOptions& options, const DocumentSettings& settings) {
   std::map<std::string, std::string> touched;  // the fields of each group
-  for (const Assignment& assignment : request.assignments) {
+  for (const Assignment& assignment : options.assignments) {
     std::string& fields = touched[assignment.field.substr(0, assignment.field.find('.'))];
     fields += (fields.empty() ? "" : ", ") + assignment.field;
   }
@@ -44,16 +43,25 @@ void RequireDialogLimits(const Request& request, const DocumentSettings& setting
   }
 }
 
-void RequireSpectrogramRange(Session& session) {
-  const auto& assignments = session.request().assignments;
+}  // namespace
+
+void ApplyAssignments(const MeasureOptions& options, Settings& settings) {
+  for (const Assignment& assignment : options.assignments) {
+    const auto refusal = SetFieldFromText(settings, assignment.field, assignment.text);
+    if (refusal) throw WrongUsage(*refusal);
+  }
+  RequireDialogLimits(options, settings.document);
+}
+
+void RequireSpectrogramRange(const MeasureOptions& options, const CSonadexDoc& document) {
+  const auto& assignments = options.assignments;
   const bool asked = std::any_of(assignments.begin(), assignments.end(), [](const auto& given) {
     return given.field == "spectrogram.rangeHz";
   });
   if (!asked) return;
-  const CSonadexDoc& document = session.document();
   const auto refusal = FormRefusal(SpectrogramForm(), document.settings.spectrogram,
                                    document.channel().sampleRateHz);
   if (refusal) throw WrongUsage(*refusal);
 }
 
-}  // namespace cantorix::batch
+}  // namespace cantorix
