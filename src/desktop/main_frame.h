@@ -101,6 +101,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void ShowTitle(const CSonadexView* view);
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;

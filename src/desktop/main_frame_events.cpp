@@ -37,6 +37,7 @@ void BringForward(QWidget& window) {
 
 void CMainFrame::Refresh() {
   CSonadexView* const view = activeView();
+  ShowTitle(view);
   actions_.Refresh(view);
   actions_.ActionOf(Command::kToolBar).setChecked(!actions_.toolBar().isHidden());
   actions_.ActionOf(Command::kStatusBar).setChecked(!statusBar()->isHidden());
@@ -49,6 +50,17 @@ void CMainFrame::Refresh() {
   soundWindows_->Refresh();
   log_->Refresh();
   if (analysisWindows_ != nullptr) analysisWindows_->RefreshCommands();
+}
+
+// The window in front, in the words that a maximised one puts there itself.
+void CMainFrame::ShowTitle(const CSonadexView* view) {
+  QString title = QStringLiteral("Cantorix");
+  if (const QMdiSubWindow* const front = area_->currentSubWindow()) {
+    title += QStringLiteral(" - [") + front->windowTitle() + QStringLiteral("]");
+    if (!title.contains(QStringLiteral("[*]"))) title += QStringLiteral("[*]");
+  }
+  setWindowTitle(title);
+  setWindowModified(view != nullptr && view->document().isModified());
 }
 
 void CMainFrame::ShowLog() {

@@ -139,10 +139,11 @@ void MainViewWidget::mouseMoveEvent(QMouseEvent* event) {
   const QPointF at = event->position();
   if (event->buttons() == Qt::NoButton) {
     ShowShape(at);
-    return TellPointed(at);
+  } else {
+    const Snap snap = SnapOf(*event);
+    Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y()), snap); });
   }
-  const Snap snap = SnapOf(*event);
-  Pass([&](CSonadexView& view) { MoveMouse(view, Pixel(at.x()), Pixel(at.y()), snap); });
+  TellPointed(at);
 }
 
 // An edge of the selection can be pulled.

@@ -143,8 +143,13 @@ TEST_F(DesksTest, AGroupLiesAboveAllOthersAndItsAnalysesAboveTheRecording) {
   EXPECT_THAT(Stack(), ElementsAre("a", "a s", "a f", "b", "b p"));
   frame.area().setActiveSubWindow(&MainOf(a));
   EXPECT_THAT(Stack(), ElementsAre("b", "b p", "a", "a s", "a f"));
+  EXPECT_EQ(frame.windowTitle(), "Cantorix - [a.qrv[*]]");
+  a.document().SetModified(true);
   frame.area().setActiveSubWindow(&spectrogram);
   EXPECT_THAT(Stack(), ElementsAre("b", "b p", "a", "a f", "a s"));
+  EXPECT_EQ(frame.windowTitle(), "Cantorix - [" + spectrogram.windowTitle() + "][*]");
+  EXPECT_TRUE(frame.isWindowModified());
+  a.document().SetModified(false);
 
   Perform(Command::kNextRecording);
   EXPECT_EQ(frame.activeView(), &b);
@@ -205,6 +210,12 @@ TEST_F(DesksTest, ThePointerShowsItsTimeInAllWindowsAndItsValuesInTheStatusBar) 
     QTest::mouseMove(canvas, at);
     QApplication::processEvents();
     EXPECT_THAT(columns(), testing::Each(x));
+    // With the button held, too; not far enough for a selection.
+    QTest::mousePress(canvas, Qt::LeftButton, {}, at);
+    QTest::mouseMove(canvas, at + QPoint(4, 0));
+    QApplication::processEvents();
+    EXPECT_THAT(columns(), testing::Each(x + 4));
+    QTest::mouseRelease(canvas, Qt::LeftButton, {}, at + QPoint(4, 0));
     EXPECT_THAT(told().toStdString(), testing::ContainsRegex("^[0-9.]+ ms  "));
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(canvas, &leave);

@@ -146,7 +146,7 @@ void AnalysisCanvas::mousePressEvent(QMouseEvent* event) {
 }
 
 void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
-  if (event->buttons() != Qt::NoButton) return PassPointer(*event, MousePhase::kMove);
+  if (event->buttons() != Qt::NoButton) PassPointer(*event, MousePhase::kMove);
   if (!pointedAt) return;
   pointedAt(PointedIn(model_, Pixel(event->position().x()), Pixel(event->position().y())));
 }
