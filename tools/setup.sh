@@ -11,7 +11,7 @@ for purpose in "$@"; do
       packages+=(libpugixml-dev nlohmann-json3-dev)
       ;;
     desktop)
-      packages+=(qt6-base-dev qt6-svg-dev fonts-dejavu-core)
+      packages+=(qt6-base-dev qt6-svg-dev qt6-l10n-tools fonts-dejavu-core)
       packages+=(portaudio19-dev libportaudio2 libasound2-plugins)
       ;;
     tests) packages+=(python3 libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include "desktop/paint/words.h"
 #include "desktop/tool_icon.h"
 
 namespace cantorix {
@@ -14,8 +15,8 @@ void ShowAboutBox(QWidget* parent) {
   box.setIconPixmap(DrawnIcon(QStringLiteral("program")).pixmap(64, 64));
   box.setText(QStringLiteral("<b>Cantorix %1</b>").arg(QApplication::applicationVersion()));
   box.setInformativeText(
-      QStringLiteral("A speech-analysis workstation for phoneticians and speech scientists.\n\n"
-                     "Built with Qt %1.")
+      Tr("A speech-analysis workstation for phoneticians and speech scientists.\n\n"
+         "Built with Qt %1.")
           .arg(QString::fromLatin1(qVersion())));
   box.exec();
 }

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
 
@@ -74,10 +75,10 @@ CommandActions::CommandActions(QMainWindow& window, Callbacks callbacks)
 }
 
 void CommandActions::AddRow(const CommandRow& row) {
-  auto* const action = new QAction(Text(row.text), &window_);
+  auto* const action = new QAction(Translated(row.text), &window_);
   action->setIcon(IconOf(row.id));
   action->setIconVisibleInMenu(false);
-  action->setToolTip(Text(row.toolTip));
+  action->setToolTip(Translated(row.toolTip));
   action->setShortcuts(KeysOf(row));
   // A picture looks its keys up by itself; the menu only names them.
   if (row.keyInPicture) action->setShortcutContext(Qt::WidgetShortcut);
@@ -111,9 +112,9 @@ void CommandActions::Refresh(const CSonadexView* view) {
   std::map<Menu, bool> hasEntry;
   for (const CommandRow& row : CommandTable()) {
     QAction* const action = actions_[row.id];
-    action->setText(Text(MenuText(row, view)));
+    action->setText(Translated(MenuText(row, view)));
     action->setEnabled(IsEnabled(row, facts));
-    action->setStatusTip(Text(StatusText(row, facts)));
+    action->setStatusTip(Translated(StatusText(row, facts)));
     if (row.id == Command::kRecentFiles || row.menu == Menu::kNone) continue;
     action->setVisible(IsShown(row, view));
     hasEntry[row.menu] = hasEntry[row.menu] || IsShown(row, view);

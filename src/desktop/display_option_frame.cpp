@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "desktop/command_keys.h"
+#include "desktop/paint/words.h"
 #include "mainview/option_commands.h"
 #include "settings/settings.h"
 
@@ -29,10 +30,10 @@ CDisplayOptionFrame::CDisplayOptionFrame(QWidget* owner, FrameHost& host)
   setWindowTitle(QStringLiteral("Display"));
   auto* const column = new QVBoxLayout(this);
   column->setSizeConstraint(QLayout::SetFixedSize);
-  auto* const drawing = new QGroupBox(QStringLiteral("Draw"), this);
-  auto* const time = new QGroupBox(QStringLiteral("Time"), this);
-  auto* const behaviour = new QGroupBox(QStringLiteral("All windows"), this);
-  auto* const size = new QGroupBox(QStringLiteral("Size of prints"), this);
+  auto* const drawing = new QGroupBox(Tr("Draw"), this);
+  auto* const time = new QGroupBox(Tr("Time"), this);
+  auto* const behaviour = new QGroupBox(Tr("All windows"), this);
+  auto* const size = new QGroupBox(Tr("Size of prints"), this);
   AddDrawing(drawing);
   AddTime(time);
   AddBehaviour(behaviour);
@@ -57,23 +58,20 @@ void CDisplayOptionFrame::showEvent(QShowEvent* event) {
 
 void CDisplayOptionFrame::AddDrawing(QWidget* parent) {
   auto* const form = new QFormLayout(parent);
-  AddSwitch(parent, QStringLiteral("&Audio"), &DisplaySettings::drawAudio);
-  AddSwitch(parent, QStringLiteral("&Intensity"), &DisplaySettings::drawIntensity);
-  AddSwitch(parent, QStringLiteral("Intensity in its &own pane"),
-            &DisplaySettings::intensityInOwnPane);
-  AddSwitch(parent, QStringLiteral("&Pitch"), &DisplaySettings::drawPitch);
-  AddSwitch(parent, QStringLiteral("&Tiers"), &DisplaySettings::drawTiers);
-  AddSwitch(parent, QStringLiteral("&Grids"), &DisplaySettings::drawGrids);
-  audioPercent_ =
-      AddPercent(form, QStringLiteral("Audio pa&ne (%)"), &DisplaySettings::audioPanePercent);
-  pitchPercent_ =
-      AddPercent(form, QStringLiteral("Pitch pan&e (%)"), &DisplaySettings::pitchPanePercent);
+  AddSwitch(parent, Tr("&Audio"), &DisplaySettings::drawAudio);
+  AddSwitch(parent, Tr("&Intensity"), &DisplaySettings::drawIntensity);
+  AddSwitch(parent, Tr("Intensity in its &own pane"), &DisplaySettings::intensityInOwnPane);
+  AddSwitch(parent, Tr("&Pitch"), &DisplaySettings::drawPitch);
+  AddSwitch(parent, Tr("&Tiers"), &DisplaySettings::drawTiers);
+  AddSwitch(parent, Tr("&Grids"), &DisplaySettings::drawGrids);
+  audioPercent_ = AddPercent(form, Tr("Audio pa&ne (%)"), &DisplaySettings::audioPanePercent);
+  pitchPercent_ = AddPercent(form, Tr("Pitch pan&e (%)"), &DisplaySettings::pitchPanePercent);
 }
 
 void CDisplayOptionFrame::AddTime(QWidget* parent) {
   auto* const row = new QHBoxLayout(parent);
   timeBase_ = new QButtonGroup(this);
-  for (const auto& text : {QStringLiteral("&milliseconds"), QStringLiteral("&seconds")}) {
+  for (const auto& text : {Tr("&milliseconds"), Tr("&seconds")}) {
     auto* const button = new QRadioButton(text, parent);
     timeBase_->addButton(button, static_cast<int>(timeBase_->buttons().size()));
     row->addWidget(button);
@@ -90,11 +88,11 @@ void CDisplayOptionFrame::AddBehaviour(QWidget* parent) {
 
 void CDisplayOptionFrame::AddPrintSize(QWidget* parent) {
   auto* const form = new QFormLayout(parent);
-  printWidth_ = AddLength(form, QStringLiteral("&Width"), &DisplaySettings::printWidth);
-  printHeight_ = AddLength(form, QStringLiteral("&Height"), &DisplaySettings::printHeight);
+  printWidth_ = AddLength(form, Tr("&Width"), &DisplaySettings::printWidth);
+  printHeight_ = AddLength(form, Tr("&Height"), &DisplaySettings::printHeight);
   printUnit_ = new QComboBox(parent);
   printUnit_->addItems({QStringLiteral("inches"), QStringLiteral("cm")});
-  form->addRow(QStringLiteral("&Unit"), printUnit_);
+  form->addRow(Tr("&Unit"), printUnit_);
   connect(printUnit_, &QComboBox::currentIndexChanged, this,
           [this](int index) { Set(&DisplaySettings::printUnit, std::int32_t{index}); });
 }

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "desktop/paint/words.h"
+
 namespace cantorix {
 namespace {
 
@@ -18,9 +20,9 @@ struct PaneText {
   const char* text;
   const char* name;
 };
-constexpr std::array kTexts{PaneText{"capslock", "CAP", "Caps Lock"},
-                            PaneText{"numlock", "NUM", "Num Lock"},
-                            PaneText{"scrolllock", "SCRL", "Scroll Lock"}};
+constexpr std::array kTexts{PaneText{"capslock", "CAP", Marked("Caps Lock")},
+                            PaneText{"numlock", "NUM", Marked("Num Lock")},
+                            PaneText{"scrolllock", "SCRL", Marked("Scroll Lock")}};
 
 }  // namespace
 
@@ -39,7 +41,7 @@ KeyboardPanes::KeyboardPanes(QStatusBar& bar) {
     auto* const text = new QLabel(QString::fromLatin1(kTexts[i].text), &bar);
     text->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     text->setContentsMargins(6, 0, 6, 0);
-    text->setToolTip(QString::fromLatin1(kTexts[i].name));
+    text->setToolTip(Tr(kTexts[i].name));
     bar.addPermanentWidget(text);
     panes_[i] = {kTexts[i].lamp, text};
   }

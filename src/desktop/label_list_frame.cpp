@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_rows.h"
 #include "mainview/label_renaming.h"
@@ -85,11 +86,11 @@ QVariant LabelListModel::headerData(int section, Qt::Orientation orientation, in
   if (orientation == Qt::Vertical) return section + 1;
   switch (section) {
     case kTier:
-      return QStringLiteral("Tier");
+      return Tr("Tier");
     case kTime:
-      return timeBase_ != 0 ? QStringLiteral("Time (sec)") : QStringLiteral("Time (ms)");
+      return timeBase_ != 0 ? Tr("Time (sec)") : Tr("Time (ms)");
     default:
-      return QStringLiteral("Label");
+      return Tr("Label");
   }
 }
 
@@ -100,7 +101,7 @@ LabelListFrame::LabelListFrame(QWidget* owner, FrameHost& host, WindowPlacement&
       search_(new QLineEdit(this)),
       tier_(new QComboBox(this)),
       note_(new QLabel(table_->viewport())) {
-  setWindowTitle(QStringLiteral("Labels"));
+  setWindowTitle(Tr("Labels"));
   BuildTable();
   auto* const column = new QVBoxLayout(this);
   column->addLayout(BuildFilter());
@@ -116,7 +117,7 @@ void LabelListFrame::BuildTable() {
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
-  table_->setAccessibleName(QStringLiteral("Labels"));
+  table_->setAccessibleName(Tr("Labels"));
   UseCompactRows(*table_);
   QHeaderView& header = *table_->horizontalHeader();
   header.setStretchLastSection(true);
@@ -137,10 +138,10 @@ void LabelListFrame::BuildTable() {
 }
 
 QHBoxLayout* LabelListFrame::BuildFilter() {
-  search_->setPlaceholderText(QStringLiteral("Search"));
-  search_->setAccessibleName(QStringLiteral("Search"));
+  search_->setPlaceholderText(Tr("Search"));
+  search_->setAccessibleName(Tr("Search"));
   search_->setClearButtonEnabled(true);
-  tier_->setAccessibleName(QStringLiteral("Tier"));
+  tier_->setAccessibleName(Tr("Tier"));
   auto* const line = new QHBoxLayout;
   line->addWidget(search_, 1);
   line->addWidget(tier_);
@@ -151,11 +152,11 @@ QHBoxLayout* LabelListFrame::BuildFilter() {
 
 QHBoxLayout* LabelListFrame::BuildButtons() {
   auto* const line = new QHBoxLayout;
-  AddEntry(*line, QStringLiteral("&Play"), Needs::kOne, &LabelListFrame::Play);
-  AddEntry(*line, QStringLiteral("&Zoom"), Needs::kOne, &LabelListFrame::Zoom);
-  AddEntry(*line, QStringLiteral("&Edit..."), Needs::kOne, &LabelListFrame::Edit);
-  AddEntry(*line, QStringLiteral("&Rename..."), Needs::kSome, &LabelListFrame::Rename);
-  AddEntry(*line, QStringLiteral("&Delete"), Needs::kSome, &LabelListFrame::Delete);
+  AddEntry(*line, Tr("&Play"), Needs::kOne, &LabelListFrame::Play);
+  AddEntry(*line, Tr("&Zoom"), Needs::kOne, &LabelListFrame::Zoom);
+  AddEntry(*line, Tr("&Edit..."), Needs::kOne, &LabelListFrame::Edit);
+  AddEntry(*line, Tr("&Rename..."), Needs::kSome, &LabelListFrame::Rename);
+  AddEntry(*line, Tr("&Delete"), Needs::kSome, &LabelListFrame::Delete);
   line->addStretch();
   return line;
 }
@@ -181,9 +182,8 @@ bool LabelListFrame::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void LabelListFrame::Follow(CSonadexView* view) {
-  setWindowTitle(view == nullptr
-                     ? QStringLiteral("Labels")
-                     : QStringLiteral("Labels - ") + Shown(view->document().shownName()));
+  setWindowTitle(view == nullptr ? Tr("Labels")
+                                 : Tr("Labels - ") + Shown(view->document().shownName()));
   if (view == view_) return;
   view_ = view;
   Refresh();
@@ -269,7 +269,7 @@ void LabelListFrame::ShowTiers() {
   const QSignalBlocker quiet(tier_);
   const LabelListing& listing = model_.listing();
   tier_->clear();
-  tier_->addItem(QStringLiteral("All tiers"), -1);
+  tier_->addItem(Tr("All tiers"), -1);
   for (const auto& [slot, name] : listing.tiers()) tier_->addItem(Shown(name), slot);
   tier_->setCurrentIndex(std::max(tier_->findData(listing.tier()), 0));
 }
@@ -282,7 +282,7 @@ void LabelListFrame::ShowState() {
     entry.action->setEnabled(enabled);
   }
   const bool empty = model_.rowCount() == 0;
-  note_->setText(empty ? Shown(model_.listing().EmptyText()) : QString());
+  note_->setText(empty ? Translated(model_.listing().EmptyText()) : QString());
   note_->setVisible(empty);
 }
 

@@ -14,6 +14,7 @@
 
 #include "app/log_documents.h"
 #include "desktop/empty_note.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_menu.h"
 #include "desktop/table_rows.h"
@@ -45,14 +46,14 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
       application_(application),
       table_(new QTableView(this)),
       note_(new EmptyNote(*table_)) {
-  note_->Say(QStringLiteral(
-      "Nothing measured. Ctrl+D enters the selection's duration, Ctrl+I its statistics."));
+  note_->Say(
+      Tr("Nothing measured. Ctrl+D enters the selection's duration, Ctrl+I its statistics."));
   order_.setSourceModel(&model_);
   table_->setModel(&order_);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-  table_->setAccessibleName(QStringLiteral("Measurement log"));
+  table_->setAccessibleName(Tr("Measurement log"));
   // The third click on a heading brings the order of the measurements back.
   table_->horizontalHeader()->setSortIndicatorClearable(true);
   table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -60,10 +61,9 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   UseCompactRows(*table_);
   auto* const line = new QHBoxLayout;
   AddButton(*line, QStringLiteral("&Copy"), [this] { CopyRows(); });
-  AddButton(*line, QStringLiteral("&Delete"), [this] { DeleteRows(); });
+  AddButton(*line, Tr("&Delete"), [this] { DeleteRows(); });
   AddButton(*line, QStringLiteral("&Undo"), [this] { Undo(); });
-  AddButton(*line, QStringLiteral("Export as CS&V..."),
-            [this] { ExportOpenLogAsCsv(application_); });
+  AddButton(*line, Tr("Export as CS&V..."), [this] { ExportOpenLogAsCsv(application_); });
   line->addStretch();
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -73,7 +73,7 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   table_->installEventFilter(this);
   GiveContextMenu(*table_,
                   {{QStringLiteral("&Copy"), [this] { CopyRows(); }},
-                   {QStringLiteral("&Delete"), [this] { DeleteRows(); }},
+                   {Tr("&Delete"), [this] { DeleteRows(); }},
                    {QStringLiteral("Select &All"), [this] { table_->selectAll(); }, false}});
 }
 

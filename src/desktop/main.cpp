@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "audio/portaudio/portaudio_host.h"
+#include "desktop/paint/words.h"
 #include "desktop/picture_command.h"
 #include "desktop/program.h"
 #include "desktop/qt_messages.h"
@@ -43,6 +44,11 @@ int main(int argc, char** argv) {
   // It sets variables of the environment, so it comes before everything that has threads.
   cantorix::PortAudioHost sound;
   const auto application = FindDisplay(argc, argv);
+  // Qt has taken its own options out of the arguments.
+  std::vector<std::string> files(argv + 1, argv + argc);
+  const std::string language = cantorix::TakeLanguage(files);
+  cantorix::UseLanguage(language.empty() ? QLocale::system().uiLanguages()
+                                         : QStringList(QString::fromStdString(language)));
   // Numbers have a decimal point, whatever the user's locale.
   QLocale::setDefault(QLocale::c());
   std::setlocale(LC_NUMERIC, "C");
@@ -50,8 +56,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(QStringLiteral(CANTORIX_VERSION));
 
   cantorix::Program program(sound);
-  // Qt has taken its own options out of the arguments.
-  if (!program.Start(std::vector<std::string>(argv + 1, argv + argc))) return 1;
+  if (!program.Start(files)) return 1;
   QObject::connect(application.get(), &QGuiApplication::commitDataRequest,
                    [&program](QSessionManager& session) {
                      const bool mayAsk = session.allowsInteraction();

@@ -10,6 +10,7 @@
 
 #include "desktop/empty_note.h"
 #include "desktop/main_view_widget.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/view_commands.h"
 
@@ -61,8 +62,8 @@ MainViewArea::MainViewArea(CSonadexView& view, DocumentWaveform& waveform, Frame
   grid->addWidget(picture_, 0, 0);
   grid->addWidget(vertical_, 0, 1);
   grid->addWidget(horizontal_, 1, 0);
-  horizontal_->setAccessibleName(QStringLiteral("Visible stretch"));
-  vertical_->setAccessibleName(QStringLiteral("Tiers and panes"));
+  horizontal_->setAccessibleName(Tr("Visible stretch"));
+  vertical_->setAccessibleName(Tr("Tiers and panes"));
   setFocusProxy(picture_);
   Connect(*horizontal_, false);
   Connect(*vertical_, true);
@@ -102,10 +103,10 @@ void MainViewArea::Offer() {
   if (!offered_.empty() && paths == offered_) return;
   offered_ = paths;
   note_->RemoveButtons();
-  note_->Say(QStringLiteral("Open a recording (Ctrl+O), drop one here, or record (Ctrl+R)."));
+  note_->Say(Tr("Open a recording (Ctrl+O), drop one here, or record (Ctrl+R)."));
   for (const std::string& path : paths) {
     const QString name = &path == &paths.back() && !sample.empty()
-                             ? QStringLiteral("Sample recording")
+                             ? Tr("Sample recording")
                              : ShownPath(std::filesystem::path(path).filename().string());
     note_->AddButton(name, [this, path] { host_.OpenOffered(path); });
   }

@@ -13,6 +13,7 @@
 #include "desktop/paint/empty_panes.h"
 #include "desktop/paint/main_view_canvas.h"
 #include "desktop/paint/picture_axis.h"
+#include "desktop/paint/words.h"
 #include "desktop/picture_keys.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/sound_keys.h"
@@ -78,7 +79,7 @@ MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, F
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(240, 160);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setAccessibleName(QStringLiteral("Recording"));
+  setAccessibleName(Tr("Recording"));
 }
 
 MainViewWidget::~MainViewWidget() = default;

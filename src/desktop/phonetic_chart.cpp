@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 
 namespace cantorix {
@@ -18,6 +19,7 @@ namespace {
 constexpr int kCell = 24;  // pixels
 constexpr int kSignPixels = 16;
 constexpr int kHeadingPixels = 9;
+constexpr int kTitleRoom = 32;  // above a window that is placed before it has a frame
 constexpr const char* kPlaces[] = {"Bilabial", "Labiod.",  "Dental",  "Alveolar",
                                    "Postalv.", "Retrofl.", "Palatal", "Velar",
                                    "Uvular",   "Pharyng.", "Glottal"};
@@ -32,7 +34,7 @@ QString OnCircle(const PhoneticSign& sign) {
 }
 
 QLabel* Heading(const char* text) {
-  auto* const heading = new QLabel(QString::fromLatin1(text));
+  auto* const heading = new QLabel(TranslatedSign(text));
   QFont font = heading->font();
   font.setPixelSize(kHeadingPixels);
   heading->setFont(font);
@@ -41,9 +43,8 @@ QLabel* Heading(const char* text) {
 
 QString TipOf(const PhoneticSign& sign) {
   const QString keys = Shown(sign.keys);
-  const QString name = Shown(NameOf(sign));
-  const QString how =
-      keys.size() == 2 ? QStringLiteral("%1 then %2").arg(keys[0]).arg(keys[1]) : keys;
+  const QString name = TranslatedSign(NameOf(sign));
+  const QString how = keys.size() == 2 ? Tr("%1 then %2").arg(keys[0]).arg(keys[1]) : keys;
   // As text: a key may be one that begins markup.
   return QStringLiteral("<p style='white-space:pre'>%1: %2</p>")
       .arg(name.toHtmlEscaped(), how.toHtmlEscaped());
@@ -53,7 +54,7 @@ QString TipOf(const PhoneticSign& sign) {
 
 PhoneticChart::PhoneticChart(QWidget* owner, std::function<void(const std::string&)> chosen)
     : QWidget(owner, Qt::Tool | Qt::WindowDoesNotAcceptFocus), chosen_(std::move(chosen)) {
-  setWindowTitle(QStringLiteral("Phonetic Chart"));
+  setWindowTitle(Tr("Phonetic Chart"));
   setAttribute(Qt::WA_ShowWithoutActivating);
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(8, 8, 8, 8);
@@ -66,13 +67,13 @@ PhoneticChart::PhoneticChart(QWidget* owner, std::function<void(const std::strin
   low->addWidget(NewGroup(SignGroup::kDiacritics));
   low->addWidget(NewGroup(SignGroup::kSuprasegmentals));
   column->addLayout(low);
-  column->addWidget(new QLabel(QStringLiteral(
-      "While this window is open, two keys give a sign: the tip of each sign names them.")));
+  column->addWidget(new QLabel(
+      Tr("While this window is open, two keys give a sign: the tip of each sign names them.")));
   column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 QWidget* PhoneticChart::NewGroup(SignGroup group) {
-  auto* const box = new QGroupBox(Shown(TitleOf(group)), this);
+  auto* const box = new QGroupBox(TranslatedSign(TitleOf(group)), this);
   auto* const grid = new QGridLayout(box);
   grid->setSpacing(0);
   grid->setContentsMargins(4, 2, 4, 4);
@@ -107,7 +108,7 @@ void PhoneticChart::AddSign(QGridLayout& grid, const PhoneticSign& sign) {
   cell->setAutoRaise(true);
   cell->setFocusPolicy(Qt::NoFocus);
   cell->setToolTip(TipOf(sign));
-  cell->setAccessibleName(Shown(NameOf(sign)));
+  cell->setAccessibleName(TranslatedSign(NameOf(sign)));
   connect(cell, &QToolButton::clicked, this,
           [this, text = std::string(sign.sign)] { chosen_(text); });
   grid.addWidget(cell, 1 + sign.row, 1 + sign.column);
@@ -124,7 +125,7 @@ void PhoneticChart::showEvent(QShowEvent* event) {
   const QRect owner = parentWidget()->geometry();
   const QRect there = screen()->availableGeometry();
   const QPoint wanted = owner.bottomRight() - QPoint(width() + 40, height() + 170);
-  move(std::max(wanted.x(), there.left()), std::max(wanted.y(), there.top()));
+  move(std::max(wanted.x(), there.left()), std::max(wanted.y(), there.top() + kTitleRoom));
 }
 
 }  // namespace cantorix

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "desktop/file_filter.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "platform/file_error.h"
 
@@ -33,8 +34,7 @@ void RequireEnding(const std::string& path, const std::string& filter) {
     if (name.endsWith(ending, Qt::CaseInsensitive)) return;
   }
   const QString last = endings.takeLast();
-  throw FileError(
-      Typed(QStringLiteral("The name must end in %1 or %2.").arg(endings.join(", "), last)));
+  throw FileError(Typed(Tr("The name must end in %1 or %2.").arg(endings.join(", "), last)));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QStatusBar>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 
 namespace cantorix {
@@ -21,15 +22,15 @@ QLabel* NewText(QStatusBar& bar, const QString& name) {
 }  // namespace
 
 PointerStatus::PointerStatus(QStatusBar& bar)
-    : pointed_(NewText(bar, QStringLiteral("Under the pointer"))),
-      stretch_(NewText(bar, QStringLiteral("Recording in front"))) {
+    : pointed_(NewText(bar, Tr("Under the pointer"))),
+      stretch_(NewText(bar, Tr("Recording in front"))) {
   pointed_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   bar.addWidget(pointed_, 1);
   bar.insertPermanentWidget(1, stretch_);
 }
 
-void PointerStatus::ShowPointed(const std::string& text) { pointed_->setText(Shown(text)); }
+void PointerStatus::ShowPointed(const std::string& text) { pointed_->setText(Translated(text)); }
 
-void PointerStatus::ShowStretch(const std::string& text) { stretch_->setText(Shown(text)); }
+void PointerStatus::ShowStretch(const std::string& text) { stretch_->setText(Translated(text)); }
 
 }  // namespace cantorix

@@ -8,7 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "desktop/qt_text.h"
+#include "desktop/paint/words.h"
 
 namespace cantorix {
 namespace {
@@ -97,7 +97,7 @@ void QtProgress::Begin(std::string_view text, double totalUnits) {
     cancelled_ = windowClosed_ = false;
     sinceLook_.start();
   }
-  operations_.push_back({Shown(text), totalUnits});
+  operations_.push_back({Translated(text), totalUnits});
   if (window_ && window_->isVisible()) window_->ShowText(operations_.back().text, totalUnits);
 }
 

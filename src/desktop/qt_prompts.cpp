@@ -9,6 +9,7 @@
 #include "desktop/dialogs/channel_dialog.h"
 #include "desktop/dialogs/generic_dialog.h"
 #include "desktop/file_filter.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 
 namespace cantorix {
@@ -49,7 +50,7 @@ QWidget* QtPrompts::Parent() const {
 void QtPrompts::Beep() { QApplication::beep(); }
 
 void QtPrompts::Message(const std::string& text) {
-  QMessageBox box(QMessageBox::Warning, kProgramName, Shown(text), QMessageBox::Ok, Parent());
+  QMessageBox box(QMessageBox::Warning, kProgramName, Translated(text), QMessageBox::Ok, Parent());
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }
@@ -58,7 +59,7 @@ Answer QtPrompts::Ask(const std::string& text, Buttons buttons) {
   const auto offered = buttons == Buttons::kOkCancel
                            ? QMessageBox::Ok | QMessageBox::Cancel
                            : QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-  QMessageBox box(QMessageBox::Question, kProgramName, Shown(text), offered, Parent());
+  QMessageBox box(QMessageBox::Question, kProgramName, Translated(text), offered, Parent());
   box.setTextFormat(Qt::PlainText);
   return AnswerOf(box.exec());
 }
@@ -83,7 +84,7 @@ std::optional<FileChoice> QtPrompts::Run(QFileDialog& dialog, const FileRequest&
   QStringList filters;
   for (const FileFilter& filter : ReadFilters(request.filter)) filters << QtFilter(filter);
   dialog.setOption(QFileDialog::HideNameFilterDetails);  // the texts name the patterns already
-  dialog.setWindowTitle(Shown(request.title));
+  dialog.setWindowTitle(Translated(request.title));
   dialog.setNameFilters(filters);
   if (request.filterIndex >= 1 && request.filterIndex <= filters.size()) {
     dialog.selectNameFilter(filters[request.filterIndex - 1]);
@@ -98,14 +99,14 @@ std::optional<FileChoice> QtPrompts::Run(QFileDialog& dialog, const FileRequest&
 }
 
 std::optional<std::string> QtPrompts::ChooseFolder(const std::string& startFolder) {
-  const QString folder = QFileDialog::getExistingDirectory(
-      Parent(), QStringLiteral("Select a folder"), ShownPath(startFolder));
+  const QString folder =
+      QFileDialog::getExistingDirectory(Parent(), Tr("Select a folder"), ShownPath(startFolder));
   if (folder.isEmpty()) return std::nullopt;
   return ChosenPath(folder);
 }
 
 std::optional<int> QtPrompts::ChooseChannel(const std::string& text, int channelCount) {
-  ChannelDialog dialog(Shown(text), channelCount, Parent());
+  ChannelDialog dialog(Translated(text), channelCount, Parent());
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.Entered();
 }

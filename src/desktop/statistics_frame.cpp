@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "analysisview/spectrogram_view.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_rows.h"
 #include "mainview/document_waveform.h"
@@ -35,16 +36,15 @@ StatisticsFrame::StatisticsFrame(QWidget* owner, FrameHost& host, Surroundings a
       around_(std::move(around)),
       table_(new QTableWidget(static_cast<int>(kStatisticsNames.size()), 3, this)),
       note_(new QLabel(this)),
-      pitchAll_(new QPushButton(QStringLiteral("&Pitch All (Ctrl+L)"), this)),
+      pitchAll_(new QPushButton(Tr("&Pitch All (Ctrl+L)"), this)),
       copy_(new QPushButton(QStringLiteral("&Copy"), this)),
-      enter_(new QPushButton(QStringLiteral("&Enter into Log"), this)) {
-  setWindowTitle(QStringLiteral("Statistics"));
+      enter_(new QPushButton(Tr("&Enter into Log"), this)) {
+  setWindowTitle(Tr("Statistics"));
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-  table_->setHorizontalHeaderLabels(
-      {QStringLiteral("Quantity"), QStringLiteral("Value"), QStringLiteral("Unit")});
+  table_->setHorizontalHeaderLabels({Tr("Quantity"), Tr("Value"), Tr("Unit")});
   table_->horizontalHeader()->setStretchLastSection(true);
   table_->verticalHeader()->hide();
-  table_->setAccessibleName(QStringLiteral("Statistics of the selection"));
+  table_->setAccessibleName(Tr("Statistics of the selection"));
   UseCompactRows(*table_);
   note_->setTextFormat(Qt::PlainText);
   note_->setWordWrap(true);
@@ -114,8 +114,7 @@ void StatisticsFrame::Show() {
   pitchAll_->setVisible(statistics_ && !hasPitch);
   copy_->setEnabled(statistics_.has_value());
   enter_->setEnabled(statistics_ && host_.openLog() != nullptr);
-  enter_->setToolTip(host_.openLog() == nullptr ? QStringLiteral("Open a log first")
-                                                : QStringLiteral("One row (Ctrl+I)"));
+  enter_->setToolTip(host_.openLog() == nullptr ? Tr("Open a log first") : Tr("One row (Ctrl+I)"));
   note_->setText(note());
   if (view_ == nullptr) return table_->clearContents();
   int row = 0;
@@ -123,7 +122,7 @@ void StatisticsFrame::Show() {
        StatisticsLines(*view_, statistics_ ? &*statistics_ : nullptr)) {
     for (const auto& [place, text] :
          {std::pair{kName, line.name}, {kValue, line.value}, {kUnit, line.unit}}) {
-      auto* const item = new QTableWidgetItem(Shown(text));
+      auto* const item = new QTableWidgetItem(Translated(text));
       if (place == kValue) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
       table_->setItem(row, place, item);
     }
@@ -132,13 +131,12 @@ void StatisticsFrame::Show() {
 }
 
 QString StatisticsFrame::note() const {
-  if (!statistics_ || view_ == nullptr)
-    return QStringLiteral("Select a stretch: drag over the recording.");
+  if (!statistics_ || view_ == nullptr) return Tr("Select a stretch: drag over the recording.");
   const CSpectrogramView* const spectrogram = around_.spectrogramOf(*view_);
   const std::string text = StatisticsNote(
       *view_, *statistics_, spectrogram == nullptr ? nullptr : &spectrogram->settings());
-  return view_->pitch.count() > 0 ? Shown(text)
-                                  : (QStringLiteral("No pitch yet.\n") + Shown(text)).trimmed();
+  return view_->pitch.count() > 0 ? Translated(text)
+                                  : (Tr("No pitch yet.") + '\n' + Translated(text)).trimmed();
 }
 
 void StatisticsFrame::EnterIntoLog() {

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/paint/words.h"
+
 namespace cantorix {
 namespace {
 
@@ -27,7 +29,7 @@ CStatusWindow::CStatusWindow(QWidget* owner)
   setMinimumWidth(kLeastWidth);
   text_->setTextFormat(Qt::PlainText);
   bar_->setTextVisible(false);
-  bar_->setAccessibleName(QStringLiteral("Progress"));
+  bar_->setAccessibleName(Tr("Progress"));
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(16, 12, 16, 14);
   column->addWidget(text_);

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
+
 namespace cantorix {
 namespace {
 
@@ -24,7 +26,7 @@ ChannelDialog::ChannelDialog(const QString& text, int channelCount, QWidget* par
   for (int i = 0; i < std::min(channelCount, kMostChannels); ++i) {
     list_->addItem(QStringLiteral("Channel #%1").arg(i + 1));
   }
-  list_->setAccessibleName(QStringLiteral("Channels"));
+  list_->setAccessibleName(Tr("Channels"));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

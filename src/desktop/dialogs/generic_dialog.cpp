@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/paint/paint_style.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "platform/numbers.h"
 
@@ -20,8 +21,8 @@ constexpr double kFullScale = 32768.0;
 
 // Two lines, whatever they say, so that the dialog keeps its size.
 QString TextOf(const GenericOutcome& outcome) {
-  if (!outcome.problem.empty()) return Shown(outcome.problem) + '\n';
-  return QStringLiteral("Duration: %1 ms\nLength: %2 samples")
+  if (!outcome.problem.empty()) return Translated(outcome.problem) + '\n';
+  return Tr("Duration: %1 ms\nLength: %2 samples")
       .arg(Shown(FormatOneDecimal(outcome.durationMs)))
       .arg(outcome.samples);
 }
@@ -30,7 +31,7 @@ QString TextOf(const GenericOutcome& outcome) {
 
 OutcomeView::OutcomeView(QWidget* parent) : QWidget(parent) {
   setFixedSize(kColumns, kHeight);
-  setAccessibleName(QStringLiteral("Waveform"));
+  setAccessibleName(Tr("Waveform"));
 }
 
 void OutcomeView::Show(GenericOutcome outcome) {
@@ -69,7 +70,7 @@ GenericDialog::GenericDialog(Prompts& prompts, const GenericParameters& preset,
   text_->setWordWrap(true);
   text_->setFixedWidth(OutcomeView::kColumns);
   BeginColumn();
-  QFormLayout* const form = AddGroup(QStringLiteral("Preview"));
+  QFormLayout* const form = AddGroup(Tr("Preview"));
   form->addRow(view_);
   form->addRow(text_);
   // What is typed or clicked in one go is shown once.

@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "platform/bytes.h"
 
@@ -40,7 +41,7 @@ LabelDialog::LabelDialog(Prompts& prompts, const Label& preset, bool exists, QWi
   AddText();
   AddLooks();
   if (exists) {
-    AddButtons({{QStringLiteral("Delete"), [this] {
+    AddButtons({{Tr("Delete"), [this] {
                    removed_ = true;
                    done(QDialog::Accepted);  // whatever the fields hold
                  }}});
@@ -113,7 +114,8 @@ void LabelDialog::KeepToLimit() {
 void LabelDialog::ShowLooks() {
   const QString face = Shown(label_.font.faceName());
   // A tooltip has no format of plain text: a name that looks like markup would be taken for it.
-  font_->setToolTip(QStringLiteral("<span>%1, %2 pixels</span>")
+  font_->setToolTip(QStringLiteral("<span>%1</span>")
+                        .arg(Tr("%1, %2 pixels"))
                         .arg(face.toHtmlEscaped())
                         .arg(label_.font.height()));
   QPixmap swatch(kSwatch, kSwatch);

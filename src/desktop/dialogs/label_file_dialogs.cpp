@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QRadioButton>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "labelfile/label_formats.h"
 
@@ -18,7 +19,7 @@ constexpr int kIntervals = 1;
 
 void AddFormats(QComboBox& list, const std::string& chosen) {
   for (const LabelFormat& format : LabelFormats()) {
-    list.addItem(Shown(format.name), Shown(format.key));
+    list.addItem(Translated(format.name), Shown(format.key));
     if (format.key == chosen) list.setCurrentIndex(list.count() - 1);
   }
 }
@@ -28,18 +29,18 @@ std::string ChosenKey(const QComboBox& list) { return list.currentData().toStrin
 }  // namespace
 
 LabelFileDialog::LabelFileDialog(Prompts& prompts, const LabelFileOptions& preset, QWidget* parent)
-    : FormDialog(prompts, QStringLiteral("Import Label File"), parent),
+    : FormDialog(prompts, Tr("Import Label File"), parent),
       preset_(preset),
       format_(new QComboBox(this)) {
   QFormLayout* const form = AddGroup({});
-  format_->addItem(QStringLiteral("As the file shows"), QString());
+  format_->addItem(Tr("As the file shows"), QString());
   AddFormats(*format_, preset.importFormat);
-  AddField(form, QStringLiteral("Format"), format_);
-  emptyIntervals_ = AddSwitch(form, QStringLiteral("Empty intervals become labels without text"));
+  AddField(form, Tr("Format"), format_);
+  emptyIntervals_ = AddSwitch(form, Tr("Empty intervals become labels without text"));
   emptyIntervals_->setChecked(preset.emptyIntervals);
-  AddNote(AddGroup({}), QStringLiteral("Each tier of the file goes to the tier of its name, or to "
-                                       "one that is free.\nAn interval becomes a label at its "
-                                       "start."));
+  AddNote(AddGroup({}), Tr("Each tier of the file goes to the tier of its name, or to "
+                           "one that is free.\nAn interval becomes a label at its "
+                           "start."));
   AddButtons();
 }
 
@@ -52,20 +53,19 @@ LabelFileOptions LabelFileDialog::Entered() const {
 
 LabelExportDialog::LabelExportDialog(Prompts& prompts, const std::vector<std::string>& tierNames,
                                      const LabelFileOptions& preset, QWidget* parent)
-    : FormDialog(prompts, QStringLiteral("Export Labels"), parent),
+    : FormDialog(prompts, Tr("Export Labels"), parent),
       tierNames_(tierNames),
       preset_(preset),
       format_(new QComboBox(this)),
       tier_(new QComboBox(this)) {
   QFormLayout* const form = AddGroup({});
   AddFormats(*format_, preset.exportFormat);
-  AddField(form, QStringLiteral("Format"), format_);
-  tier_->addItem(QStringLiteral("All in use"));
+  AddField(form, Tr("Format"), format_);
+  tier_->addItem(Tr("All in use"));
   for (const std::string& name : tierNames_) tier_->addItem(Shown(name));
-  AddField(form, QStringLiteral("Tiers"), tier_);
-  kind_ =
-      AddChoice(AddGroup(QStringLiteral("A label becomes")), {},
-                {QStringLiteral("a point"), QStringLiteral("an interval up to the next label")});
+  AddField(form, Tr("Tiers"), tier_);
+  kind_ = AddChoice(AddGroup(Tr("A label becomes")), {},
+                    {Tr("a point"), Tr("an interval up to the next label")});
   kind_->button(preset.asIntervals ? kIntervals : kPoints)->setChecked(true);
   AddButtons();
   connect(format_, &QComboBox::currentIndexChanged, this, [this] { OfferKinds(); });

@@ -10,15 +10,16 @@
 #include <QRadioButton>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 
 namespace cantorix {
 namespace {
 
-constexpr const char* kSuggestedText = "Suggested: for speech of this recording's rate.";
-constexpr const char* kDefaultsText = "Defaults: as the program was always delivered.";
+constexpr const char* kSuggestedText = Marked("Suggested: for speech of this recording's rate.");
+constexpr const char* kDefaultsText = Marked("Defaults: as the program was always delivered.");
 
-QString Text(const char* text) { return QString::fromUtf8(text); }
+QString Text(const char* text) { return Translated(text); }
 
 template <typename S>
 int EntryOf(const OptionSizes<S>& sizes, const S& settings) {
@@ -58,7 +59,7 @@ void OptionDialog<S>::AddRestoring(const OptionForm<S>& form) {
   }
   if (form.suggested != nullptr) {
     buttons.push_back(
-        {Text("Suggested"), [this, suggested = form.suggested] { Suggest(suggested); }});
+        {Tr("Suggested"), [this, suggested = form.suggested] { Suggest(suggested); }});
     text = Text(kSuggestedText);
     if (!form.restoresSizeOnly) text += ' ' + Text(kDefaultsText);
   }
@@ -139,8 +140,8 @@ void OptionDialog<S>::AddBeside(QFormLayout* form, Line& first, Line& second) {
   const QString label = Text(first.row->text);
   AddField(form, label, box);
   static_cast<QLabel*>(form->labelForField(box))->setBuddy(first.number);
-  first.number->setAccessibleName(SpokenName(label) + QStringLiteral(", low"));
-  second.number->setAccessibleName(SpokenName(label) + QStringLiteral(", high"));
+  first.number->setAccessibleName(SpokenName(label) + Tr(", low"));
+  second.number->setAccessibleName(SpokenName(label) + Tr(", high"));
 }
 
 // Side by side; below each other where a number belongs to the first one.
@@ -237,7 +238,7 @@ void OptionDialog<S>::ShowUse() {
     line.number->setEnabled(NumberCounts(*line.row, entered, values_.rateHz));
   }
   for (const Remark& remark : remarks_) {
-    remark.label->setText(Shown(remark.text(entered, values_.rateHz)));
+    remark.label->setText(Translated(remark.text(entered, values_.rateHz)));
   }
 }
 

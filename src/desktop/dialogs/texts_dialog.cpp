@@ -4,6 +4,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/dialog_answers.h"
 
@@ -15,17 +16,17 @@ constexpr int kTextWidth = 320;  // logical pixels
 }  // namespace
 
 TextsDialog::TextsDialog(Prompts& prompts, const TextsQuestion& question, QWidget* parent)
-    : FormDialog(prompts, Shown(question.title), parent) {
+    : FormDialog(prompts, Translated(question.title), parent) {
   QFormLayout* const form = AddGroup({});
   form->setRowWrapPolicy(QFormLayout::WrapAllRows);
   for (const TextField& field : question.fields) {
     auto* const text = new QLineEdit(Shown(field.preset), this);
     text->setMinimumWidth(kTextWidth);
     text->selectAll();
-    AddField(form, Shown(field.label), text);
+    AddField(form, Translated(field.label), text);
     fields_.push_back(text);
   }
-  if (!question.note.empty()) AddNote(form, Shown(question.note));
+  if (!question.note.empty()) AddNote(form, Translated(question.note));
   AddButtons();
   if (!fields_.empty()) fields_.front()->setFocus();
 }

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/dialog_answers.h"
 #include "platform/bytes.h"
@@ -31,9 +32,9 @@ TiersDialog::TiersDialog(Prompts& prompts, const TierSetups& preset, QWidget* pa
   QFormLayout* const form = AddGroup({});
   AddNote(form, QStringLiteral("Tiers are arranged from the top of the display to the bottom."));
   auto* const grid = new QGridLayout;
-  grid->addWidget(new QLabel(QStringLiteral("In use"), this), 0, 0);
-  grid->addWidget(new QLabel(QStringLiteral("Name"), this), 0, 1);
-  grid->addWidget(new QLabel(QStringLiteral("Height (pixels)"), this), 0, 2);
+  grid->addWidget(new QLabel(Tr("In use"), this), 0, 0);
+  grid->addWidget(new QLabel(Tr("Name"), this), 0, 1);
+  grid->addWidget(new QLabel(Tr("Height (pixels)"), this), 0, 2);
   for (std::size_t i = 0; i < lines_.size(); ++i) {
     lines_[i] = AddLine(*grid, static_cast<int>(i), preset[i]);
   }
@@ -47,13 +48,13 @@ TiersDialog::Line TiersDialog::AddLine(QGridLayout& grid, int tier, const TierSe
             new NumberField(kHeights, false)};
   // The digits are the mnemonics: Alt+0 is the tenth tier.
   line.inUse->setText(tier < 9 ? '&' + number : QStringLiteral("1&0"));
-  line.inUse->setAccessibleName(QStringLiteral("Tier %1 in use").arg(number));
+  line.inUse->setAccessibleName(Tr("Tier %1 in use").arg(number));
   line.inUse->setChecked(preset.inUse);
   line.name->setMinimumWidth(kNameWidth);
   line.name->setMaxLength(static_cast<int>(kMaxTierNameBytes));
-  line.name->setAccessibleName(QStringLiteral("Name of tier %1").arg(number));
+  line.name->setAccessibleName(Tr("Name of tier %1").arg(number));
   line.height->SetValue(std::clamp<double>(preset.height, kHeights.least, kHeights.most));
-  line.height->setAccessibleName(QStringLiteral("Height of tier %1 in pixels").arg(number));
+  line.height->setAccessibleName(Tr("Height of tier %1 in pixels").arg(number));
   grid.addWidget(line.inUse, tier + 1, 0);
   grid.addWidget(line.name, tier + 1, 1);
   grid.addWidget(line.height, tier + 1, 2);

@@ -6,7 +6,7 @@
 
 #include "desktop/paint/label_painter.h"
 #include "desktop/paint/picture_text.h"
-#include "desktop/qt_text.h"
+#include "desktop/paint/words.h"
 #include "mainview/label_entry_state.h"
 #include "settings/settings.h"
 
@@ -51,13 +51,13 @@ void DrawEmptyPanes(QPainter& painter, const CSonadexView& view, const PaintStyl
   const PixelRect& pane = view.layout.pitch;
   if (pane.bottom > pane.top) {
     const std::string note = view.pitch.count() == 0 ? kNoPitchNote : UnvoicedNote(view);
-    if (!note.empty()) DrawPanel(painter, ToRectF(pane), Shown(note), style);
+    if (!note.empty()) DrawPanel(painter, ToRectF(pane), Translated(note), style);
   }
   if (!view.labelEntry.enabled || HasTier(view)) return;
   constexpr double kLine = 26.0;
   const PixelRect& audio = view.layout.audio;
   DrawPanel(painter, QRectF(audio.left, 2.0, audio.right - audio.left, kLine),
-            Shown("No tier in use. Type to use 'words', or set tiers\u2026"), style);
+            Tr("No tier in use. Type to use 'words', or set tiers\u2026"), style);
 }
 
 }  // namespace cantorix

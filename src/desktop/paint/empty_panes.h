@@ -5,12 +5,12 @@
 #include <QPainter>
 #include <string>
 
-#include "desktop/paint/paint_style.h"
+#include "desktop/paint/words.h"
 #include "mainview/sonadex_view.h"
 
 namespace cantorix {
 
-inline constexpr const char* kNoPitchNote = "No pitch yet. Pitch All (Ctrl+L) computes it.";
+inline constexpr const char* kNoPitchNote = Marked("No pitch yet. Pitch All (Ctrl+L) computes it.");
 
 // "No voiced stretch between 50 and 500 Hz found. Options…" of a track without a voiced entry;
 // else empty.

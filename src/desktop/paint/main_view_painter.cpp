@@ -12,6 +12,7 @@
 #include "desktop/paint/selection_painter.h"
 #include "desktop/paint/signal_strips.h"
 #include "desktop/paint/window_strips.h"
+#include "desktop/paint/words.h"
 #include "mainview/label_entry_state.h"
 #include "mainview/label_moves.h"
 #include "mainview/readout_texts.h"
@@ -113,9 +114,9 @@ void DrawCaptions(QPainter& painter, const Scene& scene) {
   const auto caption = [&](const QRectF& pane, const QString& text, const QColor& color) {
     if (!pane.isEmpty()) DrawCaption(painter, pane, text, font, color);
   };
-  caption(scene.audio, QStringLiteral("Audio"), scene.style.muted);
-  caption(scene.intensity, QStringLiteral("Intensity (dB)"), scene.style.intensity);
-  caption(scene.pitch, QStringLiteral("Pitch (Hz)"), scene.style.pitch);
+  caption(scene.audio, TrOn(scene.style, "Audio"), scene.style.muted);
+  caption(scene.intensity, TrOn(scene.style, "Intensity (dB)"), scene.style.intensity);
+  caption(scene.pitch, TrOn(scene.style, "Pitch (Hz)"), scene.style.pitch);
 }
 
 // Inside the pane, off the axis at its right edge.
@@ -128,7 +129,7 @@ void DrawLevelsLegend(QPainter& painter, const Scene& scene) {
                     scene.audio.width() - 2.0 * kAxisRoom, kLegendHeight);
   DrawLegend(painter, line,
              {{.mark = LegendEntry::Mark::kDashes,
-               .text = QStringLiteral("intensity (dB, right axis)"),
+               .text = TrOn(scene.style, "intensity (dB, right axis)"),
                .color = scene.style.intensity,
                .width = scene.style.curve}},
              scene.style, plate);

@@ -98,7 +98,9 @@ PaintStyle StyleOf(PaletteKind kind) {
 PaintStyle StyleFor(const QPalette& palette) {
   const bool dark =
       palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-  return StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
+  PaintStyle style = StyleOf(dark ? PaletteKind::kDark : PaletteKind::kLight);
+  style.onScreen = true;
+  return style;
 }
 
 PaintStyle BlackOnWhite() {

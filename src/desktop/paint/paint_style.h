@@ -39,6 +39,7 @@ struct PaintStyle {
   std::array<QColor, kFormants> formants;  // F1 ... F5
   QColor readoutField;                     // behind a value of the readout strip
   QFont font;                              // of ticks, names and readouts
+  bool onScreen = false;                   // its captions are in the user's language
   bool hasColor = true;                    // false: curves are told apart by their dashes
   double hairline = 1.0;
   double curve = 1.4;  // of contours and envelopes

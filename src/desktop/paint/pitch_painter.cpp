@@ -6,27 +6,28 @@
 #include "desktop/paint/label_painter.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/signal_strips.h"
+#include "desktop/paint/words.h"
 #include "mainview/track_lookup.h"
 #include "settings/settings.h"
 
 namespace cantorix {
 namespace {
 
-QString ReadoutLine(const PitchPicture& picture) {
+QString ReadoutLine(const PitchPicture& picture, const PaintStyle& style) {
   if (!picture.cursorMs) return {};
   const CChannel& channel = picture.document.channel();
   const double ms = *picture.cursorMs;
-  return QStringLiteral("Cursor %1    Pitch %2 Hz    Intensity %3 dB")
+  return TrOn(style, "Cursor %1    Pitch %2 Hz    Intensity %3 dB")
       .arg(ShownTime(ms, picture.document.settings.display.timeBase))
       .arg(PitchAt(picture.pitch, channel, ms), 0, 'f', 1)
       .arg(IntensityAt(channel.intensity, channel, ms), 0, 'f', 1);
 }
 
-QString SelectionLine(const PitchPicture& picture) {
+QString SelectionLine(const PitchPicture& picture, const PaintStyle& style) {
   if (!picture.selection) return {};
   const std::int32_t base = picture.document.settings.display.timeBase;
   const AxisSelection& selection = *picture.selection;
-  return QStringLiteral("Selection %1 to %2    Average pitch %3 Hz")
+  return TrOn(style, "Selection %1 to %2    Average pitch %3 Hz")
       .arg(ShownTime(selection.start, base), ShownTime(selection.end, base))
       .arg(AveragePitch(picture.pitch, picture.document.channel(), selection.start, selection.end),
            0, 'f', 1);
@@ -85,7 +86,8 @@ void PaintPitchOverlay(QPainter& painter, const PitchPicture& picture, const Pai
   const AxisScale time = PitchTimes(picture);
   if (picture.selection) DrawWindowSelection(painter, layout, time, *picture.selection, style);
   if (picture.cursorMs) DrawWindowCursor(painter, layout, time, *picture.cursorMs, style);
-  DrawReadoutLines(painter, layout, {ReadoutLine(picture), SelectionLine(picture)}, style);
+  DrawReadoutLines(painter, layout, {ReadoutLine(picture, style), SelectionLine(picture, style)},
+                   style);
 }
 
 }  // namespace cantorix

@@ -11,6 +11,7 @@
 #include "desktop/paint/legend.h"
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
+#include "desktop/paint/words.h"
 
 namespace cantorix {
 namespace {
@@ -85,11 +86,11 @@ void DrawFormantDots(QPainter& painter, const QRectF& pane, const AxisScale& tim
   painter.restore();
 }
 
-QString CursorLine(const SpectrogramPicture& picture) {
+QString CursorLine(const SpectrogramPicture& picture, const PaintStyle& style) {
   if (!picture.cursor) return {};
   const CSonadexDoc& document = picture.view.document();
   const Spectrogram& spectrogram = LevelsOf(picture);
-  QString line = QStringLiteral("Cursor %1    %2 Hz")
+  QString line = TrOn(style, "Cursor %1    %2 Hz")
                      .arg(ShownTime(picture.cursor->ms, document.settings.display.timeBase))
                      .arg(picture.cursor->hz, 0, 'f', 1);
   if (const auto level = LevelAt(spectrogram, document.channel().msPerSample(), picture.cursor->ms,
@@ -109,11 +110,11 @@ QString CursorLine(const SpectrogramPicture& picture) {
   return line;
 }
 
-QString SelectionLine(const SpectrogramPicture& picture) {
+QString SelectionLine(const SpectrogramPicture& picture, const PaintStyle& style) {
   if (!picture.selection) return {};
   const std::int32_t base = picture.view.document().settings.display.timeBase;
   const AxisSelection& selection = *picture.selection;
-  return QStringLiteral("Selection %1 to %2    Duration %3")
+  return TrOn(style, "Selection %1 to %2    Duration %3")
       .arg(ShownTime(selection.start, base), ShownTime(selection.end, base),
            ShownTime(selection.end - selection.start, base));
 }
@@ -187,7 +188,8 @@ void PaintSpectrogramOverlay(QPainter& painter, const SpectrogramPicture& pictur
     DrawWindowCursorRow(painter, layout,
                         YOf(pane, FrequencySpan(picture, pane), picture.cursor->hz), style);
   }
-  DrawReadoutLines(painter, layout, {CursorLine(picture), SelectionLine(picture)}, style);
+  DrawReadoutLines(painter, layout, {CursorLine(picture, style), SelectionLine(picture, style)},
+                   style);
 }
 
 }  // namespace cantorix

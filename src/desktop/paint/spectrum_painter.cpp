@@ -11,6 +11,7 @@
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/window_strips.h"
+#include "desktop/paint/words.h"
 
 namespace cantorix {
 namespace {
@@ -77,7 +78,7 @@ void DrawFormants(QPainter& painter, const QRectF& pane, const AxisScale& axis,
 }
 
 // A formant above the picture has an arrow.
-QString FormantsLine(const FormantValues& formants, double maxHz) {
+QString FormantsLine(const FormantValues& formants, double maxHz, const PaintStyle& style) {
   QStringList parts;
   for (std::size_t i = 0; i < kFormants; ++i) {
     if (!(formants.frequencyHz[i] > 0.0)) continue;
@@ -87,21 +88,21 @@ QString FormantsLine(const FormantValues& formants, double maxHz) {
                  .arg(QString::fromUtf8(place), OneDecimal(formants.frequencyHz[i]),
                       OneDecimal(formants.bandwidthHz[i]));
   }
-  if (parts.isEmpty()) return QStringLiteral("No formants");
+  if (parts.isEmpty()) return TrOn(style, "No formants");
   return parts.join(QStringLiteral("    "));
 }
 
-QString SettingsLine(const FftLpcTexts& texts) {
-  return QStringLiteral("FFT %1 points    Window %2 ms    Step %3 ms    LPC %4    Rate %5 Hz")
+QString SettingsLine(const FftLpcTexts& texts, const PaintStyle& style) {
+  return TrOn(style, "FFT %1 points    Window %2 ms    Step %3 ms    LPC %4    Rate %5 Hz")
       .arg(Text(texts.points), Text(texts.windowMs), Text(texts.stepMs), Text(texts.lpcOrder),
            Text(texts.rateHz));
 }
 
-QString CursorLine(const SpectrumPicture& picture) {
+QString CursorLine(const SpectrumPicture& picture, const PaintStyle& style) {
   if (!picture.cursorHz) return {};
   const Spectrum& spectrum = picture.view.spectrum();
   const double hz = *picture.cursorHz;
-  return QStringLiteral("Cursor %1 Hz    FFT %2 dB    LPC %3 dB")
+  return TrOn(style, "Cursor %1 Hz    FFT %2 dB    LPC %3 dB")
       .arg(OneDecimal(hz), OneDecimal(DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz)),
            OneDecimal(DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz)));
 }
@@ -202,11 +203,12 @@ void PaintSpectrumOverlay(QPainter& painter, const SpectrumPicture& picture,
     DrawWindowCursor(painter, layout, SpectrumAxis(picture), *picture.cursorHz, style);
   }
   if (!picture.view.computed()) return DrawReadoutLines(painter, layout, {}, style);
-  DrawReadoutLines(painter, layout,
-                   {CursorLine(picture),
-                    FormantsLine(picture.view.spectrum().formants, picture.view.spectrum().maxHz),
-                    SettingsLine(picture.view.texts())},
-                   style);
+  DrawReadoutLines(
+      painter, layout,
+      {CursorLine(picture, style),
+       FormantsLine(picture.view.spectrum().formants, picture.view.spectrum().maxHz, style),
+       SettingsLine(picture.view.texts(), style)},
+      style);
 }
 
 }  // namespace cantorix

@@ -7,6 +7,7 @@
 #include "desktop/paint/picture_axis.h"
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/signal_strips.h"
+#include "desktop/paint/words.h"
 #include "settings/time_base.h"
 
 namespace cantorix {
@@ -56,7 +57,7 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     const QRectF pane = ToRectF(layout.audio);
     const AxisSpan span = AmplitudeSpan(channel, *waveform, pane);
     DrawStripAxis(painter, pane, span, style);
-    DrawCaption(painter, pane, QStringLiteral("Audio"), CaptionFont(style), style.muted);
+    DrawCaption(painter, pane, TrOn(style, "Audio"), CaptionFont(style), style.muted);
     DrawWaveform(painter, {pane, time}, span, document, *waveform, style);
     DrawFrame(painter, pane, style);
   }
@@ -69,8 +70,7 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
     } else {
       DrawPane(painter, pane, style.pane);
     }
-    DrawCaption(painter, pane, QStringLiteral("Intensity (dB)"), CaptionFont(style),
-                style.intensity);
+    DrawCaption(painter, pane, TrOn(style, "Intensity (dB)"), CaptionFont(style), style.intensity);
     DrawFrame(painter, pane, style);
   }
   if (layout.labels.bottom > layout.labels.top) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "desktop/paint/paint_style.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/sound_texts.h"
 
@@ -23,7 +24,7 @@ constexpr int kEnd = 7;              // half a number beyond the bar
 
 LevelMeterView::LevelMeterView(Qt::Orientation orientation, QWidget* parent)
     : QWidget(parent), orientation_(orientation) {
-  setAccessibleName(QStringLiteral("Input level"));
+  setAccessibleName(Tr("Input level"));
   setSizePolicy(orientation == Qt::Horizontal ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                 orientation == Qt::Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);
 }
@@ -35,8 +36,8 @@ QSize LevelMeterView::sizeHint() const {
 
 void LevelMeterView::Show(const std::optional<InputLevel>& level) {
   level_ = level;
-  setAccessibleDescription(level ? Shown(PeakText(level->reading) + ", " + RmsText(level->reading) +
-                                         ", " + ClippedText(*level))
+  setAccessibleDescription(level ? Translated(PeakText(level->reading) + ", " +
+                                              RmsText(level->reading) + ", " + ClippedText(*level))
                                  : QString());
   update();
 }

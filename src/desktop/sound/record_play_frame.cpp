@@ -16,6 +16,7 @@
 #include "audio/sound_rates.h"
 #include "desktop/command_keys.h"
 #include "desktop/paint/paint_style.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/level_meter_view.h"
 #include "mainview/sound_texts.h"
@@ -56,45 +57,45 @@ CFrameRecordPlay::CFrameRecordPlay(QWidget* owner, WindowPlacement& placement,
 }
 
 void CFrameRecordPlay::AddInput(QVBoxLayout& column) {
-  auto* const group = new QGroupBox(QStringLiteral("Recording"), this);
+  auto* const group = new QGroupBox(Tr("Recording"), this);
   auto* const form = new QFormLayout(group);
   input_ = new QComboBox(group);
   input_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  rescan_ = new QPushButton(QStringLiteral("Re&scan"), group);
-  rescan_->setToolTip(QStringLiteral("Look for sound devices anew"));
+  rescan_ = new QPushButton(Tr("Re&scan"), group);
+  rescan_->setToolTip(Tr("Look for sound devices anew"));
   auto* const line = new QHBoxLayout;
   line->addWidget(input_, 1);
   line->addWidget(rescan_);
-  form->addRow(QStringLiteral("&Input"), line);
+  form->addRow(Tr("&Input"), line);
   static_cast<QLabel*>(form->labelForField(line))->setBuddy(input_);
   rate_ = new QComboBox(group);
-  form->addRow(QStringLiteral("&Rate"), rate_);
+  form->addRow(Tr("&Rate"), rate_);
   rateReason_ = AddText(group);
   rateReason_->setStyleSheet(QStringLiteral("color: %1").arg(Red(palette()).name()));
   rateReason_->hide();
   form->addRow(rateReason_);
   meter_ = new LevelMeterView(Qt::Horizontal, group);
-  form->addRow(QStringLiteral("Level"), meter_);
+  form->addRow(Tr("Level"), meter_);
   levelText_ = AddText(group);
   // Two lines at once, so that a text that comes and goes does not move the window.
   levelText_->setMinimumHeight(2 * levelText_->fontMetrics().lineSpacing());
   levelText_->setAlignment(Qt::AlignTop);
   form->addRow(levelText_);
-  scope_ = new QPushButton(QStringLiteral("Open S&cope Window"), group);
+  scope_ = new QPushButton(Tr("Open S&cope Window"), group);
   form->addRow(scope_);
   column.addWidget(group);
 }
 
 void CFrameRecordPlay::AddPlaying(QVBoxLayout& column) {
-  auto* const group = new QGroupBox(QStringLiteral("Playing"), this);
+  auto* const group = new QGroupBox(Tr("Playing"), this);
   auto* const line = new QVBoxLayout(group);
-  playSecond_ = new QPushButton(QStringLiteral("&Play One Second of the Selection"), group);
+  playSecond_ = new QPushButton(Tr("&Play One Second of the Selection"), group);
   line->addWidget(playSecond_);
   column.addWidget(group);
 }
 
 void CFrameRecordPlay::AddFiles(QVBoxLayout& column) {
-  auto* const group = new QGroupBox(QStringLiteral("Files"), this);
+  auto* const group = new QGroupBox(Tr("Files"), this);
   auto* const form = new QFormLayout(group);
   memoryMinutes_ = new QSpinBox(group);
   memoryMinutes_->setRange(0, kMostMinutes);
@@ -129,7 +130,7 @@ void CFrameRecordPlay::Keep() {
 void CFrameRecordPlay::ShowInputs(const std::vector<std::string>& names, const SoundInput& chosen) {
   const QSignalBlocker quiet(input_);
   input_->clear();
-  input_->addItem(QStringLiteral("System default"));
+  input_->addItem(Tr("System default"));
   for (const std::string& name : names) input_->addItem(Shown(name));
   input_->setCurrentIndex(chosen.index);
 }
@@ -165,7 +166,7 @@ void CFrameRecordPlay::ShowRate(double rateHz) {
   }
   rate_->setPalette(shown);
   const auto deviceHz = DeviceRate(rateHz);
-  rateReason_->setText(QLatin1String(kNeedsRecordingRate));
+  rateReason_->setText(Translated(kNeedsRecordingRate));
   rateReason_->setVisible(!deviceHz || !CanRecordAt(*deviceHz));
 }
 
@@ -190,12 +191,12 @@ void CFrameRecordPlay::ShowLevel(const SoundDesk& desk) {
   const auto level = recording ? std::nullopt : desk.inputLevel();
   meter_->Show(level);
   if (level) {
-    levelText_->setText(Shown(PeakText(level->reading) + "     " + RmsText(level->reading) + '\n' +
-                              ClippedText(*level)));
+    levelText_->setText(Translated(PeakText(level->reading) + "     " + RmsText(level->reading) +
+                                   '\n' + ClippedText(*level)));
   } else if (recording) {
-    levelText_->setText(QStringLiteral("A recording runs: its level stands in the status bar."));
+    levelText_->setText(Tr("A recording runs: its level stands in the status bar."));
   } else {
-    levelText_->setText(Shown(desk.watchFailure()));
+    levelText_->setText(Translated(desk.watchFailure()));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/sound/level_meter_view.h"
 #include "mainview/sound_texts.h"
@@ -17,11 +18,11 @@ namespace {
 QString StateText(const SoundDesk& desk, const std::optional<InputLevel>& level) {
   if (!level) {
     const std::string failure = desk.watchFailure();
-    return failure.empty() ? QStringLiteral("Nothing is heard.") : Shown(failure);
+    return failure.empty() ? Tr("Nothing is heard.") : Translated(failure);
   }
   const QString rate = QStringLiteral("%1 Hz").arg(level->rateHz);
-  if (desk.isRecording()) return QStringLiteral("Recording at ") + rate;
-  return QStringLiteral("Listening at %1; nothing is recorded.").arg(rate);
+  if (desk.isRecording()) return Tr("Recording at %1").arg(rate);
+  return Tr("Listening at %1; nothing is recorded.").arg(rate);
 }
 
 }  // namespace
@@ -30,7 +31,7 @@ ScopeCanvas::ScopeCanvas(QWidget* parent) : QWidget(parent) {
   setMinimumSize(200, 80);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setAccessibleName(QStringLiteral("Trace of the sound input"));
+  setAccessibleName(Tr("Trace of the sound input"));
 }
 
 void ScopeCanvas::SetRate(std::uint32_t rateHz) {
@@ -88,8 +89,8 @@ void CScopeView::ShowLevel(const SoundDesk& desk) {
   if (level) canvas_->SetRate(level->rateHz);
   state_->setText(StateText(desk, level));
   meter_->Show(level);
-  level_->setText(level ? Shown(PeakText(level->reading) + "     " + RmsText(level->reading) +
-                                "     " + ClippedText(*level))
+  level_->setText(level ? Translated(PeakText(level->reading) + "     " + RmsText(level->reading) +
+                                     "     " + ClippedText(*level))
                         : QStringLiteral(" "));
 }
 

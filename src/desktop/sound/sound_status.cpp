@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QStatusBar>
 
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/sound_texts.h"
 
@@ -20,14 +21,14 @@ std::string TextOf(const SoundDesk& desk, const CSonadexDoc* front) {
   }
   if (!desk.isPlaying()) return {};
   const auto ms = front != nullptr ? desk.PlayedMs(*front) : std::nullopt;
-  return ms ? PlayingText(*ms) : "Playing in another window";
+  return ms ? PlayingText(*ms) : Marked("Playing in another window");
 }
 
 }  // namespace
 
 SoundStatus::SoundStatus(QStatusBar& bar) : bar_(bar), text_(new QLabel(&bar)) {
   text_->setTextFormat(Qt::PlainText);
-  text_->setAccessibleName(QStringLiteral("Sound"));
+  text_->setAccessibleName(Tr("Sound"));
   text_->setContentsMargins(8, 0, 8, 0);
   bar.insertPermanentWidget(1, text_);  // behind the text on the left
   text_->hide();
@@ -39,11 +40,11 @@ void SoundStatus::Tick(const SoundDesk& desk, const CSonadexDoc* front) {
 
 void SoundStatus::Show(const SoundDesk& desk, const CSonadexDoc* front) {
   ticksToText_ = kTicksPerText;
-  const QString text = Shown(TextOf(desk, front));
+  const QString text = Translated(TextOf(desk, front));
   text_->setText(text);
   text_->setVisible(!text.isEmpty());
 }
 
-void SoundStatus::Note(const std::string& text) { bar_.showMessage(Shown(text), kNoteMs); }
+void SoundStatus::Note(const std::string& text) { bar_.showMessage(Translated(text), kNoteMs); }
 
 }  // namespace cantorix

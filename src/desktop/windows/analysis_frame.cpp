@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "desktop/paint/empty_panes.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "desktop/tool_icon.h"
 
@@ -82,13 +83,13 @@ void AnalysisFrame::KeepFree(int pixels) {
 
 void AnalysisFrame::AddPlaceSwitch() {
   if (model().kind() == WindowKind::kFftLpc) return;
-  for (const auto& [kind, name] :
-       {std::pair{WindowKind::kSpectrogram, "Spectrogram"}, {WindowKind::kPitch, "Pitch"}}) {
+  for (const auto& [kind, name] : {std::pair{WindowKind::kSpectrogram, Marked("Spectrogram")},
+                                   {WindowKind::kPitch, Marked("Pitch")}}) {
     auto* const button = new QToolButton(strip_);
-    button->setText(QLatin1String(name));
+    button->setText(Tr(name));
     button->setCheckable(true);
     button->setChecked(kind == model().kind());
-    button->setToolTip(QStringLiteral("Both windows lie in one place (F6)"));
+    button->setToolTip(Tr("Both windows lie in one place (F6)"));
     connect(button, &QToolButton::clicked, this, [this, button, shown = kind] {
       button->setChecked(shown == model().kind());
       host_.Activate(view_, shown);
@@ -153,7 +154,7 @@ void AnalysisFrame::AwaitRest() {
 void AnalysisFrame::ShowHint() {
   const bool open = !view_.document().rateHintsClosed && !edited();
   const RateHint hint = open ? Hint() : RateHint();
-  hint_->Say(Shown(hint.text), Shown(hint.button));
+  hint_->Say(Translated(hint.text), Translated(hint.button));
   const int needed = std::max(kHintBeside, hint_->NeededWidth());
   const bool beside = width() - strip_->sizeHint().width() >= needed;
   head_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
@@ -168,12 +169,12 @@ void AnalysisFrame::CloseHints() {
 
 QString AnalysisFrame::Note() {
   if (model().samplesChanged()) {
-    return QStringLiteral(
+    return Tr(
         "The recording has changed since this was computed. Press Update (F5) to compute again.");
   }
   const bool isPitch = model().kind() == WindowKind::kPitch;
-  if (model().computed()) return isPitch ? Shown(UnvoicedNote(view_)) : QString();
-  return isPitch ? QString(kNoPitchNote) : QStringLiteral("Nothing computed. Update (F5).");
+  if (model().computed()) return isPitch ? Translated(UnvoicedNote(view_)) : QString();
+  return isPitch ? Tr(kNoPitchNote) : Tr("Nothing computed. Update (F5).");
 }
 
 // Not while the mouse is held or something else runs: the user does not rest then.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "analysis/spectrum_limits.h"
+#include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
 #include "mainview/option_commands.h"
 #include "settings/option_forms.h"
@@ -33,21 +34,21 @@ void CFFTLPCFrame::FillStrip(QToolBar& strip) {
     Set([points](auto& settings) { Use({.points = points}, settings); });
   });
   order_ = fields_->AddNumber(
-      {QStringLiteral("L&PC order"),
-       QStringLiteral("Coefficients of envelope and formants"),
+      {Tr("L&PC order"),
+       Tr("Coefficients of envelope and formants"),
        {},
        static_cast<int>(kSpectrumOrders.least),
        MostOrder(rateHz)},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
   rangeHz_ = fields_->AddNumber(
-      {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
-       QStringLiteral(" Hz"), 1, std::max(HighestRangeHz(rateHz), 1), kRangeStepHz},
+      {Tr("Ra&nge"), Tr("The picture reaches from 0 Hz to here"), QStringLiteral(" Hz"), 1,
+       std::max(HighestRangeHz(rateHz), 1), kRangeStepHz},
       [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
   place_ = new QLabel(&strip);
   place_->setTextFormat(Qt::PlainText);
   place_->setFont(rangeHz_->font());
   place_->setContentsMargins(8, 0, 4, 0);
-  place_->setAccessibleName(QStringLiteral("Place of the spectrum"));
+  place_->setAccessibleName(Tr("Place of the spectrum"));
   strip.addWidget(place_);
 }
 
@@ -56,7 +57,7 @@ void CFFTLPCFrame::RefreshStrip() {
   StripFields::ShowPoints(*sizes_, settings.points);
   fields_->Show(*order_, settings.lpcOrder);
   fields_->Show(*rangeHz_, settings.rangeHz);
-  place_->setText(Shown(model_.PlaceText()));
+  place_->setText(Translated(model_.PlaceText()));
 }
 
 RateHint CFFTLPCFrame::Hint() const {

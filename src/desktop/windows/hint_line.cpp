@@ -7,6 +7,8 @@
 #include <QToolButton>
 #include <utility>
 
+#include "desktop/paint/words.h"
+
 namespace cantorix {
 namespace {
 
@@ -33,10 +35,10 @@ HintLine::HintLine(Answers answers, QWidget* parent)
   setAutoFillBackground(true);
   auto* const close = new QToolButton(this);
   close->setText(QStringLiteral("\u00d7"));
-  close->setAccessibleName(QStringLiteral("Close the hint"));
-  close->setToolTip(QStringLiteral("No more hints beside this recording"));
+  close->setAccessibleName(Tr("Close the hint"));
+  close->setToolTip(Tr("No more hints beside this recording"));
   for (QToolButton* const button : {use_, close}) button->setFocusPolicy(Qt::TabFocus);
-  use_->setToolTip(QStringLiteral("Use the usual value in this document"));
+  use_->setToolTip(Tr("Use the usual value in this document"));
   connect(use_, &QToolButton::clicked, this, std::move(answers.use));
   connect(close, &QToolButton::clicked, this, std::move(answers.close));
   // A narrow window cuts the sentence, which the tooltip has whole.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysisview/pitch_view.h"
+#include "desktop/paint/words.h"
 #include "desktop/windows/analysis_frame.h"
 #include "desktop/windows/pitch_picture.h"
 
@@ -15,7 +16,7 @@ class CPitchFrame : public AnalysisFrame {
   WindowPicture& picture() override { return picture_; }
 
  private:
-  QString KindName() const override { return QStringLiteral("Pitch"); }
+  QString KindName() const override { return Tr("Pitch"); }
   QString IconName() const override { return QStringLiteral("pitch"); }
   Command OptionsCommand() const override { return Command::kPitchOptions; }
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "desktop/paint/words.h"
 #include "mainview/option_commands.h"
 #include "settings/option_forms.h"
 
@@ -16,10 +17,10 @@ struct NamedMap {
   ColorMap map;
   const char* name;
 };
-constexpr NamedMap kMaps[] = {{ColorMap::kGrey, "Grey"},
-                              {ColorMap::kInverseGrey, "Inverse grey"},
-                              {ColorMap::kEmber, "Ember"},
-                              {ColorMap::kTide, "Tide"}};
+constexpr NamedMap kMaps[] = {{ColorMap::kGrey, Marked("Grey")},
+                              {ColorMap::kInverseGrey, Marked("Inverse grey")},
+                              {ColorMap::kEmber, Marked("Ember")},
+                              {ColorMap::kTide, Marked("Tide")}};
 
 int MostHz(double rateHz) { return std::max(SpectrogramRangeLimitHz(rateHz), kLowestRangeHz); }
 
@@ -36,8 +37,8 @@ CSpectrogramFrame::CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host
 void CSpectrogramFrame::FillStrip(QToolBar& strip) {
   const double rateHz = view().channel().sampleRateHz;
   colors_ = new QComboBox(&strip);
-  for (const NamedMap& map : kMaps) colors_->addItem(QLatin1String(map.name));
-  colors_->setToolTip(QStringLiteral("Colours from silence to the highest level"));
+  for (const NamedMap& map : kMaps) colors_->addItem(Tr(map.name));
+  colors_->setToolTip(Tr("Colours from silence to the highest level"));
   connect(colors_, &QComboBox::currentIndexChanged, this, [this](int index) {
     picture_.SetColors(kMaps[index].map);
     canvas().update();
@@ -48,22 +49,17 @@ void CSpectrogramFrame::FillStrip(QToolBar& strip) {
     Set([points](auto& settings) { Use({.points = points}, settings); });
   });
   order_ = fields_->AddNumber(
-      {QStringLiteral("&LPC order"),
-       QStringLiteral("Coefficients of the formants"),
-       {},
-       1,
-       kMostTrackingCoefficients},
+      {Tr("&LPC order"), Tr("Coefficients of the formants"), {}, 1, kMostTrackingCoefficients},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
-  rangeHz_ = fields_->AddNumber(
-      {QStringLiteral("Ra&nge"), QStringLiteral("The picture reaches from 0 Hz to here"),
-       QStringLiteral(" Hz"), kLowestRangeHz, MostHz(rateHz), kRangeStepHz},
-      [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
+  rangeHz_ =
+      fields_->AddNumber({Tr("Ra&nge"), Tr("The picture reaches from 0 Hz to here"),
+                          QStringLiteral(" Hz"), kLowestRangeHz, MostHz(rateHz), kRangeStepHz},
+                         [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
   rangeDb_ = fields_->AddNumber(
-      {QStringLiteral("&Dynamic"),
-       QStringLiteral("Levels this far below the highest one are shown"), QStringLiteral(" dB"), 1,
-       kWidestRangeDb, 5},
+      {Tr("&Dynamic"), Tr("Levels this far below the highest one are shown"), QStringLiteral(" dB"),
+       1, kWidestRangeDb, 5},
       [this](int db) { Set([db](auto& settings) { settings.dynamicRangeDb = db; }); });
-  fields_->AddList(QStringLiteral("Colo&urs"), *colors_);
+  fields_->AddList(Tr("Colo&urs"), *colors_);
 }
 
 void CSpectrogramFrame::RefreshStrip() {

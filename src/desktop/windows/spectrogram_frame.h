@@ -2,6 +2,7 @@
 #pragma once
 
 #include "analysisview/spectrogram_view.h"
+#include "desktop/paint/words.h"
 #include "desktop/windows/analysis_frame.h"
 #include "desktop/windows/spectrogram_picture.h"
 #include "desktop/windows/strip_fields.h"
@@ -29,7 +30,7 @@ class CSpectrogramFrame : public AnalysisFrame {
   bool edited() const override { return fields_ != nullptr && fields_->edited(); }
   // Turns the settings of this document into others.
   void Set(const std::function<void(SpectrogramSettings&)>& change);
-  QString KindName() const override { return QStringLiteral("Spectrogram"); }
+  QString KindName() const override { return Tr("Spectrogram"); }
   QString IconName() const override { return QStringLiteral("spectrogram"); }
   Command OptionsCommand() const override { return Command::kSpectrogramOptions; }
 

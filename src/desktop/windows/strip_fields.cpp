@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 #include <utility>
 
+#include "desktop/paint/words.h"
 #include "settings/transform_sizes.h"
 
 namespace cantorix {
@@ -16,9 +17,7 @@ constexpr int kFontPixels = 11;
 constexpr int kGap = 5;  // pixels before a name
 
 QString SizeText(double rateHz, int points) {
-  return QStringLiteral("%1 Hz \u00b7 %2 points")
-      .arg(static_cast<int>(rateHz / points))
-      .arg(points);
+  return Tr("%1 Hz \u00b7 %2 points").arg(static_cast<int>(rateHz / points)).arg(points);
 }
 
 QString WithoutMnemonic(QString name) { return name.remove('&').trimmed(); }
@@ -51,8 +50,8 @@ QSpinBox* StripFields::AddNumber(const StripNumber& number, std::function<void(i
 QComboBox* StripFields::AddSizes(double rateHz, int count, std::function<void(std::int32_t)> set) {
   auto* const list = new QComboBox(&strip_);
   for (int i = 0; i < count; ++i) list->addItem(SizeText(rateHz, PointsOfEntry(i)));
-  list->setToolTip(QStringLiteral("Width of a line of the transform, and its length"));
-  AddList(QStringLiteral("Band&width"), *list);
+  list->setToolTip(Tr("Width of a line of the transform, and its length"));
+  AddList(Tr("Band&width"), *list);
   connect(list, &QComboBox::currentIndexChanged, this,
           [set = std::move(set)](int index) { set(PointsOfEntry(index)); });
   return list;

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <array>
 
+#include "desktop/paint/words.h"
 #include "desktop/tool_icon.h"
 
 namespace cantorix {
@@ -51,7 +52,7 @@ QString Text(std::string_view text) {
 }
 
 QString ToolTip(const WindowCommandRow& row) {
-  QString tip = Text(row.toolTip);
+  QString tip = Translated(row.toolTip);
   if (!row.accelerator.empty()) tip += " (" + Text(row.accelerator) + ')';
   return tip;
 }
@@ -75,8 +76,8 @@ void ShowContextMenu(QWidget& owner, const QPoint& at) {
 QMenu* AddOutput(QToolBar& strip) {
   auto* const button = new QToolButton(&strip);
   button->setIcon(DrawnIcon(QStringLiteral("output")));
-  button->setText(QStringLiteral("Picture"));
-  button->setToolTip(QStringLiteral("Save, copy or print the picture"));
+  button->setText(Tr("Picture"));
+  button->setToolTip(Tr("Save, copy or print the picture"));
   button->setPopupMode(QToolButton::InstantPopup);
   auto* const menu = new QMenu(button);
   button->setMenu(menu);
@@ -96,7 +97,7 @@ WindowActions::WindowActions(QWidget& owner, AnalysisWindow& model,
   for (const WindowCommandRow& row : WindowCommands()) {
     if (!Offers(model.kind(), row)) continue;
     if (before != nullptr && before->group != row.group) owner.addAction(Separator(owner));
-    auto* const action = new QAction(Text(row.text), &owner);
+    auto* const action = new QAction(Translated(row.text), &owner);
     action->setToolTip(ToolTip(row));
     action->setIcon(IconOf(row.id));
     action->setIconVisibleInMenu(false);
@@ -133,7 +134,7 @@ void WindowActions::Refresh() {
   const std::uint32_t conditions = ConditionsOf(model_);
   for (const Entry& entry : entries_) {
     entry.action->setEnabled(IsEnabled(*entry.row, conditions));
-    entry.action->setStatusTip(Text(StatusText(*entry.row, conditions)));
+    entry.action->setStatusTip(Translated(StatusText(*entry.row, conditions)));
     if (!entry.row->checkedWith) continue;
     const std::int32_t* const value = model_.SwitchOf(*entry.row->checkedWith);
     entry.action->setChecked(value != nullptr && *value != 0);
