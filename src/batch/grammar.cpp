@@ -1,7 +1,9 @@
 // grammar.cpp - what the verbs have in common.
 #include "batch/grammar.h"
 
+#include <algorithm>
 #include <map>
+#include <stdexcept>
 
 #include "batch/option_texts.h"
 #include "batch/stream_place.h"
@@ -212,6 +214,14 @@ void Grammar::AddStyle(CLI::App* app) {
       app->add_flag("--exact", request_.exact, "17 significant digits instead of one decimal");
   app->add_flag("--log", request_.log, "The rows that the measurement log would hold, as its text")
       ->excludes(exact);
+}
+
+CLI::Option* OptionOf(CLI::App& app, const std::string& name) {
+  for (CLI::Option* const option : app.get_options()) {
+    const auto& names = option->get_lnames();
+    if (std::find(names.begin(), names.end(), name.substr(2)) != names.end()) return option;
+  }
+  throw std::out_of_range(name);
 }
 
 }  // namespace cantorix::batch

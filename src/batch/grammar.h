@@ -62,6 +62,10 @@ class Grammar {
   std::vector<Assignment> verbAssignments_;  // of the options that set a field
 };
 
+// The option of `app` that is called so. The library's own search ends the program when memory runs
+// out in it. Throws std::out_of_range without one.
+CLI::Option* OptionOf(CLI::App& app, const std::string& name);
+
 void DeclareDescriptions(Grammar& grammar);  // info, labels
 void DeclareTracks(Grammar& grammar);        // pitch, intensity, measure
 void DeclareSpectra(Grammar& grammar);       // spectrum, spectrogram, formants

@@ -15,7 +15,7 @@ void DeclareSpectrum(Grammar& grammar) {
   auto* at = grammar.AddTime(place, "--at", request.atMs, "Start of the frame");
   grammar.AddRange(place);
   place->require_option(1, 2);
-  at->excludes(place->get_option("--from"), place->get_option("--to"));
+  at->excludes(OptionOf(*place, "--from"), OptionOf(*place, "--to"));
   grammar.AddStyle(app);
   grammar.SetsAll(app, SpectrumParameters());
   app->add_option("--display", request.displayPoints, "Display points: rows of the table")

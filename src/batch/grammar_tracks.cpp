@@ -37,7 +37,7 @@ void DeclareIntensity(Grammar& grammar) {
   grammar.AddStyle(app);
   grammar.SetsAll(app, IntensityParameters());
   app->add_flag("--samples", grammar.request().perSample, "One row per sample instead of per frame")
-      ->excludes("--log");
+      ->excludes(OptionOf(*app, "--log"));
 }
 
 }  // namespace
@@ -62,7 +62,9 @@ void DeclareDescriptions(Grammar& grammar) {
                                       LabelFormatKeys())
                      ->type_name("FORMAT")
                      ->check(IsLabelFormat);
-  for (const char* other : {"--from", "--to", "--exact", "--log"}) format->excludes(other);
+  for (const char* other : {"--from", "--to", "--exact", "--log"}) {
+    format->excludes(OptionOf(*labels, other));
+  }
   labels->add_option("--tier", file.tier, "The only tier in the label file")
       ->type_name("NAME")
       ->needs(format);
