@@ -107,6 +107,7 @@ std::string WriteElan(const LabelFile& file) {
   AppendHeader(root, file.recordingName);
   AppendTiers(root, file);
   std::ostringstream out;
+  out.exceptions(std::ios::badbit);  // for want of memory it would end early and say nothing
   xml.save(out, "    ");
   return out.str();
 }

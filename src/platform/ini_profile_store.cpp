@@ -69,6 +69,8 @@ Lines ReadLines(const std::string& path) {
   if (!fs::exists(path, missing) && !missing) return {};
   Lines lines;
   std::istringstream stream(ReadWholeFile(File::OpenUnlocked(path)));
+  // Memory that runs out must not look like the end of the file: what is read is written back.
+  stream.exceptions(std::ios::badbit);
   for (std::string line; std::getline(stream, line);) {
     if (line.ends_with('\r')) line.pop_back();
     lines.push_back(line);
