@@ -23,27 +23,30 @@ Descriptor OpenRegular(const std::string& path, int flags) {
 
 }  // namespace
 
+// The path first: for want of memory the descriptor is closed by its owner.
+File::File(Descriptor descriptor, std::string path)
+    : path_(std::move(path)), descriptor_(descriptor.Release()) {}
+
 File File::OpenForReading(const std::string& path) {
   Descriptor descriptor = OpenRegular(path, O_RDONLY);
   LockShared(descriptor.number());
-  return File(descriptor.Release(), path);
+  return File(std::move(descriptor), path);
 }
 
-File File::OpenUnlocked(const std::string& path) {
-  return File(OpenRegular(path, O_RDONLY).Release(), path);
-}
+File File::OpenUnlocked(const std::string& path) { return File(OpenRegular(path, O_RDONLY), path); }
 
 File File::OpenForUpdate(const std::string& path) {
   Descriptor descriptor = OpenRegular(path, O_RDWR | O_CREAT);
   LockExclusively(descriptor.number());
-  return File(descriptor.Release(), path);
+  return File(std::move(descriptor), path);
 }
 
 File File::CreateTemporary(const std::string& path) {
+  std::string name = path;  // once the file is there nothing may fail: it would stay
   Descriptor descriptor = OpenAt(AT_FDCWD, path, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
   if (!descriptor.isOpen()) ThrowErrno();
   LockExclusively(descriptor.number());
-  return File(descriptor.Release(), path);
+  return File(std::move(descriptor), std::move(name));
 }
 
 File File::OpenTemporary(const std::string& path) {
@@ -51,7 +54,7 @@ File File::OpenTemporary(const std::string& path) {
   if (!descriptor.isOpen()) ThrowErrno();
   RequireRegularFile(descriptor.number());
   LockExclusively(descriptor.number());
-  return File(descriptor.Release(), path);
+  return File(std::move(descriptor), path);
 }
 
 File File::Create(const std::string& path) {
@@ -65,7 +68,7 @@ File::~File() {
 }
 
 File::File(File&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), path_(std::move(other.path_)) {}
+    : path_(std::move(other.path_)), descriptor_(std::exchange(other.descriptor_, -1)) {}
 
 File& File::operator=(File&& other) noexcept {
   std::swap(descriptor_, other.descriptor_);
@@ -105,9 +108,9 @@ void File::Sync() {
 }
 
 File File::Duplicate() const {
-  const int number = ::fcntl(descriptor_, F_DUPFD_CLOEXEC, 0);
-  if (number < 0) ThrowErrno();
-  return File(number, path_);
+  Descriptor second(::fcntl(descriptor_, F_DUPFD_CLOEXEC, 0));
+  if (!second.isOpen()) ThrowErrno();
+  return File(std::move(second), path_);
 }
 
 void File::Close() {

@@ -11,6 +11,8 @@
 
 namespace cantorix {
 
+class Descriptor;
+
 class File {
  public:
   // Each throws FileError when the file cannot be opened, created or locked.
@@ -53,10 +55,10 @@ class File {
   void Close();
 
  private:
-  File(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
+  File(Descriptor descriptor, std::string path);
 
-  int descriptor_ = -1;
   std::string path_;
+  int descriptor_ = -1;
 };
 
 // All bytes of an open file, or of the one at `path`, opened for reading. Throws FileError.

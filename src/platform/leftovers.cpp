@@ -96,6 +96,7 @@ PrivateFolder::PrivateFolder(const std::string& prefix) {
     const bool isOwn = lock_.isOpen() && TryExclusiveLock(lock_.number()) != Lock::kHeld &&
                        NamesFile(AT_FDCWD, path_, lock_.number());
     if (isOwn) return;
+    ::rmdir(path_.c_str());  // nobody else would, before the next program looks
     if (tries == kMaxTries) throw FileError(path_ + ": " + SystemReason(EBUSY));
   }
 }

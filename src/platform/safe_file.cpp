@@ -33,14 +33,20 @@ Descriptor CreateUnnamed() {
 // Some file systems report a full disk or quota only when a descriptor is closed, so a second one
 // is closed while the first keeps the lock.
 void SyncContent(int descriptor) {
-  if (::fsync(descriptor) != 0 && errno != EINVAL) ThrowErrno();
+  while (::fsync(descriptor) != 0 && errno != EINVAL) {
+    if (errno != EINTR) ThrowErrno();
+  }
   const int second = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   if (second < 0 || (::close(second) != 0 && errno != EINTR)) ThrowErrno();
 }
 
 // The file has its name already, so a failure is no failure of the save.
 Durability SyncFolder(int folder, int file) {
-  if (::fsync(folder) == 0) return Durability::kOnDisk;
+  int failed;
+  do {
+    failed = ::fsync(folder);
+  } while (failed != 0 && errno == EINTR);
+  if (failed == 0) return Durability::kOnDisk;
   // The descriptor of a folder that cannot be listed does not sync; its file system does.
   if (errno == EBADF && ::syncfs(file) == 0) return Durability::kOnDisk;
   const bool cannotSync = errno == EINVAL || errno == ENOTSUP;
@@ -107,18 +113,17 @@ struct SafeFile::State {
 };
 
 SafeFile::State::State(const std::string& path)
-    : place(FindSavePlace(path)), target(LockTarget(place)) {
+    : place(FindSavePlace(path)), target(LockTarget(place)), siblingName(SiblingName(place.name)) {
   buffer.reserve(kBufferBytes);
-  const std::string name = SiblingName(place.name);
-  // The new content of a private file stays private while it is gathered.
-  gathered = CreateSibling(place, name, target.isOpen() ? 0600 : 0666);
-  if (gathered.isOpen()) {
-    siblingName = name;
-  } else if (target.isOpen() && IsRefusal(errno)) {
-    gathered = CreateUnnamed();
-  } else {
-    ThrowErrno();
-  }
+  // The new content of a private file stays private while it is gathered. Behind the sibling
+  // nothing may fail: it would stay.
+  gathered = CreateSibling(place, siblingName, target.isOpen() ? 0600 : 0666);
+  if (gathered.isOpen()) return;
+  const int refusal = errno;
+  siblingName.clear();
+  errno = refusal;
+  if (!target.isOpen() || !IsRefusal(refusal)) ThrowErrno();
+  gathered = CreateUnnamed();
 }
 
 SafeFile::State::~State() {
