@@ -132,8 +132,9 @@ LogReading ReadLogText(std::string_view text, LogTable& log) {
 }
 
 bool SaveLog(LogTable& log, const std::string& path, Prompts& prompts) {
+  std::string stored = path;  // behind the writing nothing may fail
   if (!WriteWhole(LogText(log), path, prompts)) return false;
-  log.SetStoredAt(path);
+  log.SetStoredAt(std::move(stored));
   return true;
 }
 

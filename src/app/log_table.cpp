@@ -103,8 +103,8 @@ void LogTable::Replace(std::vector<std::string> captions, std::vector<Row> rows)
   rows_ = std::move(rows);
 }
 
-void LogTable::SetStoredAt(const std::string& path) {
-  path_ = path;
+void LogTable::SetStoredAt(std::string path) {
+  path_ = std::move(path);
   modified_ = false;
 }
 

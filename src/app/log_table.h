@@ -54,7 +54,7 @@ class LogTable : public LogSink {
   // Takes the content of a file: as many columns as captions, and no row with more cells.
   void Replace(std::vector<std::string> captions, std::vector<Row> rows);
   // The file at `path` holds this table now.
-  void SetStoredAt(const std::string& path);
+  void SetStoredAt(std::string path);
 
  private:
   std::vector<std::string> captions_;

@@ -114,7 +114,7 @@ void AssignOrReport(CChannel& target, const CChannel& source, const MemoryProbe&
     target = source;
   } catch (const std::exception&) {
     prompts.Message("Error in '=' operator in CChannel class.");
-    throw;
+    throw Abandoned(AbandonReason::kFailed);  // it is said
   }
 }
 

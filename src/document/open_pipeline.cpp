@@ -80,14 +80,16 @@ OpenFailure Report(CSonadexDoc& document, const std::string& path, const std::ex
   return {error.what(), true, false};
 }
 
-}  // namespace
+// Also when there is no memory for the words: fifteen characters need none.
+void NoteNoMemory(OpenFailure& failure) noexcept {
+  try {
+    failure = FailureOf(Abandoned(AbandonReason::kOutOfMemory));
+  } catch (const std::bad_alloc&) {
+    failure.reason = "No memory left.";
+  }
+}
 
-bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderTable& table) {
-  document.openFailure = {};
-  document.formatName.clear();
-  document.codingName.clear();
-  document.fileChannels = document.fileChannel = 1;
-  document.loaded = document.foreignSource = document.extractedChannel = false;
+bool TryToOpen(CSonadexDoc& document, const std::string& path, const ReaderTable& table) {
   try {
     const File file = File::OpenForReading(path);
     const Reader* reader = FindReader(table, document, file);
@@ -99,11 +101,28 @@ bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderT
   } catch (const Abandoned& abandoned) {
     document.openFailure = FailureOf(abandoned);
   } catch (const std::bad_alloc&) {
-    document.openFailure = FailureOf(Abandoned(AbandonReason::kOutOfMemory));
+    throw;
   } catch (const std::exception& error) {
     // A FileError, or a fault of a reader: either way the other documents stay alive.
     document.openFailure = Report(document, path, error);
   }
+  return false;
+}
+
+}  // namespace
+
+bool OpenRecording(CSonadexDoc& document, const std::string& path, const ReaderTable& table) {
+  document.openFailure = {};
+  document.formatName.clear();
+  document.codingName.clear();
+  document.fileChannels = document.fileChannel = 1;
+  document.loaded = document.foreignSource = document.extractedChannel = false;
+  try {
+    if (TryToOpen(document, path, table)) return true;
+  } catch (const std::bad_alloc&) {
+    NoteNoMemory(document.openFailure);
+  }
+  document.loaded = false;
   return false;
 }
 

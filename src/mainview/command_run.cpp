@@ -43,17 +43,33 @@ bool RunCommand(CSonadexView& view, Command command) {
   return Guarded(view, [&] { row.carrier.RunOn(view) || row.carrier.RunOn(view.document()); });
 }
 
+namespace {
+
+constexpr const char* kNoMemory = "There is not enough memory.";
+
+// The user is told even when no memory is left for the words.
+void Say(Prompts& prompts, const char* text) noexcept {
+  try {
+    prompts.Message(text);
+  } catch (const std::bad_alloc&) {
+    prompts.Beep();
+  }
+}
+
+}  // namespace
+
 bool Guarded(CSonadexView& view, const std::function<void()>& action) {
   try {
     action();
     return true;
-  } catch (const Abandoned&) {
-    // Cancelled, or shown where it happened.
+  } catch (const Abandoned& abandoned) {
+    // Else cancelled, or shown where it happened.
+    if (abandoned.reason() == AbandonReason::kOutOfMemory) Say(view.prompts(), kNoMemory);
   } catch (const std::bad_alloc&) {
-    view.prompts().Message("There is not enough memory.");
+    Say(view.prompts(), kNoMemory);
   } catch (const std::exception& error) {
     // A file that cannot be read, or a fault of ours: either way the documents stay alive.
-    view.prompts().Message(error.what());
+    Say(view.prompts(), error.what());
   }
   view.Redraw();  // what was given up may have dropped a track
   return false;

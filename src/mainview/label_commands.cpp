@@ -6,6 +6,7 @@
 
 #include "document/label.h"
 #include "mainview/dialog_answers.h"
+#include "mainview/tiers_rollback.h"
 #include "mainview/view_edit.h"
 #include "platform/prompts.h"
 
@@ -14,13 +15,22 @@ namespace {
 
 constexpr const char* kDeleteBlank = "A label without text cannot be seen.\nDelete it ?";
 
-// An edit of labels.
+// An edit of labels: all of it, or nothing.
 class LabelEdit : public ViewEdit {
  public:
-  explicit LabelEdit(CSonadexView& view) : ViewEdit(view, UndoScope::kFields) {
+  explicit LabelEdit(CSonadexView& view)
+      : ViewEdit(view, UndoScope::kFields), view_(view), rollback_(view.channel()) {}
+  ~LabelEdit() {
+    if (rollback_.isLeftByException()) return;
     MarkModified();
-    view.Changed(DocumentChange::kLabels);
+    view_.Changed(DocumentChange::kLabels);
   }
+  LabelEdit(const LabelEdit&) = delete;
+  LabelEdit& operator=(const LabelEdit&) = delete;
+
+ private:
+  CSonadexView& view_;
+  const TiersRollback rollback_;
 };
 
 void Remove(Tier& tier, int index) { tier.labels.erase(tier.labels.begin() + index); }

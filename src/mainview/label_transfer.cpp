@@ -8,6 +8,7 @@
 #include "document/label.h"
 #include "labelfile/time_text.h"
 #include "mainview/dialog_answers.h"
+#include "mainview/tiers_rollback.h"
 #include "mainview/view_edit.h"
 #include "platform/bytes.h"
 #include "platform/text.h"
@@ -175,6 +176,7 @@ LabelImportPlan PlanLabelImport(LabelFileRead read, const CChannel& channel,
 void CarryOut(CSonadexView& view, LabelImportPlan plan) {
   ViewEdit edit(view, UndoScope::kFields);
   CChannel& channel = view.channel();
+  const TiersRollback rollback(channel);
   for (LabelImportPlan::Part& part : plan.parts) {
     Tier& tier = channel.tiers[part.slot];
     if (ToUtf8(tier.name) != part.name) tier.name = CutText(part.name, kMaxTierNameBytes);

@@ -1,6 +1,7 @@
 // paste_command.cpp - the clipboard into a recording, or as the recording of an empty document.
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include "document/label.h"
@@ -9,6 +10,7 @@
 #include "mainview/edit_steps.h"
 #include "mainview/editing.h"
 #include "mainview/sample_splice.h"
+#include "mainview/tiers_rollback.h"
 #include "mainview/view_commands.h"
 #include "platform/numbers.h"
 #include "platform/prompts.h"
@@ -88,14 +90,19 @@ void AddLabels(CChannel& channel, const Tiers& added) {
   }
 }
 
-void Insert(CChannel& channel, const Clipboard& clipboard, std::size_t index, Pasted pasted) {
+// May be left by an exception; what follows may not.
+void InsertLabels(CChannel& channel, const Clipboard& clipboard, std::size_t index,
+                  const Pasted& pasted) {
   const double atMs = pasted.replaced.start.ms;
-  channel.samples = std::move(pasted.samples);
-  channel.totalLength = pasted.total.samples;
-  channel.totalDurationMs = pasted.total.ms;
   CloseLabels(channel, pasted.replaced);
   SpreadLabels(channel, atMs, clipboard.slots[index].totalDurationMs);
   AddLabels(channel, LabelsAt(clipboard, index, atMs));
+}
+
+void TakeSamples(CChannel& channel, Pasted& pasted) {
+  channel.samples = std::move(pasted.samples);
+  channel.totalLength = pasted.total.samples;
+  channel.totalDurationMs = pasted.total.ms;
 }
 
 void PasteIntoRecording(CSonadexView& view) {
@@ -107,9 +114,13 @@ void PasteIntoRecording(CSonadexView& view) {
   for (std::size_t i = 0; i < channels.size(); ++i) {
     pasted[i] = Prepare(view, channels[i], clipboard.slots[i]);
   }
+  std::array<std::optional<TiersRollback>, kSlots> rollbacks;
   for (std::size_t i = 0; i < channels.size(); ++i) {
-    Insert(channels[i], clipboard, i, std::move(pasted[i]));
+    rollbacks[i].emplace(channels[i]);
+    InsertLabels(channels[i], clipboard, i, pasted[i]);
   }
+  for (std::size_t i = 0; i < channels.size(); ++i) TakeSamples(channels[i], pasted[i]);
+  for (auto& rollback : rollbacks) rollback.reset();
   DropSelection(view);
   FollowScrollBar(view);
   FinishSampleEdit(view, edit);

@@ -46,6 +46,16 @@ void CopyAllButSamples(CChannel& target, const CChannel& source) {
   target.trailingState = source.trailingState;
 }
 
+// The same out of a copy, without a block of memory: `target` has the room for its texts.
+void TakeAllButSamples(CChannel& target, CChannel& source) {
+  target.CopyFields(source);
+  target.workBlock1 = std::move(source.workBlock1);
+  target.workBlock2 = std::move(source.workBlock2);
+  target.scratchLabels = std::move(source.scratchLabels);
+  target.tiers = std::move(source.tiers);
+  target.trailingState = source.trailingState;
+}
+
 // Samples that are loaded during its life go where they were: to memory, as long as there is any,
 // or to the disk store.
 class PlaceOfSamples {
@@ -137,7 +147,12 @@ void UndoFile::RestoreSamples(CSonadexDoc& document, const File& file) const {
 }
 
 UndoOutcome UndoFile::Restore(CSonadexDoc& document, UndoScope scope) const {
+  CChannel& channel = document.channel();
+  CChannel fields;
   try {
+    CopyAllButSamples(fields, remembered_.channel);
+    channel.channelName.reserve(fields.channelName.size());
+    channel.channelComment.reserve(fields.channelComment.size());
     const File file = File::OpenUnlocked(path());
     const UndoOutcome outcome = CheckHead(file);
     if (outcome != UndoOutcome::kRestored) return outcome;
@@ -145,9 +160,9 @@ UndoOutcome UndoFile::Restore(CSonadexDoc& document, UndoScope scope) const {
   } catch (const FileError&) {
     return UndoOutcome::kUnreadable;
   }
-  CChannel& channel = document.channel();
+  // The samples are there: behind them nothing may fail.
   const auto cursor = std::pair(channel.cursor, channel.cursorValue);
-  CopyAllButSamples(channel, remembered_.channel);
+  TakeAllButSamples(channel, fields);
   channel.ShowWholeFile();
   std::tie(channel.cursor, channel.cursorValue) = cursor;
   return UndoOutcome::kRestored;
