@@ -11,6 +11,7 @@
 
 #include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
+#include "desktop/tool_bar_names.h"
 #include "desktop/tool_icon.h"
 
 namespace cantorix {
@@ -97,6 +98,7 @@ void CommandActions::AddRow(const CommandRow& row) {
 
 void CommandActions::FillToolBar() {
   toolBar_->setObjectName(QStringLiteral("toolBar"));
+  NameExtension(*toolBar_);
   toolBar_->setAllowedAreas(Qt::AllToolBarAreas);
   toolBar_->setIconSize(QSize(22, 22));
   for (int group = 1; group <= kToolGroups; ++group) {

@@ -6,6 +6,7 @@
 #include <QStatusBar>
 
 #include "app/manual.h"
+#include "desktop/accessible_picture.h"
 #include "desktop/child_frame.h"
 #include "desktop/display_option_frame.h"
 #include "desktop/label_list_frame.h"
@@ -55,6 +56,7 @@ CMainFrame::CMainFrame(DesktopServices services)
       statistics_(new StatisticsFrame(this, *this, StatisticsSources())),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
       soundWindows_(new SoundWindows(*this, *this, services_)) {
+  MakePicturesAccessible();
   setWindowTitle(QStringLiteral("Cantorix"));
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
   setCentralWidget(area_);

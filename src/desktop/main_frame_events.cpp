@@ -19,6 +19,7 @@
 #include "desktop/main_frame.h"
 #include "desktop/main_view_area.h"
 #include "desktop/main_view_widget.h"
+#include "desktop/paint/words.h"
 #include "desktop/phonetic_chart.h"
 #include "desktop/qt_progress.h"
 #include "desktop/qt_text.h"
@@ -184,7 +185,9 @@ void CMainFrame::PointedAt(CSonadexView& view, const std::optional<Pointed>& poi
   pointerStatus_.ShowPointed(pointed ? pointed->text : std::string());
   const auto ms = pointed ? pointed->ms : std::nullopt;
   for (CChildFrame* const frame : Frames()) {
-    if (frame->view() == &view) frame->area().picture().ShowPointed(ms);
+    if (frame->view() != &view) continue;
+    frame->area().picture().ShowPointed(ms);
+    frame->area().picture().SayPointed(pointed ? Translated(pointed->text) : QString());
   }
   if (analysisWindows_ != nullptr) analysisWindows_->ShowPointed(view, pointed);
 }
@@ -192,7 +195,7 @@ void CMainFrame::PointedAt(CSonadexView& view, const std::optional<Pointed>& poi
 void CMainFrame::Said(CSonadexView& view, const std::string& text) {
   pointerStatus_.ShowPointed(text);
   for (CChildFrame* const frame : Frames()) {
-    if (frame->view() == &view) frame->area().picture().setAccessibleDescription(Shown(text));
+    if (frame->view() == &view) frame->area().picture().setAccessibleDescription(Translated(text));
   }
 }
 

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "analysisview/pointed.h"
+#include "analysisview/spoken.h"
 #include "desktop/label_field.h"
 #include "desktop/paint/empty_panes.h"
 #include "desktop/paint/main_view_canvas.h"
@@ -68,6 +69,7 @@ std::int32_t Pixel(double coordinate) { return static_cast<std::int32_t>(std::fl
 MainViewWidget::MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host,
                                QWidget* parent)
     : QWidget(parent),
+      AccessiblePicture(this),
       view_(&view),
       host_(host),
       canvas_(std::make_unique<MainViewCanvas>(view, waveform)),
@@ -89,8 +91,24 @@ void MainViewWidget::TakeSign(const std::string& sign) {
   Pass([&](CSonadexView& view) { BeginTyping(view, sign); });
 }
 
+QString MainViewWidget::PictureValue() {
+  return view_ == nullptr ? QString() : Translated(SpokenPlace(*view_));
+}
+
+std::vector<AccessiblePicture::Part> MainViewWidget::AccessibleParts() {
+  std::vector<Part> parts;
+  if (view_ == nullptr || !begun_) return parts;
+  for (const SpokenPart& part : SpokenParts(*view_)) {
+    const PixelRect& place = part.place;
+    const QRect rect(place.left, place.top, place.right - place.left, place.bottom - place.top);
+    parts.push_back({Translated(part.name), Translated(part.value), rect});
+  }
+  return parts;
+}
+
 void MainViewWidget::Refresh() {
   update();
+  ValueChanged();
   if (view_ != nullptr && begun_) field_->Follow(*view_);
 }
 

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <memory>
 
+#include "desktop/accessible_picture.h"
 #include "desktop/frame_host.h"
 #include "desktop/sound/play_cursor.h"
 #include "desktop/wheel_steps.h"
@@ -15,7 +16,7 @@ class DocumentWaveform;
 class LabelField;
 class MainViewCanvas;
 
-class MainViewWidget : public QWidget {
+class MainViewWidget : public QWidget, public AccessiblePicture {
  public:
   MainViewWidget(CSonadexView& view, DocumentWaveform& waveform, FrameHost& host, QWidget* parent);
 
@@ -35,7 +36,10 @@ class MainViewWidget : public QWidget {
   // The time under the pointer in any window of the recording; nothing: none.
   void ShowPointed(std::optional<double> ms) { pointed_.Show(ms); }
 
+  std::vector<Part> AccessibleParts() override;
+
  protected:
+  QString PictureValue() override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

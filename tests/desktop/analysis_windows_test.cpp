@@ -123,6 +123,35 @@ TEST_F(AnalysisWindowsTest, ATonesLineIsAtItsRowAndReadsItsFrequency) {
   }
 }
 
+// As on a screen with two pixels for each logical one.
+struct FineCanvas : AnalysisCanvas {
+  using AnalysisCanvas::AnalysisCanvas;
+  int metric(PaintDeviceMetric metric) const override {
+    if (metric == PdmDevicePixelRatio) return 2;
+    if (metric == PdmDevicePixelRatioScaled) return static_cast<int>(2 * devicePixelRatioFScale());
+    return AnalysisCanvas::metric(metric);
+  }
+};
+
+TEST_F(AnalysisWindowsTest, ASpectrogramHasALevelForEachPixelOfTheScreen) {
+  CSonadexView& view = OpenSample();
+  Perform(Command::kSpectrogramAll);
+  AnalysisFrame& window = Find(view, WindowKind::kSpectrogram);
+  const PixelRect& plot = window.model().plot;
+  const Spectrogram& coarse = SpectrogramOf(view).spectrogram();
+  EXPECT_EQ(coarse.columns, plot.right - plot.left);
+  EXPECT_EQ(coarse.rows, plot.bottom - plot.top);
+  CSpectrogramView model(view.document());
+  SpectrogramWindowPicture picture(model, frame.documents().WaveformOf(view.document()));
+  FineCanvas canvas(
+      model, picture, [](const auto& action) { action(); }, nullptr);
+  canvas.resize(window.canvas().size());
+  canvas.LayOut();
+  ASSERT_TRUE(model.Show(coarse.range));
+  EXPECT_EQ(model.spectrogram().columns, 2 * coarse.columns);
+  EXPECT_EQ(model.spectrogram().rows, 2 * coarse.rows);
+}
+
 TEST_F(AnalysisWindowsTest, KeysEnterRowsIntoTheOpenLog) {
   CSonadexView& view = OpenSample();
   Perform(Command::kSpectrogramAll);

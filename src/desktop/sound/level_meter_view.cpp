@@ -23,7 +23,7 @@ constexpr int kEnd = 7;              // half a number beyond the bar
 }  // namespace
 
 LevelMeterView::LevelMeterView(Qt::Orientation orientation, QWidget* parent)
-    : QWidget(parent), orientation_(orientation) {
+    : QWidget(parent), AccessiblePicture(this), orientation_(orientation) {
   setAccessibleName(Tr("Input level"));
   setSizePolicy(orientation == Qt::Horizontal ? QSizePolicy::Expanding : QSizePolicy::Fixed,
                 orientation == Qt::Horizontal ? QSizePolicy::Fixed : QSizePolicy::Expanding);

@@ -6,11 +6,12 @@
 #include <QWidget>
 #include <optional>
 
+#include "desktop/accessible_picture.h"
 #include "mainview/sound_desk.h"
 
 namespace cantorix {
 
-class LevelMeterView : public QWidget {
+class LevelMeterView : public QWidget, public AccessiblePicture {
  public:
   LevelMeterView(Qt::Orientation orientation, QWidget* parent);
 
@@ -20,6 +21,7 @@ class LevelMeterView : public QWidget {
   QSize sizeHint() const override;
 
  protected:
+  QString PictureValue() override { return accessibleDescription(); }
   void paintEvent(QPaintEvent* event) override;
 
  private:

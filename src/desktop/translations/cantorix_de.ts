@@ -8,6 +8,14 @@
         <translation>%1 Hz · %2 Punkte</translation>
     </message>
     <message>
+        <source>%1 label</source>
+        <translation>%1 Etikett</translation>
+    </message>
+    <message>
+        <source>%1 labels</source>
+        <translation>%1 Etiketten</translation>
+    </message>
+    <message>
         <source>%1 left on the disk</source>
         <translation>noch %1 auf dem Datenträger</translation>
     </message>
@@ -890,6 +898,10 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
     <message>
         <source>Milliseconds, or seconds with the unit s: %1 or %2</source>
         <translation>Millisekunden, oder Sekunden mit der Einheit s: %1 oder %2</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
     </message>
     <message>
         <source>Move the cursor, or both edges of the selection, to the nearest zero crossing</source>
@@ -1964,8 +1976,16 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
         <translation>zuerst den Cursor durch einen Klick setzen</translation>
     </message>
     <message>
+        <source>cursor %1</source>
+        <translation>Cursor %1</translation>
+    </message>
+    <message>
         <source>cut or copy a stretch first</source>
         <translation>zuerst einen Abschnitt ausschneiden oder kopieren</translation>
+    </message>
+    <message>
+        <source>formants</source>
+        <translation>Formanten</translation>
     </message>
     <message>
         <source>int %1</source>
@@ -2018,6 +2038,10 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
     <message>
         <source>select a stretch first</source>
         <translation>zuerst einen Abschnitt auswählen</translation>
+    </message>
+    <message>
+        <source>selection %1 – %2</source>
+        <translation>Auswahl %1 – %2</translation>
     </message>
     <message>
         <source>shown %1 – %2</source>

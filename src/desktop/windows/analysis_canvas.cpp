@@ -9,9 +9,11 @@
 #include <exception>
 #include <utility>
 
+#include "analysisview/spoken.h"
 #include "analysisview/window_wheel.h"
 #include "desktop/paint/paint_style.h"
 #include "desktop/paint/picture_axis.h"
+#include "desktop/paint/words.h"
 #include "desktop/picture_keys.h"
 #include "desktop/sound/sound_keys.h"
 #include "mainview/label_moves.h"
@@ -53,6 +55,7 @@ QString TextOfReadouts(const AnalysisWindow& model) {
 AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Guard guard,
                                QWidget* parent)
     : QWidget(parent),
+      AccessiblePicture(this),
       model_(model),
       picture_(picture),
       guard_(std::move(guard)),
@@ -86,6 +89,12 @@ void AnalysisCanvas::Refresh(const QString& note) {
   }
   note_->setVisible(!note.isEmpty());
   update();
+  ValueChanged();
+}
+
+// A note that stands over the picture says why there is none.
+QString AnalysisCanvas::PictureValue() {
+  return note_->isHidden() ? Translated(SpokenPicture(model_)) : note_->text();
 }
 
 void AnalysisCanvas::PlaceNote() {
@@ -100,9 +109,14 @@ void AnalysisCanvas::PlaceNote() {
 void AnalysisCanvas::LayOut() {
   picture_.LayOut(size());
   const PixelRect& plot = model_.plot;
-  if (model_.kind() != WindowKind::kPitch) {
-    model_.WantSize({std::max(plot.right - plot.left, 1), std::max(plot.bottom - plot.top, 1)});
-  }
+  if (model_.kind() == WindowKind::kPitch) return;
+  // A spectrogram has a level for each pixel of the screen; a spectrum is a curve of points, which
+  // is sharp on any.
+  const double ratio = model_.kind() == WindowKind::kSpectrogram ? devicePixelRatioF() : 1.0;
+  const auto pixels = [ratio](int logical) {
+    return std::max(static_cast<int>(std::lround(logical * ratio)), 1);
+  };
+  model_.WantSize({pixels(plot.right - plot.left), pixels(plot.bottom - plot.top)});
 }
 
 void AnalysisCanvas::paintEvent(QPaintEvent*) {
@@ -154,6 +168,7 @@ void AnalysisCanvas::mouseMoveEvent(QMouseEvent* event) {
 void AnalysisCanvas::ShowPointed(const std::optional<Pointed>& pointed) {
   pointed_.Show(pointed ? pointed->ms : std::nullopt);
   pointedHz_.Show(pointed ? pointed->hz : std::nullopt);
+  SayPointed(pointed ? Translated(pointed->text) : QString());
 }
 
 // As in the main view: alone it scrolls, with Ctrl it zooms at the pointer.

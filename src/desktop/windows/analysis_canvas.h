@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "analysisview/pointed.h"
+#include "desktop/accessible_picture.h"
 #include "desktop/wheel_steps.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/commands.h"
@@ -16,7 +17,7 @@ namespace cantorix {
 // "name value" of all readouts, separated by TABs.
 QString TextOfReadouts(const AnalysisWindow& model);
 
-class AnalysisCanvas : public QWidget {
+class AnalysisCanvas : public QWidget, public AccessiblePicture {
  public:
   // Runs what the user began on the model, guarded.
   using Guard = std::function<void(const std::function<void()>&)>;
@@ -40,6 +41,7 @@ class AnalysisCanvas : public QWidget {
   void LayOut();
 
  protected:
+  QString PictureValue() override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

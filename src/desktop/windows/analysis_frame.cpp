@@ -13,6 +13,7 @@
 #include "desktop/paint/empty_panes.h"
 #include "desktop/paint/words.h"
 #include "desktop/qt_text.h"
+#include "desktop/tool_bar_names.h"
 #include "desktop/tool_icon.h"
 
 namespace cantorix {
@@ -59,6 +60,8 @@ void AnalysisFrame::Build() {
   AddPlaceSwitch();
   actions_->Fill(*strip_);
   FillStrip(*ownRow);
+  NameExtension(*strip_);
+  NameExtension(*ownRow);
   setWindowIcon(DrawnIcon(IconName()));
   setFocusProxy(canvas_);
   Refresh();
