@@ -11,6 +11,7 @@ recordings at the same time, and an interrupt ends a long call.
 """
 
 from ._engine import MeasureError
+from .labels import Label, Tier
 from .recording import Recording, from_samples, open
 from .results import Formants, Intensity, Pitch, Spectrogram, Spectrum
 from .settings import Settings
@@ -18,12 +19,14 @@ from .settings import Settings
 __all__ = [
     "Formants",
     "Intensity",
+    "Label",
     "MeasureError",
     "Pitch",
     "Recording",
     "Settings",
     "Spectrogram",
     "Spectrum",
+    "Tier",
     "from_samples",
     "open",
 ]

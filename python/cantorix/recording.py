@@ -11,6 +11,7 @@ import numpy.typing as npt
 
 from . import _engine
 from ._paths import Path, encoded
+from .labels import Tiers
 from .results import Formants, Intensity, Pitch, Spectrogram, Spectrum
 from .settings import Settings
 
@@ -164,6 +165,34 @@ class Recording:
         """The samples, read-only: a view without a copy, or a copy of those on the disk."""
         end = self._info["duration_ms"] if self._to_ms is None else self._to_ms
         return self._engine.samples(self._from_ms or 0.0, end)
+
+    @property
+    def tiers(self) -> Tiers:
+        """The tiers in use by name, each a list of labels that can be changed."""
+        return Tiers(self._engine)
+
+    def import_labels(
+        self,
+        path: Path,
+        format: Optional[str] = None,
+        tier: Optional[str] = None,
+        empty_intervals: bool = False,
+    ) -> None:
+        """Adds the labels of another program's file; what does not come in is a warning.
+
+        format: a key of the batch program's label formats; else the one that the file shows.
+        tier: the only one to take, or the name for a file without tiers.
+        """
+        self._engine.import_labels(encoded(path), format or "", tier or "", bool(empty_intervals))
+
+    def export_labels(
+        self, path: Path, format: str, tier: Optional[str] = None, intervals: bool = False
+    ) -> None:
+        """Writes the labels as a file for another program; what it cannot hold is a warning.
+
+        intervals: labels become intervals up to the next label instead of points.
+        """
+        self._engine.export_labels(encoded(path), format, tier or "", bool(intervals))
 
     def select(self, from_ms: Optional[float] = None, to_ms: Optional[float] = None) -> Recording:
         """The stretch between two times of the recording, ms; what is measured in it keeps the

@@ -41,6 +41,9 @@ class Settings(MutableMapping[str, Value]):
         settings._record = _engine.Settings(self._record)
         return settings
 
+    def __reduce__(self) -> tuple[object, ...]:
+        return _restored, (dict(self),)
+
     @staticmethod
     def describe(name: str) -> tuple[str, str]:
         """Unit and meaning of a field."""
@@ -65,3 +68,10 @@ class Settings(MutableMapping[str, Value]):
         default = Settings()
         changed = [f"{name}={self[name]!r}" for name in self if self[name] != default[name]]
         return f"<Settings {', '.join(changed) or 'of defaults'}>"
+
+
+def _restored(fields: dict[str, Value]) -> Settings:
+    """A pickled record again."""
+    settings = Settings()
+    settings.update(fields)
+    return settings

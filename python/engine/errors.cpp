@@ -17,7 +17,7 @@ void SetError(PyObject* kind, const std::string& text) {
   if (decoded) PyErr_SetObject(kind, decoded.ptr());
 }
 
-void Translate(std::exception_ptr thrown) {
+void Translate(const std::exception_ptr& thrown) {
   try {
     if (thrown) std::rethrow_exception(thrown);
   } catch (const WrongUsage& refusal) {
@@ -33,7 +33,7 @@ void Translate(std::exception_ptr thrown) {
 
 void BindErrors(py::module_& module) {
   py::register_exception<NoResult>(module, "MeasureError", PyExc_RuntimeError);
-  py::register_exception_translator(Translate);
+  py::register_exception_translator([](std::exception_ptr thrown) { Translate(thrown); });
 }
 
 }  // namespace cantorix::python

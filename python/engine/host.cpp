@@ -1,4 +1,4 @@
-// host.cpp - answers from arguments, and the polls.
+// host.cpp - the polls.
 #include "host.h"
 
 #include <algorithm>
@@ -11,21 +11,6 @@ namespace {
 constexpr auto kBetweenPolls = std::chrono::milliseconds(30);
 
 }  // namespace
-
-Answer KeptPrompts::Ask(const std::string&, Buttons) {
-  // The one question that a file raises before it is open is how to read one of unknown kind.
-  return generic ? Answer::kOk : Answer::kCancel;
-}
-
-std::optional<int> KeptPrompts::ChooseChannel(const std::string&, int channelCount) {
-  if (channel && *channel <= channelCount) return *channel - 1;
-  const std::string range = "channel must be 1 to " + std::to_string(channelCount);
-  refusal_.emplace(channel ? range + ", not " + std::to_string(*channel)
-                           : range + ": the file has several");
-  return {};
-}
-
-std::vector<std::string> KeptPrompts::TakeSaid() { return std::exchange(said_, {}); }
 
 void PolledProgress::Start(const py::object* callback) {
   callback_ = callback;

@@ -1,5 +1,5 @@
-// host.h - what a recording finds around it when Python opened it: prompts that keep what is said,
-// and progress that lets an interrupt and the caller's callback through.
+// host.h - the progress of a recording that Python opened: it lets an interrupt and the caller's
+// callback through.
 #pragma once
 
 #include <pybind11/pybind11.h>
@@ -7,42 +7,13 @@
 
 #include <chrono>
 #include <exception>
-#include <optional>
 #include <string>
-#include <vector>
 
-#include "measure/wrong_usage.h"
 #include "platform/progress.h"
-#include "platform/quiet_prompts.h"
 
 namespace cantorix::python {
 
 namespace py = pybind11;
-
-// Messages are kept; the questions that a file raises are answered by the arguments of open().
-class KeptPrompts : public QuietPrompts {
- public:
-  std::optional<int> channel;  // counted from 1
-  std::optional<GenericParameters> generic;
-
-  void Message(const std::string& text) override { said_.push_back(text); }
-  Answer Ask(const std::string& text, Buttons buttons) override;
-  // Throws WrongUsage when the argument is missing or names none of the file.
-  std::optional<int> ChooseChannel(const std::string& text, int channelCount) override;
-  std::optional<GenericParameters> AskGenericParameters(const GenericParameters&,
-                                                        GenericPreview&) override {
-    return generic;
-  }
-
-  // What was said since the last call, one text each.
-  std::vector<std::string> TakeSaid();
-  // Why a question of the file had no answer; thrown once the file is closed again.
-  const std::optional<WrongUsage>& refusal() const { return refusal_; }
-
- private:
-  std::vector<std::string> said_;
-  std::optional<WrongUsage> refusal_;
-};
 
 // Looks at the signals every few hundredths of a second, with the lock of the interpreter for that
 // moment. An exception that comes of it, or of the callback, cancels the work and is kept.

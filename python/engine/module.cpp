@@ -8,8 +8,10 @@ void Bind(py::module_& module) {
   module.doc() = "The measuring engine; use the package cantorix around it.";
   BindErrors(module);
   BindSettings(module);
+  BindCorpus(module);
   RecordingClass recording(module, "Recording");
   BindOpening(module, recording);
+  BindLabels(recording);
   BindMeasurements(recording);
 }
 

@@ -32,12 +32,6 @@ class WorkerMark {
   std::atomic<std::thread::id>& worker_;
 };
 
-std::string Joined(const std::vector<std::string>& texts) {
-  std::string all;
-  for (const std::string& text : texts) all += (all.empty() ? "" : " ") + text;
-  return all;
-}
-
 // What was said beside a result is worth a warning.
 void Warn(const std::vector<std::string>& texts) {
   for (const std::string& text : texts) {
@@ -82,7 +76,7 @@ void Recording::Open(const std::string& path, const py::object& progress) {
     OpenUnlocked();
   }
   progress_.Finish();
-  Warn(prompts_.TakeSaid());
+  Warn(prompts_.TakeTexts());
 }
 
 void Recording::OpenUnlocked() {
@@ -93,7 +87,7 @@ void Recording::OpenUnlocked() {
   if (!opened) {
     const OpenFailure& failure = document_->openFailure;
     if (failure.reason == "There is not enough memory.") throw std::bad_alloc();
-    const std::string said = Joined(prompts_.TakeSaid());
+    const std::string said = prompts_.TakeSaid();
     const bool named = said.starts_with(path_ + " ");
     throw FileError(named ? said : CouldNotBeOpened(path_, said.empty() ? failure.reason : said));
   }
@@ -126,11 +120,11 @@ void Recording::Run(const Job& job, const std::function<void(CSonadexDoc&)>& wor
       RunUnlocked(job, work);
     } catch (...) {
       progress_.Finish();
-      prompts_.TakeSaid();
+      prompts_.TakeTexts();
       throw;
     }
     progress_.Finish();
-    said = prompts_.TakeSaid();
+    said = prompts_.TakeTexts();
   }
   Warn(said);
 }
@@ -142,7 +136,7 @@ void Recording::RunUnlocked(const Job& job, const std::function<void(CSonadexDoc
     work(*document_);
   } catch (const Abandoned& abandoned) {
     if (abandoned.reason() == AbandonReason::kOutOfMemory) throw std::bad_alloc();
-    const std::string said = Joined(prompts_.TakeSaid());
+    const std::string said = prompts_.TakeSaid();
     throw NoResult(said.empty() ? "the measurement came to nothing" : said);
   }
 }

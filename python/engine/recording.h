@@ -16,6 +16,7 @@
 #include "document/document.h"
 #include "host.h"
 #include "measure/analyses.h"
+#include "measure/kept_prompts.h"
 #include "measure/stretch.h"
 #include "platform/host_services.h"
 #include "platform/leftovers.h"

@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "batch/grammar.h"
-#include "batch/printable.h"
+#include "measure/printable.h"
 
 namespace cantorix::batch {
 

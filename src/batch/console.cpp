@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <new>
 
-#include "batch/printable.h"
+#include "measure/printable.h"
 
 namespace cantorix::batch {
 namespace {

@@ -23,6 +23,7 @@ constexpr const char* kFooter = R"(Examples:
   cantorix-batch labels talk.qrv --log
   cantorix-batch labels talk.qrv --format textgrid -o talk.TextGrid
   cantorix-batch measure talk.wav --from 500 --to 1500 --lpc auto
+  cantorix-batch corpus speakers.tsv --do pitch,formants -o tables -j 4 --labels TextGrid
   cantorix-batch convert talk.wav talk.qrv
   cantorix-batch convert talk.wav talk.qrv --labels talk.TextGrid
   cantorix-batch import-labels talk.wav words.txt --tier words --unit s -o talk.qrv
@@ -49,6 +50,7 @@ Grammar::Grammar() {
   DeclareDescriptions(*this);
   DeclareTracks(*this);
   DeclareSpectra(*this);
+  DeclareCorpus(*this);
   DeclareSaving(*this);
   DeclareListings(*this);
 }

@@ -69,6 +69,7 @@ CLI::Option* OptionOf(CLI::App& app, const std::string& name);
 void DeclareDescriptions(Grammar& grammar);  // info, labels
 void DeclareTracks(Grammar& grammar);        // pitch, intensity, measure
 void DeclareSpectra(Grammar& grammar);       // spectrum, spectrogram, formants
+void DeclareCorpus(Grammar& grammar);        // corpus
 void DeclareSaving(Grammar& grammar);        // convert, import-labels, edit
 void DeclareListings(Grammar& grammar);      // config, commands
 

@@ -2,7 +2,7 @@
 #include "batch/log_rows.h"
 
 #include "app/log_file.h"
-#include "batch/printable.h"
+#include "measure/printable.h"
 #include "settings/settings.h"
 #include "settings/time_base.h"
 

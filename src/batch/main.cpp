@@ -8,6 +8,7 @@
 
 #include "batch/command_line.h"
 #include "batch/console.h"
+#include "batch/corpus_run.h"
 #include "batch/file_queue.h"
 #include "batch/interrupt.h"
 #include "batch/measures.h"
@@ -70,6 +71,7 @@ Outcome Work(const Request& request, Console& console, const std::atomic<bool>& 
   ClearLeftovers(request, programDirectory.path());
   const Settings settings = RunSettings(request, programDirectory.path());
   const Run run{request, settings, programDirectory.path(), console, interrupted};
+  if (request.verb == Verb::kCorpus) return WorkOnCorpus(run);
   return IsListing(request.verb) ? WorkOnListing(run) : WorkOnFiles(run);
 }
 

@@ -21,6 +21,7 @@ enum class Verb {
   kFormants,
   kLabels,
   kMeasure,
+  kCorpus,
   kConvert,
   kImportLabels,
   kEdit,
@@ -44,6 +45,15 @@ struct LabelExport {
   std::string format;  // empty: the table
   std::string tier;    // empty: all in use
   bool asIntervals = false;
+};
+
+// The verb corpus.
+struct CorpusRequest {
+  std::string tables;       // "pitch,formants"
+  int points = 5;           // of each stretch
+  std::string labelEnding;  // of label files beside the recordings; empty: there are none
+  std::string column;       // of the paths in a table; empty: the first
+  bool resume = false;
 };
 
 // One step of `edit`.
@@ -88,7 +98,8 @@ struct Request : MeasureOptions {
   bool log = false;   // rows of the measurement log instead of a table
   bool html = false;  // commands: a page of the manual
 
-  LabelImport labelImport;      // import-labels and convert
+  LabelImport labelImport;  // import-labels and convert
+  CorpusRequest corpus;
   LabelExport labelExport;      // labels
   std::vector<EditStep> steps;  // edit
 };

@@ -6,6 +6,7 @@
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
 #include "mainview/view_commands.h"
+#include "measure/labels.h"
 #include "measure/stretch.h"
 #include "platform/numbers.h"
 #include "settings/settings.h"
@@ -49,7 +50,7 @@ bool RunByCommand(BatchView& batch, const EditStep& step, Command command) {
 bool AddLabel(BatchView& batch, const EditStep& step) {
   CSonadexView& view = batch.view();
   if (!InRecording(batch, step, step.first)) return false;
-  const int tier = TierFor(view, step.tier);
+  const int tier = TierFor(view.channel().tiers, step.tier);
   if (tier < 0) {
     SayStep(batch.session(), step, "all tiers are in use");
     return false;
@@ -68,15 +69,6 @@ bool Select(BatchView& batch, const EditStep& step) {
 bool PlaceCursor(BatchView& batch, const EditStep& step) {
   return InRecording(batch, step, step.first) &&
          Done(batch, step, [&] { PlaceMarker(batch.view(), step.first); });
-}
-
-// The first tier that fits; -1 without any.
-template <typename Fits>
-int FirstTier(const Tiers& tiers, Fits fits) {
-  for (int i = 0; i < kTierCount; ++i) {
-    if (fits(tiers[static_cast<std::size_t>(i)])) return i;
-  }
-  return -1;
 }
 
 }  // namespace
@@ -107,21 +99,6 @@ bool RunStep(BatchView& batch, const EditStep& step) {
       return AddLabel(batch, step);
   }
   return false;
-}
-
-int TierFor(CSonadexView& view, const std::string& name) {
-  Tiers& tiers = view.channel().tiers;
-  for (int i = kTierCount - 1; i >= 0; --i) {
-    const Tier& tier = tiers[static_cast<std::size_t>(i)];
-    if (tier.inUse && tier.name == name) return i;
-  }
-  int slot = FirstTier(tiers, [&](const Tier& tier) { return tier.name == name; });
-  if (slot < 0) slot = FirstTier(tiers, [](const Tier& tier) { return !tier.inUse; });
-  if (slot < 0) return slot;
-  Tier& tier = tiers[static_cast<std::size_t>(slot)];
-  tier.name = name;
-  tier.inUse = true;
-  return slot;
 }
 
 }  // namespace cantorix::batch

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "batch/printable.h"
+#include "measure/printable.h"
 #include "platform/numbers.h"
 
 namespace cantorix::batch {

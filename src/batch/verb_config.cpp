@@ -2,8 +2,8 @@
 #include <cstring>
 
 #include "batch/json.h"
-#include "batch/printable.h"
 #include "batch/verbs.h"
+#include "measure/printable.h"
 #include "platform/text.h"
 #include "settings/field_text.h"
 #include "settings/record.h"

@@ -1,15 +1,16 @@
 // verb_import_labels.cpp - labels of a file into the tiers of a recording, which is saved then.
 #include <optional>
 
+#include "batch/batch_view.h"
 #include "batch/option_texts.h"
 #include "batch/outcome.h"
-#include "batch/run_step.h"
 #include "batch/verbs.h"
 #include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/label_import.h"
 #include "mainview/label_transfer.h"
+#include "measure/labels.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
 
@@ -27,7 +28,7 @@ bool AddPlainText(Session& session, const std::string& bytes) {
   }
   BatchView batch(session);
   CSonadexView& view = batch.view();
-  const int tier = TierFor(view, import.tier);
+  const int tier = TierFor(view.channel().tiers, import.tier);
   if (tier < 0) {
     session.prompts().Say("All tiers are in use, none is named " + import.tier + ".");
     return false;

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "batch/json.h"
-#include "batch/printable.h"
 #include "batch/verbs.h"
 #include "document/label.h"
+#include "measure/printable.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
 

@@ -173,16 +173,19 @@ LabelImportPlan PlanLabelImport(LabelFileRead read, const CChannel& channel,
   return plan;
 }
 
-void CarryOut(CSonadexView& view, LabelImportPlan plan) {
-  ViewEdit edit(view, UndoScope::kFields);
-  CChannel& channel = view.channel();
-  const TiersRollback rollback(channel);
+void AddLabels(CChannel& channel, LabelImportPlan plan) {
   for (LabelImportPlan::Part& part : plan.parts) {
     Tier& tier = channel.tiers[part.slot];
     if (ToUtf8(tier.name) != part.name) tier.name = CutText(part.name, kMaxTierNameBytes);
     tier.inUse = true;
     std::move(part.labels.begin(), part.labels.end(), std::back_inserter(tier.labels));
   }
+}
+
+void CarryOut(CSonadexView& view, LabelImportPlan plan) {
+  ViewEdit edit(view, UndoScope::kFields);
+  const TiersRollback rollback(view.channel());
+  AddLabels(view.channel(), std::move(plan));
   edit.MarkModified();
   view.Changed(DocumentChange::kLabels);
 }

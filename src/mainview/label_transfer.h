@@ -37,8 +37,10 @@ struct LabelImportPlan {
 // carry there. Throws LabelFileError when the file has no tier of the chosen name.
 LabelImportPlan PlanLabelImport(LabelFileRead read, const CChannel& channel,
                                 const LabelChoice& choice);
-// One edit: adds the labels at the ends of their tiers, which come into use. Throws Abandoned, with
-// nothing changed, when the undo file cannot be begun.
+// Adds the labels at the ends of their tiers, which come into use.
+void AddLabels(CChannel& channel, LabelImportPlan plan);
+// The same as one edit: adds the labels at the ends of their tiers, which come into use. Throws
+// Abandoned, with nothing changed, when the undo file cannot be begun.
 void CarryOut(CSonadexView& view, LabelImportPlan plan);
 
 // The labels of the tiers in use, or of those with this name, as the format can hold them.

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace cantorix::batch {
+namespace cantorix {
 
 enum class Tabs { kBlanks, kStay };
 
@@ -12,4 +12,4 @@ enum class Tabs { kBlanks, kStay };
 // that no line breaks and no terminal obeys what a name holds.
 std::string Printable(std::string_view bytes, Tabs tabs = Tabs::kBlanks);
 
-}  // namespace cantorix::batch
+}  // namespace cantorix

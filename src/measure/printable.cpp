@@ -1,9 +1,9 @@
 // printable.cpp - control characters are those below 32, 127, and 128 to 159 in either coding.
-#include "batch/printable.h"
+#include "measure/printable.h"
 
 #include "platform/text.h"
 
-namespace cantorix::batch {
+namespace cantorix {
 namespace {
 
 bool IsUpperControl(unsigned char byte) { return byte >= 0x80 && byte <= 0x9F; }
@@ -36,4 +36,4 @@ std::string Printable(std::string_view bytes, Tabs tabs) {
   return text;
 }
 
-}  // namespace cantorix::batch
+}  // namespace cantorix

@@ -1,0 +1,80 @@
+// corpus.cpp - the pieces of a corpus run: which recordings, the header of a table, the rows of one
+// recording. Who runs them where is left to the package.
+#include "measure/corpus_file.h"
+
+#include "bindings.h"
+
+namespace cantorix::python {
+namespace {
+
+using Bytes = std::vector<py::bytes>;
+
+py::tuple List(const std::vector<std::string>& sources, const std::string& column) {
+  CorpusList list;
+  {
+    const py::gil_scoped_release free;
+    list = ReadCorpus(sources, column);
+  }
+  py::list entries;
+  for (const CorpusEntry& entry : list.entries) {
+    entries.append(py::make_tuple(py::bytes(entry.path), py::bytes(entry.leading)));
+  }
+  return py::make_tuple(Bytes(list.columns.begin(), list.columns.end()), entries);
+}
+
+std::vector<std::string> Tables(const std::string& names) {
+  std::vector<std::string> tables;
+  for (const CorpusTable table : CorpusTablesOf(names)) tables.emplace_back(NameOf(table));
+  return tables;
+}
+
+py::bytes Header(const std::string& table, const std::vector<std::string>& columns, int points) {
+  return CorpusHeader(CorpusTablesOf(table).front(), columns, points);
+}
+
+struct Work {
+  CorpusWork work;
+  Settings settings;
+};
+
+py::tuple Rows(TemporaryHome& home, const Work& work, const std::string& path,
+               const std::string& leading) {
+  const auto folder = home.Folder();
+  const CorpusOpening opening{work.settings, folder->path(), {}, {}};
+  PolledProgress progress;
+  progress.Start(nullptr);
+  CorpusResult result;
+  {
+    const py::gil_scoped_release free;
+    try {
+      result = MeasureCorpusFile({path, leading}, work.work, opening, progress);
+    } catch (...) {
+      progress.Finish();
+      throw;
+    }
+  }
+  return py::make_tuple(Bytes(result.rows.begin(), result.rows.end()), py::bytes(result.failure));
+}
+
+Work WorkOf(const std::string& tables, int points, bool exact, const std::string& labels,
+            bool usualOrder, const Settings& settings) {
+  CorpusWork work{CorpusTablesOf(tables), points, exact, labels, {}};
+  work.options.usualLpcOrder = usualOrder;
+  return {work, settings};
+}
+
+}  // namespace
+
+void BindCorpus(py::module_& module) {
+  const auto home = std::make_shared<TemporaryHome>();
+  py::class_<Work>(module, "CorpusWork")
+      .def(py::init(&WorkOf))
+      .def("rows", [home](const Work& work, const std::string& path, const std::string& leading) {
+        return Rows(*home, work, path, leading);
+      });
+  module.def("corpus_list", List);
+  module.def("corpus_tables", Tables);
+  module.def("corpus_header", Header);
+}
+
+}  // namespace cantorix::python
