@@ -318,7 +318,7 @@ void AddLabelFiles(std::vector<Operation>& operations) {
     };
     Operation operation{std::string("import ") + name, prepare};
     // The library of JSON needs memory to free what it has read.
-    operation.livesWithoutMemory = std::string_view(name) != "emu/plain";
+    operation.freesWithoutMemory = std::string_view(name) != "emu/plain";
     operations.push_back(std::move(operation));
   }
 }

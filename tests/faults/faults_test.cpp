@@ -152,9 +152,10 @@ class Trials {
     const std::int64_t most = call == Call::kAllocate ? 13 : 5;
     const std::int64_t step = IsWhole() ? 1 : std::max<std::int64_t>(1, count / most);
     for (std::int64_t at = 1; at <= count; at += step) {
+      if (call == Call::kAllocate && !operation_.freesWithoutMemory) break;
       if (call == Call::kAllocate) {
         plan_.push_back({call, at, 0, false});
-        if (operation_.livesWithoutMemory) plan_.push_back({call, at, 0, true});
+        plan_.push_back({call, at, 0, true});
         continue;
       }
       for (int error = 0; error < std::ssize(kErrors); ++error) {

@@ -4,17 +4,20 @@
 #include "faults/injection.h"
 
 #include <fcntl.h>
+#include <link.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace cantorix::faults {
@@ -170,6 +173,7 @@ void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
 
 extern "C" {
 
+extern char __executable_start, etext;
 void* __libc_malloc(size_t bytes);
 void* __libc_calloc(size_t count, size_t bytes);
 void* __libc_realloc(void* block, size_t bytes);
@@ -180,23 +184,43 @@ static void* Counted(void* block) {
   if (block != nullptr) ++blocks;
   return block;
 }
-static bool Refused() {
-  if (!Strikes(Call::kAllocate)) return false;
+// Whether the caller is this program or the C++ library for it. The readers' libraries are not
+// meant: some of them fall over by themselves when a small block is refused.
+static bool IsOwn(const void* caller) {
+  static char* from = nullptr;
+  static char* to = nullptr;
+  static const auto find = [](dl_phdr_info* library, size_t, void*) {
+    if (std::strstr(library->dlpi_name, "libstdc++") == nullptr) return 0;
+    from = reinterpret_cast<char*>(library->dlpi_addr);
+    for (int i = 0; i < library->dlpi_phnum; ++i) {
+      const auto& part = library->dlpi_phdr[i];
+      to = std::max(to, from + part.p_vaddr + part.p_memsz);
+    }
+    return 1;
+  };
+  if (from == nullptr) ::dl_iterate_phdr(find, nullptr);
+  const auto* const place = static_cast<const char*>(caller);
+  return (place >= from && place < to) || (place >= &__executable_start && place < &etext);
+}
+static bool Refused(const void* caller) {
+  if (!isArmed || !IsOwn(caller) || !Strikes(Call::kAllocate)) return false;
   errno = ENOMEM;
   return true;
 }
 
-void* malloc(size_t bytes) { return Refused() ? nullptr : Counted(__libc_malloc(bytes)); }
+void* malloc(size_t bytes) {
+  return Refused(__builtin_return_address(0)) ? nullptr : Counted(__libc_malloc(bytes));
+}
 void* calloc(size_t count, size_t bytes) {
-  return Refused() ? nullptr : Counted(__libc_calloc(count, bytes));
+  return Refused(__builtin_return_address(0)) ? nullptr : Counted(__libc_calloc(count, bytes));
 }
 void* realloc(void* block, size_t bytes) {
-  if (Refused()) return nullptr;
+  if (Refused(__builtin_return_address(0))) return nullptr;
   void* const moved = __libc_realloc(block, bytes);
   return block == nullptr ? Counted(moved) : moved;
 }
 void* memalign(size_t step, size_t bytes) {
-  return Refused() ? nullptr : Counted(__libc_memalign(step, bytes));
+  return Refused(__builtin_return_address(0)) ? nullptr : Counted(__libc_memalign(step, bytes));
 }
 void* aligned_alloc(size_t step, size_t bytes) { return memalign(step, bytes); }
 int posix_memalign(void** block, size_t step, size_t bytes) {

@@ -1,8 +1,8 @@
 // injection.h - lets the n-th allocation or the n-th call of the system of one kind fail, once or
 // from then on. The program that links injection.cpp has its own versions of these calls; until a
 // fault is armed they do what the C library's do, but that nothing is really synced to a disk.
-// Without sanitizers every block of the C library counts as an allocation, with them those of
-// operator new, and blocks are not counted.
+// Without sanitizers every block that this program asks the C library for counts as an
+// allocation, with them those of operator new, and blocks are not counted.
 #pragma once
 
 #include <cstdint>

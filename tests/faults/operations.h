@@ -30,7 +30,7 @@ struct Operation {
   // The folder exists, is empty, and ends with a separator.
   std::function<std::unique_ptr<Attempt>(const std::string& folder)> prepare;
   bool isSilent = false;           // its caller tells of a failure, or nobody by design
-  bool livesWithoutMemory = true;  // also when every allocation fails
+  bool freesWithoutMemory = true;  // else no allocation of it is refused
   bool inSample = true;            // of all operations
 };
 
