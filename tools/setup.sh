@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|desktop|tests|python|checks|package|pictures|manual|bench|fixtures|fuzz...
+# usage: tools/setup.sh build|desktop|tests|python|checks|package|pictures|reliability|manual|bench|fixtures|fuzz...
 set -euo pipefail
 
 packages=()
@@ -22,6 +22,7 @@ for purpose in "$@"; do
     checks) packages+=(clang-format clang-tidy) ;;
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;
+    reliability) packages+=(python3 strace xvfb xdotool) ;;
     manual) packages+=(python3 chromium) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fixtures)

@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
 # Uses the desktop program at random: tools/soak.sh [MINUTES [SEED]]
-# Keys, clicks, drags and commands go to the dev build (with its sanitizers) on a virtual display.
-# Fails on a report of a sanitizer, on a crash and when no window is left; prints the seed, and on a
-# failure what was done last. The same seed does the same things, as fast as the machine is.
+# Keys, clicks, drags and commands go to the dev build (with its sanitizers) on a virtual display, or
+# to the program that CANTORIX_SOAK_PROGRAM names. Fails on a report of a sanitizer, on a crash and
+# when no window is left; prints the seed, and on a failure what was done last. At the end it tells
+# memory (MB) and descriptors of each minute and start, for whoever looks for growth: that of the
+# program in one start counts, and the sanitizers keep what is freed. The same seed does the same things, as fast as the machine is.
 # As root the program runs as nobody, so that no dialog can harm a file of the machine.
 set -euo pipefail
 
@@ -10,7 +12,7 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 minutes=${1:-10}
 seed=${2:-$RANDOM}
 RANDOM=$seed
-program=$here/build/dev/src/desktop/cantorix
+program=${CANTORIX_SOAK_PROGRAM:-$here/build/dev/src/desktop/cantorix}
 "$here/tools/setup.sh" pictures
 [ -x "$program" ] || { echo "soak: build the dev preset first (target cantorix)" >&2; exit 2; }
 
@@ -108,12 +110,22 @@ act() {
   done_so_far=$((done_so_far + 1))
 }
 
+# A line for each minute: minute, start, megabytes in memory, open descriptors.
+sample() {
+  local minute=$((minutes - (ends - SECONDS + 59) / 60)) now
+  [ "$minute" != "$sampled" ] || return 0
+  sampled=$minute
+  now=$(awk '/^VmRSS/ {print int($2 / 1024)}' "/proc/$running/status" 2>/dev/null) || return 0
+  echo "$minute $begun $now $(ls "/proc/$running/fd" 2>/dev/null | wc -l)" >>"$work/samples"
+}
+
 echo "soak: seed $seed, $minutes minutes"
-begun=0 done_so_far=0 silent=0
-: >"$work/actions" >"$work/errors"
+begun=0 done_so_far=0 silent=0 sampled=-1
+: >"$work/actions" >"$work/errors" >"$work/samples"
 begin
 ends=$((SECONDS + minutes * 60))
 while [ "$SECONDS" -lt "$ends" ]; do
+  sample
   action=()
   for _ in 1 2 3 4 5 6; do act; done
   # Whatever dialog stands there goes now and then, so that the windows get their share.
@@ -135,4 +147,6 @@ while [ "$SECONDS" -lt "$ends" ]; do
     silent=0
   fi
 done
+echo "soak: minute, start, MB, descriptors:"
+cat "$work/samples"
 echo "soak: $done_so_far actions in $minutes minutes, $begun starts, no report (seed $seed)"
