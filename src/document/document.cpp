@@ -101,6 +101,15 @@ void CSonadexDoc::KeepUntilSaved(std::unique_ptr<UnsavedFile> file) {
 
 bool CSonadexDoc::MarkModified() { return !std::exchange(modified_, true); }
 
+void CSonadexDoc::SetOrigin(SampleOrigin origin) {
+  origin_ = std::move(origin);
+  if (sampleListener_ != nullptr) sampleListener_->OriginChanged();
+}
+
+void CSonadexDoc::TellSampleEdit(const SampleEdit& edit) {
+  if (sampleListener_ != nullptr) sampleListener_->SamplesEdited(edit);
+}
+
 void CSonadexDoc::Attach(DocumentObserver& observer) { observers_.push_back(&observer); }
 
 void CSonadexDoc::Detach(DocumentObserver& observer) { std::erase(observers_, &observer); }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "document/document_host.h"
 #include "document/document_observer.h"
 #include "document/label_import_options.h"
+#include "document/sample_edit.h"
 #include "document/sample_store.h"
 #include "document/window_links.h"
 #include "platform/generic_parameters.h"
@@ -80,6 +82,13 @@ class CSonadexDoc {
   // so it is when another one comes.
   void KeepUntilSaved(std::unique_ptr<UnsavedFile> file);
 
+  // Where the samples can be read again, as they were before what is told as edits since.
+  const SampleOrigin& origin() const { return origin_; }
+  void SetOrigin(SampleOrigin origin);
+  // Null: nobody follows.
+  void FollowSamples(SampleEditListener* listener) { sampleListener_ = listener; }
+  void TellSampleEdit(const SampleEdit& edit);
+
   // Observers are told in the order in which they came; each must go before it ends.
   void Attach(DocumentObserver& observer);
   void Detach(DocumentObserver& observer);
@@ -99,6 +108,8 @@ class CSonadexDoc {
   std::string codingName;  // of its samples: "Signed 16 bit PCM"; empty: not said
   int fileChannels = 1;    // of which one was read:
   int fileChannel = 1;     // this, counted from 1
+  std::optional<int>
+      wantedChannel;  // of a file of several, counted from 1; none: the user is asked
   bool newRecording = false;
   bool foreignSource = false;
   bool pathIsForeign = false;  // a foreign reader read pathName(): never saved over
@@ -128,6 +139,8 @@ class CSonadexDoc {
   bool modified_ = false;
   std::unique_ptr<UnsavedFile> unsavedFile_;
   std::vector<DocumentObserver*> observers_;
+  SampleOrigin origin_;
+  SampleEditListener* sampleListener_ = nullptr;
 };
 
 }  // namespace cantorix

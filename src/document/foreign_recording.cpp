@@ -41,6 +41,7 @@ void SetForeignFields(CSonadexDoc& document, double rateHz, double lengthSamples
 
 int ChooseChannelOrAbandon(CSonadexDoc& document, int channelCount) {
   if (channelCount == 1) return 0;
+  if (document.wantedChannel) return std::clamp(*document.wantedChannel, 1, channelCount) - 1;
   const int offered = std::min(channelCount, document.host().channelEntries);
   const std::optional<int> chosen =
       document.host().prompts.ChooseChannel(kChannelQuestion, offered);

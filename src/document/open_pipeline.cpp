@@ -61,6 +61,7 @@ void Adopt(CSonadexDoc& document, const std::string& path, const Reader& reader)
   document.loaded = true;
   document.SetPathName(path);
   document.SetModified(false);
+  document.SetOrigin({SampleOrigin::Kind::kFile, path});
 }
 
 OpenFailure FailureOf(const Abandoned& abandoned) {

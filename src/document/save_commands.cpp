@@ -74,8 +74,12 @@ Outcome Write(CSonadexDoc& document, const std::string& path,
 bool WriteTo(CSonadexDoc& document, const std::string& path) {
   std::optional<NativeRange> range;
   if (document.hasSelection) range = SelectionRange(document.channel());
-  return Write(document, path, [&] { return SaveNative(document, path, range); }) ==
-         Outcome::kWritten;
+  if (Write(document, path, [&] { return SaveNative(document, path, range); }) !=
+      Outcome::kWritten) {
+    return false;
+  }
+  if (!range) document.SetOrigin({SampleOrigin::Kind::kFile, path});
+  return true;
 }
 
 void CountAsNative(CSonadexDoc& document) {

@@ -6,11 +6,11 @@
 
 #include "document/label.h"
 #include "document/sample_bytes.h"
+#include "document/sample_splice.h"
 #include "mainview/clipboard.h"
 #include "mainview/edit_span.h"
 #include "mainview/edit_steps.h"
 #include "mainview/editing.h"
-#include "mainview/sample_splice.h"
 #include "mainview/view_commands.h"
 #include "platform/abandon.h"
 #include "platform/numbers.h"
@@ -78,6 +78,7 @@ void DeleteSelection(CSonadexView& view) {
   for (const CChannel& channel : channels) {
     RequireSomethingLeft(channel, SelectedSpan(channel));
   }
+  const EditSpan cut = SelectedSpan(document.channel());
   for (CChannel& channel : channels) {
     const EditSpan span = SelectedSpan(channel);
     channel.totalLength -= span.length.samples;
@@ -85,6 +86,8 @@ void DeleteSelection(CSonadexView& view) {
     RemoveSamples(channel.samples, span.firstSample(), span.endSample());
     CloseLabels(channel, span);
   }
+  document.TellSampleEdit(
+      {.kind = SampleEdit::Kind::kSplice, .first = cut.firstSample(), .end = cut.endSample()});
 }
 
 }  // namespace

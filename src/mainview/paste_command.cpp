@@ -5,11 +5,11 @@
 #include <utility>
 
 #include "document/label.h"
+#include "document/sample_splice.h"
 #include "mainview/clipboard.h"
 #include "mainview/edit_span.h"
 #include "mainview/edit_steps.h"
 #include "mainview/editing.h"
-#include "mainview/sample_splice.h"
 #include "mainview/tiers_rollback.h"
 #include "mainview/view_commands.h"
 #include "platform/numbers.h"
@@ -114,6 +114,7 @@ void PasteIntoRecording(CSonadexView& view) {
   for (std::size_t i = 0; i < channels.size(); ++i) {
     pasted[i] = Prepare(view, channels[i], clipboard.slots[i]);
   }
+  const EditSpan replaced = pasted.front().replaced;
   std::array<std::optional<TiersRollback>, kSlots> rollbacks;
   for (std::size_t i = 0; i < channels.size(); ++i) {
     rollbacks[i].emplace(channels[i]);
@@ -121,6 +122,10 @@ void PasteIntoRecording(CSonadexView& view) {
   }
   for (std::size_t i = 0; i < channels.size(); ++i) TakeSamples(channels[i], pasted[i]);
   for (auto& rollback : rollbacks) rollback.reset();
+  view.document().TellSampleEdit({.kind = SampleEdit::Kind::kSplice,
+                                  .first = replaced.firstSample(),
+                                  .end = replaced.endSample(),
+                                  .inserted = clipboard.slots.front().samples.samples()});
   DropSelection(view);
   FollowScrollBar(view);
   FinishSampleEdit(view, edit);
@@ -148,6 +153,8 @@ void PasteAsRecording(CSonadexView& view) {
   document.channelCount = clipboard.channelCount;
   document.settings.referenceRateHz = clipboard.slots[0].sampleRateHz;
   document.loaded = true;
+  document.TellSampleEdit(
+      {.kind = SampleEdit::Kind::kSplice, .inserted = clipboard.slots[0].samples.samples()});
   view.undoAvailable = false;
   DropSelection(view);
   view.FollowStretch();

@@ -68,19 +68,23 @@ void SetFields(CSonadexDoc& document, std::uint32_t rateHz, std::int64_t count) 
 
 }  // namespace
 
+void HoldRecording(CSonadexDoc& document, std::unique_ptr<RecordingFile> file) {
+  const std::string path = file->path();
+  if (!LoadIntoMemory(document, *file)) {
+    document.HoldOnDisk(std::make_unique<SampleStore>(file->Samples()));
+  }
+  SetFields(document, file->rateHz(), file->lengthSamples());
+  document.KeepUntilSaved(std::make_unique<UnsavedRecording>(std::move(file)));
+  document.SetOrigin({SampleOrigin::Kind::kRecording, path});
+}
+
 bool PlaceRecording(CSonadexView& view, std::unique_ptr<RecordingFile> file) {
-  const std::int64_t count = file->lengthSamples();
-  if (count == 0) {
+  if (file->lengthSamples() == 0) {
     file->Remove();
     return false;
   }
   ViewEdit edit(view, Playback::kStops);
-  CSonadexDoc& document = view.document();
-  if (!LoadIntoMemory(document, *file)) {
-    document.HoldOnDisk(std::make_unique<SampleStore>(file->Samples()));
-  }
-  SetFields(document, file->rateHz(), count);
-  document.KeepUntilSaved(std::make_unique<UnsavedRecording>(std::move(file)));
+  HoldRecording(view.document(), std::move(file));
   view.undoAvailable = false;
   view.labelEntry.currentTier = view.labelEntry.pressedLabel = -1;
   DropSelection(view);

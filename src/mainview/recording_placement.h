@@ -16,4 +16,7 @@ namespace cantorix {
 // nothing; its file is deleted, and false given.
 bool PlaceRecording(CSonadexView& view, std::unique_ptr<RecordingFile> file);
 
+// The same for a document that no view shows yet: a recording with samples, not marked modified.
+void HoldRecording(CSonadexDoc& document, std::unique_ptr<RecordingFile> file);
+
 }  // namespace cantorix

@@ -2,6 +2,7 @@
 #include "mainview/sample_rewrite.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "document/sample_bytes.h"
@@ -11,7 +12,29 @@
 namespace cantorix {
 namespace {
 
-void RewriteStore(CSonadexView& view, ViewEdit& edit, const BlockChange& change) {
+// Tells, however it ends, up to where the samples are changed.
+class ToldEdit {
+ public:
+  ToldEdit(CSonadexDoc& document, const SampleEdit& what) : document_(document), what_(what) {}
+  ~ToldEdit() { document_.TellSampleEdit(what_); }
+  ToldEdit(const ToldEdit&) = delete;
+  ToldEdit& operator=(const ToldEdit&) = delete;
+
+  // A block that may be written in part.
+  template <typename Write>
+  void Through(std::int64_t end, const Write& write) {
+    const SampleEdit::Kind kind = std::exchange(what_.kind, SampleEdit::Kind::kUnknown);
+    write();
+    what_.kind = kind;
+    what_.end = end;
+  }
+
+ private:
+  CSonadexDoc& document_;
+  SampleEdit what_;
+};
+
+void RewriteStore(CSonadexView& view, ViewEdit& edit, ToldEdit& told, const BlockChange& change) {
   SampleStore& store = *view.document().store();
   const std::int64_t count = store.length();
   const std::int64_t step = OneSecondOfSamples(view.channel().sampleRateHz);
@@ -23,15 +46,18 @@ void RewriteStore(CSonadexView& view, ViewEdit& edit, const BlockChange& change)
     store.Read(done, block);
     change(done, block);
     NoteSampleEdit(view, edit);
-    store.Overwrite(done, block);
+    told.Through(done + std::ssize(block), [&] { store.Overwrite(done, block); });
   }
 }
 
 }  // namespace
 
-void RewriteSamples(CSonadexView& view, ViewEdit& edit, const BlockChange& change) {
-  if (view.document().samplesOnDisk()) return RewriteStore(view, edit, change);
-  change(0, view.channel().samples.samples());
+void RewriteSamples(CSonadexView& view, ViewEdit& edit, SampleEdit what,
+                    const BlockChange& change) {
+  ToldEdit told(view.document(), what);
+  if (view.document().samplesOnDisk()) return RewriteStore(view, edit, told, change);
+  const auto samples = view.channel().samples.samples();
+  told.Through(std::ssize(samples), [&] { change(0, samples); });
 }
 
 }  // namespace cantorix

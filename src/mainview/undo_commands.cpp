@@ -47,6 +47,7 @@ void SaveUndoFile(CSonadexView& view, UndoScope scope) {
   view.undoAvailable = false;
   view.undoScope = scope;
   ClaimUndoFile(view);
+  if (scope == UndoScope::kSamples) view.document().TellSampleEdit({});
   try {
     view.undoFile->Save(view.document());
   } catch (const FileError&) {
@@ -58,6 +59,9 @@ void SaveUndoFile(CSonadexView& view, UndoScope scope) {
 void Undo(CSonadexView& view) {
   ViewEdit edit(view, Playback::kStops);
   RestoreOrRefuse(view);
+  if (view.undoScope == UndoScope::kSamples) {
+    view.document().TellSampleEdit({.kind = SampleEdit::Kind::kUndo});
+  }
   edit.MarkModified();
   view.undoAvailable = false;
   DropSelection(view);

@@ -1,5 +1,5 @@
 // sample_splice.cpp - the rest moved up over a cut, or three pieces laid end to end.
-#include "mainview/sample_splice.h"
+#include "document/sample_splice.h"
 
 #include <algorithm>
 #include <cstring>
