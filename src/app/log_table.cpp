@@ -34,7 +34,7 @@ bool LogTable::Append(const LogEntry& entry) {
   Row row = RowOf(entry);
   while (captions_.size() < row.size()) captions_.push_back(CaptionOf(captions_.size()));
   rows_.push_back(std::move(row));
-  modified_ = true;
+  MarkModified();
   return false;
 }
 
@@ -55,7 +55,7 @@ void LogTable::RemoveRows(std::span<const std::size_t> rows) {
     }
   }
   rows_.resize(kept);
-  modified_ = true;
+  MarkModified();
 }
 
 void LogTable::SetCell(std::size_t row, std::size_t column, const std::string& text) {
@@ -67,7 +67,7 @@ void LogTable::SetCell(std::size_t row, std::size_t column, const std::string& t
   cells[column] = text;
   const auto breaks = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
   std::replace_if(cells[column].begin(), cells[column].end(), breaks, ' ');
-  modified_ = true;
+  MarkModified();
 }
 
 void LogTable::Undo() {
@@ -89,7 +89,7 @@ void LogTable::Undo() {
   rows_ = std::move(rows);
   removed_.clear();
   edited_.reset();
-  modified_ = true;
+  MarkModified();
 }
 
 std::string LogTable::title() const {
@@ -101,6 +101,17 @@ void LogTable::Replace(std::vector<std::string> captions, std::vector<Row> rows)
   edited_.reset();
   captions_ = std::move(captions);
   rows_ = std::move(rows);
+  ++revision_;
+}
+
+void LogTable::Restore(std::vector<std::string> captions, std::vector<Row> rows) {
+  Replace(std::move(captions), std::move(rows));
+  MarkModified();
+}
+
+void LogTable::MarkModified() {
+  modified_ = true;
+  ++revision_;
 }
 
 void LogTable::SetStoredAt(std::string path) {

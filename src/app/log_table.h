@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -50,13 +51,19 @@ class LogTable : public LogSink {
   // The file name of the path, "Untitled Log" for a new log.
   std::string title() const;
   bool isModified() const { return modified_; }
+  // Grows with every change of rows and captions.
+  std::uint64_t revision() const { return revision_; }
 
   // Takes the content of a file: as many columns as captions, and no row with more cells.
   void Replace(std::vector<std::string> captions, std::vector<Row> rows);
+  // The same of what is in no file.
+  void Restore(std::vector<std::string> captions, std::vector<Row> rows);
   // The file at `path` holds this table now.
   void SetStoredAt(std::string path);
 
  private:
+  void MarkModified();
+
   std::vector<std::string> captions_;
   std::vector<Row> rows_;
   struct RemovedRow {
@@ -71,6 +78,7 @@ class LogTable : public LogSink {
   std::optional<EditedCell> edited_;
   std::string path_;
   bool modified_ = false;
+  std::uint64_t revision_ = 0;
 };
 
 }  // namespace cantorix

@@ -1,6 +1,7 @@
 // unsaved_recordings.cpp - the question, and what becomes of each file.
 #include "app/unsaved_recordings.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -11,13 +12,6 @@
 namespace cantorix {
 namespace {
 
-// "20261121-143005" as "2026-11-21 14:30:05"; as it is when it is no date.
-std::string DateOf(const std::string& stamp) {
-  if (stamp.size() != 15) return stamp;
-  return stamp.substr(0, 4) + "-" + stamp.substr(4, 2) + "-" + stamp.substr(6, 2) + " " +
-         stamp.substr(9, 2) + ":" + stamp.substr(11, 2) + ":" + stamp.substr(13, 2);
-}
-
 std::string QuestionAbout(const UnfinishedRecording& recording) {
   const double seconds = static_cast<double>(recording.lengthSamples) / recording.rateHz;
   return "A recording of " + FormatOneDecimal(seconds) + " s from " + DateOf(recording.stamp) +
@@ -26,9 +20,19 @@ std::string QuestionAbout(const UnfinishedRecording& recording) {
 
 }  // namespace
 
-std::vector<std::unique_ptr<RecordingFile>> OfferUnsavedRecordings(Application& application) {
+std::string DateOf(const std::string& stamp) {
+  if (stamp.size() != 15) return stamp;
+  return stamp.substr(0, 4) + "-" + stamp.substr(4, 2) + "-" + stamp.substr(6, 2) + " " +
+         stamp.substr(9, 2) + ":" + stamp.substr(11, 2) + ":" + stamp.substr(13, 2);
+}
+
+std::vector<std::unique_ptr<RecordingFile>> OfferUnsavedRecordings(
+    Application& application, const std::vector<std::string>& passedOver) {
   std::vector<std::unique_ptr<RecordingFile>> wanted;
   for (const auto& recording : FindUnfinishedRecordings(application.temporaryDirectory)) {
+    if (std::find(passedOver.begin(), passedOver.end(), recording.path) != passedOver.end()) {
+      continue;
+    }
     const Answer answer =
         application.prompts().Ask(QuestionAbout(recording), Buttons::kYesNoCancel);
     if (answer != Answer::kYes && answer != Answer::kNo) continue;
