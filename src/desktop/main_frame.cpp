@@ -6,6 +6,8 @@
 #include <QStatusBar>
 
 #include "app/manual.h"
+#include "app/recovery.h"
+#include "app/unsaved_recordings.h"
 #include "desktop/accessible_picture.h"
 #include "desktop/child_frame.h"
 #include "desktop/display_option_frame.h"
@@ -19,6 +21,7 @@
 #include "desktop/sound/sound_windows.h"
 #include "desktop/tool_icon.h"
 #include "mainview/commands.h"
+#include "platform/claimed_file.h"
 #include "platform/host_services.h"
 
 namespace cantorix {
@@ -55,7 +58,8 @@ CMainFrame::CMainFrame(DesktopServices services)
                                        })),
       statistics_(new StatisticsFrame(this, *this, StatisticsSources())),
       log_(new CFrameLog(this, services_.application, [this] { Refresh(); })),
-      soundWindows_(new SoundWindows(*this, *this, services_)) {
+      soundWindows_(new SoundWindows(*this, *this, services_)),
+      journals_(services_.application, documents_, services_.sound.clock, services_.progress) {
   MakePicturesAccessible();
   setWindowTitle(QStringLiteral("Cantorix"));
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
@@ -108,6 +112,26 @@ bool CMainFrame::OpenFile(const std::string& path) {
 
 void CMainFrame::OpenRecording(std::unique_ptr<RecordingFile> file) {
   OpenNewWindow(documents_.New(), std::move(file));
+}
+
+void CMainFrame::OfferWhatWasLeft() {
+  Application& application = services_.application;
+  OfferedWork offered = OfferLeftWork(application);
+  const auto before = documents_.All();
+  for (LeftWork& left : offered.wanted) {
+    CSonadexDoc* const document = documents_.Restore(std::move(left));
+    if (document == nullptr) continue;
+    OpenNewWindow(*document);
+    for (CSonadexDoc* const other : before) CloseUntouched(*other);
+  }
+  if (const auto journal = OfferLeftLog(application)) {
+    ShowLog();
+    journals_.Tick();
+    DeleteClaimed(*journal);
+  }
+  for (auto& recording : OfferUnsavedRecordings(application, offered.recordingsForLater)) {
+    OpenRecording(std::move(recording));
+  }
 }
 
 CChildFrame& CMainFrame::OpenNewWindow(CSonadexDoc& document,

@@ -12,6 +12,7 @@
 #include "desktop/desktop_services.h"
 #include "desktop/frame_commands.h"
 #include "desktop/frame_host.h"
+#include "desktop/journal_timer.h"
 #include "desktop/keyboard_panes.h"
 #include "desktop/open_documents.h"
 #include "desktop/pointer_status.h"
@@ -43,6 +44,8 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool OpenFile(const std::string& path);
   // Shows a recording that was not saved in a new document.
   void OpenRecording(std::unique_ptr<RecordingFile> file);
+  // Offers what a program that was killed had not saved: work, the log, recordings.
+  void OfferWhatWasLeft();
   // `recording` becomes the document's samples with the first update of the window; may be null.
   CChildFrame& OpenNewWindow(CSonadexDoc& document,
                              std::unique_ptr<RecordingFile> recording = nullptr);
@@ -55,6 +58,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   std::vector<CChildFrame*> Frames() const;
   std::vector<CChildFrame*> FramesOf(const CSonadexDoc& document) const;
   OpenDocuments& documents() { return documents_; }
+  JournalTimer& journals() { return journals_; }
   SoundDesk& sound() override { return sound_; }
 
   // What opens analysis windows and what prints: there before a command of theirs is carried out,
@@ -154,6 +158,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   bool isRunning_ = false;                      // the frame is brought up to date at the end of it
   std::vector<QAction*> windowList_;
   std::vector<std::string> shownRecent_;
+  JournalTimer journals_;
 };
 
 }  // namespace cantorix

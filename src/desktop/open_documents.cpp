@@ -11,13 +11,13 @@
 
 namespace cantorix {
 
-CSonadexDoc& OpenDocuments::New() { return Keep(std::make_unique<Entry>(application_.host)); }
+CSonadexDoc& OpenDocuments::New() { return Keep(NewEntry()); }
 
 CSonadexDoc* OpenDocuments::Open(const std::string& path) {
   CSonadexDoc* const open = Find(path);
   // Of a file of several channels another one may be wanted.
   if (open != nullptr && !open->extractedChannel) return open;
-  auto entry = std::make_unique<Entry>(application_.host);
+  auto entry = NewEntry();
   if (!entry->document.OnOpenDocument(path)) {
     Report(path, entry->document.openFailure);
     return nullptr;
@@ -26,6 +26,27 @@ CSonadexDoc* OpenDocuments::Open(const std::string& path) {
   const std::string& name = entry->document.shownName();
   if (CSonadexDoc* const same = Find(path, &name)) return same;
   return &Keep(std::move(entry));
+}
+
+std::unique_ptr<OpenDocuments::Entry> OpenDocuments::NewEntry() {
+  return std::make_unique<Entry>(application_.host, PlaceOfJournals(application_));
+}
+
+CSonadexDoc* OpenDocuments::Restore(LeftWork left) {
+  auto entry = NewEntry();
+  if (!RestoreWork(application_, std::move(left), entry->document, entry->journal)) {
+    entry->document.SetModified(false);
+    return nullptr;
+  }
+  return &Keep(std::move(entry));
+}
+
+std::optional<std::string> OpenDocuments::TickJournals(double nowMs) {
+  std::optional<std::string> told;
+  for (const auto& entry : entries_) {
+    if (auto text = entry->journal.Tick(nowMs)) told = std::move(text);
+  }
+  return told;
 }
 
 CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<Entry> entry) {

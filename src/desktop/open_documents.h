@@ -2,10 +2,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/recovery.h"
 #include "document/document.h"
+#include "journal/document_journal.h"
 #include "mainview/document_waveform.h"
 
 namespace cantorix {
@@ -24,6 +27,11 @@ class OpenDocuments {
   // Ends a document. Its views must be gone.
   void Close(CSonadexDoc& document);
 
+  // A document with the work that was left; null when nothing could be restored.
+  CSonadexDoc* Restore(LeftWork left);
+  // Lets the journals write what was done. Gives what the user has to be told, or nothing.
+  std::optional<std::string> TickJournals(double nowMs);
+
   std::vector<CSonadexDoc*> All() const;
   // The picture of an open document's samples, shared by its windows.
   DocumentWaveform& WaveformOf(const CSonadexDoc& document);
@@ -34,11 +42,14 @@ class OpenDocuments {
   void Report(const std::string& path, const OpenFailure& failure);
 
   struct Entry {
-    explicit Entry(DocumentHost& host) : document(host), waveform(document) {}
+    Entry(DocumentHost& host, JournalPlace place)
+        : document(host), waveform(document), journal(document, std::move(place)) {}
 
     CSonadexDoc document;
-    DocumentWaveform waveform;  // goes before its document
+    DocumentWaveform waveform;  // goes before its document, and so does this:
+    DocumentJournal journal;
   };
+  std::unique_ptr<Entry> NewEntry();
   CSonadexDoc& Keep(std::unique_ptr<Entry> entry);
 
   Application& application_;

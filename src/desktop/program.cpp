@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "app/start_up.h"
-#include "app/unsaved_recordings.h"
 
 namespace cantorix {
 
@@ -51,9 +50,7 @@ bool Program::Start(const std::vector<std::string>& files) {
   progress_.SetOwner(mainFrame_.get());
   if (!OpenAll(files)) return false;
   mainFrame_->showMaximized();
-  for (auto& recording : OfferUnsavedRecordings(application_)) {
-    mainFrame_->OpenRecording(std::move(recording));
-  }
+  mainFrame_->OfferWhatWasLeft();
   return true;
 }
 

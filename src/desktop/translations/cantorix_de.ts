@@ -160,6 +160,14 @@
         <translation>'%1' unter der Ansicht ist ein laufendes Mittel, in dem das Ende mehr wiegt (%2).</translation>
     </message>
     <message>
+        <source>'%1' has changed since then.</source>
+        <translation>'%1' hat sich seither geändert.</translation>
+    </message>
+    <message>
+        <source>'%1' has other samples than it had then.</source>
+        <translation>'%1' hat andere Abtastwerte als damals.</translation>
+    </message>
+    <message>
         <source>, high</source>
         <translation>, oben</translation>
     </message>
@@ -812,6 +820,10 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
         <translation>Ihre Abtastrate ist nicht möglich.</translation>
     </message>
     <message>
+        <source>Its samples could not be followed.</source>
+        <translation>Ihre Abtastwerte lassen sich nicht wiederherstellen.</translation>
+    </message>
+    <message>
         <source>Keep all settings in a configuration file of a name of yours</source>
         <translation>Alle Einstellungen in einer Konfigurationsdatei eigenen Namens behalten</translation>
     </message>
@@ -1018,6 +1030,10 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
     <message>
         <source>Nothing computed. Update (F5).</source>
         <translation>Nichts berechnet. Aktualisieren (F5).</translation>
+    </message>
+    <message>
+        <source>Nothing could be restored.</source>
+        <translation>Nichts war wiederherzustellen.</translation>
     </message>
     <message>
         <source>Nothing has come from the sound input for two seconds.</source>
@@ -1644,6 +1660,22 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
         <translation>Das Etikett '%1' hätte mehr als %2 Bytes.</translation>
     </message>
     <message>
+        <source>The labels are restored, on the samples that it has now.</source>
+        <translation>Die Etiketten sind wiederhergestellt, auf den jetzigen Abtastwerten.</translation>
+    </message>
+    <message>
+        <source>The labels are restored, over silence.</source>
+        <translation>Die Etiketten sind wiederhergestellt, über Stille.</translation>
+    </message>
+    <message>
+        <source>The log '%1' from %2 was not saved: %3 row.</source>
+        <translation>Das Protokoll '%1' vom %2 wurde nicht gespeichert: %3 Zeile.</translation>
+    </message>
+    <message>
+        <source>The log '%1' from %2 was not saved: %3 rows.</source>
+        <translation>Das Protokoll '%1' vom %2 wurde nicht gespeichert: %3 Zeilen.</translation>
+    </message>
+    <message>
         <source>The name must end in %1 or %2.</source>
         <translation>Der Name muss auf %1 oder %2 enden.</translation>
     </message>
@@ -1726,6 +1758,14 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
     <message>
         <source>The system has no thread for the recording.</source>
         <translation>Das System hat keinen Thread für die Aufnahme.</translation>
+    </message>
+    <message>
+        <source>The work on '%1' from %2 was not saved: %3 change.</source>
+        <translation>Die Arbeit an '%1' vom %2 wurde nicht gespeichert: %3 Änderung.</translation>
+    </message>
+    <message>
+        <source>The work on '%1' from %2 was not saved: %3 changes.</source>
+        <translation>Die Arbeit an '%1' vom %2 wurde nicht gespeichert: %3 Änderungen.</translation>
     </message>
     <message>
         <source>There is no room to record: the disk of "%1" holds another %2 only.</source>
@@ -1884,6 +1924,14 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
         <translation>Wellenform</translation>
     </message>
     <message>
+        <source>What is done to '%1' from here on would be lost in a crash.</source>
+        <translation>Was von hier an mit '%1' geschieht, ginge bei einem Absturz verloren.</translation>
+    </message>
+    <message>
+        <source>What is entered into the log from here on would be lost in a crash.</source>
+        <translation>Was von hier an ins Protokoll kommt, ginge bei einem Absturz verloren.</translation>
+    </message>
+    <message>
         <source>What was recorded is kept.</source>
         <translation>Was aufgenommen wurde, bleibt erhalten.</translation>
     </message>
@@ -1906,6 +1954,10 @@ Ein Intervall wird ein Etikett an seinem Anfang.</translation>
     <message>
         <source>With:</source>
         <translation>Durch:</translation>
+    </message>
+    <message>
+        <source>Would you like to restore it ?</source>
+        <translation>Soll sie wiederhergestellt werden ?</translation>
     </message>
     <message>
         <source>Write the labels as a file for another program</source>

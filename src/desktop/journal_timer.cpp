@@ -1,0 +1,40 @@
+// journal_timer.cpp - a tick that costs nothing while nothing was done.
+#include "desktop/journal_timer.h"
+
+#include <QApplication>
+#include <utility>
+
+#include "app/recovery.h"
+#include "desktop/open_documents.h"
+#include "desktop/qt_progress.h"
+#include "platform/prompts.h"
+#include "platform/services.h"
+
+namespace cantorix {
+namespace {
+
+constexpr int kTickMs = 250;
+
+}  // namespace
+
+JournalTimer::JournalTimer(Application& application, OpenDocuments& documents, const Clock& clock,
+                           const QtProgress& progress)
+    : application_(application),
+      documents_(documents),
+      clock_(clock),
+      progress_(progress),
+      log_(application.log, PlaceOfJournals(application)) {
+  QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Tick(); });
+  timer_.start(kTickMs);
+}
+
+void JournalTimer::Tick() {
+  const double nowMs = clock_.NowMs();
+  if (auto text = documents_.TickJournals(nowMs)) untold_ = std::move(*text);
+  if (auto text = log_.Tick(nowMs)) untold_ = std::move(*text);
+  const bool isBusy = progress_.running() || QApplication::activeModalWidget() != nullptr;
+  if (untold_.empty() || isBusy) return;
+  application_.prompts().Message(std::exchange(untold_, {}));
+}
+
+}  // namespace cantorix
