@@ -67,6 +67,12 @@ void GuardDoubles(Settings& settings, const Settings& defaults) {
   }
 }
 
+// More coefficients would be cut to this many, from a frame that is longer for nothing.
+void GuardOrder(std::int32_t& order, std::int32_t usual) {
+  constexpr std::int32_t kMostCoefficients = 400;
+  if (order < 0 || order > kMostCoefficients) order = usual;
+}
+
 }  // namespace
 
 Record EncodeRecord(const Settings& settings) {
@@ -113,6 +119,9 @@ void GuardSettings(Settings& settings) {
   if (!IsUsableRate(document.referenceRateHz)) document.referenceRateHz = usual.referenceRateHz;
   if (document.intensity.windowMs == 0.0) document.intensity.windowMs = usual.intensity.windowMs;
   if (document.intensity.stepMs == 0.0) document.intensity.stepMs = usual.intensity.stepMs;
+  if (document.fftLpc.stepMs < 1) document.fftLpc.stepMs = usual.fftLpc.stepMs;
+  GuardOrder(document.fftLpc.lpcOrder, usual.fftLpc.lpcOrder);
+  GuardOrder(document.spectrogram.lpcOrder, usual.spectrogram.lpcOrder);
   if (!IsFftSize(document.fftLpc.points)) {
     document.fftLpc.points = usual.fftLpc.points;
     document.fftLpc.sizeIndex = usual.fftLpc.sizeIndex;

@@ -37,6 +37,9 @@ Settings Unusual() {
   }
   settings.document.fftLpc.points = 2048;
   settings.document.spectrogram.points = 8192;
+  settings.document.fftLpc.stepMs = 77;
+  settings.document.fftLpc.lpcOrder = 0;
+  settings.document.spectrogram.lpcOrder = 400;
   return settings;
 }
 
@@ -119,13 +122,17 @@ TEST(Record, GivesUsableValuesForHostileOnes) {
   StoreLittle(bytes, 960, -kInfinity);
   StoreLittle(bytes, 852, 1 << 30);
   StoreLittle(bytes, 940, 33);
+  StoreLittle(bytes, 860, 0);
+  StoreLittle(bytes, 916, 401);
+  StoreLittle(bytes, 972, -1);
   std::fill_n(hostile.begin() + 208, 64, std::byte{'x'});  // no NUL
   ASSERT_TRUE(DecodeRecord(hostile, settings));
   const DocumentSettings& read = settings.document;
   EXPECT_EQ(Joined(read.intensity.windowMs, read.intensity.stepMs, read.pitch.stepMs,
                    read.spectrogram.preEmphasis, read.fftLpc.points, read.fftLpc.sizeIndex,
-                   read.spectrogram.points, read.spectrogram.sizeIndex),
-            "20 10 10 0.98 256 3 64 2");
+                   read.spectrogram.points, read.spectrogram.sizeIndex, read.fftLpc.stepMs,
+                   read.fftLpc.lpcOrder, read.spectrogram.lpcOrder),
+            "20 10 10 0.98 256 3 64 2 10 14 14");
   EXPECT_EQ(read.tierNames[0], std::string(63, 'x'));
   EXPECT_EQ(read.tierNames[1], Unusual().document.tierNames[1]);
 }
