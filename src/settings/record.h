@@ -41,9 +41,9 @@ bool IsUsableRate(double rateHz);
 
 // Puts the default in the place of each value that no dialog can produce and no analysis can use:
 // a number that is not finite, an unusable reference rate, an intensity window or step of 0, an
-// FFT/LPC step below 1 ms, an LPC order outside 0 ... 400, and an FFT size that is not a power of two
-// from 32 to 8192 (with its index). A hostile value of any
-// other field is harmless to keep: the analyses and windows limit what they read.
+// FFT/LPC step below 1 ms, an LPC order outside 0 ... 400, and an FFT size that is not a power of
+// two from 32 to 8192 (with its index). A hostile value of any other field is harmless to keep: the
+// analyses and windows limit what they read.
 void GuardSettings(Settings& settings);
 
 }  // namespace cantorix
