@@ -50,11 +50,12 @@ void AppendHeader(JournalWriter& writer, const DocumentHeader& header) {
 }
 
 std::optional<JournalledWork> ReadWork(const File& file) {
+  const JournalledWork nothing;
   JournalledWork work;
   std::vector<SampleChunk> chunks;
   bool hasHeader = false;
   const auto begin = [&] {
-    work = {};
+    work = nothing;
     chunks.clear();
     hasHeader = false;
   };
