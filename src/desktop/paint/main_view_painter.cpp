@@ -182,10 +182,7 @@ void DrawSelection(QPainter& painter, const Scene& scene) {
   const double top = scene.client.top();
   const QRectF band(left, top, right - left, scene.DataBottom() - top);
   painter.fillRect(band, scene.style.selection);
-  // Its edges are drawn strongly while the mouse pulls it out.
-  QColor edge = scene.style.selectionEdge;
-  if (!scene.view.press.held) edge.setAlpha(150);
-  painter.setPen(QPen(edge, scene.style.hairline));
+  painter.setPen(QPen(scene.style.selectionEdge, scene.style.hairline));
   painter.drawLine(QLineF(left, band.top(), left, band.bottom()));
   painter.drawLine(QLineF(right, band.top(), right, band.bottom()));
   DrawTexts(painter, scene, QRectF(left, scene.PanesTop(), right - left, band.bottom()));
