@@ -19,6 +19,12 @@ QLabel* NewText(QStatusBar& bar, const QString& name) {
   return text;
 }
 
+// What it shows is what a reader of the screen says of it, besides its name.
+void Say(QLabel& label, const QString& text) {
+  label.setText(text);
+  label.setAccessibleDescription(text);
+}
+
 }  // namespace
 
 PointerStatus::PointerStatus(QStatusBar& bar)
@@ -29,8 +35,8 @@ PointerStatus::PointerStatus(QStatusBar& bar)
   bar.insertPermanentWidget(1, stretch_);
 }
 
-void PointerStatus::ShowPointed(const std::string& text) { pointed_->setText(Translated(text)); }
+void PointerStatus::ShowPointed(const std::string& text) { Say(*pointed_, Translated(text)); }
 
-void PointerStatus::ShowStretch(const std::string& text) { stretch_->setText(Translated(text)); }
+void PointerStatus::ShowStretch(const std::string& text) { Say(*stretch_, Translated(text)); }
 
 }  // namespace cantorix

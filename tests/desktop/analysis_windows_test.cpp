@@ -1,6 +1,7 @@
 // analysis_windows_test.cpp - the windows of spectrum, spectrogram and pitch as a user sees them.
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
 #include <QSpinBox>

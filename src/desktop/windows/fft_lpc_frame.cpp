@@ -37,13 +37,19 @@ void CFFTLPCFrame::FillStrip(QToolBar& strip) {
       {Tr("L&PC order"),
        Tr("Coefficients of envelope and formants"),
        {},
+       QStringLiteral("LPC "),
        static_cast<int>(kSpectrumOrders.least),
        MostOrder(rateHz)},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
-  rangeHz_ = fields_->AddNumber(
-      {Tr("Ra&nge"), Tr("The picture reaches from 0 Hz to here"), QStringLiteral(" Hz"), 1,
-       std::max(HighestRangeHz(rateHz), 1), kRangeStepHz},
-      [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
+  rangeHz_ =
+      fields_->AddNumber({Tr("Ra&nge"),
+                          Tr("The picture reaches from 0 Hz to here"),
+                          QStringLiteral(" Hz"),
+                          {},
+                          1,
+                          std::max(HighestRangeHz(rateHz), 1),
+                          kRangeStepHz},
+                         [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
   place_ = new QLabel(&strip);
   place_->setTextFormat(Qt::PlainText);
   place_->setFont(rangeHz_->font());

@@ -36,7 +36,7 @@ CSpectrogramFrame::CSpectrogramFrame(CSonadexView& view, AnalysisFrameHost& host
 
 void CSpectrogramFrame::FillStrip(QToolBar& strip) {
   const double rateHz = view().channel().sampleRateHz;
-  colors_ = new QComboBox(&strip);
+  colors_ = new StripList(&strip);
   for (const NamedMap& map : kMaps) colors_->addItem(Tr(map.name));
   colors_->setToolTip(Tr("Colours from silence to the highest level"));
   connect(colors_, &QComboBox::currentIndexChanged, this, [this](int index) {
@@ -49,15 +49,30 @@ void CSpectrogramFrame::FillStrip(QToolBar& strip) {
     Set([points](auto& settings) { Use({.points = points}, settings); });
   });
   order_ = fields_->AddNumber(
-      {Tr("&LPC order"), Tr("Coefficients of the formants"), {}, 1, kMostTrackingCoefficients},
+      {Tr("&LPC order"),
+       Tr("Coefficients of the formants"),
+       {},
+       QStringLiteral("LPC "),
+       1,
+       kMostTrackingCoefficients},
       [this](int order) { Set([order](auto& settings) { settings.lpcOrder = order; }); });
   rangeHz_ =
-      fields_->AddNumber({Tr("Ra&nge"), Tr("The picture reaches from 0 Hz to here"),
-                          QStringLiteral(" Hz"), kLowestRangeHz, MostHz(rateHz), kRangeStepHz},
+      fields_->AddNumber({Tr("Ra&nge"),
+                          Tr("The picture reaches from 0 Hz to here"),
+                          QStringLiteral(" Hz"),
+                          {},
+                          kLowestRangeHz,
+                          MostHz(rateHz),
+                          kRangeStepHz},
                          [this](int hz) { Set([hz](auto& settings) { settings.rangeHz = hz; }); });
   rangeDb_ = fields_->AddNumber(
-      {Tr("&Dynamic"), Tr("Levels this far below the highest one are shown"), QStringLiteral(" dB"),
-       1, kWidestRangeDb, 5},
+      {Tr("&Dynamic"),
+       Tr("Levels this far below the highest one are shown"),
+       QStringLiteral(" dB"),
+       {},
+       1,
+       kWidestRangeDb,
+       5},
       [this](int db) { Set([db](auto& settings) { settings.dynamicRangeDb = db; }); });
   fields_->AddList(Tr("Colo&urs"), *colors_);
 }

@@ -41,7 +41,7 @@ class CSpectrogramFrame : public AnalysisFrame {
   QSpinBox* order_ = nullptr;
   QSpinBox* rangeHz_ = nullptr;
   QSpinBox* rangeDb_ = nullptr;
-  QComboBox* colors_ = nullptr;
+  StripList* colors_ = nullptr;
 };
 
 }  // namespace cantorix
