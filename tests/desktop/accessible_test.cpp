@@ -6,6 +6,7 @@
 #include "desktop/analysis_fixture.h"
 #include "desktop/dialog_helpers.h"
 #include "desktop/dialogs/channel_dialog.h"
+#include "desktop/dialogs/generic_dialog.h"
 #include "desktop/dialogs/label_dialog.h"
 #include "desktop/dialogs/label_file_dialogs.h"
 #include "desktop/dialogs/label_import_dialog.h"
@@ -127,6 +128,17 @@ TEST_F(Accessible, EveryFieldOfEveryDialogHasAName) {
   walk(OptionDialog<FftLpcSettings>(prompts, FftLpcForm(), {{}, {}, 11025.0}, nullptr));
   walk(OptionDialog<SpectrogramSettings>(prompts, SpectrogramForm(), {{}, {}, 11025.0}, nullptr));
   walk(OptionDialog<PitchSettings>(prompts, PitchForm(), {{}, {}, 11025.0}, nullptr));
+  walk(OptionDialog<IntensitySettings>(prompts, IntensityForm(), {{}, {}, 11025.0}, nullptr));
+  walk(OptionDialog<DocumentSettings>(prompts, ZoomForm(), {{}, {}, 11025.0}, nullptr));
+  walk(OptionDialog<DocumentSettings>(prompts, LogForm(), {{}, {}, 11025.0}, nullptr));
+  walk(OptionDialog<GainSettings>(prompts, GainForm(), {{}, {}, 11025.0}, nullptr));
+  walk(LabelImportDialog(prompts, {"tones"}, {}, nullptr));
+  walk(LabelFileDialog(prompts, {.importFormat = "eaf"}, nullptr));
+  walk(LabelExportDialog(prompts, {"tones"}, {.exportFormat = "eaf"}, nullptr));
+  struct : GenericPreview {
+    GenericOutcome Try(const GenericParameters&, int) override { return {}; }
+  } preview;
+  walk(GenericDialog(prompts, {}, preview, nullptr));
 }
 
 }  // namespace

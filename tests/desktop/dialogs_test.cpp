@@ -12,6 +12,7 @@
 #include "desktop/dialogs/label_dialog.h"
 #include "desktop/dialogs/label_file_dialogs.h"
 #include "desktop/dialogs/label_import_dialog.h"
+#include "desktop/dialogs/texts_dialog.h"
 #include "desktop/dialogs/tiers_dialog.h"
 #include "desktop/paint/paint_style.h"
 #include "desktop/qt_dialogs.h"
@@ -82,11 +83,13 @@ TEST_F(Dialogs, AreAsApproved) {
   LabelFileDialog labelFile(prompts, {.importFormat = "eaf", .emptyIntervals = true}, nullptr);
   LabelExportDialog labelExport(prompts, {"tones", "<i>"}, {.exportFormat = "eaf"}, nullptr);
   ChannelDialog channels("Which <b>?", 12, nullptr);
+  TextsDialog texts(prompts, {"Go to", {{"Time:", "1.0"}}, "In <i>ms</i>."}, nullptr);
   PreviewOfBytes preview;
   GenericDialog generic(prompts, {}, preview, nullptr);
-  ExpectText("desktop/expected/Dialogs.txt",
-             SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) + SheetOf(import) +
-                 SheetOf(labelFile) + SheetOf(labelExport) + SheetOf(channels) + SheetOf(generic));
+  ExpectText("desktop/expected/Dialogs.txt", SheetOf(entry) + SheetOf(edit) + SheetOf(tiers) +
+                                                 SheetOf(import) + SheetOf(labelFile) +
+                                                 SheetOf(labelExport) + SheetOf(channels) +
+                                                 SheetOf(generic) + SheetOf(texts));
   EXPECT_EQ(FieldOf<QLineEdit>(edit, "Enter Label (255 characters maximum):")->selectedText(),
             "H*");
   const QPushButton* const colour = edit.findChildren<QPushButton*>()[1];

@@ -225,6 +225,9 @@ TEST_F(ToolWindows, TheLabelListSortsFiltersAndChangesManyRows) {
   table.selectAll();
   table.actions().back()->trigger();
   EXPECT_EQ(LabelListRows(view.document()).size(), 17U);
+  list.search().clear();
+  list.tier().setCurrentIndex(0);
+  EXPECT_EQ(table.model()->rowCount(), 17) << "of all tiers";
   view.document().SetModified(false);
 }
 
