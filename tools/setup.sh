@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
-# usage: tools/setup.sh build|desktop|tests|python|checks|package|pictures|reliability|manual|bench|fixtures|fuzz...
+# usage: tools/setup.sh PURPOSE...: build desktop tests python checks package pictures acceptance
+#        reliability manual bench fixtures fuzz
 set -euo pipefail
 
 packages=()
@@ -23,6 +24,10 @@ for purpose in "$@"; do
     package) packages+=(dpkg-dev file gzip lintian desktop-file-utils appstream shared-mime-info) ;;
     pictures) packages+=(xvfb openbox xdotool imagemagick pulseaudio pulseaudio-utils) ;;
     reliability) packages+=(python3 strace xvfb xdotool) ;;
+    acceptance)
+      packages+=(xvfb openbox xdotool imagemagick at-spi2-core gir1.2-atspi-2.0 dbus-daemon alsa-utils)
+      packages+=(python3 python3-gi python3-numpy python3-pil)
+      ;;
     manual) packages+=(python3 chromium) ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fixtures)
