@@ -2,6 +2,7 @@
 // little-endian, a text as its length in 32 bits and its bytes.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -18,9 +19,9 @@ class PayloadWriter {
  public:
   template <typename T>
   void Put(T value) {
-    const std::size_t at = bytes_.size();
-    bytes_.resize(at + sizeof(T));
-    StoreLittle<T>(bytes_, at, value);
+    std::array<std::byte, sizeof(T)> raw{};
+    StoreLittle<T>(raw, 0, value);
+    PutBytes(raw);
   }
   void PutText(std::string_view text);
   void PutBytes(std::span<const std::byte> bytes);
