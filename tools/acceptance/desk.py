@@ -105,6 +105,8 @@ class Desk:
             self.program.terminate()
             self.program.wait()
             self.program = None
+        # Ended like this it would ask at the next start.
+        shutil.rmtree(os.path.join(self.work, "tmp"), ignore_errors=True)
 
     def forget(self):
         """As before the first start."""

@@ -31,8 +31,8 @@ def hold(condition, what):
 def canvases(desk):
     """The areas of the group in sight, by letter."""
     tree = desk.tree()
-    return {letter: tree.find("filler", name).box for letter, name in KINDS.items()
-            if tree.has("filler", name)}
+    return {letter: tree.find("filler|chart", name).box for letter, name in KINDS.items()
+            if tree.has("filler|chart", name)}
 
 
 def window(desk, name):
@@ -41,7 +41,7 @@ def window(desk, name):
 
 def values(desk, letter):
     """What a canvas says of its marker, as name: text."""
-    text = desk.tree().find("filler", KINDS[letter]).text
+    text = desk.tree().find("filler|chart", KINDS[letter]).text
     return dict(re.findall(r"([^\t=]+)= ([^\t]*)", text))
 
 
@@ -106,6 +106,7 @@ def linked(desk):
         for i in range(7):
             box = canvases(desk)[letter]
             desk.click(box[0] + 150 + 211 * i, box[1] + box[3] // 2)
+            desk.mouse("mousemove", 5, 5)
             places = canvases(desk)
             columns = {other: colored(desk, places[other], "cursor", 40) for other in "MSP"}
             times = {values(desk, other)["Time(ms)"] for other in "SP"}
@@ -116,7 +117,9 @@ def linked(desk):
     m = canvases(desk)["M"]
     desk.drag(m[0] + 300, m[1] + 60, m[0] + 700)
     desk.mouse("mousemove", 5, 5)
-    edges = {o: [x for x in colored(desk, canvases(desk)[o], "edge", 40) if 40 < x < 1800]
+    # The spectrogram's cursor stands on the first one.
+    edges = {o: sorted(x for color in ("edge", "cursor")
+                       for x in colored(desk, canvases(desk)[o], color, 40) if 40 < x < 1800)
              for o in "MSP"}
     hold(len({str(e) for e in edges.values()}) == 1, f"edges of a drag {edges}")
     s = canvases(desk)["S"]
