@@ -119,7 +119,7 @@ def linked(desk):
     desk.mouse("mousemove", 5, 5)
     # The spectrogram's cursor stands on the first one.
     edges = {o: sorted(x for color in ("edge", "cursor")
-                       for x in colored(desk, canvases(desk)[o], color, 40) if 40 < x < 1800)
+                       for x in colored(desk, canvases(desk)[o], color, 40) if 40 < x < m[2] - 8)
              for o in "MSP"}
     hold(len({str(e) for e in edges.values()}) == 1, f"edges of a drag {edges}")
     s = canvases(desk)["S"]
@@ -178,10 +178,10 @@ def follows(desk):
     desk.press(desk.tree().find("check box", "^Follow View$"))
     desk.mouse("mousemove", 5, 5)
     desk.rest()
-    kept = desk.pixels((s[0] + 60, s[1] + 30, 1500, 120))
+    kept = desk.pixels((s[0] + 60, s[1] + 30, s[2] - 120, 60))
     desk.click(m[0] + 600, m[1] + 90)
     desk.keys("ctrl+e", "ctrl+e")
-    now = desk.pixels((s[0] + 60, s[1] + 30, 1500, 120))
+    now = desk.pixels((s[0] + 60, s[1] + 30, s[2] - 120, 60))
     changed = int((kept != now).any(axis=2).any(axis=0).sum())
     hold(changed <= 12, f"it does not follow, but {changed} columns of S changed")
     desk.shoot("point4")
