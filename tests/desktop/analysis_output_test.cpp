@@ -1,6 +1,8 @@
 // analysis_output_test.cpp - pictures of the analysis windows in files, on the clipboard, on paper.
 #include <QClipboard>
+#include <QFile>
 #include <QPrintDialog>
+#include <QRegularExpression>
 #include <fstream>
 
 #include "desktop/analysis_fixture.h"
@@ -123,6 +125,30 @@ TEST_F(AnalysisOutputTest, FilesAreComputedForTheirOwnSize) {
     EXPECT_EQ(SavedFrom(window), ofLarge);
   }
   EXPECT_EQ(SavedFrom(Find(view, WindowKind::kFftLpc)).width(), 12 * 192);
+}
+
+// A curve of more points than the picture has pixels would be another one than the window's.
+TEST_F(AnalysisOutputTest, ASpectrumHasAPointForEachPixelOfItsPicture) {
+  CSonadexView& view = OpenSample();
+  Mark(view, 500.0);
+  Perform(Command::kFftLpc);
+  const std::string path = folder / "picture.svg";
+  prompts.WillChooseFile(path);
+  Find(view, WindowKind::kFftLpc).Perform(WindowCommand::kSavePicture);
+  EXPECT_EQ(prompts.TakeTranscript().size(), 1U);
+  QFile file(ShownPath(path));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString drawing = QString::fromUtf8(file.readAll());
+  QStringList curve;
+  QRegularExpressionMatchIterator lines =
+      QRegularExpression(QStringLiteral("points=\"([^\"]*)\"")).globalMatch(drawing);
+  while (lines.hasNext()) {
+    const QStringList points = lines.next().captured(1).split(' ', Qt::SkipEmptyParts);
+    if (points.size() > curve.size()) curve = points;
+  }
+  ASSERT_GT(curve.size(), 30);
+  const auto x = [&curve](qsizetype i) { return curve[i].section(',', 0, 0).toDouble(); };
+  for (qsizetype i = 1; i < curve.size(); ++i) ASSERT_NEAR(x(i) - x(i - 1), 1.0, 0.01) << i;
 }
 
 }  // namespace

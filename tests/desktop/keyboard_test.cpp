@@ -161,6 +161,37 @@ TEST_F(Keyboard, TheContextMenuHasTheActionsOfTheMenuBar) {
   EXPECT_TRUE(view->selectionShown());
 }
 
+TEST_F(Keyboard, ARingMarksThePictureThatHasTheKeys) {
+  Perform(Command::kSpectrogramAll);
+  QWidget& spectrogram = Find(*view, WindowKind::kSpectrogram).canvas();
+  const auto hasRing = [](QWidget& picture) {
+    const QImage image = picture.grab().toImage();
+    const QColor ring = StyleOf(PaletteKind::kLight).selectionEdge;
+    return image.pixelColor(0, image.height() / 2) == ring &&
+           image.pixelColor(image.width() - 2, 1) == ring;
+  };
+  spectrogram.setFocus();
+  EXPECT_TRUE(hasRing(spectrogram));
+  EXPECT_FALSE(hasRing(Picture()));
+  Picture().setFocus();
+  EXPECT_FALSE(hasRing(spectrogram));
+  EXPECT_TRUE(hasRing(Picture()));
+}
+
+// The drawings are those of the buttons; a menu with them would be a third wider.
+TEST_F(Keyboard, MenusAreOfWordsAlone) {
+  Perform(Command::kSpectrogramAll);
+  int drawn = 0;
+  QList<QAction*> actions = Find(*view, WindowKind::kSpectrogram).canvas().actions();
+  actions << frame.findChildren<QAction*>(Qt::FindDirectChildrenOnly);
+  for (const QAction* const action : actions) {
+    if (action->icon().isNull()) continue;
+    EXPECT_FALSE(action->isIconVisibleInMenu()) << Typed(action->text());
+    ++drawn;
+  }
+  EXPECT_GT(drawn, 30);
+}
+
 TEST_F(Keyboard, TheChartGivesSignsByClickAndByTwoKeys) {
   Perform(Command::kLabelEntryMode);
   Click(200);

@@ -85,6 +85,30 @@ TEST(PitchLine, HasTwoPixelsInEveryColumnWithAVoicedEntry) {
   }
 }
 
+// A level line of many entries is stroked in parts; the dashes must not show where these meet.
+TEST(LevelLine, HasEvenDashesFromOneEndToTheOther) {
+  constexpr PixelSize kPane{900, 60};
+  constexpr int kEntries = 360;  // two and a half pixels apart
+  ViewWorld world;
+  ViewedRecording recording(world, Samples(kEntries), 1000.0);
+  IntensityResult& intensity = recording.channel().intensity;
+  intensity.IntensityTrack = LevelTrack(std::vector<double>(kEntries, 50.0), 1.0, 1.0, kEntries);
+  intensity.IntensityValid = true;
+  intensity.range = {0, kEntries};
+  const StripPlace place{{0.0, 0.0, kPane.width, kPane.height}, {0.0, kEntries, 0.0, kPane.width}};
+  const QImage image = Painted(kPane, [&](QPainter& painter, const PaintStyle& style) {
+    painter.fillRect(place.pane, Qt::white);
+    DrawIntensity(painter, place, {0.0, 100.0, kPane.height}, recording.channel(), style);
+  });
+  const int row = kPane.height / 2;
+  std::string wanted, drawn;
+  for (int x = 0; x + 5 < kPane.width; ++x) {
+    wanted += x % 9 < 6 ? '-' : ' ';
+    drawn += qGray(image.pixel(x, row)) < 230 ? '-' : ' ';
+  }
+  EXPECT_EQ(drawn, wanted);
+}
+
 TEST(Ticks, AreNeverFewerThanTwoNorFarApart) {
   const PaintStyle style = StyleOf(PaletteKind::kLight);
   for (const auto& [low, high] : {std::pair{50.0, 500.0},
