@@ -83,7 +83,8 @@ void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& so
   document.formatName = sound.format;
   document.codingName = sound.coding;
   document.fileChannels = sound.channels;
-  TellOfMissing(document, sound.promised.value_or(count), count);
+  // Also of what was there when the file was opened and is not any more.
+  TellOfMissing(document, sound.promised.value_or(sound.frames.value_or(count)), count);
   if (sound.channels > 1) NameExtractedChannel(document, file.path(), channel);
 }
 

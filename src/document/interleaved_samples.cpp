@@ -16,27 +16,31 @@ std::int64_t InterleavedSamples::OffsetOf(std::int64_t position) const {
   return place_.dataOffset + position * static_cast<std::int64_t>(place_.frameBytes);
 }
 
-void InterleavedSamples::Read(std::int64_t position, std::span<std::int16_t> out) {
+std::size_t InterleavedSamples::Read(std::int64_t position, std::span<std::int16_t> out) {
   if (place_.coding == SampleCoding::kSigned16 && place_.order == ByteOrder::kLowFirst &&
       place_.frameBytes == sizeof(std::int16_t)) {
     return ReadAsTheyAre(position, out);
   }
   const std::size_t block = std::max<std::size_t>(1, kBlockBytes / place_.frameBytes);
+  std::size_t held = 0;
   for (std::size_t done = 0; done < out.size(); done += block) {
-    ReadFrames(position + static_cast<std::int64_t>(done),
-               out.subspan(done, std::min(block, out.size() - done)));
+    held += ReadFrames(position + static_cast<std::int64_t>(done),
+                       out.subspan(done, std::min(block, out.size() - done)));
   }
+  return held;
 }
 
 // One channel of 16 bits: the file's bytes are the samples.
-void InterleavedSamples::ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const {
+std::size_t InterleavedSamples::ReadAsTheyAre(std::int64_t position,
+                                              std::span<std::int16_t> out) const {
   const std::size_t got = file_.ReadSome(OffsetOf(position), std::as_writable_bytes(out));
   const std::size_t whole = got / sizeof(std::int16_t);
   SwapFromLittle(out.first(whole));
   std::fill(out.begin() + static_cast<std::ptrdiff_t>(whole), out.end(), std::int16_t{0});
+  return whole;
 }
 
-void InterleavedSamples::ReadFrames(std::int64_t position, std::span<std::int16_t> out) {
+std::size_t InterleavedSamples::ReadFrames(std::int64_t position, std::span<std::int16_t> out) {
   raw_.resize(out.size() * place_.frameBytes);
   const std::size_t got = file_.ReadSome(OffsetOf(position), raw_);
   const std::size_t firstEnd = place_.channelOffset + WidthOf(place_.coding);
@@ -46,6 +50,7 @@ void InterleavedSamples::ReadFrames(std::int64_t position, std::span<std::int16_
                    out.first(whole), place_.order);
   }
   std::fill(out.begin() + static_cast<std::ptrdiff_t>(whole), out.end(), std::int16_t{0});
+  return whole;
 }
 
 std::int64_t FramesBehind(const File& file, std::int64_t dataOffset, std::size_t frameBytes) {
@@ -63,8 +68,7 @@ void ReadInterleaved(CSonadexDoc& document, const File& file, const ForeignSound
                   place.channelOffset += static_cast<std::size_t>(channel) * WidthOf(first.coding);
                   samples.emplace(file, place);
                 }
-                samples->Read(position, out);
-                return out.size();
+                return samples->Read(position, out);
               });
 }
 

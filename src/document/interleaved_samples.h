@@ -28,13 +28,14 @@ class InterleavedSamples {
   InterleavedSamples(const File& file, const InterleavedPlace& place)
       : file_(file), place_(place) {}
 
-  // The samples from `position` on; 0 for those that the file does not have. Throws FileError.
-  void Read(std::int64_t position, std::span<std::int16_t> out);
+  // The samples from `position` on; 0 for those that the file does not have. Gives the number of
+  // those that it has. Throws FileError.
+  std::size_t Read(std::int64_t position, std::span<std::int16_t> out);
 
  private:
   std::int64_t OffsetOf(std::int64_t position) const;
-  void ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const;
-  void ReadFrames(std::int64_t position, std::span<std::int16_t> out);
+  std::size_t ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const;
+  std::size_t ReadFrames(std::int64_t position, std::span<std::int16_t> out);
 
   const File& file_;
   InterleavedPlace place_;

@@ -99,8 +99,7 @@ bool ReadNsp(CSonadexDoc& document, const File& file) {
   ReadForeign(document, file, sound,
               [&](int channel, std::int64_t position, std::span<std::int16_t> out) {
                 const auto& place = content.channels[static_cast<std::size_t>(channel)].place;
-                InterleavedSamples(file, place).Read(position, out);
-                return out.size();
+                return InterleavedSamples(file, place).Read(position, out);
               });
   return true;
 }
