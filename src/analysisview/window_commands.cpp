@@ -10,7 +10,6 @@ namespace cantorix {
 namespace {
 
 constexpr std::uint32_t kToLog = kPictureThere | kPictureCurrent | kWindowLogOpen;
-constexpr std::uint32_t kInSpectra = kInFftLpc | kInSpectrogram;
 constexpr std::uint32_t kWithStrips = kInSpectrogram | kInPitch;
 
 // The rows of a log command into the open log; a long run of them can be stopped.

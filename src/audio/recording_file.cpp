@@ -14,7 +14,6 @@
 namespace cantorix {
 namespace {
 
-constexpr int kMaxTries = 10000;
 constexpr std::string_view kPrefix = "Recording-";
 constexpr std::string_view kRateUnit = "Hz-";
 constexpr std::string_view kSuffix = ".raw";
