@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "document/document.h"
+#include "document/native_layout.h"
 #include "document/sample_loader.h"
 #include "platform/abandon.h"
 #include "platform/file.h"
@@ -18,6 +19,14 @@ constexpr const char* kChannelQuestion =
     "This file has multiple data channels.\n"
     "Only one channel can be read at a time.\n"
     "Please select which channel you wish to read.";
+
+// At a rate that is refused here the recording could not be saved.
+void RequirePossibleRate(double rateHz, std::int64_t count) {
+  const auto length = static_cast<double>(count);
+  if (!(rateHz > 0.0) || native::FindImpossible(length, rateHz, length * 1000.0 / rateHz)) {
+    throw FileError("Its sample rate is not possible.");
+  }
+}
 
 }  // namespace
 
@@ -70,7 +79,7 @@ void TellOfMissing(CSonadexDoc& document, std::int64_t promised, std::int64_t he
 
 void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
                  const ChannelFeed& feed) {
-  if (!(sound.rateHz > 0.0)) throw FileError("Its sample rate is not possible.");
+  RequirePossibleRate(sound.rateHz, 0);
   if (sound.frames && *sound.frames <= 0) throw FileError("It holds no samples.");
   const int channel = ChooseChannelOrAbandon(document, sound.channels);
   const std::int64_t count =
@@ -79,6 +88,7 @@ void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& so
                         return feed(channel, position, out);
                       });
   if (count == 0) throw FileError("It holds no samples.");
+  RequirePossibleRate(sound.rateHz, count);
   SetForeignFields(document, sound.rateHz, static_cast<double>(count));
   document.formatName = sound.format;
   document.codingName = sound.coding;

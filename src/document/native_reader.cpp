@@ -64,6 +64,11 @@ class BlockReader {
   ByteOrder order_;
 };
 
+// A text without a NUL loses its last byte, as it would when written.
+std::string ShortText(std::span<const std::byte> block, std::size_t at, std::size_t width) {
+  return std::string(CutText(LoadText(block, at, width), width - 1));
+}
+
 bool IsNative(const File& file, const char* magic, ByteOrder order) {
   if (file.Size() <= static_cast<std::int64_t>(kFileHeaderBytes)) return false;
   std::array<std::byte, kFileHeaderBytes> block;
@@ -96,8 +101,8 @@ std::int32_t ReadChannelHeader(BlockReader& in, CChannel& channel) {
     channel.channelValues[i] = in.Load<double>(block, kValuesAt + i * sizeof(double));
   }
   channel.bitsPerSample = in.Load<std::int32_t>(block, kBitsAt);
-  channel.channelName = LoadText(block, kNameAt, kNameBytes);
-  channel.channelComment = LoadText(block, kCommentAt, kCommentBytes);
+  channel.channelName = ShortText(block, kNameAt, kNameBytes);
+  channel.channelComment = ShortText(block, kCommentAt, kCommentBytes);
   channel.channelFlag = 1;
   RequirePossible(channel, at);
   const auto tierCount = in.Load<std::int32_t>(block, kTiersInUseAt);
@@ -169,7 +174,7 @@ void ReadTier(BlockReader& in, Tier& tier, double durationMs, Prompts& prompts) 
   const std::int64_t at = in.position();
   const auto header = in.Next<kTierHeaderBytes>("a tier header");
   tier.inUse = true;
-  tier.name = LoadText(header, kTierNameAt, kTierNameBytes);
+  tier.name = ShortText(header, kTierNameAt, kTierNameBytes);
   tier.tierWord = in.Load<std::int32_t>(header, kTierWordAt);
   tier.labels.clear();
   const auto count = in.Load<std::int32_t>(header, kLabelCountAt);

@@ -62,6 +62,9 @@ void RequireReadable(const CChannel& channel, WaveBytes bytes) {
   if (!(channel.sampleRateHz >= 1.0)) {
     throw SaveRefused("A WAV file cannot hold a sample rate below 1 Hz.");
   }
+  if (channel.sampleRateHz > std::numeric_limits<std::uint32_t>::max()) {
+    throw SaveRefused("A WAV file cannot hold so high a sample rate.");
+  }
 }
 
 }  // namespace

@@ -88,6 +88,17 @@ TEST(NativeFile, HoldsTheTiersInUseOneAfterTheOther) {
   expected.I16({0, 1, 2, 3, 4});
   EXPECT_EQ(Written(*document), expected.bytes);
 
+  Bytes endless = Written(*document);
+  for (const auto& [at, width] : {std::pair{628, 64}, {692, 68}, {1024, 256}}) {
+    std::fill_n(endless.begin() + at, width, std::byte{'x'});
+  }
+  const auto cut = Read(host, endless);
+  host.prompts.TakeTranscript();
+  EXPECT_EQ(Joined(cut->channel().channelName.size(), cut->channel().channelComment.size(),
+                   cut->channel().tiers[1].name.size()),
+            "63 67 255")
+      << "texts without a NUL are as long as those that can be written";
+
   channel.tiers[3].labels[0].timeMs = 5.0;
   const auto again = Read(host, Written(*document));
   ASSERT_TRUE(again);

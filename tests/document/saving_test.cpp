@@ -63,6 +63,7 @@ TEST(Saving, RefusesWhatCouldNotBeReadBack) {
     note(Joined("length", value), {}, &CChannel::totalLength, value);
     note(Joined("duration", value), {}, &CChannel::totalDurationMs, value);
   }
+  note("rate 5e9", {}, &CChannel::sampleRateHz, 5e9);
   const double tooLong = static_cast<double>(kMaxWaveBytes) / 2.0 + 1.0;
   note("one sample too long", {}, &CChannel::totalLength, tooLong);
   ExpectText("document/expected/Refusals.txt", text);
