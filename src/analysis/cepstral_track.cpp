@@ -16,6 +16,7 @@ constexpr std::int64_t kMostPoints = 4096;
 constexpr double kSpareEntries = 5.0;
 constexpr double kMaxFramesPerSample = 16.0;  // tracks stay in proportion to the recording
 constexpr double kAlwaysGranted = 1048576.0;  // frames
+constexpr double kMostFrames = 40e6;          // a ms apart in eleven hours: 1 GB of tracks
 
 std::int64_t TransformPoints(std::int64_t windowSamples) {
   if (windowSamples < 1024) return 1024;
@@ -100,7 +101,8 @@ CepstralFraming FrameForCepstrum(const SampleRange& range, double rateHz, PitchS
 }
 
 bool IsUsable(const CepstralFraming& framing, std::int64_t samples) {
-  const double most = std::max(kMaxFramesPerSample * static_cast<double>(samples), kAlwaysGranted);
+  const double most =
+      std::clamp(kMaxFramesPerSample * static_cast<double>(samples), kAlwaysGranted, kMostFrames);
   return framing.stepSamples > 0.0 && std::isfinite(framing.stepSamples) &&
          framing.options.windowSamples >= 0 && framing.frames <= most;
 }

@@ -35,7 +35,7 @@ struct CepstralFraming {
 CepstralFraming FrameForCepstrum(const SampleRange& range, double rateHz, PitchSettings& settings);
 
 // False for a step that is not a positive number, a window below 0 samples, and steps so short that
-// the track would dwarf a recording of `samples` samples.
+// the track would dwarf a recording of `samples` samples or 1 GB of memory.
 bool IsUsable(const CepstralFraming& framing, std::int64_t samples);
 
 // One value in Hz for each frame and 5 more of 0; empty when an estimate is not supported.

@@ -13,9 +13,9 @@ inline bool IsSpectrumSize(std::int32_t points) {
   return points >= 32 && points <= 8192 && std::has_single_bit(static_cast<std::uint32_t>(points));
 }
 
-// The longest LPC frame in samples. No rate and order of speech come near it; a header of nonsense
-// does.
-inline constexpr std::int64_t kLongestLpcFrame = 1LL << 24U;
+// The longest LPC frame in samples: 400 coefficients at 5 MHz, less than a second of work. No rate
+// and order of speech come near it; a header of nonsense does.
+inline constexpr std::int64_t kLongestLpcFrame = 1LL << 21U;
 
 // The whole kHz within half of the rate, in Hz: 5000 at 11025 Hz, 0 below 2000 Hz.
 inline std::int32_t HighestRangeHz(double rateHz) { return TruncateToInt32(rateHz) / 2000 * 1000; }

@@ -10,6 +10,9 @@ namespace {
 
 constexpr double kRoundingOfPlace = 1e-9;  // display points
 
+// A row for every Hz of half a million samples a second; only the rate of a false header has more.
+constexpr std::size_t kMostEntries = 250'000;
+
 }  // namespace
 
 std::int64_t DisplayPointAt(std::size_t count, double hz, double maxHz) {
@@ -49,6 +52,7 @@ std::vector<LogEntry> FftLpcEntireFrameEntries(const std::string& source, const 
   std::vector<LogEntry> entries;
   const std::int64_t step = std::max<std::int32_t>(stepHz, 1);
   for (std::int64_t whole = 0; static_cast<double>(whole) < spectrum.maxHz; whole += step) {
+    if (entries.size() == kMostEntries) break;
     const auto hz = static_cast<double>(whole);
     const double fftDb = DisplayValueAt(spectrum.fftDb, hz, spectrum.maxHz);
     const double lpcDb = DisplayValueAt(spectrum.lpcDb, hz, spectrum.maxHz);
