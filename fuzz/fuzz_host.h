@@ -14,9 +14,11 @@
 namespace cantorix {
 
 // Recordings of some size go to the disk store.
-class LittleMemory : public MemoryProbe {
+class FuzzMemory : public MemoryProbe {
  public:
-  bool CanAllocate(std::uint64_t bytes) const override { return bytes < 512; }
+  bool CanAllocate(std::uint64_t bytes) const override { return bytes < end; }
+
+  std::uint64_t end = 512;
 };
 
 struct FuzzHost {
@@ -37,7 +39,7 @@ struct FuzzHost {
   const std::string folder = MakeFolder();
   QuietPrompts prompts;
   NoProgress progress;
-  LittleMemory memory;
+  FuzzMemory memory;
   DocumentHost host{.prompts = prompts,
                     .progress = progress,
                     .memory = memory,

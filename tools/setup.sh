@@ -33,7 +33,7 @@ for purpose in "$@"; do
     fixtures)
       packages+=(python3 sox libsox-fmt-mp3 ffmpeg flac praat speech-tools tcl-snack sndfile-programs)
       ;;
-    fuzz) packages+=(clang libclang-rt-14-dev) ;;
+    fuzz) packages+=(clang libclang-rt-14-dev llvm python3) ;;
     *) echo "setup.sh: unknown purpose: $purpose" >&2; exit 2 ;;
   esac
 done

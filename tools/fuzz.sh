@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# Hostile inputs, made by the million.
+# usage: tools/fuzz.sh MINUTES [TARGET]...    all targets, or these, for so many minutes in all
+#        tools/fuzz.sh coverage [TARGET]...   the lines of the own parsers that no input reaches
+#        tools/fuzz.sh minimise [TARGET]...   keeps of fuzz/corpus what reaches more than the rest
+# What a run finds out stays in build/fuzz/corpus and goes on from there. An input that breaks a
+# target is kept in build/fuzz/findings, and the exit code is 1.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+readers="aiff ascii au esps native nsp sphere today wav"
+[ $# -ge 1 ] || { sed -n '3,5s/^# \{0,1\}//p' "$0"; exit 2; }
+what=$1
+shift
+tools/setup.sh build fuzz
+work=build/fuzz/corpus
+export TMPDIR=/dev/shm
+[ -w "$TMPDIR" ] || unset TMPDIR
+
+targets() { sed -n 's/^.*\bfuzz_\([a-z_]*\): phony$/\1/p' | sort -u; }
+
+# Folders of inputs for a target; the first one takes what is new.
+inputs() {
+  mkdir -p "$work/$1"
+  echo "$work/$1 fuzz/corpus/$1"
+  [ "$1" != open ] || { printf ' fuzz/corpus/%s' $readers; echo " tests/document/recordings"; }
+}
+
+dictionary() {
+  case $1 in
+    open) (cd fuzz/dictionaries && cat aiff.dict au.dict esps.dict native.dict nsp.dict sphere.dict wav.dict) ;;
+    undo) cat fuzz/dictionaries/native.dict ;;
+    *) cat "fuzz/dictionaries/$1.dict" 2>/dev/null || true ;;
+  esac >"build/fuzz/$1.dict"
+  echo "build/fuzz/$1.dict"
+}
+
+# One target for some seconds; a row of what came of it.
+run() {
+  local log=build/fuzz/$1.log program=build/fuzz/fuzz/fuzz_$1 verdict="no finding" artifact
+  mkdir -p build/fuzz/findings
+  # A measurement may take a second and 512 MB, with the sanitizers ten times as much.
+  "$program" $(inputs "$1") -dict="$(dictionary "$1")" -max_total_time="$2" -print_final_stats=1 \
+    -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=4096 -close_fd_mask=3 -use_value_profile=1 \
+    -artifact_prefix="build/fuzz/findings/$1-" >"$log" 2>&1 || verdict="FINDING"
+  printf '%-14s %12s runs %8s a second  %s\n' "$1" \
+    "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \
+    "$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")" "$verdict"
+  [ "$verdict" != FINDING ] && return
+  artifact=$(sed -n 's/^.*Test unit written to //p' "$log" | tail -1)
+  [ -z "$artifact" ] || "$program" "$artifact" 2>&1 | grep -E 'ERROR|SUMMARY|    #[0-9] ' | head -12 || true
+  return 1
+}
+
+build() {
+  [ -f "$1/build.ninja" ] || "${@:2}" >&2
+  chosen=("${names[@]}")
+  [ ${#chosen[@]} -gt 0 ] || mapfile -t chosen < <(ninja -C "$1" -t targets all | targets)
+  ninja -C "$1" "${chosen[@]/#/fuzz_}" >&2
+}
+
+names=("$@")
+case $what in
+  coverage)
+    out=build/coverage
+    build $out cmake -S . -B $out -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCANTORIX_FUZZ=ON \
+      -DCANTORIX_TESTS=OFF -DCANTORIX_DESKTOP=OFF \
+      -DCMAKE_CXX_FLAGS="-O1 -fprofile-instr-generate -fcoverage-mapping"
+    rm -f $out/*.profraw
+    objects=()
+    for name in "${chosen[@]}"; do
+      LLVM_PROFILE_FILE=$out/$name.profraw $out/fuzz/fuzz_$name -runs=0 -close_fd_mask=3 \
+        $(inputs "$name") >/dev/null 2>&1
+      objects+=(-object "$out/fuzz/fuzz_$name")
+    done
+    llvm-profdata merge -sparse $out/*.profraw -o $out/all.profdata
+    llvm-cov export -format=lcov -instr-profile=$out/all.profdata "${objects[@]}" >$out/all.lcov
+    python3 tools/unreached.py $out/all.lcov
+    ;;
+  minimise)
+    build build/fuzz cmake --preset fuzz
+    for name in "${chosen[@]}"; do
+      fresh=$(mktemp -d)
+      build/fuzz/fuzz/fuzz_$name -merge=1 -max_len=2048 -close_fd_mask=3 "$fresh" \
+        $(inputs "$name") >/dev/null 2>&1
+      echo "$name: $(ls "$fresh" | wc -l) inputs, $(cat "$fresh"/* | wc -c) bytes in $fresh"
+    done
+    ;;
+  *)
+    [[ $what =~ ^[0-9]+$ ]] || { echo "fuzz: how many minutes? not $what" >&2; exit 2; }
+    build build/fuzz cmake --preset fuzz
+    status=0
+    for name in "${chosen[@]}"; do run "$name" $((what * 60 / ${#chosen[@]})) || status=1; done
+    exit $status
+    ;;
+esac
