@@ -2,6 +2,8 @@
 #include "app/log_journal.h"
 
 #include <algorithm>
+#include <limits>
+#include <new>
 #include <utility>
 
 #include "app/unsaved_recordings.h"
@@ -15,8 +17,8 @@ namespace {
 
 using Row = LogTable::Row;
 
-constexpr double kSyncEveryMs = 900.0;
-constexpr std::size_t kPiece = 4096;  // rows of one record
+constexpr std::size_t kRowsOfATick = 500;  // far below a millisecond of work
+constexpr std::size_t kPiece = 4096;       // rows of one record
 
 void PutTexts(PayloadWriter& out, const std::vector<std::string>& texts) {
   out.Put(static_cast<std::uint32_t>(texts.size()));
@@ -29,18 +31,13 @@ std::vector<std::string> TakeTexts(PayloadReader& in) {
   return texts;
 }
 
-// In pieces, so that no record grows without a bound.
-void AppendRows(JournalWriter& writer, const std::vector<Row>& rows, ListChange change) {
-  do {
-    const std::size_t count = std::min(change.added, kPiece);
-    PayloadWriter out;
-    out.Put(static_cast<std::uint32_t>(change.first));
-    out.Put(static_cast<std::uint32_t>(change.removed));
-    out.Put(static_cast<std::uint32_t>(count));
-    for (std::size_t i = 0; i < count; ++i) PutTexts(out, rows[change.first + i]);
-    writer.Append(RecordKind::kRows, out.bytes());
-    change = {change.first + count, 0, change.added - count};
-  } while (change.added > 0);
+void AppendRows(JournalWriter& writer, const std::vector<Row>& rows, const ListChange& change) {
+  PayloadWriter out;
+  out.Put(static_cast<std::uint32_t>(change.first));
+  out.Put(static_cast<std::uint32_t>(change.removed));
+  out.Put(static_cast<std::uint32_t>(change.added));
+  for (std::size_t i = 0; i < change.added; ++i) PutTexts(out, rows[change.first + i]);
+  writer.Append(RecordKind::kRows, out.bytes());
 }
 
 struct LogContent {
@@ -110,11 +107,26 @@ bool Offer(Application& application, File& file, std::optional<File>& restored) 
 
 }  // namespace
 
-LogJournal::LogJournal(const std::optional<LogTable>& log, JournalPlace place)
+LogJournal::LogJournal(std::optional<LogTable>& log, JournalPlace place)
     : log_(log), place_(std::move(place)) {}
 
 LogJournal::~LogJournal() {
   if (!log_ || !log_->isModified()) Drop();
+}
+
+template <typename Work>
+bool LogJournal::Guard(const Work& work) {
+  if (failed_) return false;
+  try {
+    work();
+  } catch (const FileError& error) {
+    failed_ = true;
+    reason_ = error.what();
+  } catch (const std::bad_alloc&) {
+    failed_ = true;
+    reason_.clear();
+  }
+  return !failed_;
 }
 
 std::optional<std::string> LogJournal::Tick(double nowMs) {
@@ -122,49 +134,70 @@ std::optional<std::string> LogJournal::Tick(double nowMs) {
     Drop();
     return std::nullopt;
   }
-  if (failed_) return std::nullopt;
+  Guard([&] {
+    WriteChanges(kRowsOfATick);
+    writer_->SyncNowAndThen(nowMs);
+  });
+  if (!failed_ || isTold_) return std::nullopt;
   try {
-    if (revision_ != log_->revision() || rows_.size() != log_->rows().size()) WriteChanges();
-    const bool isTime = !syncedAtMs_ || nowMs - *syncedAtMs_ >= kSyncEveryMs;
-    if (writer_->needsSync() && isTime) {
-      writer_->Sync();
-      syncedAtMs_ = nowMs;
-    }
-  } catch (const FileError& error) {
-    failed_ = true;
-    return "What is entered into the log from here on would be lost in a crash. " +
-           std::string(error.what());
+    auto text = "What is entered into the log from here on would be lost in a crash. " +
+                (reason_.empty() ? "There is not enough memory." : reason_);
+    isTold_ = true;
+    return text;
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;  // the next tick tells
   }
-  return std::nullopt;
 }
 
-void LogJournal::WriteChanges() {
+bool LogJournal::WriteAll() {
+  return Guard([this] {
+    if (!log_) return;
+    WriteChanges(std::numeric_limits<std::size_t>::max());
+    writer_->Sync();
+  });
+}
+
+void LogJournal::WriteChanges(std::size_t mostRows) {
+  const std::vector<Row>& rows = log_->rows();
+  ListChange change = log_->TakeChange();
   if (!writer_) {
     writer_.emplace(place_, kLogJournals);
     PayloadWriter title;
     title.PutText(log_->title());
     writer_->Append(RecordKind::kLog, title.bytes());
+    change = {0, 0, rows.size()};
   }
+  change.removed =
+      std::min(change.removed, writtenRows_ + unwritten_.added - unwritten_.removed - change.first);
+  changesToCount_ += static_cast<std::uint32_t>(change.touched());
+  unwritten_ = Joined(unwritten_, change);
   if (captions_ != log_->captions()) {
     PayloadWriter out;
     PutTexts(out, log_->captions());
     writer_->Append(RecordKind::kCaptions, out.bytes());
+    captions_ = log_->captions();
   }
-  const ListChange change = ChangeOf(rows_, log_->rows());
-  if (!change.empty()) AppendRows(*writer_, log_->rows(), change);
-  writer_->Commit(static_cast<std::uint32_t>(change.touched()), place_.stamp());
-  captions_ = log_->captions();
-  rows_ = log_->rows();
-  revision_ = log_->revision();
+  while (!unwritten_.empty() && mostRows > 0) {
+    ListChange piece = unwritten_;
+    piece.added = std::min({piece.added, kPiece, mostRows});
+    AppendRows(*writer_, rows, piece);
+    mostRows -= std::max<std::size_t>(1, piece.added);
+    writtenRows_ += piece.added - piece.removed;
+    unwritten_ = {piece.first + piece.added, 0, unwritten_.added - piece.added};
+  }
+  if (!unwritten_.empty() || !writer_->hasUncommitted()) return;
+  writer_->Commit(changesToCount_, place_.stamp());
+  changesToCount_ = 0;
 }
 
 void LogJournal::Drop() noexcept {
   if (writer_) writer_->Delete();
   writer_.reset();
   captions_.clear();
-  rows_.clear();
-  revision_.reset();
-  failed_ = false;
+  writtenRows_ = 0;
+  unwritten_ = {};
+  changesToCount_ = 0;
+  failed_ = isTold_ = false;
 }
 
 std::optional<File> OfferLeftLog(Application& application) {

@@ -13,28 +13,37 @@ namespace cantorix {
 class LogJournal {
  public:
   // `log` outlives the journal.
-  LogJournal(const std::optional<LogTable>& log, JournalPlace place);
+  LogJournal(std::optional<LogTable>& log, JournalPlace place);
   // The file goes, unless a log with unsaved rows is still open.
   ~LogJournal();
   LogJournal(const LogJournal&) = delete;
   LogJournal& operator=(const LogJournal&) = delete;
 
-  // Writes the rows that have changed since the last time; the file goes when the log is saved or
-  // closed. Gives a sentence for the user, once, when they can no longer be written.
+  // Writes the rows that have changed since the last time, of many a part; the file goes when the
+  // log is saved or closed. Does not wait for the disk. Gives a sentence for the user, once, when
+  // they can no longer be written.
   std::optional<std::string> Tick(double nowMs);
+  // Whether the next tick should come soon.
+  bool isBehind() const { return !unwritten_.empty() && !failed_; }
+  // Writes all of them and waits for the disk. False when they cannot be written, which Tick tells.
+  bool WriteAll();
 
  private:
-  void WriteChanges();
+  void WriteChanges(std::size_t mostRows);
+  template <typename Work>
+  bool Guard(const Work& work);
   void Drop() noexcept;
 
-  const std::optional<LogTable>& log_;
+  std::optional<LogTable>& log_;
   JournalPlace place_;
   std::optional<JournalWriter> writer_;
-  std::vector<std::string> captions_;  // as they were written, and so are these:
-  std::vector<LogTable::Row> rows_;
-  std::optional<std::uint64_t> revision_;
-  std::optional<double> syncedAtMs_;
+  std::vector<std::string> captions_;  // as they were written
+  std::size_t writtenRows_ = 0;
+  ListChange unwritten_;  // from the rows that were written to those that there are
+  std::uint32_t changesToCount_ = 0;
   bool failed_ = false;
+  bool isTold_ = false;
+  std::string reason_;  // of the failure; empty for want of memory
 };
 
 // Asks of the log journals that killed programs left, the oldest first, whether to restore them,

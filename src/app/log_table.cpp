@@ -34,6 +34,7 @@ bool LogTable::Append(const LogEntry& entry) {
   Row row = RowOf(entry);
   while (captions_.size() < row.size()) captions_.push_back(CaptionOf(captions_.size()));
   rows_.push_back(std::move(row));
+  Note({rows_.size() - 1, 0, 1});
   MarkModified();
   return false;
 }
@@ -54,6 +55,8 @@ void LogTable::RemoveRows(std::span<const std::size_t> rows) {
       ++kept;
     }
   }
+  const std::size_t touched = rows.back() + 1 - rows.front();
+  Note({rows.front(), touched, touched - rows.size()});
   rows_.resize(kept);
   MarkModified();
 }
@@ -67,6 +70,7 @@ void LogTable::SetCell(std::size_t row, std::size_t column, const std::string& t
   cells[column] = text;
   const auto breaks = [](char c) { return c == '\t' || c == '\r' || c == '\n'; };
   std::replace_if(cells[column].begin(), cells[column].end(), breaks, ' ');
+  Note({row, 1, 1});
   MarkModified();
 }
 
@@ -86,6 +90,12 @@ void LogTable::Undo() {
     rows.push_back(std::move(row));
   }
   putBack();
+  if (edited_) {
+    Note({edited_->row, 1, 1});
+  } else {
+    const std::size_t touched = removed_.back().index + 1 - removed_.front().index;
+    Note({removed_.front().index, touched - removed_.size(), touched});
+  }
   rows_ = std::move(rows);
   removed_.clear();
   edited_.reset();
@@ -101,6 +111,7 @@ void LogTable::Replace(std::vector<std::string> captions, std::vector<Row> rows)
   edited_.reset();
   captions_ = std::move(captions);
   rows_ = std::move(rows);
+  untaken_ = {0, kHoweverMany, rows_.size()};
   ++revision_;
 }
 
@@ -108,6 +119,10 @@ void LogTable::Restore(std::vector<std::string> captions, std::vector<Row> rows)
   Replace(std::move(captions), std::move(rows));
   MarkModified();
 }
+
+ListChange LogTable::TakeChange() { return std::exchange(untaken_, {rows_.size(), 0, 0}); }
+
+void LogTable::Note(const ListChange& change) { untaken_ = Joined(untaken_, change); }
 
 void LogTable::MarkModified() {
   modified_ = true;

@@ -4,11 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "journal/list_change.h"
 #include "mainview/log_entry.h"
 
 namespace cantorix {
@@ -17,6 +19,7 @@ class LogTable : public LogSink {
  public:
   // The first cells of a row; the cells of the columns after them hold no value.
   using Row = std::vector<std::string>;
+  static constexpr std::size_t kHoweverMany = std::numeric_limits<std::size_t>::max();
 
   // A new log: no rows, the columns "Source" and "Entry Type".
   LogTable();
@@ -54,6 +57,10 @@ class LogTable : public LogSink {
   // Grows with every change of rows and captions.
   std::uint64_t revision() const { return revision_; }
 
+  // The rows that have changed since the last call, for one who follows; at the first all of them
+  // are new, and `removed` stands for as many as the follower has.
+  ListChange TakeChange();
+
   // Takes the content of a file: as many columns as captions, and no row with more cells.
   void Replace(std::vector<std::string> captions, std::vector<Row> rows);
   // The same of what is in no file.
@@ -63,6 +70,8 @@ class LogTable : public LogSink {
 
  private:
   void MarkModified();
+  // The rows [first, first + removed) of before are [first, first + added) now.
+  void Note(const ListChange& change);
 
   std::vector<std::string> captions_;
   std::vector<Row> rows_;
@@ -79,6 +88,7 @@ class LogTable : public LogSink {
   std::string path_;
   bool modified_ = false;
   std::uint64_t revision_ = 0;
+  ListChange untaken_{0, kHoweverMany, 0};
 };
 
 }  // namespace cantorix

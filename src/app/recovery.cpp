@@ -116,8 +116,7 @@ bool Restore(LeftWork& left, CSonadexDoc& document, DocumentJournal& journal, Pr
   } else {
     if (!RestoreWithoutSamples(left.work, obstacle, document, journal, prompts)) return false;
     // In the journal of its own stands everything that could be restored.
-    journal.Tick(0.0);
-    if (journal.file() != nullptr) DeleteClaimed(left.journal);
+    if (journal.WriteAll()) DeleteClaimed(left.journal);
   }
   NameDocument(left.work.header, document);
   return true;

@@ -53,7 +53,8 @@ void RunCapture(Capture& capture) {
     try {
       RunRound(capture);
     } catch (const std::exception&) {
-      // Whoever threw has told the user.
+      // Whoever threw has told the user, unless memory ran out even for that: who looks at the
+      // recorder's status finds the failure, ends the recording and says so.
       capture.hasFailed.store(true, std::memory_order_release);
     }
   }

@@ -31,6 +31,12 @@ class SoundNotices : public NoticeSink {
     told_.clear();
   }
 
+  // Whether this run has told nothing.
+  bool isSilent() {
+    const std::lock_guard lock(mutex_);
+    return told_.empty();
+  }
+
   // The texts that came since the last call.
   std::vector<std::string> Take() {
     const std::lock_guard lock(mutex_);

@@ -14,6 +14,7 @@ namespace cantorix {
 namespace {
 
 constexpr int kTickMs = 250;
+constexpr int kSoonMs = 10;  // between the parts of what is much
 
 }  // namespace
 
@@ -32,6 +33,7 @@ void JournalTimer::Tick() {
   const double nowMs = clock_.NowMs();
   if (auto text = documents_.TickJournals(nowMs)) untold_ = std::move(*text);
   if (auto text = log_.Tick(nowMs)) untold_ = std::move(*text);
+  timer_.start(documents_.areJournalsBehind() || log_.isBehind() ? kSoonMs : kTickMs);
   const bool isBusy = progress_.running() || QApplication::activeModalWidget() != nullptr;
   if (untold_.empty() || isBusy) return;
   application_.prompts().Message(std::exchange(untold_, {}));

@@ -21,6 +21,8 @@ class JournalTimer {
 
   // What is due now.
   void Tick();
+  // The rows of the log, all and down to the disk. False when that failed.
+  bool WriteLog() { return log_.WriteAll(); }
 
  private:
   Application& application_;

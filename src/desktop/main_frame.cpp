@@ -126,8 +126,7 @@ void CMainFrame::OfferWhatWasLeft() {
   }
   if (const auto journal = OfferLeftLog(application)) {
     ShowLog();
-    journals_.Tick();
-    DeleteClaimed(*journal);
+    if (journals_.WriteLog()) DeleteClaimed(*journal);
   }
   for (auto& recording : OfferUnsavedRecordings(application, offered.recordingsForLater)) {
     OpenRecording(std::move(recording));

@@ -1,6 +1,7 @@
 // open_documents.cpp - a path that is open already is not opened twice.
 #include "desktop/open_documents.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
@@ -47,6 +48,11 @@ std::optional<std::string> OpenDocuments::TickJournals(double nowMs) {
     if (auto text = entry->journal.Tick(nowMs)) told = std::move(text);
   }
   return told;
+}
+
+bool OpenDocuments::areJournalsBehind() const {
+  return std::any_of(entries_.begin(), entries_.end(),
+                     [](const auto& entry) { return entry->journal.isBehind(); });
 }
 
 CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<Entry> entry) {

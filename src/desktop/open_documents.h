@@ -31,6 +31,8 @@ class OpenDocuments {
   CSonadexDoc* Restore(LeftWork left);
   // Lets the journals write what was done. Gives what the user has to be told, or nothing.
   std::optional<std::string> TickJournals(double nowMs);
+  // Whether they should soon be let to write again.
+  bool areJournalsBehind() const;
 
   std::vector<CSonadexDoc*> All() const;
   // The picture of an open document's samples, shared by its windows.

@@ -1,6 +1,7 @@
 // document_journal.cpp - changes are noted when they happen and written when the program is idle.
 #include "journal/document_journal.h"
 
+#include <new>
 #include <utility>
 
 #include "journal/journalled_work.h"
@@ -9,11 +10,27 @@
 namespace cantorix {
 namespace {
 
-constexpr double kSyncEveryMs = 900.0;
+// Of one tick, so that it stays far below a millisecond.
+constexpr std::size_t kLabelsOfATick = 500;
 
 const SpanSource kNoSamples{{}};
 
 }  // namespace
+
+template <typename Work>
+bool DocumentJournal::Guard(const Work& work) {
+  if (failed_) return false;
+  try {
+    work();
+  } catch (const FileError& error) {
+    failed_ = true;
+    reason_ = error.what();
+  } catch (const std::bad_alloc&) {
+    failed_ = true;
+    reason_.clear();
+  }
+  return !failed_;
+}
 
 DocumentJournal::DocumentJournal(CSonadexDoc& document, JournalPlace place)
     : document_(document), place_(std::move(place)) {
@@ -29,17 +46,18 @@ DocumentJournal::~DocumentJournal() {
 }
 
 void DocumentJournal::Follow() {
-  CaptureState(document_, kRecordedChanges, known_);
   pending_ = {};
-  stateWritten_ = failed_ = hasUndoPoint_ = false;
-  editsToCount_ = 0;
-  originState_ = StateOf(document_.origin().path);
-  try {
+  hasUndoPoint_ = isBehind_ = failed_ = isTold_ = false;
+  editsToCount_ = changesToCount_ = 0;
+  originSamples_ = 0;
+  fingerprint_ = 0;
+  Guard([this] {
+    written_ = {};
+    Update(known_, document_, kRecordedChanges);
+    originState_ = StateOf(document_.origin().path);
     originSamples_ = document_.Samples().length();
     fingerprint_ = Fingerprint(document_.Samples());
-  } catch (const FileError& error) {
-    Fail(error.what());
-  }
+  });
 }
 
 void DocumentJournal::OriginChanged() {
@@ -52,14 +70,7 @@ void DocumentJournal::DocumentChanged(DocumentChanges changes, const DocumentObs
 }
 
 void DocumentJournal::SamplesEdited(const SampleEdit& edit) {
-  if (failed_) return;
-  try {
-    Record(edit);
-  } catch (const FileError& error) {
-    Fail(error.what());
-  } catch (const std::bad_alloc&) {
-    Fail("There is not enough memory.");
-  }
+  Guard([&] { Record(edit); });
 }
 
 void DocumentJournal::Record(const SampleEdit& edit) {
@@ -98,45 +109,51 @@ void DocumentJournal::Begin() {
 }
 
 std::optional<std::string> DocumentJournal::Tick(double nowMs) {
-  if (untold_) return std::exchange(untold_, std::nullopt);
-  if (failed_) return std::nullopt;
+  Guard([&] {
+    if (isBehind_ || !pending_.empty()) WriteChanges(kLabelsOfATick);
+    if (writer_) writer_->SyncNowAndThen(nowMs);
+  });
+  if (!failed_ || isTold_) return std::nullopt;
   try {
-    if (!pending_.empty()) WriteChanges();
-    const bool isTime = !syncedAtMs_ || nowMs - *syncedAtMs_ >= kSyncEveryMs;
-    if (writer_ && writer_->needsSync() && isTime) {
-      writer_->Sync();
-      syncedAtMs_ = nowMs;
-    }
-  } catch (const FileError& error) {
-    Fail(error.what());
+    // What was committed stays: it is the work as it was then.
+    auto text = "What is done to ' " + document_.title() +
+                " ' from here on would be lost in a crash. " +
+                (reason_.empty() ? "There is not enough memory." : reason_);
+    isTold_ = true;
+    return text;
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;  // the next tick tells
   }
-  return std::exchange(untold_, std::nullopt);
 }
 
-void DocumentJournal::WriteChanges() {
-  RecordedState now = known_;
-  CaptureState(document_, pending_, now);
+bool DocumentJournal::WriteAll() {
+  return Guard([this] {
+    WriteChanges(kAllLabels);
+    if (writer_) writer_->Sync();
+  });
+}
+
+void DocumentJournal::WriteChanges(std::size_t mostLabels) {
+  const std::uint32_t found = Update(known_, document_, pending_);
   pending_ = {};
   // The labels that an edit moves belong to it.
   const std::uint32_t edits = std::exchange(editsToCount_, 0);
-  const std::uint32_t changes = edits > 0 ? edits : CountChanges(known_, now);
-  const bool nothingNew = changes == 0 && (!writer_ || now.settings == known_.settings);
-  if (nothingNew && !(writer_ && !stateWritten_)) {
-    known_ = std::move(now);
-    return;
-  }
+  changesToCount_ += edits > 0 ? edits : found;
+  if (!writer_ && changesToCount_ == 0) return;
   if (!writer_) Begin();
-  AppendChanges(*writer_, stateWritten_ ? &known_ : nullptr, now);
-  writer_->Commit(changes, place_.stamp());
-  stateWritten_ = true;
-  known_ = std::move(now);
+  isBehind_ = !AppendChanges(*writer_, written_, known_, mostLabels);
+  if (isBehind_ || !writer_->hasUncommitted()) return;
+  writer_->Commit(changesToCount_, place_.stamp());
+  changesToCount_ = 0;
 }
 
 void DocumentJournal::GoOn(File file, std::int64_t bytes) {
   Drop();
   Follow();
-  writer_.emplace(std::move(file), bytes);
-  stateWritten_ = true;
+  Guard([&] {
+    written_ = known_;
+    writer_.emplace(std::move(file), bytes);
+  });
 }
 
 void DocumentJournal::BeginAnew() {
@@ -149,24 +166,15 @@ void DocumentJournal::BeginWithSamples() {
   originSamples_ = 0;
   fingerprint_ = Fingerprint(kNoSamples);
   BeginAnew();
-  try {
+  Guard([this] {
     Begin();
     AppendEdit(*writer_, {.kind = SampleEdit::Kind::kSplice}, document_.Samples());
-  } catch (const FileError& error) {
-    Fail(error.what());
-  }
+  });
 }
 
 void DocumentJournal::Drop() noexcept {
   if (writer_) writer_->Delete();
   writer_.reset();
-}
-
-// What was committed stays: it is the work as it was then.
-void DocumentJournal::Fail(const std::string& reason) {
-  failed_ = true;
-  untold_ = "What is done to ' " + document_.title() +
-            " ' from here on would be lost in a crash. " + reason;
 }
 
 }  // namespace cantorix

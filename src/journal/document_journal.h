@@ -24,10 +24,14 @@ class DocumentJournal : public DocumentObserver, public SampleEditListener {
   DocumentJournal(const DocumentJournal&) = delete;
   DocumentJournal& operator=(const DocumentJournal&) = delete;
 
-  // Writes what has happened since the last time and, once a second at most, lets it go through to
-  // the disk. `nowMs` of a clock that goes on. Gives a sentence for the user, once, when the work
-  // can no longer be written.
+  // Writes what has happened since the last time, of many labels a part, and once a second at most
+  // lets it go through to the disk, for which it does not wait. `nowMs` of a clock that goes on.
+  // Gives a sentence for the user, once, when the work can no longer be written.
   std::optional<std::string> Tick(double nowMs);
+  // Whether the next tick should come soon.
+  bool isBehind() const { return isBehind_ && !failed_; }
+  // Writes all of it and waits for the disk. False when it cannot be written, which Tick tells.
+  bool WriteAll();
 
   // The document has just been made from a journal: goes on in it, behind its first `bytes` bytes.
   void GoOn(File file, std::int64_t bytes);
@@ -47,24 +51,28 @@ class DocumentJournal : public DocumentObserver, public SampleEditListener {
   void Follow();
   void Begin();
   void Record(const SampleEdit& edit);
-  void WriteChanges();
+  void WriteChanges(std::size_t mostLabels);
+  // Does `work`; false when it failed, now or before.
+  template <typename Work>
+  bool Guard(const Work& work);
   void Drop() noexcept;
-  void Fail(const std::string& reason);
 
   CSonadexDoc& document_;
   JournalPlace place_;
   std::optional<JournalWriter> writer_;
-  RecordedState known_;  // what was written or, without a journal, what the origin holds
-  bool stateWritten_ = false;
+  RecordedState known_;    // as it was followed last; at first what the origin holds
+  RecordedState written_;  // what stands in the journal
   DocumentChanges pending_;
+  std::uint32_t changesToCount_ = 0;
+  bool isBehind_ = false;
   FileState originState_;
   std::int64_t originSamples_ = 0;
   std::uint32_t fingerprint_ = 0;
   bool hasUndoPoint_ = false;
   std::uint32_t editsToCount_ = 0;
   bool failed_ = false;
-  std::optional<std::string> untold_;
-  std::optional<double> syncedAtMs_;
+  bool isTold_ = false;
+  std::string reason_;  // of the failure; empty for want of memory
 };
 
 }  // namespace cantorix

@@ -19,7 +19,10 @@ constexpr std::uint32_t kVersion = 1;
 constexpr std::size_t kHeadBytes = 12;        // of the file
 constexpr std::size_t kRecordHeadBytes = 12;  // length, kind, checksum
 constexpr std::size_t kChecksumAt = 8;
-constexpr std::size_t kBufferBytes = std::size_t{1} << 22U;
+// Little enough to be written in a tick; an edit writes what is more itself.
+constexpr std::size_t kBufferBytes = std::size_t{1} << 17U;
+
+constexpr double kSyncEveryMs = 900.0;
 
 constexpr std::string_view kSuffix = ".journal";
 
@@ -45,7 +48,7 @@ JournalWriter::JournalWriter(const JournalPlace& place, std::string_view prefix)
 }
 
 JournalWriter::JournalWriter(File file, std::int64_t bytes)
-    : file_(std::move(file)), written_(bytes), committed_(bytes), synced_(bytes) {
+    : file_(std::move(file)), written_(bytes), committed_(bytes) {
   file_.Resize(bytes);
 }
 
@@ -79,12 +82,17 @@ void JournalWriter::WriteOut() {
   buffer_.clear();
 }
 
-void JournalWriter::Sync() {
-  file_.Sync();
-  synced_ = committed_;
+void JournalWriter::Sync() { file_.Sync(); }
+
+void JournalWriter::SyncNowAndThen(double nowMs) {
+  if (syncedAtMs_ && nowMs - *syncedAtMs_ < kSyncEveryMs) return;
+  if (sync_.synced() == committed_) return;
+  sync_.Begin(file_, committed_);
+  syncedAtMs_ = nowMs;
 }
 
 void JournalWriter::Delete() noexcept {
+  sync_.LetGo();
   DeleteClaimed(file_);
   file_ = File();
 }

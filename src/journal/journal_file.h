@@ -12,12 +12,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "journal/background_sync.h"
 #include "journal/payload.h"
 #include "platform/file.h"
 
@@ -66,9 +68,13 @@ class JournalWriter {
   void Append(RecordKind kind, std::span<const std::byte> content);
   // What was appended since the last one counts from now on: so many changes of the user's.
   void Commit(std::uint32_t changes, const std::string& stamp);
-  // What was committed goes through to the disk.
+  // Whether something was appended since.
+  bool hasUncommitted() const { return written_ + std::ssize(buffer_) != committed_; }
+  // Through to the disk, and waits for it. Throws FileError.
   void Sync();
-  bool needsSync() const { return synced_ != committed_; }
+  // Once a second at most lets what was committed go through to the disk, without waiting for it.
+  // `nowMs` of a clock that goes on. Throws FileError when the time before failed, too.
+  void SyncNowAndThen(double nowMs);
 
   void Delete() noexcept;
 
@@ -79,7 +85,8 @@ class JournalWriter {
   std::vector<std::byte> buffer_;  // not written yet
   std::int64_t written_ = 0;       // bytes of the file, as are these:
   std::int64_t committed_ = 0;
-  std::int64_t synced_ = 0;
+  BackgroundSync sync_;
+  std::optional<double> syncedAtMs_;
 };
 
 struct JournalRecord {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <vector>
 
 namespace cantorix {
@@ -14,7 +15,7 @@ struct ListChange {
   std::size_t removed = 0;
   std::size_t added = 0;
 
-  bool empty() const { return removed + added == 0; }
+  bool empty() const { return removed == 0 && added == 0; }
   std::size_t touched() const { return std::max(removed, added); }
 };
 
@@ -30,6 +31,33 @@ ListChange ChangeOf(const std::vector<T>& before, const std::vector<T>& now) {
     --change.added;
   }
   return change;
+}
+
+// One change and then another as a single one that covers both. `removed` may stand for however
+// many there are in the first one; then it does in the result.
+inline ListChange Joined(const ListChange& one, const ListChange& then) {
+  if (one.empty()) return then;
+  if (then.empty()) return one;
+  const std::size_t first = std::min(one.first, then.first);
+  // Of the list between the two.
+  const std::size_t end = std::max(one.first + one.added, then.first + then.removed);
+  const std::size_t length = end - first;
+  const bool isAll = one.removed == std::numeric_limits<std::size_t>::max();
+  return {first, isAll ? one.removed : length - one.added + one.removed,
+          length - then.removed + then.added};
+}
+
+// Does a change to `list`, which becomes as `now` is there.
+template <typename T>
+void Make(const ListChange& change, std::vector<T>& list, const std::vector<T>& now) {
+  const std::size_t same = std::min(change.removed, change.added);
+  const auto from = now.begin() + static_cast<std::ptrdiff_t>(change.first);
+  const auto at = list.begin() + static_cast<std::ptrdiff_t>(change.first);
+  std::copy(from, from + static_cast<std::ptrdiff_t>(same), at);
+  const auto rest = at + static_cast<std::ptrdiff_t>(same);
+  list.insert(list.erase(rest, at + static_cast<std::ptrdiff_t>(change.removed)),
+              from + static_cast<std::ptrdiff_t>(same),
+              from + static_cast<std::ptrdiff_t>(change.added));
 }
 
 }  // namespace cantorix

@@ -98,20 +98,46 @@ void AppendTier(JournalWriter& writer, std::size_t slot, const Tier& tier) {
   writer.Append(RecordKind::kTier, out.bytes());
 }
 
-// In pieces, so that no record grows without a bound.
 void AppendLabels(JournalWriter& writer, std::size_t slot, const Tier& tier, ListChange change) {
+  PayloadWriter out;
+  out.Put(static_cast<std::uint8_t>(slot));
+  out.Put(static_cast<std::uint32_t>(change.first));
+  out.Put(static_cast<std::uint32_t>(change.removed));
+  out.Put(static_cast<std::uint32_t>(change.added));
+  for (std::size_t i = 0; i < change.added; ++i) PutLabel(out, tier.labels[change.first + i]);
+  writer.Append(RecordKind::kLabels, out.bytes());
+}
+
+void CopyHead(const Tier& from, Tier& to) {
+  to.inUse = from.inUse;
+  to.tierWord = from.tierWord;
+  to.name = from.name;
+}
+
+// In pieces, so that no record grows without a bound: those of the list `now` in the order of time
+// can be taken one after the other. False when `mostLabels` were too few.
+bool AppendTierChanges(JournalWriter& writer, std::size_t slot, Tier& written, const Tier& now,
+                       std::size_t& mostLabels) {
   constexpr std::size_t kPiece = 4096;
-  do {
-    const std::size_t count = std::min(change.added, kPiece);
-    PayloadWriter out;
-    out.Put(static_cast<std::uint8_t>(slot));
-    out.Put(static_cast<std::uint32_t>(change.first));
-    out.Put(static_cast<std::uint32_t>(change.removed));
-    out.Put(static_cast<std::uint32_t>(count));
-    for (std::size_t i = 0; i < count; ++i) PutLabel(out, tier.labels[change.first + i]);
-    writer.Append(RecordKind::kLabels, out.bytes());
-    change = {change.first + count, 0, change.added - count};
-  } while (change.added > 0);
+  if (!SameHead(written, now)) {
+    AppendTier(writer, slot, now);
+    CopyHead(now, written);
+  }
+  ListChange change = ChangeOf(written.labels, now.labels);
+  while (!change.empty()) {
+    if (mostLabels == 0) return false;
+    ListChange piece = change;
+    piece.added = std::min({change.added, kPiece, mostLabels});
+    // The last piece takes what is left of the old ones.
+    piece.removed =
+        piece.added < change.added ? std::min(piece.added, change.removed) : change.removed;
+    AppendLabels(writer, slot, now, piece);
+    Make(piece, written.labels, now.labels);
+    mostLabels -= std::max<std::size_t>(1, piece.added);
+    change = {change.first + piece.added, change.removed - piece.removed,
+              change.added - piece.added};
+  }
+  return true;
 }
 
 Tier& TierIn(PayloadReader& in, RecordedState& state) {
@@ -177,34 +203,38 @@ void ApplySettings(const Bytes& bytes, CSonadexDoc& document) {
 
 }  // namespace
 
-void CaptureState(const CSonadexDoc& document, DocumentChanges changes, RecordedState& state) {
-  if (changes.HasAny(kRecordedChanges)) state.fields = FieldsOf(document.channel());
+std::uint32_t Update(RecordedState& state, const CSonadexDoc& document, DocumentChanges changes) {
+  std::size_t count = 0;
+  if (changes.HasAny(kRecordedChanges)) {
+    Bytes fields = FieldsOf(document.channel());
+    if (fields != state.fields) ++count;
+    state.fields = std::move(fields);
+  }
   if (changes.HasAny(DocumentChange::kLabels | DocumentChange::kSamples)) {
-    state.tiers = document.channel().tiers;
+    for (std::size_t i = 0; i < state.tiers.size(); ++i) {
+      Tier& known = state.tiers[i];
+      const Tier& now = document.channel().tiers[i];
+      if (!SameHead(known, now)) ++count;
+      CopyHead(now, known);
+      const ListChange change = ChangeOf(known.labels, now.labels);
+      count += change.touched();
+      Make(change, known.labels, now.labels);
+    }
   }
   if (changes.Has(DocumentChange::kSettings)) state.settings = SettingsOf(document);
-}
-
-std::uint32_t CountChanges(const RecordedState& before, const RecordedState& now) {
-  std::size_t count = before.fields == now.fields ? 0 : 1;
-  for (std::size_t i = 0; i < now.tiers.size(); ++i) {
-    const ListChange change = ChangeOf(before.tiers[i].labels, now.tiers[i].labels);
-    count += change.touched();
-    if (!SameHead(before.tiers[i], now.tiers[i])) ++count;
-  }
   return static_cast<std::uint32_t>(count);
 }
 
-void AppendChanges(JournalWriter& writer, const RecordedState* before, const RecordedState& now) {
-  const RecordedState nothing;
-  const RecordedState& from = before != nullptr ? *before : nothing;
-  if (from.fields != now.fields) writer.Append(RecordKind::kFields, now.fields);
+bool AppendChanges(JournalWriter& writer, RecordedState& written, const RecordedState& now,
+                   std::size_t mostLabels) {
+  if (written.fields != now.fields) writer.Append(RecordKind::kFields, now.fields);
+  written.fields = now.fields;
   for (std::size_t i = 0; i < now.tiers.size(); ++i) {
-    if (!SameHead(from.tiers[i], now.tiers[i])) AppendTier(writer, i, now.tiers[i]);
-    const ListChange change = ChangeOf(from.tiers[i].labels, now.tiers[i].labels);
-    if (!change.empty()) AppendLabels(writer, i, now.tiers[i], change);
+    if (!AppendTierChanges(writer, i, written.tiers[i], now.tiers[i], mostLabels)) return false;
   }
-  if (from.settings != now.settings) writer.Append(RecordKind::kSettings, now.settings);
+  if (written.settings != now.settings) writer.Append(RecordKind::kSettings, now.settings);
+  written.settings = now.settings;
+  return true;
 }
 
 void TakeRecord(const JournalRecord& record, RecordedState& state) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -21,17 +22,19 @@ struct RecordedState {
   std::vector<std::byte> settings;  // as a kSettings record holds them
 };
 
-// Brings the parts of `state` up to date that `changes` may have touched.
-void CaptureState(const CSonadexDoc& document, DocumentChanges changes, RecordedState& state);
 inline constexpr DocumentChanges kRecordedChanges =
     DocumentChange::kLabels | DocumentChange::kReference | DocumentChange::kSamples |
     DocumentChange::kSettings;
 
-// How many labels, tiers and fields differ. Settings count for nothing: they are no work by
-// themselves.
-std::uint32_t CountChanges(const RecordedState& before, const RecordedState& now);
-// Appends the records that turn `before` into `now`. Null: everything.
-void AppendChanges(JournalWriter& writer, const RecordedState* before, const RecordedState& now);
+// Brings the parts of `state` up to date that `changes` may have touched. Gives how many labels,
+// tiers and fields differed. Settings count for nothing: they are no work by themselves.
+std::uint32_t Update(RecordedState& state, const CSonadexDoc& document, DocumentChanges changes);
+
+// Appends the records that turn `written` into `now`, and does the same with `written`; but no more
+// than so many labels. False when there is more to do.
+inline constexpr std::size_t kAllLabels = std::numeric_limits<std::size_t>::max();
+bool AppendChanges(JournalWriter& writer, RecordedState& written, const RecordedState& now,
+                   std::size_t mostLabels);
 
 // Takes a record of one of the four kinds. Throws BadRecord, with `state` unchanged or partly so.
 void TakeRecord(const JournalRecord& record, RecordedState& state);

@@ -18,6 +18,8 @@ constexpr double kLeastRoomSeconds = 30.0;
 constexpr const char* kInputLost = "The sound input has gone. What was recorded is kept.";
 constexpr const char* kInputSilent =
     "Nothing has come from the sound input for two seconds. What was recorded is kept.";
+constexpr const char* kInputFailed =
+    "There is not enough memory to go on recording. What was recorded is kept.";
 constexpr const char* kInputStuck =
     "The sound input does not answer. The recording is offered at the next start.";
 constexpr const char* kWatchLost = "The sound input has gone.";
@@ -208,6 +210,8 @@ void SoundDesk::LookAtRecording() {
   if (end == RunEnd::kNone) return;
   if (end == RunEnd::kLost) notices_->Notice(kInputLost);
   if (end == RunEnd::kSilent) notices_->Notice(kInputSilent);
+  // Whatever else fails says so itself, and only memory can be short for that.
+  if (end == RunEnd::kFailed && notices_->isSilent()) notices_->Notice(kInputFailed);
   FinishRecording();
 }
 

@@ -57,6 +57,17 @@ TEST_F(RecoveryTest, BringsBackEveryKindOfWork) {
          s.document.channel().tiers[1].labels.clear();
          s.document.Notify(DocumentChange::kLabels);
        }},
+      {"more labels than one tick writes, and some gone before the last", Place::kMemory,
+       "2003 changes",
+       [this](S& s) {
+         for (int i = 0; i < 1200; ++i) AddLabel(s.document, 3, i, std::to_string(i));
+         Label(s, 5.0, "a");
+         s.journal.Tick(0.0);
+         auto& labels = s.document.channel().tiers[3].labels;
+         labels.erase(labels.begin() + 400, labels.begin() + 403);
+         labels.resize(labels.size() - 2);
+         s.document.Notify(DocumentChange::kLabels);
+       }},
       {"settings beside a label", Place::kMemory, "2 changes",
        [this](S& s) {
          Label(s, 5.0, "a");
@@ -284,6 +295,14 @@ TEST_F(RecoveryTest, TheLogComesBackUntilItIsSaved) {
   log->Append(entry("c", "4"));
   log->SetCell(0, 2, "5");
   journal.Tick(0.0);
+  EXPECT_FALSE(journal.isBehind());
+  for (int i = 0; i < 1200; ++i) log->Append(entry("d", std::to_string(i).c_str()));
+  journal.Tick(0.0);
+  EXPECT_TRUE(journal.isBehind());  // nothing of it counts yet
+  log->RemoveRows(std::vector<std::size_t>{1, 3, 700});
+  log->Undo();
+  log->RemoveRows(std::vector<std::size_t>{3, 900});
+  while (journal.isBehind()) journal.Tick(0.0);
   std::filesystem::copy_file(killed / killed.Names()[0],
                              app.temporaryDirectory + killed.Names()[0]);
   prompts.WillAnswer(Answer::kYes);
@@ -291,7 +310,7 @@ TEST_F(RecoveryTest, TheLogComesBackUntilItIsSaved) {
   EXPECT_THAT(
       prompts.TakeTranscript(),
       ElementsAre("ask yes/no/cancel: The log ' Untitled Log ' from 2026-11-21 14:30:05 was "
-                  "not saved: 2 rows.\nWould you like to restore it ?"));
+                  "not saved: 1200 rows.\nWould you like to restore it ?"));
   EXPECT_EQ(app.log->rows(), log->rows());
   EXPECT_EQ(app.log->captions(), log->captions());
   EXPECT_TRUE(app.log->isModified());
