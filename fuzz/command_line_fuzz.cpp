@@ -62,6 +62,7 @@ void CheckSettings(const batch::Request& request) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::vector<std::string> words = WordsIn(data, size);
   std::vector<const char*> arguments;
+  arguments.reserve(words.size());
   for (const std::string& word : words) arguments.push_back(word.c_str());
   batch::Grammar grammar;
   try {

@@ -73,10 +73,10 @@ class Trial {
  private:
   void Fill(bool onDisk) {
     model_.onDisk = onDisk;
-    model_.reference = input_.Take<std::int8_t>();
+    model_.reference = static_cast<std::int16_t>(input_.Below(256) - 128);
     model_.now.samples.resize(1 + input_.Take<std::uint8_t>());
     for (std::int16_t& sample : model_.now.samples) {
-      sample = static_cast<std::int16_t>(input_.Take<std::int8_t>() * 256);
+      sample = static_cast<std::int16_t>(input_.Below(256) * 256 - 32768);
     }
     CChannel& channel = document_.channel();
     channel.sampleRateHz = kRateHz;
@@ -169,7 +169,7 @@ class Trial {
   }
 
   void Gain() {
-    const int percent = input_.Take<std::int8_t>();
+    const int percent = input_.Below(256) - 128;
     const int moves = input_.Take<std::int16_t>();
     Both(
         [&] {

@@ -26,13 +26,16 @@ inputs() {
   [ "$1" != open ] || { printf ' fuzz/corpus/%s' $readers; echo " tests/document/recordings"; }
 }
 
+# The option for the words of a target's formats, where there are any.
 dictionary() {
+  local words=build/fuzz/$1.dict name=$1
   case $1 in
-    open) (cd fuzz/dictionaries && cat aiff.dict au.dict esps.dict native.dict nsp.dict sphere.dict wav.dict) ;;
-    undo) cat fuzz/dictionaries/native.dict ;;
-    *) cat "fuzz/dictionaries/$1.dict" 2>/dev/null || true ;;
-  esac >"build/fuzz/$1.dict"
-  echo "build/fuzz/$1.dict"
+    open) name="aiff au esps native nsp sphere wav" ;;
+    undo) name=native ;;
+    audacity) name=label_lines ;;
+  esac
+  for name in $name; do cat "fuzz/dictionaries/$name.dict" 2>/dev/null || true; done >"$words"
+  [ ! -s "$words" ] || echo "-dict=$words"
 }
 
 # One target for some seconds; a row of what came of it.
@@ -40,7 +43,7 @@ run() {
   local log=build/fuzz/$1.log program=build/fuzz/fuzz/fuzz_$1 verdict="no finding" artifact
   mkdir -p build/fuzz/findings
   # A measurement may take a second and 512 MB, with the sanitizers ten times as much.
-  "$program" $(inputs "$1") -dict="$(dictionary "$1")" -max_total_time="$2" -print_final_stats=1 \
+  "$program" $(inputs "$1") $(dictionary "$1") -max_total_time="$2" -print_final_stats=1 \
     -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=4096 -close_fd_mask=3 -use_value_profile=1 \
     -artifact_prefix="build/fuzz/findings/$1-" >"$log" 2>&1 || verdict="FINDING"
   printf '%-14s %12s runs %8s a second  %s\n' "$1" \
@@ -56,7 +59,7 @@ build() {
   [ -f "$1/build.ninja" ] || "${@:2}" >&2
   chosen=("${names[@]}")
   [ ${#chosen[@]} -gt 0 ] || mapfile -t chosen < <(ninja -C "$1" -t targets all | targets)
-  ninja -C "$1" "${chosen[@]/#/fuzz_}" >&2
+  ninja -C "$1" -j "${JOBS:-$(nproc)}" "${chosen[@]/#/fuzz_}" >&2
 }
 
 names=("$@")

@@ -47,6 +47,9 @@ def edits():
     yield "clear-gain", start + select(30, 3) + clear + gain + smooth + undo + undo
     yield "tiers", start + turn(0) + add(7, 0) + select(0, 9) + copy + turn(0) + mark(20) + paste + undo
     yield "labels", start + turn(1) + add(7, 1) + bytes([11, 1, 0]) + place(9) + bytes([10, 1, 0]) + undo
+    yield "at-label", start + turn(0) + add(5, 0) + add(10, 0) + select(5, 10) + copy + mark(5) + paste + cut
+    yield "edges", start + turn(0) + add(3, 0) + add(4, 0) + add(9, 0) + add(10, 0) + select(4, 9) + cut + undo
+    yield "reversed", start + select(9, 4) + copy + mark(41) + paste + paste + select(2, 50) + paste
     yield "all", start + select(0, 41) + cut + copy + paste + undo
 
 
