@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/file_error.h"
 #include "platform/services.h"
 
 namespace cantorix {
@@ -22,13 +23,15 @@ std::string Absolute(const std::string& path) {
 
 }  // namespace
 
-void RecentFiles::Load() {
+void RecentFiles::Load() try {
   paths_.clear();
   for (std::size_t i = 0; i < kMost; ++i) {
     const std::string path = profile_.ReadText(kSection, EntryName(i)).value_or("");
     const bool known = std::find(paths_.begin(), paths_.end(), path) != paths_.end();
     if (!path.empty() && !known) paths_.push_back(path);
   }
+} catch (const FileError&) {
+  // As many as could be read; the start goes on to say that the profile cannot.
 }
 
 void RecentFiles::Add(const std::string& path) {

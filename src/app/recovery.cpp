@@ -2,6 +2,7 @@
 #include "app/recovery.h"
 
 #include <limits>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "app/unsaved_recordings.h"
 #include "audio/recording_file.h"
 #include "journal/work_restoring.h"
+#include "mainview/commands.h"
 #include "mainview/recording_placement.h"
 #include "platform/abandon.h"
 #include "platform/claimed_file.h"
@@ -112,13 +114,14 @@ bool Restore(LeftWork& left, CSonadexDoc& document, DocumentJournal& journal, Pr
   if (obstacle.empty()) obstacle = ObstacleTo(left.work, document);
   if (obstacle.empty()) {
     Redo(left.work, left.journal, document);
+    NameDocument(left.work.header, document);
     journal.GoOn(std::move(left.journal), left.work.committed.bytes);
   } else {
     if (!RestoreWithoutSamples(left.work, obstacle, document, journal, prompts)) return false;
     // In the journal of its own stands everything that could be restored.
+    NameDocument(left.work.header, document);
     if (journal.WriteAll()) DeleteClaimed(left.journal);
   }
-  NameDocument(left.work.header, document);
   return true;
 }
 
@@ -159,10 +162,9 @@ bool RestoreWork(Application& application, LeftWork left, CSonadexDoc& document,
   } catch (const FileError& error) {
     application.prompts().Message(CouldNotBeOpened(left.work.header.title, error.what()));
   } catch (const Abandoned& abandoned) {
-    if (abandoned.reason() == AbandonReason::kOutOfMemory) {
-      application.prompts().Message(
-          CouldNotBeOpened(left.work.header.title, "There is not enough memory."));
-    }
+    if (abandoned.reason() == AbandonReason::kOutOfMemory) SayOutOfMemory(application.prompts());
+  } catch (const std::bad_alloc&) {
+    SayOutOfMemory(application.prompts());
   }
   return false;
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/file_error.h"
 #include "platform/services.h"
 
 namespace cantorix {
@@ -11,13 +12,22 @@ namespace {
 constexpr const char* kSection = "Sound";
 constexpr const char* kEntry = "Input";
 
+// A profile that cannot be read now names none.
+std::string NameIn(const ProfileStore& profile) {
+  try {
+    return profile.ReadText(kSection, kEntry).value_or("");
+  } catch (const FileError&) {
+    return {};
+  }
+}
+
 }  // namespace
 
 SoundInput FindSoundInput(const ProfileStore& profile, std::int32_t storedIndex,
                           const std::vector<std::string>& names) {
   if (storedIndex <= 0) return {};
   const auto count = static_cast<std::int32_t>(names.size());
-  const std::string name = profile.ReadText(kSection, kEntry).value_or("");
+  const std::string name = NameIn(profile);
   if (name.empty()) {
     if (storedIndex > count) return {0, "", "input " + std::to_string(storedIndex)};
     return {storedIndex, names[static_cast<std::size_t>(storedIndex) - 1], ""};

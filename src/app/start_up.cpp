@@ -6,11 +6,13 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 #include "app/configuration_commands.h"
 #include "mainview/leftover_files.h"
 #include "platform/descriptor.h"
+#include "platform/file_error.h"
 #include "platform/prompts.h"
 #include "platform/services.h"
 #include "settings/config_file.h"
@@ -41,21 +43,36 @@ std::string WithoutSeparator(std::string directory) {
   return directory;
 }
 
-// Makes `directory` the program directory and keeps it for the later runs. A profile that does not
-// give it back is shown as a failure.
-bool AdoptDirectory(Application& application, const std::string& directory) {
-  application.host.programDirectory = WithoutSeparator(directory);
-  const std::string& kept = application.host.programDirectory;
-  if (application.profile().WriteText(kSection, kEntry, kept) &&
-      application.profile().ReadText(kSection, kEntry) == kept) {
-    return true;
+// Whether `keep` did what it has to do with the profile. The user is told when not: one that cannot
+// be read must not be taken for an empty one and written anew.
+template <typename Keep>
+bool WithProfile(Application& application, const Keep& keep) {
+  try {
+    if (keep(application.profile())) return true;
+  } catch (const FileError&) {
+    // What is wrong with it stands in no message of the start.
   }
   application.prompts().Message(kProfileMessage);
   return false;
 }
 
+// Makes `directory` the program directory and keeps it for the later runs. A profile that does not
+// give it back is shown as a failure.
+bool AdoptDirectory(Application& application, const std::string& directory) {
+  application.host.programDirectory = WithoutSeparator(directory);
+  const std::string& kept = application.host.programDirectory;
+  return WithProfile(application, [&](ProfileStore& profile) {
+    return profile.WriteText(kSection, kEntry, kept) && profile.ReadText(kSection, kEntry) == kept;
+  });
+}
+
 bool FixProgramDirectory(Application& application, const std::string& currentDirectory) {
-  const auto stored = application.profile().ReadText(kSection, kEntry);
+  std::optional<std::string> stored;
+  const auto read = [&](const ProfileStore& profile) {
+    stored = profile.ReadText(kSection, kEntry);
+    return true;
+  };
+  if (!WithProfile(application, read)) return false;
   if (!stored || stored->empty()) return AdoptDirectory(application, currentDirectory);
   application.host.programDirectory = WithoutSeparator(*stored);
   return true;

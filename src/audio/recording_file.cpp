@@ -10,6 +10,7 @@
 
 #include "platform/claimed_file.h"
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 
 namespace cantorix {
 namespace {
@@ -106,13 +107,13 @@ void RecordingFile::Remove() noexcept {
 
 std::vector<UnfinishedRecording> FindUnfinishedRecordings(const std::string& folder) {
   std::vector<UnfinishedRecording> found;
-  std::error_code failed;
-  for (std::filesystem::directory_iterator at(folder, failed), end; !failed && at != end;
-       at.increment(failed)) {
-    const auto parts = ReadName(at->path().filename().native());
+  for (const std::string& name : NamesInFolder(folder)) {
+    const auto parts = ReadName(name);
     if (!parts) continue;
     try {
-      const auto file = RecordingFile::Reopen(at->path().native());
+      std::string path = folder;
+      if (!path.ends_with('/')) path += '/';
+      const auto file = RecordingFile::Reopen(path += name);
       if (file->lengthSamples() > 0) {
         found.push_back({file->path(), parts->stamp, parts->rateHz, file->lengthSamples()});
       } else {

@@ -4,8 +4,10 @@
 #include <QLocale>
 #include <QSessionManager>
 #include <clocale>
+#include <cstdio>
 #include <iostream>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -56,7 +58,12 @@ int main(int argc, char** argv) {
   QApplication::setApplicationVersion(QStringLiteral(CANTORIX_VERSION));
 
   cantorix::Program program(sound);
-  if (!program.Start(files)) return 1;
+  try {
+    if (!program.Start(files)) return 1;
+  } catch (const std::bad_alloc&) {
+    std::fputs("cantorix: There is not enough memory.\n", stderr);
+    return 1;
+  }
   QObject::connect(application.get(), &QGuiApplication::commitDataRequest,
                    [&program](QSessionManager& session) {
                      const bool mayAsk = session.allowsInteraction();

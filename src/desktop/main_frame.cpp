@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMdiArea>
 #include <QStatusBar>
+#include <new>
 
 #include "app/manual.h"
 #include "app/recovery.h"
@@ -115,6 +116,14 @@ void CMainFrame::OpenRecording(std::unique_ptr<RecordingFile> file) {
 }
 
 void CMainFrame::OfferWhatWasLeft() {
+  try {
+    TakeUpWhatWasLeft();
+  } catch (const std::bad_alloc&) {
+    SayOutOfMemory(services_.application.prompts());
+  }
+}
+
+void CMainFrame::TakeUpWhatWasLeft() {
   Application& application = services_.application;
   OfferedWork offered = OfferLeftWork(application);
   const auto before = documents_.All();

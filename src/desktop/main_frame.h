@@ -105,6 +105,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void TakeUpWhatWasLeft();
   void ShowTitle(const CSonadexView* view);
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;

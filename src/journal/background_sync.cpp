@@ -1,12 +1,11 @@
 // background_sync.cpp - one thread for each sync, with a descriptor of its own.
 #include "journal/background_sync.h"
 
-#include <condition_variable>
-#include <mutex>
+#include <atomic>
+#include <exception>
 #include <new>
 #include <string>
 #include <system_error>
-#include <thread>
 #include <utility>
 
 #include "platform/file_error.h"
@@ -17,53 +16,57 @@ struct BackgroundSync::Work {
   Work(File duplicate, std::int64_t upTo) : file(std::move(duplicate)), bytes(upTo) {}
 
   void Run() noexcept {
-    std::string why;
     try {
       // Closed, and with that its lock gone, before anybody hears of it.
       File own = std::move(file);
       own.Sync();
-    } catch (const FileError& error) {
-      why = error.what();
+    } catch (const std::exception& error) {
+      hasFailed = true;
+      SetReason(error);
     }
-    const std::lock_guard lock(mutex);
-    reason = std::move(why);
-    isDone = true;
-    done.notify_all();
+    isDone.store(true, std::memory_order_release);
+  }
+
+  // Without memory for the words the failure has none.
+  void SetReason(const std::exception& error) noexcept {
+    try {
+      reason = error.what();
+    } catch (const std::bad_alloc&) {
+      reason.clear();
+    }
   }
 
   File file;
   const std::int64_t bytes;
-  std::mutex mutex;
-  std::condition_variable done;
-  bool isDone = false;
-  std::string reason;  // why it failed
+  bool hasFailed = false;  // to be read when it is done, and so is this:
+  std::string reason;
+  std::atomic<bool> isDone{false};
 };
 
 BackgroundSync::~BackgroundSync() {
-  if (!work_) return;
-  std::unique_lock lock(work_->mutex);
-  work_->done.wait(lock, [this] { return work_->isDone; });
+  if (thread_.joinable()) thread_.join();
+}
+
+void BackgroundSync::LetGo() noexcept {
+  if (thread_.joinable()) thread_.detach();
 }
 
 void BackgroundSync::Begin(const File& file, std::int64_t bytes) {
-  if (work_) {
-    const std::lock_guard lock(work_->mutex);
-    if (!work_->isDone) return;
-  }
+  if (work_ && !work_->isDone.load(std::memory_order_acquire)) return;
   synced_ = synced();
+  if (thread_.joinable()) thread_.join();
   work_ = std::make_shared<Work>(file.Duplicate(), bytes);
   try {
-    std::thread([work = work_] { work->Run(); }).detach();
+    thread_ = std::thread([work = work_] { work->Run(); });
   } catch (const std::system_error&) {
     work_->Run();
   }
 }
 
 std::int64_t BackgroundSync::synced() const {
-  if (!work_) return synced_;
-  const std::lock_guard lock(work_->mutex);
-  if (!work_->reason.empty()) throw FileError(work_->reason);
-  return work_->isDone ? work_->bytes : synced_;
+  if (!work_ || !work_->isDone.load(std::memory_order_acquire)) return synced_;
+  if (work_->hasFailed) throw FileError(work_->reason);
+  return work_->bytes;
 }
 
 }  // namespace cantorix

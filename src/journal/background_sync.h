@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <thread>
 
 #include "platform/file.h"
 
@@ -23,12 +24,13 @@ class BackgroundSync {
   void Begin(const File& file, std::int64_t bytes);
   // Throws FileError when the last sync failed.
   std::int64_t synced() const;
-  // Nobody waits for it any more.
-  void LetGo() noexcept { work_.reset(); }
+  // Nobody waits for the one on its way any more.
+  void LetGo() noexcept;
 
  private:
   struct Work;
   std::shared_ptr<Work> work_;
+  std::thread thread_;
   std::int64_t synced_ = 0;
 };
 

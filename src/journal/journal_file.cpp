@@ -10,6 +10,7 @@
 #include "journal/crc32.h"
 #include "platform/claimed_file.h"
 #include "platform/file_error.h"
+#include "platform/leftovers.h"
 
 namespace cantorix {
 namespace {
@@ -179,11 +180,9 @@ std::optional<Committed> ReadCommitted(const File& file, const std::function<voi
 
 std::vector<File> OpenLeftJournals(const std::string& folder, std::string_view prefix) {
   std::vector<std::string> paths;
-  std::error_code failed;
-  for (std::filesystem::directory_iterator at(folder, failed), end; !failed && at != end;
-       at.increment(failed)) {
-    const std::string name = at->path().filename().native();
-    if (name.starts_with(prefix) && name.ends_with(kSuffix)) paths.push_back(at->path().native());
+  for (const std::string& name : NamesInFolder(folder)) {
+    if (!name.starts_with(prefix) || !name.ends_with(kSuffix)) continue;
+    paths.push_back(folder + name);
   }
   std::sort(paths.begin(), paths.end());
   std::vector<File> files;

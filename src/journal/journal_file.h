@@ -126,9 +126,9 @@ struct Committed {
 std::optional<Committed> ReadCommitted(const File& file, const std::function<void()>& begin,
                                        const std::function<void(const JournalRecord&)>& take);
 
-// The journals in `folder` of that prefix that nobody writes, opened and locked, by their names,
-// which means the oldest first. Those in which nothing was committed are deleted; those of another
-// version stay untouched. A folder that cannot be read has none.
+// The journals in `folder`, which ends with a separator, of that prefix that nobody writes, opened
+// and locked, by their names, which means the oldest first. Those in which nothing was committed
+// are deleted; those of another version stay untouched. A folder that cannot be read has none.
 std::vector<File> OpenLeftJournals(const std::string& folder, std::string_view prefix);
 
 }  // namespace cantorix

@@ -58,6 +58,8 @@ void Say(Prompts& prompts, const char* text) noexcept {
 
 }  // namespace
 
+void SayOutOfMemory(Prompts& prompts) noexcept { Say(prompts, kNoMemory); }
+
 bool Guarded(CSonadexView& view, const std::function<void()>& action) {
   try {
     action();

@@ -16,6 +16,8 @@
 
 namespace cantorix {
 
+class Prompts;
+
 enum class Command {
   // File
   kNew,
@@ -223,5 +225,8 @@ bool RunCommand(CSonadexView& view, Command command);
 // cancelled or already shown ends silently, an error is shown; the other documents stay alive.
 // False when the action was given up.
 bool Guarded(CSonadexView& view, const std::function<void()>& action);
+
+// "There is not enough memory."; a beep when there is none for the words either.
+void SayOutOfMemory(Prompts& prompts) noexcept;
 
 }  // namespace cantorix

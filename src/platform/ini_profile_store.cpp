@@ -116,16 +116,12 @@ std::size_t FindEntry(const Lines& lines, const SectionSpan& span, const std::st
 
 std::optional<std::string> IniProfileStore::ReadText(const std::string& section,
                                                      const std::string& entry) const {
-  try {
-    const Lines lines = ReadLines(path_);
-    const SectionSpan span = FindSection(lines, section);
-    const std::string prefix = Escape(entry) + "=";
-    const std::size_t i = FindEntry(lines, span, prefix);
-    if (i == span.end) return std::nullopt;
-    return Unescape(std::string_view(lines[i]).substr(prefix.size()));
-  } catch (const FileError&) {
-    return std::nullopt;  // an unreadable profile holds nothing; the next write reports it
-  }
+  const Lines lines = ReadLines(path_);
+  const SectionSpan span = FindSection(lines, section);
+  const std::string prefix = Escape(entry) + "=";
+  const std::size_t i = FindEntry(lines, span, prefix);
+  if (i == span.end) return std::nullopt;
+  return Unescape(std::string_view(lines[i]).substr(prefix.size()));
 }
 
 bool IniProfileStore::WriteText(const std::string& section, const std::string& entry,

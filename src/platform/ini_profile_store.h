@@ -14,7 +14,8 @@ class IniProfileStore : public ProfileStore {
   // The file and its folders are made by the first write.
   explicit IniProfileStore(std::string path) : path_(std::move(path)) {}
 
-  // Nothing when the file cannot be read or has no such entry.
+  // Nothing without a file or such an entry. Throws FileError when there is a file that cannot be
+  // read: what it holds must not be taken for absent, and written anew.
   std::optional<std::string> ReadText(const std::string& section,
                                       const std::string& entry) const override;
   // False, with the earlier file whole, when it cannot be read or written. Any bytes can be kept;

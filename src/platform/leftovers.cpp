@@ -33,15 +33,6 @@ bool IsAbandoned(const Descriptor& file, mode_t type) {
          TryExclusiveLock(file.number()) == Lock::kTaken;
 }
 
-// Read by the C library: the iterator of the C++ one ends the program when memory runs out in it.
-std::vector<std::string> NamesIn(const std::string& folder) {
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
-  std::vector<std::string> names;
-  if (!stream) return names;
-  while (const dirent* const entry = ::readdir(stream.get())) names.emplace_back(entry->d_name);
-  return names;
-}
-
 int RemoveOne(const char* path, const struct stat*, int, FTW*) {
   ::remove(path);
   return 0;
@@ -59,7 +50,7 @@ Descriptor OpenFolder(const std::string& path) {
 }
 
 void RemoveLeftoverFolders(const fs::path& parent, const std::string& prefix) {
-  for (const std::string& name : NamesIn(parent)) {
+  for (const std::string& name : NamesInFolder(parent)) {
     if (!name.starts_with(prefix) || name.size() != prefix.size() + kOwnPart) continue;
     const std::string path = parent / name;
     const Descriptor folder = OpenFolder(path);
@@ -68,6 +59,15 @@ void RemoveLeftoverFolders(const fs::path& parent, const std::string& prefix) {
 }
 
 }  // namespace
+
+// Read by the C library: the iterator of the C++ one ends the program when memory runs out in it.
+std::vector<std::string> NamesInFolder(const std::string& folder) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), ::closedir);
+  std::vector<std::string> names;
+  if (!stream) return names;
+  while (const dirent* const entry = ::readdir(stream.get())) names.emplace_back(entry->d_name);
+  return names;
+}
 
 bool RemoveLeftover(int folder, const std::string& name) {
   const Descriptor file = OpenAt(folder, name, O_RDWR | O_NONBLOCK | O_NOFOLLOW);
@@ -78,7 +78,7 @@ bool RemoveLeftover(int folder, const std::string& name) {
 void RemoveLeftovers(const std::string& folder, bool (*isTemporary)(std::string_view name)) {
   const Descriptor place = OpenAt(AT_FDCWD, folder, O_RDONLY | O_DIRECTORY);
   if (!place.isOpen()) return;
-  for (const std::string& name : NamesIn(folder)) {
+  for (const std::string& name : NamesInFolder(folder)) {
     if (isTemporary(name)) RemoveLeftover(place.number(), name);
   }
 }

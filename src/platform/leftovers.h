@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/descriptor.h"
 
@@ -15,6 +16,9 @@ namespace cantorix {
 bool RemoveLeftover(int folder, const std::string& name);
 
 // The same for every file in `folder` whose name `isTemporary` takes for one of the program's own.
+// The names in a folder, "." and ".." among them; none when it cannot be listed.
+std::vector<std::string> NamesInFolder(const std::string& folder);
+
 // A folder that cannot be listed is left as it is.
 void RemoveLeftovers(const std::string& folder, bool (*isTemporary)(std::string_view name));
 

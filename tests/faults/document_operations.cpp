@@ -9,6 +9,7 @@
 #include "document/native_file.h"
 #include "document/save_commands.h"
 #include "faults/operation_rows.h"
+#include "faults/witness.h"
 #include "mainview/commands.h"
 #include "mainview/label_commands.h"
 #include "mainview/quiet_view.h"
@@ -25,30 +26,6 @@
 
 namespace cantorix::faults {
 namespace {
-
-// A user who agrees to all and counts what is said, without a block of memory.
-class Witness : public QuietPrompts, public NoticeSink {
- public:
-  void Beep() override { ++told; }
-  void Message(const std::string& text) override {
-    ++told;
-    last[text.copy(last.data(), last.size() - 1)] = '\0';
-  }
-  void Notice(const std::string& text) override { Message(text); }
-  Answer Ask(const std::string&, Buttons buttons) override {
-    return buttons == Buttons::kOkCancel ? Answer::kOk : Answer::kYes;
-  }
-  std::optional<FileChoice> ChooseFileToOpen(const FileRequest&) override {
-    return FileChoice{chosen, 1};
-  }
-  std::optional<FileChoice> ChooseFileToSave(const FileRequest&) override {
-    return FileChoice{chosen, 1};
-  }
-
-  std::string chosen;
-  std::atomic<int> told{0};
-  std::array<char, 200> last{};
-};
 
 class ImportDialogs : public QuietDialogs {
  public:
@@ -133,16 +110,6 @@ LogTable LogOfThree() {
   LogTable log;
   for (int i = 0; i < 3; ++i) log.Append({"talk", "Pitch Entry: time, pitch", {"100.0", "20.5"}});
   return log;
-}
-
-// What callers of these take for a failure.
-template <typename Body>
-bool Succeeds(Body body) {
-  try {
-    return body();
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
 }
 
 const FileRow kFileRows[] = {
@@ -383,6 +350,7 @@ void AddDocumentOperations(std::vector<Operation>& operations) {
 std::vector<Operation> Operations() {
   std::vector<Operation> operations;
   AddDocumentOperations(operations);
+  AddApplicationOperations(operations);
   AddBatchOperations(operations);
   return operations;
 }

@@ -95,8 +95,9 @@ class Trials {
     for (const std::string& name : FilesUnder(folder_)) {
       if (!filesAfter_.contains(name)) left += " left: " + name;
     }
-    // A recording is given up by its user alone.
-    return left.find("Recording-") == std::string::npos ? left : "";
+    // Recordings and work are given up by their user alone.
+    const bool isUsers = left.find("Recording-") + 1 != 0 || left.find(".journal") + 1 != 0;
+    return isUsers ? "" : left;
   }
 
   std::string Judge(const Fault& fault) {
@@ -119,9 +120,11 @@ class Trials {
     const std::string text = attempt.lastText();
     if (isDone) {
       if (state != after_ && state != kInParts) return "done, and the result is not whole: " + text;
-      // A warning: the file is there, perhaps not on disk; the edit is done, without undo.
+      // A warning: the file is there, perhaps not on disk; the edit is done, without undo;
+      // the work is there, and its journal is not.
       const bool isWarning = text.find("perhaps not yet on disk") != std::string::npos ||
-                             text.find("Undo is not available") != std::string::npos;
+                             text.find("Undo is not available") != std::string::npos ||
+                             text.find("would be lost in a crash") != std::string::npos;
       return attempt.told() > 0 && !isWarning ? "done, and it said: " + text : "";
     }
     if (attempt.told() == 0 && !operation_.isSilent) return "failed without a word";

@@ -18,6 +18,7 @@ inline void WriteText(const std::string& path, const std::string& text) {
 }
 
 void AddDocumentOperations(std::vector<Operation>& operations);
+void AddApplicationOperations(std::vector<Operation>& operations);
 void AddBatchOperations(std::vector<Operation>& operations);
 
 }  // namespace cantorix::faults
