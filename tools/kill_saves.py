@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Kills saves: tools/kill_saves.py batch|desktop PROGRAM [KILLS [SEED]]
 
-batch: cantorix-batch saves one of two recordings over the same file and is killed at a random moment
-of its run. The file must be the one or the other, byte for byte, and the new one when the program
+batch: cantorix-batch, twice at a time, saves one of two recordings over the same file and is killed at
+a random moment of its run, which is drawn so that about three in four come before its end. The file must be the one or the other, byte for byte, and the new one when the program
 had ended with exit code 0 before. What killed runs leave behind is gone after one more run.
 desktop: on a virtual display (Xvfb, xdotool) the desktop pastes, saves, and is killed at a random
 moment; the file must open with cantorix-batch, which lies in the same build.
@@ -15,6 +15,7 @@ import subprocess
 import sys
 import tempfile
 import time
+from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
 SAMPLE = Path(__file__).resolve().parent.parent / "samples" / "vowels.qrv"
@@ -23,44 +24,68 @@ SAMPLE = Path(__file__).resolve().parent.parent / "samples" / "vowels.qrv"
 def kill_batch(program, kills, chance, place):
     # Long enough that the saving takes a good part of the run.
     long = place / "long.qrv"
-    paste = ["select:0:5000", "copy"] + ["cursor:0", "paste"] * 40
+    paste = ["select:0:5000", "copy"] + ["cursor:0", "paste"] * 12
     subprocess.run([program, "edit", SAMPLE, "-o", long, *paste], check=True)
-    saved = place / "saved"
-    saved.mkdir()
-    target = saved / "talk.qrv"
-    versions, times = [], []
     sources = [long, place / "other.qrv"]
     subprocess.run([program, "convert", long, sources[1], "--from", "1000"], check=True)
-    for source in sources:
-        for _ in range(3):
-            began = time.monotonic()
-            subprocess.run([program, "convert", source, target], check=True)
-            times.append(time.monotonic() - began)
-        versions.append(target.read_bytes())
-    stands, tally = 1, {"replaced": 0, "kept": 0, "ended": 0, "hidden": 0, "damaged": 0, "lost": 0}
-    for i in range(kills):
-        new = i % 2
-        run = subprocess.Popen([program, "convert", sources[new], target])
-        time.sleep(chance.uniform(0, 1.2 * sorted(times)[2]))
-        run.kill()
-        ended = run.wait() == 0
-        found = target.read_bytes()
-        tally["hidden"] += len(list(saved.iterdir())) > 1
-        if found not in versions:
-            tally["damaged"] += 1
-        elif ended and found != versions[new]:
-            tally["lost"] += 1
-        elif found not in (versions[new], versions[stands]):
-            tally["damaged"] += 1
-        else:
-            now = versions.index(found)
-            tally["ended" if ended else "replaced" if now == new != stands else "kept"] += 1
-            stands = now
-    subprocess.run([program, "convert", sources[0], target], check=True)
-    left = [p.name for p in saved.iterdir() if p != target] + os.listdir(place / "tmp")
+    jobs = [Saves(program, sources, place / f"saved{job}", random.Random(chance.random())) for job in range(2)]
+    with ThreadPoolExecutor(len(jobs)) as pool:
+        for done in [pool.submit(job.kill, kills // len(jobs)) for job in jobs]:
+            done.result()
+    tally = {what: sum(job.tally[what] for job in jobs) for what in jobs[0].tally}
+    left = [name for job in jobs for name in job.left()] + os.listdir(place / "tmp")
     print(f"batch: {kills} kills: " + ", ".join(f"{n} {what}" for what, n in tally.items()) +
           f"; left after one more run: {left or 'nothing'}")
     return not left and tally["damaged"] == tally["lost"] == 0
+
+
+class Saves:
+    """Saves of one of two recordings over the same file, one after the other."""
+
+    def __init__(self, program, sources, folder, chance):
+        self.program, self.sources, self.folder, self.chance = program, sources, folder, chance
+        folder.mkdir()
+        self.target = folder / "talk.qrv"
+        self.tally = {"replaced": 0, "kept": 0, "ended": 0, "hidden": 0, "damaged": 0, "lost": 0}
+        self.versions = []
+        for source in sources:
+            self.save(source).wait()
+            self.versions.append(self.target.read_bytes())
+        self.longest = 0.05
+
+    def save(self, source):
+        return subprocess.Popen([self.program, "convert", source, self.target], stdout=subprocess.DEVNULL,
+                                stderr=subprocess.DEVNULL)
+
+    def kill(self, kills):
+        stands = 1
+        for i in range(kills):
+            new = i % 2
+            run = self.save(self.sources[new])
+            # The moments run from before the save to its end, as long as it takes at present.
+            time.sleep(self.chance.uniform(0.1, 1.0) * self.longest)
+            run.kill()
+            ended = run.wait() == 0
+            # A run that ended was killed too late, one that did not perhaps too early.
+            self.longest = max(0.004, self.longest * (0.97 if ended else 1.01))
+            stands = self.judge(new, stands, ended)
+
+    def judge(self, new, stands, ended):
+        found = self.target.read_bytes()
+        self.tally["hidden"] += len(list(self.folder.iterdir())) > 1
+        if ended and found in self.versions and found != self.versions[new]:
+            self.tally["lost"] += 1
+        elif found not in (self.versions[new], self.versions[stands]):
+            self.tally["damaged"] += 1
+        else:
+            now = self.versions.index(found)
+            self.tally["ended" if ended else "replaced" if now == new != stands else "kept"] += 1
+            return now
+        return stands
+
+    def left(self):
+        self.save(self.sources[0]).wait()
+        return [path.name for path in self.folder.iterdir() if path != self.target]
 
 
 def keys(window, *names):
@@ -77,6 +102,9 @@ def kill_desktop(program, kills, chance, place):
     damaged = replaced = 0
     for _ in range(kills):
         target.write_bytes(SAMPLE.read_bytes())
+        # What it would offer to restore.
+        for left in (place / "tmp").glob("*.journal"):
+            left.unlink()
         run = subprocess.Popen([program, target], cwd=place, stderr=subprocess.DEVNULL,
                                start_new_session=True)
         window = ""
