@@ -1,11 +1,14 @@
 #!/usr/bin/env bash
-# Uses the desktop program at random: tools/soak.sh [MINUTES [SEED]]
-# Keys, clicks, drags and commands go to the dev build (with its sanitizers) on a virtual display, or
-# to the program that CANTORIX_SOAK_PROGRAM names. Fails on a report of a sanitizer, on a crash and
-# when no window is left; prints the seed, and on a failure what was done last. At the end it tells
-# memory (MB) and descriptors of each minute and start, for whoever looks for growth: that of the
-# program in one start counts, and the sanitizers keep what is freed. The same seed does the same things, as fast as the machine is.
-# As root the program runs as nobody, so that no dialog can harm a file of the machine.
+# Uses the desktop program like a user in a hurry: tools/soak.sh [MINUTES [SEED]]
+# Round by round it opens recordings (those of alsa-utils, of samples/, and what it saved before),
+# measures, labels, cuts, pastes, undoes, plays, records, enters rows, saves, presses keys and clicks
+# at random on a virtual display, and closes everything; then it takes memory (without what is mapped
+# from files) and descriptors. Fails on a report of a sanitizer, on a crash, when no window is left,
+# and on growth (tools/growth.py; from 45 minutes on); prints the seed, and on a failure what was done
+# last. The same seed does the same things, as fast as the machine is.
+# The program is the dev build with its sanitizers, which keep what is freed and so tell nothing of
+# growth, or the one that CANTORIX_SOAK_PROGRAM names. As root it runs as nobody, so that no dialog
+# can harm a file of the machine.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")/.." && pwd)
@@ -28,7 +31,8 @@ trap finish EXIT
 mkdir -p "$work/home/openbox" "$work/run"
 chmod 700 "$work/run"
 cp "$here/samples/vowels.qrv" "$work/talk.qrv"
-cp /usr/share/sounds/alsa/Front_Center.wav "$work/front.wav" 2>/dev/null || cp "$work/talk.qrv" "$work/front.wav"
+cp /usr/share/sounds/alsa/*.wav "$work" 2>/dev/null || true
+cp "$here"/tests/document/recordings/{flac-flac-24-bit.flac,mp3-ffmpeg-mp3.mp3,sphere-sox-mu-law.sph} "$work"
 # The main window has no frame, so that no click of chance can hide it; no key belongs to openbox.
 cat >"$work/home/openbox/rc.xml" <<'XML'
 <openbox_config xmlns="http://openbox.org/3.4/rc">
@@ -49,6 +53,8 @@ Xvfb -displayfd 3 -screen 0 1280x800x24 2>/dev/null &
 started+=($!)
 until [ -s "$work/display" ]; do sleep 0.1; done
 export DISPLAY=:$(cat "$work/display") HOME=$work/home XDG_CONFIG_HOME=$work/home XDG_RUNTIME_DIR=$work/run
+# What is freed goes back to the system, so that a leak is not lost in the allocator's stock.
+export MALLOC_ARENA_MAX=1 MALLOC_MMAP_THRESHOLD_=65536 MALLOC_TRIM_THRESHOLD_=65536
 export ASAN_OPTIONS=detect_leaks=0:exitcode=86 UBSAN_OPTIONS=print_stacktrace=1
 openbox 2>/dev/null &
 started+=($!)
@@ -63,7 +69,7 @@ started+=($!)
 sleep 1
 
 begin() {
-  (cd "$work" && exec "${as_user[@]}" "$program" -style fusion talk.qrv front.wav 2>>"$work/errors") &
+  (cd "$work" && exec "${as_user[@]}" "$program" -style fusion 2>>"$work/errors") &
   running=$!
   started+=("$running")
   begun=$((begun + 1))
@@ -110,28 +116,28 @@ act() {
   done_so_far=$((done_so_far + 1))
 }
 
-# A line for each minute: minute, start, megabytes in memory, open descriptors.
-sample() {
-  local minute=$((minutes - (ends - SECONDS + 59) / 60)) now
-  [ "$minute" != "$sampled" ] || return 0
-  sampled=$minute
-  now=$(awk '/^VmRSS/ {print int($2 / 1024)}' "/proc/$running/status" 2>/dev/null) || return 0
-  echo "$minute $begun $now $(ls "/proc/$running/fd" 2>/dev/null | wc -l)" >>"$work/samples"
+act_at_random() {
+  local i
+  for i in 1 2 3 4 5 6; do act; done
+  # Whatever dialog stands there goes now and then, so that the windows get their share.
+  [ $((RANDOM % 4)) = 0 ] && action+=(key Escape key Escape) || true
 }
 
-echo "soak: seed $seed, $minutes minutes"
-begun=0 done_so_far=0 silent=0 sampled=-1
-: >"$work/actions" >"$work/errors" >"$work/samples"
-begin
-ends=$((SECONDS + minutes * 60))
-while [ "$SECONDS" -lt "$ends" ]; do
-  sample
-  action=()
-  for _ in 1 2 3 4 5 6; do act; done
-  # Whatever dialog stands there goes now and then, so that the windows get their share.
-  [ $((RANDOM % 4)) = 0 ] && action+=(key Escape key Escape)
-  echo "${action[*]}" >>"$work/actions"
-  xdotool "${action[@]}" >/dev/null 2>&1 || true
+# Until the program has done next to nothing for a while: it uses ten clock ticks in a second at most.
+rest() {
+  local before=-1 now i
+  for i in {1..100}; do
+    now=$(awk '{print $14 + $15}' "/proc/$running/stat" 2>/dev/null) || return 0
+    [ $((now - before)) -gt 1 ] || return 0
+    before=$now
+    sleep 0.1
+  done
+}
+
+do_it() {
+  echo "$*" >>"$work/actions"
+  xdotool "$@" >/dev/null 2>&1 || true
+  rest
   if ! kill -0 "$running" 2>/dev/null; then
     code=0
     wait "$running" || code=$?
@@ -146,7 +152,100 @@ while [ "$SECONDS" -lt "$ends" ]; do
   else
     silent=0
   fi
+}
+
+open_one() {
+  local files=("$work"/*.{qrv,wav,flac,mp3,sph})
+  pick files
+  do_it key ctrl+o
+  do_it type --delay 5 "$picked"
+  do_it key Return
+}
+label() { do_it key ctrl+Right ctrl+Right ctrl+t; do_it type "word $((RANDOM % 100))"; do_it key Return; }
+select_some() {
+  local x=$((100 + RANDOM % 500))
+  do_it mousemove $x 250 mousedown 1 mousemove $((x + 80)) 250 mousemove $((x + 300)) 250 mouseup 1
+}
+save() {
+  do_it key ctrl+s
+  do_it type --delay 5 "$work/saved $((RANDOM % 5)).qrv"
+  do_it key Return
+  do_it key alt+y
+}
+record() {
+  do_it key ctrl+n
+  do_it key ctrl+r
+  sleep 1
+  do_it key ctrl+r
+}
+
+# One thing that a user does on purpose.
+work_on_it() {
+  done_so_far=$((done_so_far + 1))
+  case $((RANDOM % 16)) in
+    0) open_one ;;
+    1 | 2) label ;;
+    3) select_some && do_it key ctrl+x && do_it key Home ctrl+v && do_it key ctrl+z ;;
+    4) do_it key ctrl+a ctrl+c End ctrl+v ;;
+    5) do_it key ctrl+l ;;
+    6) do_it key ctrl+g ;;
+    7) do_it mousemove $((100 + RANDOM % 900)) 250 click 1 key ctrl+f ;;
+    8) select_some && do_it key ctrl+i && do_it key ctrl+d ;;
+    9) do_it key ctrl+y && sleep 0.5 && do_it key ctrl+y ;;
+    10) record ;;
+    11) do_it key alt+l Return && do_it key alt+n && do_it key ctrl+d ctrl+m ;;
+    12) save ;;
+    13) do_it key ctrl+Tab ;;
+    14) do_it key F6 ;;
+    15) do_it key ctrl+b ctrl+b ctrl+e ;;
+  esac
+}
+
+# Every document goes, unsaved, and the rows of the log.
+close_all() {
+  local i
+  do_it key Escape Escape Escape Escape
+  do_it key alt+l Return
+  do_it key alt+n
+  for i in {1..30}; do
+    # A title with a document's name in it.
+    xdotool search --onlyvisible --name '^Cantorix - ' >/dev/null 2>&1 || return 0
+    do_it key Escape Escape alt+f c
+    do_it key alt+n
+  done
+}
+
+# A line for a round that has ended with nothing open: second, start, kB, open descriptors.
+sample() {
+  local memory
+  xdotool search --onlyvisible --name '^Cantorix - ' >/dev/null 2>&1 && return 0
+  memory=$(awk '/^Rss(Anon|Shmem)/ {sum += $2} END {print sum}' "/proc/$running/status" 2>/dev/null) || return 0
+  [ -n "$memory" ] || return 0
+  echo "$SECONDS $begun $memory $(ls "/proc/$running/fd" 2>/dev/null | wc -l)" >>"$work/samples"
+}
+
+echo "soak: seed $seed, $minutes minutes"
+begun=0 done_so_far=0 silent=0 rounds=0
+: >"$work/actions" >"$work/errors" >"$work/samples"
+begin
+ends=$((SECONDS + minutes * 60))
+while [ "$SECONDS" -lt "$ends" ]; do
+  rm -f "$work"/saved*
+  open_one
+  for ((turn = 0; turn < 25; ++turn)); do
+    work_on_it
+    [ $((RANDOM % 4)) = 0 ] || continue
+    action=()
+    act_at_random
+    do_it "${action[@]}"
+  done
+  close_all
+  sample
+  rounds=$((rounds + 1))
 done
-echo "soak: minute, start, MB, descriptors:"
+echo "soak: second, start, kB, descriptors:"
 cat "$work/samples"
-echo "soak: $done_so_far actions in $minutes minutes, $begun starts, no report (seed $seed)"
+echo "soak: $done_so_far actions in $rounds rounds and $minutes minutes, $begun starts (seed $seed)"
+code=0
+"$here/tools/growth.py" "$work/samples" || code=$?
+[ "$code" != 1 ] || fail "the program grows"
