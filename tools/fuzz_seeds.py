@@ -69,7 +69,27 @@ def writers():
         yield f"line{i}", struct.pack("<dq", number, -(2**63) + i) + text(label) + text(texts[-1 - i])
 
 
+def macintosh(magic):
+    """A native file with its high bytes first: one tier of two labels, 20 samples."""
+    header = magic.ljust(8, b"\0") + struct.pack(">I", 1)
+    channel = bytearray(248)
+    struct.pack_into(">4d", channel, 0, 2.5, 8000.0, 20.0, 0.0)
+    struct.pack_into(">2I", channel, 64, 0, 16)
+    struct.pack_into(">i", channel, 92, 1)
+    tier = b"words".ljust(256, b"\0") + struct.pack(">2i", 2, 20)
+    labels = b"".join(
+        struct.pack(">2d9i", ms, 0.5, 0, 1, 0, 0, 0, 0, 255, 0, 0)
+        + struct.pack(">5i", 14, 0, 0, 0, 400) + bytes(40) + b"ab".ljust(256, b"\0")
+        for ms in (0.0, 2.5))
+    samples = b"".join(struct.pack(">h", i * 1000) for i in range(20))
+    return header.ljust(512, b"\0") + bytes(channel) + tier + labels + samples
+
+
 def opened():
+    for magic in (b"QRV_Mac", b"QRVMACX"):
+        yield magic.decode(), macintosh(magic)
+    for magic in (b"KWZ_PC", b"KWZ_Mac", b"KWZ_PC_FLOAT", b"KWZ_PC_FLOAT_24"):
+        yield magic.decode(), magic.ljust(40, b"\0")
     for i, flags in enumerate((1, 3, 7, 9, 11, 15)):
         yield f"generic{i}", b"1 2 3\n-4\n5,6\n" + wave(20, 999) + bytes([1, flags, 2 * i, 80])
 
