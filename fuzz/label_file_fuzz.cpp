@@ -1,7 +1,8 @@
 // label_file_fuzz.cpp - arbitrary bytes as a label file of the formats named by
 // CANTORIX_LABEL_KEYS: they are refused or read, and what was read can be made fit for the format,
 // written and read again with as many labels and the same texts. The first byte chooses among
-// several formats.
+// several formats. With an empty key the format is the one that bytes and name show, and what was
+// read is made fit for all.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -23,9 +24,16 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-const LabelFormat& FormatFor(std::uint8_t byte) {
+// Null for an empty key.
+const LabelFormat* FormatFor(std::uint8_t byte) {
   static const char* const kKeys[] = {CANTORIX_LABEL_KEYS};
-  return *LabelFormatOf(kKeys[byte % std::size(kKeys)]);
+  return LabelFormatOf(kKeys[byte % std::size(kKeys)]);
+}
+
+std::string NameFor(std::uint8_t byte) {
+  static const char* const kNames[] = {"talk.lab",  "talk.txt",      "talk.tones", "talk.rec",
+                                       "talk.phn",  "talk.TextGrid", "talk.csv",   "talk"};
+  return kNames[byte % std::size(kNames)];
 }
 
 // The labels as points of a recording, without what a recording does not hold.
@@ -68,17 +76,21 @@ void RequireRoundTrip(const LabelFile& file, const LabelFormat& format, bool int
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  const LabelFormat& format = FormatFor(data[0]);
+  const LabelFormat* const format = FormatFor(data[0]);
   const std::string bytes(data + 1, data + size);
   LabelFile file;
   try {
-    file = ReadLabelFile(bytes, "talk.lab", &format, kHow).file;
+    const std::string name = format != nullptr ? "talk.lab" : NameFor(data[0]);
+    file = ReadLabelFile(bytes, name, format, kHow).file;
   } catch (const LabelFileError&) {
     return 0;
   }
   std::size_t ignored = 0;
   TextsIn(file, ignored);
-  RequireRoundTrip(file, format, false);
-  RequireRoundTrip(file, format, true);
+  for (const LabelFormat& target : LabelFormats()) {
+    if (format != nullptr && format != &target) continue;
+    RequireRoundTrip(file, target, false);
+    RequireRoundTrip(file, target, true);
+  }
   return 0;
 }

@@ -23,6 +23,7 @@ targets() { sed -n 's/^.*\bfuzz_\([a-z_]*\): phony$/\1/p' | sort -u; }
 inputs() {
   mkdir -p "$work/$1"
   echo "$work/$1 fuzz/corpus/$1"
+  [ "$1" != label_any ] || printf ' fuzz/corpus/%s' audacity elan emu label_lines textgrid
   [ "$1" != open ] || { printf ' fuzz/corpus/%s' $readers; echo " tests/document/recordings"; }
 }
 
@@ -33,6 +34,7 @@ dictionary() {
     open) name="aiff au esps native nsp sphere wav" ;;
     undo) name=native ;;
     audacity) name=label_lines ;;
+    label_any) name="elan emu label_lines textgrid" ;;
   esac
   for name in $name; do cat "fuzz/dictionaries/$name.dict" 2>/dev/null || true; done >"$words"
   [ ! -s "$words" ] || echo "-dict=$words"

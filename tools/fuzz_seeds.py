@@ -3,8 +3,8 @@
 
 usage: tools/fuzz_seeds.py FOLDER
 
-Writes FOLDER/TARGET/NAME for each. fuzz/fuzz_input.h reads them; the order of the fields is that in
-which each target asks for them.
+Writes FOLDER/TARGET/NAME for each, and what the files of other makers have not. fuzz/fuzz_input.h
+reads the numbers; the order of the fields is that in which each target asks for them.
 """
 import os
 import struct
@@ -88,10 +88,61 @@ def macintosh(magic):
 def opened():
     for magic in (b"QRV_Mac", b"QRVMACX"):
         yield magic.decode(), macintosh(magic)
+    yield "QRV_Mac-longer", macintosh(b"QRV_Mac") + bytes(2)
+    yield "QRV_Mac-shorter", macintosh(b"QRV_Mac")[:1700]
     for magic in (b"KWZ_PC", b"KWZ_Mac", b"KWZ_PC_FLOAT", b"KWZ_PC_FLOAT_24"):
         yield magic.decode(), magic.ljust(40, b"\0")
     for i, flags in enumerate((1, 3, 7, 9, 11, 15)):
         yield f"generic{i}", b"1 2 3\n-4\n5,6\n" + wave(20, 999) + bytes([1, flags, 2 * i, 80])
+
+
+def chunk(name, content):
+    return name + struct.pack("<I", len(content)) + content + b"\0" * (len(content) % 2)
+
+
+def wav():
+    form = chunk(b"fmt ", struct.pack("<HHIIHH", 1, 1, 8000, 16000, 2, 16))
+    cue = lambda number, frame: struct.pack("<II4sIII", number, frame, b"data", 0, 0, frame)
+    cues = chunk(b"cue ", struct.pack("<I", 4) + cue(2, 9) + cue(1, 3) + cue(3, 10) + cue(4, 99))
+    texts = chunk(b"LIST", b"adtl" + chunk(b"labl", struct.pack("<I", 1) + b"one\0")
+                  + chunk(b"labl", struct.pack("<I", 2) + b"two") + chunk(b"note", bytes(6)))
+    for name, parts in (("cues", (form, chunk(b"data", wave(10, 999)), cues, texts)),
+                        ("cues_before", (texts, cues, form, chunk(b"data", wave(10, 999))))):
+        body = b"WAVE" + b"".join(parts)
+        yield name, b"RIFF" + struct.pack("<I", len(body)) + body
+
+
+def sphere():
+    yield "line-ends", b"NIST_1A\r\n   1024\r\n"
+    fields = b"NIST_1A\n     96\nsample_rate -i 8000\nsample_coding -s%d %s\nend_head\n"
+    for name, coding in (("shorten", b"pcm,embedded-shorten-v2.00"), ("other", b"wavpk")):
+        yield name, (fields % (len(coding), coding)).ljust(96) + wave(4, 9)
+
+
+def ascii_numbers():
+    yield "many", b"\x00" + b"\n".join(b"%d" % (i * 37 % 900) for i in range(600))
+
+
+def label_any():
+    texts = {
+        "esps": b"separator ;\nnfields 1\n#\n 0.5 121 a\n 0.9 121 b;c\n",
+        "counts": b"0 4000 sil\n4000 7000 ah\n",
+        "audacity": b"0.1\t0.4\tone\n0.5\t0.5\ttwo\n",
+        "csv": b"tier,start_s,end_s,text\nwords,0.1,0.2,\"a,b\"\nphones,0.1,0.15,c\n",
+        "tsv": b"time_ms\tlabel\n100\ta\n250\tb\n",
+        "plain": b"0.1 a\n0.1 b\n2 c\n",
+        "mlf": b'#!MLF!#\n"*/talk.lab"\n0 100 a\n.\n"*/other.lab"\n0 9 b\n.\n',
+        "emu": b'{"levels":[{"name":"w","type":"EVENT","items":[{"id":1,"samplePoint":9,"labels":'
+               b'[{"name":"w","value":"a"}]}]}],"links":[],"x":null,"y":true}',
+        "textgrid": b'"ooTextFile"\n"TextGrid"\n0 2 <exists> 2 "TextTier" "p" 0 2 1 0.5 "a" '
+                    b'"IntervalTier" "q" 0 2 2 0 1 "b" 1 2 ""',
+        "elan": b'<ANNOTATION_DOCUMENT><HEADER TIME_UNITS="milliseconds"/><TIME_ORDER><TIME_SLOT '
+                b'TIME_SLOT_ID="t1" TIME_VALUE="5"/></TIME_ORDER></ANNOTATION_DOCUMENT>',
+        "none": b"no labels\0",
+    }
+    for i, (name, content) in enumerate(texts.items()):
+        for choice in (i % 8, 0):
+            yield f"{name}-{choice}", bytes([choice]) + content
 
 
 def command_line():
@@ -104,8 +155,9 @@ def command_line():
 
 
 def main():
-    targets = {"analysis": analysis, "command_line": command_line, "edits": edits, "open": opened,
-               "selection": selection, "writers": writers}
+    targets = {"analysis": analysis, "ascii": ascii_numbers, "command_line": command_line,
+               "edits": edits, "label_any": label_any, "open": opened, "selection": selection,
+               "sphere": sphere, "wav": wav, "writers": writers}
     for target, seeds in targets.items():
         folder = os.path.join(sys.argv[1], target)
         os.makedirs(folder, exist_ok=True)
