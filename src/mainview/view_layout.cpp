@@ -11,15 +11,10 @@
 namespace cantorix {
 namespace {
 
-// A damaged file may ask for any height; these keep the sums far from overflowing.
 constexpr std::int32_t kGreatestTierHeight = 10'000;  // pixels
 constexpr std::int32_t kGreatestPercent = 1000;
 
 double ShareOf(std::int32_t percent) { return std::clamp(percent, 1, kGreatestPercent) * 0.01; }
-
-std::int32_t HeightOf(const Tier& tier) {
-  return std::clamp(tier.tierWord, 1, kGreatestTierHeight);
-}
 
 // The panes' parts of the height that is left for them, 0 for one that is not drawn.
 struct PaneShares {
@@ -53,7 +48,7 @@ std::int32_t PaneHeight(double share, std::int32_t available) {
 std::int32_t TiersHeight(const CChannel& channel, const DisplaySettings& display) {
   if (display.drawTiers == 0) return 0;
   std::int32_t height = 0;
-  for (const Tier& tier : channel.tiers) height += tier.inUse ? HeightOf(tier) : 0;
+  for (const Tier& tier : channel.tiers) height += tier.inUse ? TierHeight(tier) : 0;
   return height;
 }
 
@@ -75,12 +70,16 @@ class Strips {
 std::array<PixelRect, kTierCount> TierStrips(const Tiers& tiers, bool drawn, Strips& strips) {
   std::array<PixelRect, kTierCount> places;
   for (std::size_t i = 0; i < places.size(); ++i) {
-    if (drawn && tiers[i].inUse) places[i] = strips.Next(HeightOf(tiers[i]));
+    if (drawn && tiers[i].inUse) places[i] = strips.Next(TierHeight(tiers[i]));
   }
   return places;
 }
 
 }  // namespace
+
+std::int32_t TierHeight(const Tier& tier) {
+  return std::clamp(tier.tierWord, 1, kGreatestTierHeight);
+}
 
 ViewLayout LayOutView(const CSonadexDoc& document, PixelSize client, std::int32_t verticalOffset) {
   const CChannel& channel = document.channel();

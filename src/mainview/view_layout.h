@@ -29,6 +29,10 @@ struct ViewLayout {
   const PixelRect& tier(int index) const { return tiers[static_cast<std::size_t>(index)]; }
 };
 
+// Pixels, at least 1. A damaged file may ask for any height; these keep the sums far from
+// overflowing.
+std::int32_t TierHeight(const Tier& tier);
+
 // Lays out the view of `document` in a client area, tiers and panes moved by `verticalOffset`
 // (pixels, <= 0). The panes share what tiers, axis
 // and readouts leave, by the percents of the display settings: scaled up to fill it, never below

@@ -8,6 +8,7 @@
 #include "desktop/paint/picture_text.h"
 #include "desktop/qt_text.h"
 #include "mainview/label_layout.h"
+#include "mainview/view_layout.h"
 
 namespace cantorix {
 namespace {
@@ -134,7 +135,7 @@ QRectF ToRectF(const PixelRect& rect) {
 
 std::int32_t HeightOfTiers(const Tiers& tiers) {
   std::int32_t height = 0;
-  for (const Tier& tier : tiers) height += tier.inUse ? std::max(tier.tierWord, 1) : 0;
+  for (const Tier& tier : tiers) height += tier.inUse ? TierHeight(tier) : 0;
   return height;
 }
 

@@ -8,6 +8,7 @@
 #include "desktop/paint/picture_text.h"
 #include "desktop/paint/signal_strips.h"
 #include "desktop/paint/words.h"
+#include "mainview/view_layout.h"
 #include "settings/time_base.h"
 
 namespace cantorix {
@@ -31,7 +32,7 @@ void DrawLabelStrips(QPainter& painter, const WindowLayout& layout, const AxisSc
   PixelRect strip = layout.labels;
   for (const Tier& tier : tiers) {
     if (!tier.inUse) continue;
-    strip.bottom = strip.top + std::max(tier.tierWord, 1);
+    strip.bottom = strip.top + TierHeight(tier);
     if (strip.bottom > layout.labels.bottom) return;
     DrawTierStrip(painter, tier, strip, false, style);
     DrawTierLabels(painter, tier, {strip, time, static_cast<double>(layout.plot.bottom)}, -1,

@@ -2,6 +2,7 @@
 // analysis_windows_test.cpp.
 #include <gtest/gtest.h>
 
+#include "desktop/paint/label_painter.h"
 #include "desktop/paint/main_view_painter.h"
 #include "desktop/paint/paint_fixture.h"
 #include "desktop/paint/picture_axis.h"
@@ -13,6 +14,17 @@ namespace cantorix {
 namespace {
 
 constexpr PixelSize kClient{900, 600};
+
+TEST(Tiers, OfADamagedFileAreNoHigherThanCanBeCounted) {
+  Tiers tiers;
+  for (const auto& [word, height] : {std::pair{INT32_MAX, 100000}, {INT32_MIN, 10}, {20, 200}}) {
+    for (Tier& tier : tiers) {
+      tier.inUse = true;
+      tier.tierWord = word;
+    }
+    EXPECT_EQ(HeightOfTiers(tiers), height);
+  }
+}
 
 TEST(MainViewPicture, AnImpulseStandsAtItsTime) {
   for (const double ratio : {1.0, 2.0}) {
