@@ -110,6 +110,7 @@ def wav():
                         ("cues_before", (texts, cues, form, chunk(b"data", wave(10, 999))))):
         body = b"WAVE" + b"".join(parts)
         yield name, b"RIFF" + struct.pack("<I", len(body)) + body
+    yield "empty_data", b"RIFF\0\0\0\0WAVE" + form + chunk(b"data", b"") + texts
 
 
 def sphere():
