@@ -31,8 +31,8 @@ const LabelFormat* FormatFor(std::uint8_t byte) {
 }
 
 std::string NameFor(std::uint8_t byte) {
-  static const char* const kNames[] = {"talk.lab",  "talk.txt",      "talk.tones", "talk.rec",
-                                       "talk.phn",  "talk.TextGrid", "talk.csv",   "talk"};
+  static const char* const kNames[] = {"talk.lab", "talk.txt",      "talk.tones", "talk.rec",
+                                       "talk.phn", "talk.TextGrid", "talk.csv",   "talk"};
   return kNames[byte % std::size(kNames)];
 }
 

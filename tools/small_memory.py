@@ -5,7 +5,7 @@ usage: tools/small_memory.py PROGRAM [MEGABYTES]
 
 PROGRAM is cantorix-batch without sanitizers. Every verb and every format is tried with an address
 space of MEGABYTES (512), on the recordings of the tests, on a recording of ten hours, on label files
-of 40 MB and with a settings record that asks for the most of everything. A run has to end with exit
+of tens of MB and with a settings record that asks for the most of everything. A run has to end with exit
 code 0, or with 1 or 2 and one line on standard error.
 """
 import os
