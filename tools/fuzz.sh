@@ -83,7 +83,7 @@ case $what in
     python3 tools/unreached.py $out/all.lcov
     ;;
   minimise)
-    build build/fuzz cmake --preset fuzz
+    build build/fuzz cmake --preset fuzz -DCANTORIX_DESKTOP=OFF
     for name in "${chosen[@]}"; do
       fresh=$(mktemp -d)
       build/fuzz/fuzz/fuzz_$name -merge=1 -max_len=2048 -close_fd_mask=3 "$fresh" \
@@ -93,7 +93,7 @@ case $what in
     ;;
   *)
     [[ $what =~ ^[0-9]+$ ]] || { echo "fuzz: how many minutes? not $what" >&2; exit 2; }
-    build build/fuzz cmake --preset fuzz
+    build build/fuzz cmake --preset fuzz -DCANTORIX_DESKTOP=OFF
     status=0
     for name in "${chosen[@]}"; do run "$name" $((what * 60 / ${#chosen[@]})) || status=1; done
     exit $status
