@@ -1,10 +1,10 @@
 // empty_note.cpp - a label and buttons, as wide as there is room.
 #include "desktop/empty_note.h"
 
+#include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 #include <algorithm>
 
 namespace cantorix {
@@ -12,12 +12,19 @@ namespace {
 
 constexpr int kFontPixels = 13;
 constexpr int kMargin = 12;  // pixels, around and inside
+constexpr int kLeastWidth = 240;
 constexpr int kMostWidth = 520;
+constexpr int kMostLine = 900;  // of text and buttons beside each other
 
 }  // namespace
 
-EmptyNote::EmptyNote(QWidget& over)
-    : QFrame(&over), over_(over), text_(new QLabel(this)), column_(new QVBoxLayout(this)) {
+EmptyNote::EmptyNote(QWidget& over, At at)
+    : QFrame(&over),
+      over_(over),
+      at_(at),
+      text_(new QLabel(this)),
+      parts_(new QBoxLayout(at == At::kTop ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom,
+                            this)) {
   QFont font = this->font();
   font.setPixelSize(kFontPixels);
   setFont(font);
@@ -25,11 +32,12 @@ EmptyNote::EmptyNote(QWidget& over)
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Window);
   setForegroundRole(QPalette::WindowText);
-  column_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  const int edge = at == At::kTop ? kMargin / 3 : kMargin;
+  parts_->setContentsMargins(kMargin, edge, kMargin, edge);
   text_->setTextFormat(Qt::PlainText);
   text_->setWordWrap(true);
   text_->setAlignment(Qt::AlignCenter);
-  column_->addWidget(text_);
+  parts_->addWidget(text_, at == At::kTop ? 1 : 0);
   over.installEventFilter(this);
   hide();
 }
@@ -39,11 +47,13 @@ void EmptyNote::Say(const QString& text) {
   Place();
 }
 
+QString EmptyNote::text() const { return text_->text(); }
+
 void EmptyNote::AddButton(const QString& text, const std::function<void()>& act) {
   auto* const button = new QPushButton(QString(text).replace('&', "&&"), this);
   button->setAutoDefault(true);
   connect(button, &QPushButton::clicked, this, act);
-  column_->addWidget(button);
+  parts_->addWidget(button);
   buttons_.push_back(button);
   Place();
 }
@@ -68,14 +78,18 @@ bool EmptyNote::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void EmptyNote::Place() {
-  const int line = text_->fontMetrics().horizontalAdvance(text_->text()) + 4 * kMargin;
+  int line = text_->fontMetrics().horizontalAdvance(text_->text()) + 4 * kMargin;
+  if (at_ == At::kTop) {
+    for (const QPushButton* const button : buttons_) line += button->sizeHint().width() + kMargin;
+  }
+  const int most = at_ == At::kTop ? kMostLine : kMostWidth;
   const int room = over_.width() - 2 * kMargin;
-  setFixedWidth(std::max(std::min({std::max(line, 240), kMostWidth, room}), 1));
+  setFixedWidth(std::max(std::min({std::max(line, kLeastWidth), most, room}), 1));
   const int height =
       std::min(heightForWidth(width()) > 0 ? heightForWidth(width()) : sizeHint().height(),
                std::max(over_.height() - 2, 1));
   resize(width(), height);
-  move((over_.width() - width()) / 2, (over_.height() - height) / 2);
+  move((over_.width() - width()) / 2, at_ == At::kTop ? kMargin : (over_.height() - height) / 2);
 }
 
 }  // namespace cantorix

@@ -1,24 +1,29 @@
-// empty_note.h - a grey panel in the middle of a widget that has nothing to show, with a line that
-// says what to do next and buttons that do it.
+// empty_note.h - a grey panel over a widget that has nothing to show, or nothing new, with a line
+// that says what to do next and buttons that do it.
 #pragma once
 
 #include <QFrame>
 #include <functional>
 #include <vector>
 
+class QBoxLayout;
 class QLabel;
 class QPushButton;
-class QVBoxLayout;
 
 namespace cantorix {
 
 class EmptyNote : public QFrame {
  public:
-  // Stays in the middle of `over`.
-  explicit EmptyNote(QWidget& over);
+  enum class At {
+    kMiddle,  // buttons below the line
+    kTop,     // beside it, so that what is shown below stays in sight
+  };
+  // Stays where it is in `over`, whatever its size.
+  explicit EmptyNote(QWidget& over, At at = At::kMiddle);
 
   void Say(const QString& text);
-  // Buttons stand below each other, in the order of the Tab key.
+  QString text() const;
+  // In the order of the Tab key.
   void AddButton(const QString& text, const std::function<void()>& act);
   void RemoveButtons();
   // Shown, or hidden.
@@ -31,8 +36,9 @@ class EmptyNote : public QFrame {
   void Place();
 
   QWidget& over_;
+  At at_;
   QLabel* text_;
-  QVBoxLayout* column_;
+  QBoxLayout* parts_;
   std::vector<QPushButton*> buttons_;
 };
 

@@ -4,6 +4,7 @@
 #include "settings/config_file.h"
 #include "settings/local_settings.h"
 #include "settings/settings.h"
+#include "settings/suggested_settings.h"
 
 namespace cantorix {
 
@@ -73,6 +74,18 @@ void UseInDocument(CSonadexView& view, const FftLpcSettings& used) {
   view.document().localSettings.Begin(settings);
   settings = used;
   view.Changed(DocumentChange::kSettings);
+}
+
+void UseHints(CSonadexView& view) {
+  const double rateHz = view.channel().sampleRateHz;
+  const auto use = [&](auto settings) {
+    const RateHint hint = HintFor(settings, rateHz);
+    if (hint.text.empty()) return;
+    Use(hint, settings);
+    UseInDocument(view, settings);
+  };
+  use(view.document().settings.spectrogram);
+  use(view.document().settings.fftLpc);
 }
 
 }  // namespace cantorix

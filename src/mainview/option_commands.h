@@ -23,5 +23,8 @@ void KeepOptions(CSonadexView& view, SettingsDialog dialog);
 // The same for this document alone: its points, LPC order and ranges do not go into the file.
 void UseInDocument(CSonadexView& view, const SpectrogramSettings& used);
 void UseInDocument(CSonadexView& view, const FftLpcSettings& used);
+// What the hints of all windows of the recording offer: order and points that are usual at its
+// rate.
+void UseHints(CSonadexView& view);
 
 }  // namespace cantorix

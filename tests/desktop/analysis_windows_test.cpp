@@ -245,13 +245,39 @@ TEST_F(AnalysisWindowsTest, AnEditShowsInTheOldPictureUntilItIsUpdated) {
   EXPECT_THAT(SheetOf(window),
               HasSubstr("\"The recording has changed since this was computed. Press Update (F5) to "
                         "compute again.\""));
-  const QLabel* const note = window.canvas().findChild<QLabel*>();
+  const EmptyNote* const note = window.canvas().findChild<EmptyNote*>();
   EXPECT_NEAR(note->geometry().center().x(), window.canvas().width() / 2.0, 2.0);
   EXPECT_EQ(note->y(), 12);
+  EXPECT_LT(note->height(), 50) << "the button stands beside the line";
   Press(window, Qt::Key_F5);
   EXPECT_FALSE(note->isVisible());
   EXPECT_FALSE(window.model().samplesChanged());
   EXPECT_EQ(SpectrogramOf(view).spectrogram().range.end, 10000.0);
+}
+
+TEST_F(AnalysisWindowsTest, NotesOfferWhatMendsThem) {
+  CSonadexView& view = OpenTones();
+  Perform(Command::kPitchWindow);
+  AnalysisFrame& window = Find(view, WindowKind::kPitch);
+  const auto* const note = window.canvas().findChild<EmptyNote*>();
+  const auto press = [&](const char* text) {
+    for (QPushButton* const button : note->findChildren<QPushButton*>()) {
+      if (button->isVisible() && Typed(button->text()) == text) return button->click();
+    }
+    ADD_FAILURE() << text;
+  };
+  EXPECT_EQ(Typed(note->text()), "No voiced stretch between 50 and 500 Hz found. Options\u2026");
+  PitchSettings wider = view.document().settings.pitch;
+  wider.highHz = 1200.0;
+  dialogs.pitch.WillGive(wider);
+  press("Options...");
+  EXPECT_EQ(view.document().settings.pitch.highHz, 1200.0);
+  view.pitch = {};
+  window.Refresh();
+  QApplication::processEvents();
+  EXPECT_EQ(Typed(note->text()), "No pitch yet. Pitch All (Ctrl+L) computes it.");
+  press("Pitch All");
+  EXPECT_TRUE(window.model().computed());
 }
 
 TEST_F(AnalysisWindowsTest, ANewSizeAndRangeAreComputedAtARest) {
@@ -293,13 +319,12 @@ TEST_F(AnalysisWindowsTest, SayWhatIsLowForTheRateUntilItIsUsedOrClosed) {
     EXPECT_GE(sentence.width(), sentence.sizeHint().width()) << "cut at " << width;
   }
   PressButton(spectrogram, "Use both");
-  EXPECT_EQ(HintIn(spectrogram), "");
+  EXPECT_EQ(HintIn(spectrogram) + HintIn(spectrum), "") << "in all windows of the recording";
+  EXPECT_EQ(settings.fftLpc.lpcOrder, 46);
   Rest();
   EXPECT_EQ(Joined(settings.spectrogram.lpcOrder, settings.spectrogram.points,
                    settings.spectrogram.sizeIndex, spectrogram.model().UpdateDue()),
             "46 256 4 0");
-  PressButton(spectrum, "Use 46");
-  EXPECT_EQ(settings.fftLpc.lpcOrder, 46);
   const DocumentSettings kept = view.document().localSettings.ForFile(settings);
   EXPECT_EQ(Joined(kept.spectrogram.lpcOrder, kept.spectrogram.points, kept.fftLpc.lpcOrder),
             "14 64 14");

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -42,7 +43,9 @@ inline QString SheetLine(const QWidget& widget) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
     if (button->text().isEmpty()) return {};
     const QString state = !button->isCheckable() ? "< > " : button->isChecked() ? "(x) " : "( ) ";
-    return state + button->text();
+    const auto* const push = qobject_cast<const QPushButton*>(button);
+    const bool takesEnter = push != nullptr && (push->isDefault() || push->autoDefault());
+    return state + button->text() + (takesEnter ? " Enter" : "");
   }
   if (const auto* box = qobject_cast<const QSpinBox*>(&widget)) {
     return QString("%1, %2 to %3").arg(box->text()).arg(box->minimum()).arg(box->maximum());
@@ -77,6 +80,16 @@ template <typename Remark>
 std::string SheetOf(QWidget& window, const Remark& remark) {
   QString sheet = "== " + window.windowTitle() + " ==\n";
   window.show();
+  if (const QLayout* const layout = window.layout()) {
+    const QMargins edges = layout->contentsMargins();
+    const bool isFixed = layout->sizeConstraint() == QLayout::SetFixedSize;
+    sheet += QString("edges %1 %2 %3 %4")
+                 .arg(edges.left())
+                 .arg(edges.top())
+                 .arg(edges.right())
+                 .arg(edges.bottom()) +
+             (isFixed ? ", fixed\n" : "\n");
+  }
   QList<QWidget*> seen = window.findChildren<QWidget*>();
   seen.removeIf([](QWidget* widget) { return !widget->isVisible(); });
   ExpectApart(seen);

@@ -210,6 +210,7 @@ TEST_F(Keyboard, TheChartGivesSignsByClickAndByTwoKeys) {
   EXPECT_EQ(cell("voiceless")->text().size(), 2) << "on a circle";
   for (const QToolButton* const button : chart.findChildren<QToolButton*>()) {
     EXPECT_EQ(button->size(), QSize(24, 24));
+    EXPECT_EQ(button->font().pixelSize(), 16);
   }
   cell("mid central vowel")->click();
   Type("n=");

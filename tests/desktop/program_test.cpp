@@ -120,6 +120,39 @@ TEST_F(ProgramTest, OffersWhatAKilledProgramRecorded) {
   EXPECT_TRUE(std::filesystem::exists(folder / "tmp/Recording-20261121-143005-11025Hz-1.raw"));
 }
 
+// The journal of a program that runs is what it leaves behind when it is killed.
+TEST_F(ProgramTest, RestoresTheWorkOfAKilledProgram) {
+  namespace fs = std::filesystem;
+  const fs::path temporary = folder / "tmp";
+  fs::create_directory(temporary);
+  fs::path left;
+  {
+    Program program(sound);
+    ASSERT_TRUE(program.Start({SamplesDirectory() + "/vowels.qrv"}));
+    CSonadexDoc& document = Frame()->activeView()->document();
+    document.channel().tiers[0].name = "changed";
+    document.Notify(DocumentChange::kLabels);
+    QTest::qWait(700);  // ticks come four times a second
+    for (const auto& file : fs::directory_iterator(temporary)) {
+      if (file.path().filename().string().starts_with("Work-")) left = file.path().filename();
+    }
+    ASSERT_FALSE(left.empty());
+    fs::copy_file(temporary / left, fs::path(folder.path()) / left);
+    document.SetModified(false);
+  }
+  EXPECT_FALSE(fs::exists(temporary / left)) << "after a normal end";
+  fs::copy_file(fs::path(folder.path()) / left, temporary / left);
+  Program program(sound);
+  ASSERT_TRUE(program.Start({}));
+  EXPECT_THAT(boxes.texts, testing::ElementsAre(testing::HasSubstr("Would you like to restore")));
+  QApplication::processEvents();
+  ASSERT_EQ(Frame()->Frames().size(), 1U) << "the untouched one has gone";
+  CSonadexDoc& document = Frame()->activeView()->document();
+  EXPECT_EQ(document.channel().tiers[0].name, "changed");
+  EXPECT_TRUE(document.isModified());
+  document.SetModified(false);
+}
+
 TEST_F(ProgramTest, TheEndOfTheSessionKeepsARecordingThatRuns) {
   {
     Program program(sound);

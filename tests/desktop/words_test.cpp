@@ -80,6 +80,7 @@ TEST(WordsOf, LibrariesAreTranslatedAroundTheirValues) {
       {"mean of 10.0 ms \u2013 20.5 ms", "Mittel von 10.0 ms \u2013 20.5 ms"},
       {"Type a label for 'select a stretch first' at 12.0 ms",
        "Ein Etikett für 'select a stretch first' bei 12.0 ms tippen"},
+      {"A tier without a name is called \"2 words\".", "Eine Ebene ohne Namen heißt \"2 words\"."},
       {"No label matches 'x' (14 hidden).", "Kein Etikett passt zu 'x' (14 verborgen)."},
       {"Recording...   press mouse to stop   1:02   2:31:10 left on the disk",
        "Recording...   press mouse to stop   1:02   noch 2:31:10 auf dem Datenträger"},

@@ -1,7 +1,9 @@
 // window_strips.cpp - strips from the top down, then cursor, selection and readouts.
 #include "desktop/paint/window_strips.h"
 
+#include <QPolygonF>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/paint/label_painter.h"
 #include "desktop/paint/picture_axis.h"
@@ -14,7 +16,9 @@
 namespace cantorix {
 namespace {
 
-constexpr double kUnitIndent = 8.0;  // pixels, of its right end from the plot
+// Pixels.
+constexpr double kUnitIndent = 8.0;  // of its right end from the plot
+constexpr double kArrow = 12.0;      // height of the one that points to a cursor out of sight
 
 QString Joined(const QStringList& lines) {
   QStringList parts = lines;
@@ -46,6 +50,20 @@ void DrawStripAxis(QPainter& painter, const QRectF& pane, const AxisSpan& span,
   DrawPane(painter, pane, style.pane);
   const auto ticks = ValueTicks(pane, span.low, span.high, style);
   DrawValueAxis(painter, pane, span, ticks, kPlotLeft, style);
+}
+
+// Its tip stands at `edge`, its base half its height further, by the sign of `toBase`.
+void DrawEdgeArrow(QPainter& painter, const PixelRect& plot, double edge, double toBase,
+                   const PaintStyle& style) {
+  const double middle = 0.5 * (plot.top + plot.bottom);
+  const double half = 0.5 * kArrow;
+  const double base = edge + 0.5 * toBase;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing, true);
+  painter.setPen(QPen(style.pane, 2.0 * style.hairline));
+  painter.setBrush(style.cursor);
+  painter.drawPolygon(QPolygonF({{edge, middle}, {base, middle - half}, {base, middle + half}}));
+  painter.restore();
 }
 
 }  // namespace
@@ -90,7 +108,9 @@ std::int32_t TopOfParts(const WindowLayout& layout) {
 void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                       double value, const PaintStyle& style) {
   const double x = axis.X(value);
-  if (!(x >= axis.left && x <= axis.right())) return;
+  if (!std::isfinite(x)) return;
+  if (x < axis.left) return DrawEdgeArrow(painter, layout.plot, axis.left, kArrow, style);
+  if (x > axis.right()) return DrawEdgeArrow(painter, layout.plot, axis.right(), -kArrow, style);
   painter.setRenderHint(QPainter::Antialiasing, false);
   DrawCursorColumn(painter, x, TopOfParts(layout), layout.plot.bottom, CursorLook::kSolid, style);
 }

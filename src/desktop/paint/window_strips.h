@@ -28,7 +28,7 @@ void DrawWindowStrips(QPainter& painter, const WindowLayout& layout, const AxisS
 
 // Of the highest strip that is there, or of the plot.
 std::int32_t TopOfParts(const WindowLayout& layout);
-// From the top of the strips to the bottom of the plot; nothing outside the axis.
+// From the top of the strips to the bottom of the plot; outside the axis an arrow at its edge.
 void DrawWindowCursor(QPainter& painter, const WindowLayout& layout, const AxisScale& axis,
                       double value, const PaintStyle& style);
 // A horizontal line through the plot at pixel row `y`.

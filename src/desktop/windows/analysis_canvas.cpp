@@ -59,7 +59,7 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
       model_(model),
       picture_(picture),
       guard_(std::move(guard)),
-      note_(new QLabel(this)),
+      note_(new EmptyNote(*this, EmptyNote::At::kTop)),
       played_(*this, PlayCursor::Look::kPlayed,
               [this](double ms) { return picture_.PlaceOf(size(), ms); }),
       pointed_(*this, PlayCursor::Look::kPointed,
@@ -70,24 +70,16 @@ AnalysisCanvas::AnalysisCanvas(AnalysisWindow& model, WindowPicture& picture, Gu
   setFocusPolicy(Qt::StrongFocus);
   setMinimumSize(220, 120);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  note_->setTextFormat(Qt::PlainText);
-  note_->setAutoFillBackground(true);
-  note_->setBackgroundRole(QPalette::ToolTipBase);
-  note_->setForegroundRole(QPalette::ToolTipText);
-  note_->setFrameShape(QFrame::StyledPanel);
-  note_->setMargin(6);
-  note_->setWordWrap(true);
-  note_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  note_->hide();
 }
 
-void AnalysisCanvas::Refresh(const QString& note) {
+void AnalysisCanvas::Refresh(const PictureNote& note) {
   setAccessibleDescription(TextOfReadouts(model_));
-  if (note != note_->text()) {
-    note_->setText(note);
-    PlaceNote();
+  if (note.text != note_->text()) {
+    note_->Say(note.text);
+    note_->RemoveButtons();
+    if (note.act) note_->AddButton(note.button, note.act);
   }
-  note_->setVisible(!note.isEmpty());
+  note_->ShowWhen(!note.text.isEmpty());
   update();
   ValueChanged();
 }
@@ -95,15 +87,6 @@ void AnalysisCanvas::Refresh(const QString& note) {
 // A note that stands over the picture says why there is none.
 QString AnalysisCanvas::PictureValue() {
   return note_->isHidden() ? Translated(SpokenPicture(model_)) : note_->text();
-}
-
-void AnalysisCanvas::PlaceNote() {
-  // In one line where there is room.
-  const int line = note_->fontMetrics().horizontalAdvance(note_->text()) + 24;
-  const int width = std::min(line, this->width() - 24);
-  note_->setFixedWidth(std::max(width, 1));
-  note_->adjustSize();
-  note_->move((this->width() - note_->width()) / 2, 12);
 }
 
 void AnalysisCanvas::LayOut() {
@@ -135,10 +118,7 @@ void AnalysisCanvas::paintEvent(QPaintEvent*) {
   }
 }
 
-void AnalysisCanvas::resizeEvent(QResizeEvent*) {
-  LayOut();
-  PlaceNote();
-}
+void AnalysisCanvas::resizeEvent(QResizeEvent*) { LayOut(); }
 
 void AnalysisCanvas::PassPointer(const QMouseEvent& event, MousePhase phase) {
   const std::int32_t x = Pixel(event.position().x());

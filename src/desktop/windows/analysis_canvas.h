@@ -2,12 +2,12 @@
 // and keys on to the window's model and keeps nothing that the model could be asked for.
 #pragma once
 
-#include <QLabel>
 #include <QWidget>
 #include <functional>
 
 #include "analysisview/pointed.h"
 #include "desktop/accessible_picture.h"
+#include "desktop/empty_note.h"
 #include "desktop/wheel_steps.h"
 #include "desktop/windows/window_picture.h"
 #include "mainview/commands.h"
@@ -16,6 +16,12 @@ namespace cantorix {
 
 // "name value" of all readouts, separated by TABs.
 QString TextOfReadouts(const AnalysisWindow& model);
+
+// What stands over a picture, with what a press of its button does; no text: nothing.
+struct PictureNote {
+  QString text{}, button{};
+  std::function<void()> act{};
+};
 
 class AnalysisCanvas : public QWidget, public AccessiblePicture {
  public:
@@ -32,7 +38,7 @@ class AnalysisCanvas : public QWidget, public AccessiblePicture {
 
   // The model has changed: draws it, with a note over it where it needs one, and tells those who
   // cannot see it.
-  void Refresh(const QString& note);
+  void Refresh(const PictureNote& note);
   // The time of the recording that is heard now; nothing: none.
   void ShowPlayed(std::optional<double> ms) { played_.Show(ms); }
   // What is under the pointer in any window of the recording; nothing: it is in none.
@@ -57,12 +63,11 @@ class AnalysisCanvas : public QWidget, public AccessiblePicture {
   bool GoesToLabel(const QKeyEvent& event);
   void PassKey(QKeyEvent& event);
   void PassPointer(const QMouseEvent& event, MousePhase phase);
-  void PlaceNote();
 
   AnalysisWindow& model_;
   WindowPicture& picture_;
   Guard guard_;
-  QLabel* note_;
+  EmptyNote* note_;
   PlayCursor played_;
   PlayCursor pointed_;
   PlayCursor pointedHz_;

@@ -15,6 +15,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/tool_bar_names.h"
 #include "desktop/tool_icon.h"
+#include "mainview/option_commands.h"
 
 namespace cantorix {
 namespace {
@@ -44,7 +45,7 @@ void AnalysisFrame::Build() {
   auto* const column = new QVBoxLayout(content);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  hint_ = new HintLine({[this] { UseHint(Hint()); }, [this] { CloseHints(); }}, content);
+  hint_ = new HintLine({[this] { UseHints(); }, [this] { CloseHints(); }}, content);
   head_ = new QBoxLayout(QBoxLayout::TopToBottom);
   head_->setSpacing(0);
   head_->addWidget(strip_);
@@ -163,21 +164,37 @@ void AnalysisFrame::ShowHint() {
   head_->setDirection(beside ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
-// For all windows of the recording.
+// Both for all windows of the recording.
+void AnalysisFrame::UseHints() {
+  Run([this] { cantorix::UseHints(view_); });
+  Refresh();
+}
+
 void AnalysisFrame::CloseHints() {
   view_.document().rateHintsClosed = true;
   view_.Changed(DocumentChange::kSettings);
   Refresh();
 }
 
-QString AnalysisFrame::Note() {
-  if (model().samplesChanged()) {
-    return Tr(
-        "The recording has changed since this was computed. Press Update (F5) to compute again.");
-  }
+PictureNote AnalysisFrame::Note() {
   const bool isPitch = model().kind() == WindowKind::kPitch;
-  if (model().computed()) return isPitch ? Translated(UnvoicedNote(view_)) : QString();
-  return isPitch ? Tr(kNoPitchNote) : Tr("Nothing computed. Update (F5).");
+  const auto update = [this] { Perform(WindowCommand::kUpdate); };
+  if (model().samplesChanged()) {
+    return {Tr("The recording has changed since this was computed. Press Update (F5) to compute "
+               "again."),
+            QStringLiteral("Update"), update};
+  }
+  if (!isPitch) {
+    if (model().computed()) return {};
+    return {Tr("Nothing computed. Update (F5)."), QStringLiteral("Update"), update};
+  }
+  if (!model().computed()) {
+    return {Tr(kNoPitchNote), QStringLiteral("Pitch All"),
+            [this] { host_.Perform(Command::kPitchAll); }};
+  }
+  const QString unvoiced = Translated(UnvoicedNote(view_));
+  if (unvoiced.isEmpty()) return {};
+  return {unvoiced, QStringLiteral("Options..."), [this] { Perform(WindowCommand::kOptions); }};
 }
 
 // Not while the mouse is held or something else runs: the user does not rest then.

@@ -78,9 +78,8 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   virtual void FillStrip(QToolBar&) {}
   virtual bool hasOwnRow() const { return false; }
   virtual void RefreshStrip() {}
-  // What does not fit the recording, and what mends it.
+  // What does not fit the recording.
   virtual RateHint Hint() const { return {}; }
-  virtual void UseHint(const RateHint&) {}
   // Whether a field of the strip is being typed into.
   virtual bool edited() const { return false; }
   virtual QString KindName() const = 0;
@@ -103,8 +102,9 @@ class AnalysisFrame : public DeskWindow, private WindowActionsHost {
   void CloseWindow() override { close(); }
 
   void ShowHint();
+  void UseHints();
   void CloseHints();
-  QString Note();
+  PictureNote Note();
   void AwaitRest();
   void Rest();
 

@@ -71,10 +71,6 @@ RateHint CFFTLPCFrame::Hint() const {
   return HintFor(document.settings.fftLpc, document.channel().sampleRateHz);
 }
 
-void CFFTLPCFrame::UseHint(const RateHint& hint) {
-  Set([&hint](auto& settings) { Use(hint, settings); });
-}
-
 void CFFTLPCFrame::Set(const std::function<void(FftLpcSettings&)>& change) {
   Run([&] {
     FftLpcSettings settings = view().document().settings.fftLpc;

@@ -25,7 +25,6 @@ class CFFTLPCFrame : public AnalysisFrame {
   bool hasOwnRow() const override { return true; }
   void RefreshStrip() override;
   RateHint Hint() const override;
-  void UseHint(const RateHint& hint) override;
   bool edited() const override { return fields_ != nullptr && fields_->edited(); }
   // Turns the settings of this document into others.
   void Set(const std::function<void(FftLpcSettings&)>& change);

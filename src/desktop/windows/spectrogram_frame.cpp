@@ -91,10 +91,6 @@ RateHint CSpectrogramFrame::Hint() const {
   return HintFor(document.settings.spectrogram, document.channel().sampleRateHz);
 }
 
-void CSpectrogramFrame::UseHint(const RateHint& hint) {
-  Set([&hint](auto& settings) { Use(hint, settings); });
-}
-
 void CSpectrogramFrame::Set(const std::function<void(SpectrogramSettings&)>& change) {
   Run([&] {
     SpectrogramSettings settings = view().document().settings.spectrogram;

@@ -26,7 +26,6 @@ class CSpectrogramFrame : public AnalysisFrame {
   void FillStrip(QToolBar& strip) override;
   void RefreshStrip() override;
   RateHint Hint() const override;
-  void UseHint(const RateHint& hint) override;
   bool edited() const override { return fields_ != nullptr && fields_->edited(); }
   // Turns the settings of this document into others.
   void Set(const std::function<void(SpectrogramSettings&)>& change);
