@@ -158,6 +158,7 @@ QHBoxLayout* LabelListFrame::BuildButtons() {
   AddEntry(*line, Tr("&Rename..."), Needs::kSome, &LabelListFrame::Rename);
   AddEntry(*line, Tr("&Delete"), Needs::kSome, &LabelListFrame::Delete);
   line->addStretch();
+  line->addWidget(MakeDockButton());
   return line;
 }
 

@@ -45,7 +45,8 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
     : QWidget(parent),
       application_(application),
       table_(new QTableView(this)),
-      note_(new EmptyNote(*table_)) {
+      note_(new EmptyNote(*table_)),
+      line_(new QHBoxLayout) {
   note_->Say(
       Tr("Nothing measured. Ctrl+D enters the selection's duration, Ctrl+I its statistics."));
   order_.setSourceModel(&model_);
@@ -59,17 +60,16 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
   table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
   table_->setSortingEnabled(true);
   UseCompactRows(*table_);
-  auto* const line = new QHBoxLayout;
-  AddButton(*line, QStringLiteral("&Copy"), [this] { CopyRows(); });
-  AddButton(*line, Tr("&Delete"), [this] { DeleteRows(); });
-  AddButton(*line, QStringLiteral("&Undo"), [this] { Undo(); });
-  AddButton(*line, Tr("Export as CS&V..."), [this] { ExportOpenLogAsCsv(application_); });
-  line->addStretch();
+  AddButton(QStringLiteral("&Copy"), [this] { CopyRows(); });
+  AddButton(Tr("&Delete"), [this] { DeleteRows(); });
+  AddButton(QStringLiteral("&Undo"), [this] { Undo(); });
+  AddButton(Tr("Export as CS&V..."), [this] { ExportOpenLogAsCsv(application_); });
+  line_->addStretch();
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(table_);
-  column->addLayout(line);
-  model_.edited = [this] { window()->setWindowModified(true); };
+  column->addLayout(line_);
+  model_.edited = [this] { parentWidget()->setWindowModified(true); };
   table_->installEventFilter(this);
   GiveContextMenu(*table_,
                   {{QStringLiteral("&Copy"), [this] { CopyRows(); }},
@@ -77,10 +77,10 @@ CFormLog::CFormLog(Application& application, QWidget* parent)
                    {QStringLiteral("Select &All"), [this] { table_->selectAll(); }, false}});
 }
 
-void CFormLog::AddButton(QHBoxLayout& line, const QString& text, const std::function<void()>& act) {
+void CFormLog::AddButton(const QString& text, const std::function<void()>& act) {
   auto* const button = new QPushButton(text, this);
   connect(button, &QPushButton::clicked, this, act);
-  line.addWidget(button);
+  line_->addWidget(button);
 }
 
 bool CFormLog::eventFilter(QObject* watched, QEvent* event) {
@@ -159,7 +159,7 @@ void CFormLog::Undo() {
 void CFormLog::LogChanged() {
   model_.Invalidate();
   Refresh();
-  window()->setWindowModified(true);
+  parentWidget()->setWindowModified(true);
 }
 
 CFrameLog::CFrameLog(QWidget* owner, Application& application, std::function<void()> changed)
@@ -169,6 +169,7 @@ CFrameLog::CFrameLog(QWidget* owner, Application& application, std::function<voi
       form_(new CFormLog(application, this)) {
   auto* const column = new QVBoxLayout(this);
   column->addWidget(form_);
+  form_->AddAtEnd(MakeDockButton());
 }
 
 void CFrameLog::Refresh() {

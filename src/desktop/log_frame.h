@@ -2,14 +2,13 @@
 // the form in it with the table.
 #pragma once
 
+#include <QHBoxLayout>
 #include <QTableView>
 #include <functional>
 
 #include "app/application.h"
 #include "desktop/log_model.h"
 #include "desktop/tool_frame.h"
-
-class QHBoxLayout;
 
 namespace cantorix {
 
@@ -27,6 +26,8 @@ class CFormLog : public QWidget {
   void CopyRows() const;
   void DeleteRows();
   void Undo();
+  // Right of the buttons.
+  void AddAtEnd(QWidget* widget) { line_->addWidget(widget); }
   QTableView& table() { return *table_; }
 
   // Keeps the keys of the table from the commands of the main frame that have the same ones.
@@ -35,7 +36,7 @@ class CFormLog : public QWidget {
  private:
   // As the table shows them.
   std::vector<std::size_t> SelectedRows() const;
-  void AddButton(QHBoxLayout& line, const QString& text, const std::function<void()>& act);
+  void AddButton(const QString& text, const std::function<void()>& act);
   void LogChanged();
 
   Application& application_;
@@ -43,6 +44,7 @@ class CFormLog : public QWidget {
   LogOrder order_;
   QTableView* table_;
   EmptyNote* note_;
+  QHBoxLayout* line_;
 };
 
 class CFrameLog : public ToolFrame {
@@ -58,6 +60,8 @@ class CFrameLog : public ToolFrame {
 
  protected:
   QRect DefaultPlace() const override;
+  // Its rows are long.
+  Qt::DockWidgetArea DockArea() const override { return Qt::BottomDockWidgetArea; }
   void closeEvent(QCloseEvent* event) override;
 
  private:

@@ -187,7 +187,11 @@ CSonadexView* CMainFrame::activeView() const {
 }
 
 std::string CMainFrame::PageOfWindow() const {
-  const QWidget* const active = QApplication::activeWindow();
+  const QWidget* active = QApplication::activeWindow();
+  for (const QWidget* part = QApplication::focusWidget(); part != nullptr;
+       part = part->parentWidget()) {
+    if (dynamic_cast<const ToolFrame*>(part) != nullptr) active = part;  // docked or not
+  }
   if (active == labelList_) return "labellist.html";
   if (active == log_) return "log.html";
   if (active == statistics_) return "statistics.html";

@@ -51,6 +51,7 @@ StatisticsFrame::StatisticsFrame(QWidget* owner, FrameHost& host, Surroundings a
   auto* const line = new QHBoxLayout;
   for (QPushButton* const button : {copy_, enter_, pitchAll_}) line->addWidget(button);
   line->addStretch();
+  line->addWidget(MakeDockButton());
   auto* const column = new QVBoxLayout(this);
   column->addWidget(table_, 1);
   column->addWidget(note_);
@@ -69,7 +70,7 @@ StatisticsFrame::~StatisticsFrame() {
 }
 
 void StatisticsFrame::Follow(CSonadexView* view) {
-  enter_->setEnabled(statistics_ && host_.openLog() != nullptr);
+  ShowLogState();
   if (view == view_) return;
   if (view_ != nullptr) view_->document().Detach(*this);
   view_ = view;
@@ -109,12 +110,17 @@ void StatisticsFrame::Measure() {
   Show();
 }
 
+void StatisticsFrame::ShowLogState() {
+  const bool hasLog = host_.openLog() != nullptr;
+  enter_->setEnabled(statistics_ && hasLog);
+  enter_->setToolTip(hasLog ? Tr("One row (Ctrl+I)") : Tr("Open a log first"));
+}
+
 void StatisticsFrame::Show() {
   const bool hasPitch = view_ != nullptr && view_->pitch.count() > 0;
   pitchAll_->setVisible(statistics_ && !hasPitch);
   copy_->setEnabled(statistics_.has_value());
-  enter_->setEnabled(statistics_ && host_.openLog() != nullptr);
-  enter_->setToolTip(host_.openLog() == nullptr ? Tr("Open a log first") : Tr("One row (Ctrl+I)"));
+  ShowLogState();
   note_->setText(note());
   if (view_ == nullptr) return table_->clearContents();
   int row = 0;

@@ -52,6 +52,7 @@ class StatisticsFrame : public ToolFrame, private DocumentObserver {
   void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;
   void MeasureSoon();
   void Show();
+  void ShowLogState();
 
   FrameHost& host_;
   Surroundings around_;

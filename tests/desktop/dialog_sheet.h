@@ -7,7 +7,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -37,7 +36,8 @@ inline QString SheetLine(const QWidget& widget) {
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
     const QString buddy =
         label->buddy() == nullptr ? "" : " for " + label->buddy()->accessibleName();
-    return '"' + label->text() + '"' + buddy;
+    const QString rich = label->textFormat() == Qt::PlainText ? "" : " rich";
+    return '"' + label->text() + '"' + buddy + rich;
   }
   if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return name + ListOf(*list);
   if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
@@ -45,7 +45,9 @@ inline QString SheetLine(const QWidget& widget) {
     const QString state = !button->isCheckable() ? "< > " : button->isChecked() ? "(x) " : "( ) ";
     const auto* const push = qobject_cast<const QPushButton*>(button);
     const bool takesEnter = push != nullptr && (push->isDefault() || push->autoDefault());
-    return state + button->text() + (takesEnter ? " Enter" : "");
+    const QString spoken =
+        button->accessibleName().isEmpty() ? "" : " (" + button->accessibleName() + ')';
+    return state + button->text() + spoken + (takesEnter ? " Enter" : "");
   }
   if (const auto* box = qobject_cast<const QSpinBox*>(&widget)) {
     return QString("%1, %2 to %3").arg(box->text()).arg(box->minimum()).arg(box->maximum());
@@ -78,18 +80,13 @@ inline void ExpectApart(const QList<QWidget*>& seen) {
 // A line for each widget, below the title; `remark` has more to say of one.
 template <typename Remark>
 std::string SheetOf(QWidget& window, const Remark& remark) {
-  QString sheet = "== " + window.windowTitle() + " ==\n";
   window.show();
-  if (const QLayout* const layout = window.layout()) {
-    const QMargins edges = layout->contentsMargins();
-    const bool isFixed = layout->sizeConstraint() == QLayout::SetFixedSize;
-    sheet += QString("edges %1 %2 %3 %4")
-                 .arg(edges.left())
-                 .arg(edges.top())
-                 .arg(edges.right())
-                 .arg(edges.bottom()) +
-             (isFixed ? ", fixed\n" : "\n");
-  }
+  const bool isFixed = window.minimumSize() == window.maximumSize();
+  QString sheet = QString("== %1 == %2x%3%4\n")
+                      .arg(window.windowTitle())
+                      .arg(window.width())
+                      .arg(window.height())
+                      .arg(isFixed ? " fixed" : "");
   QList<QWidget*> seen = window.findChildren<QWidget*>();
   seen.removeIf([](QWidget* widget) { return !widget->isVisible(); });
   ExpectApart(seen);
@@ -98,7 +95,9 @@ std::string SheetOf(QWidget& window, const Remark& remark) {
     if (line.isEmpty()) continue;
     const QString use = widget->isEnabled() ? "" : " (off)";
     const QString tip = widget->toolTip().isEmpty() ? "" : " tip " + widget->toolTip();
-    sheet += line + use + tip + remark(*widget) + '\n';
+    const QRect at(widget->mapTo(&window, QPoint()), widget->size());
+    sheet += line + use + tip + remark(*widget) +
+             QString(" @%1,%2 %3x%4\n").arg(at.x()).arg(at.y()).arg(at.width()).arg(at.height());
   }
   return Typed(sheet) + '\n';
 }

@@ -221,6 +221,9 @@ TEST_F(SoundWindowsTest, OneScopeAtMostHearsRecordingsAndTheInput) {
              (recording ? "Recording at 11025 Hz" : "Listening at 11025 Hz; nothing is recorded.");
     }));
     EXPECT_THAT(Typed(texts[1]->text()), HasSubstr("Peak -8.7 dB     RMS "));
+    if (recording) continue;
+    texts[1]->setText("what was heard");
+    ExpectText("desktop/expected/Scope.txt", SheetOf(*scope));
   }
   frame.sound().EndRecording(view.document());
   scope->close();

@@ -6,8 +6,10 @@
 #include <QTableWidget>
 
 #include "desktop/analysis_fixture.h"
+#include "desktop/dialog_sheet.h"
 #include "desktop/log_frame.h"
 #include "mainview/editing.h"
+#include "support/expected_text.h"
 
 namespace cantorix {
 namespace {
@@ -60,7 +62,10 @@ TEST_F(StatisticsFrameTest, TwiceTheCommandIsOneRow) {
   Perform(Command::kStatistics);
   Perform(Command::kStatistics);
   EXPECT_FALSE(app.log) << "and no log is begun for it";
+  EXPECT_TRUE(Shows(2, "Duration 250.5 ms"));
+  std::string seen = SheetOf(Window());
   Perform(Command::kLogNew);
+  ExpectText("desktop/expected/Statistics.txt", seen + SheetOf(Window()));
   Select(view, 100.0, 300.0);
   Perform(Command::kStatistics);
   ASSERT_EQ(app.log->rows().size(), 1U);

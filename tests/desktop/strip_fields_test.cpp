@@ -12,7 +12,7 @@ namespace {
 
 class StripFieldsTest : public AnalysisDesktopTest {};
 
-// Beside a spectrum on a screen of 1280 pixels.
+// Beside a spectrum on a screen of 1280 pixels, with letters a little wider than usual.
 TEST_F(StripFieldsTest, ANarrowStripShowsAllItsFields) {
   CSonadexView& view = OpenSample();
   Perform(Command::kSpectrogramAll);
@@ -26,14 +26,14 @@ TEST_F(StripFieldsTest, ANarrowStripShowsAllItsFields) {
     }
     return names;
   };
-  EXPECT_EQ(namesShown(840), 0);
+  EXPECT_EQ(namesShown(930), 0);
   const auto numbers = window.findChildren<QSpinBox*>();
   ASSERT_EQ(numbers.size(), 3);
   EXPECT_EQ(numbers[0]->text(), "LPC 14");
   for (const QSpinBox* const number : numbers) EXPECT_TRUE(number->isVisible());
   const auto& colors = dynamic_cast<CSpectrogramFrame&>(window).colors();
   EXPECT_TRUE(colors.isVisible());
-  EXPECT_LE(colors.geometry().right(), 840 - 8);
+  EXPECT_LE(colors.geometry().right(), 930 - 8);
   EXPECT_EQ(namesShown(1900), 5);
   EXPECT_EQ(numbers[0]->text(), "14");
 }

@@ -23,7 +23,7 @@ class ViewInput : public DesktopTest {
   // The sample recording in a window that is too low for its panes.
   CSonadexView& OpenLow() {
     CSonadexView& view = OpenSample();
-    frame.resize(700, 330);
+    frame.resize(700, 310);
     QApplication::processEvents();
     return view;
   }

@@ -280,6 +280,10 @@ Gebaut mit Qt %1.</translation>
         <translation>Wie es die Datei zeigt</translation>
     </message>
     <message>
+        <source>At an edge of the main window, where it covers no recording</source>
+        <translation>Am Rand des Hauptfensters, wo es keine Aufnahme verdeckt</translation>
+    </message>
+    <message>
         <source>Audacity label track</source>
         <translation>Audacity-Textspur</translation>
     </message>
@@ -438,6 +442,10 @@ Gebaut mit Qt %1.</translation>
     <message>
         <source>Cursor %1 Hz    FFT %2 dB    LPC %3 dB</source>
         <translation>Cursor %1 Hz    FFT %2 dB    LPC %3 dB</translation>
+    </message>
+    <message>
+        <source>D&amp;ock</source>
+        <translation>And&amp;ocken</translation>
     </message>
     <message>
         <source>Data</source>

@@ -1,17 +1,14 @@
-// gui_main.cpp - the tests of the pictures, without a display and without a font of the machine: a
-// letter is a box as wide as it is high, wherever the tests run.
+// gui_main.cpp - the tests of the pictures, without a display and without a font of the machine.
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
-#include <fstream>
 
+#include "desktop/box_fonts.h"
 #include "support/temporary_folder.h"
 
 int main(int argc, char** argv) {
   const cantorix::TemporaryFolder folder;
-  const std::string noFonts = folder / "fonts.conf";
-  std::ofstream(noFonts) << "<fontconfig></fontconfig>";
-  ::setenv("FONTCONFIG_FILE", noFonts.c_str(), 1);
+  cantorix::UseBoxFonts(folder);
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const QGuiApplication application(argc, argv);
   testing::InitGoogleTest(&argc, argv);
