@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -159,6 +160,14 @@ void StatisticsFrame::Copy() const {
     text += Shown(line.name) + '\t' + Shown(line.value) + '\t' + Shown(line.unit) + '\n';
   }
   QApplication::clipboard()->setText(text);
+}
+
+void StatisticsFrame::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && !isDocked()) {
+    close();
+  } else {
+    ToolFrame::keyPressEvent(event);
+  }
 }
 
 QRect StatisticsFrame::DefaultPlace() const {

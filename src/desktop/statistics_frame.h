@@ -47,6 +47,8 @@ class StatisticsFrame : public ToolFrame, private DocumentObserver {
  protected:
   QRect DefaultPlace() const override;
   void showEvent(QShowEvent* event) override;
+  // Esc closes it while it floats.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void DocumentChanged(DocumentChanges changes, const DocumentObserver* by) override;

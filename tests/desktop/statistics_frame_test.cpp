@@ -74,6 +74,12 @@ TEST_F(StatisticsFrameTest, TwiceTheCommandIsOneRow) {
   EXPECT_TRUE(frame.log().isWindowModified());
   Window().Copy();
   EXPECT_EQ(QApplication::clipboard()->text().section('\n', 2, 2), "Duration\t200.0\tms");
+  Window().Dock(true);
+  QTest::keyClick(&Window().table(), Qt::Key_Escape);
+  EXPECT_TRUE(Window().isVisible());
+  Window().Dock(false);
+  QTest::keyClick(&Window().table(), Qt::Key_Escape);
+  EXPECT_FALSE(Window().isVisible());
 }
 
 }  // namespace

@@ -100,7 +100,7 @@ def phrase(hour):
     desk.drag(x, y, hour.at(0.6)[0])
     desk.keys("ctrl+i", "ctrl+d")
     hour.picture("statistics")
-    hold(desk.tree().has("frame|dialog|window", "Statistics"), "no window of statistics")
+    desk.wait(lambda: desk.tree().has("table", "^Statistics"), 5, "the window of statistics")
     desk.keys("Escape")
 
 
