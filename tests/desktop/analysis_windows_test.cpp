@@ -406,6 +406,12 @@ TEST_F(AnalysisWindowsTest, APitchWindowComesWithAStretchOrWithoutAPane) {
   const auto& model = dynamic_cast<CPitchView&>(Find(view, WindowKind::kPitch).model());
   EXPECT_NEAR(model.TimeAxis().low, 500.0, 1e-9);
   EXPECT_NEAR(model.TimeAxis().high, 1500.0, 1e-9);
+  AnalysisFrame& window = Find(view, WindowKind::kPitch);
+  const QImage whole = window.canvas().grab().toImage();
+  Select(view, 0.0, 2000.0);
+  EXPECT_EQ(window.canvas().grab().toImage(), whole) << "a selection that would colour everything";
+  Select(view, 600.0, 1500.0);
+  EXPECT_NE(window.canvas().grab().toImage(), whole);
   Find(view, WindowKind::kPitch).close();
   QApplication::processEvents();
   view.document().settings.display.drawPitch = 0;

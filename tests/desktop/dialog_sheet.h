@@ -8,10 +8,12 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QTableView>
+#include <QToolButton>
 
 #include <string>
 
@@ -47,7 +49,11 @@ inline QString SheetLine(const QWidget& widget) {
     const bool takesEnter = push != nullptr && (push->isDefault() || push->autoDefault());
     const QString spoken =
         button->accessibleName().isEmpty() ? "" : " (" + button->accessibleName() + ')';
-    return state + button->text() + spoken + (takesEnter ? " Enter" : "");
+    const auto* const tool = qobject_cast<const QToolButton*>(button);
+    const QString menu = tool != nullptr && tool->menu() != nullptr
+                             ? QString(" opens %1").arg(tool->menu()->actions().size())
+                             : "";
+    return state + button->text() + spoken + menu + (takesEnter ? " Enter" : "");
   }
   if (const auto* box = qobject_cast<const QSpinBox*>(&widget)) {
     return QString("%1, %2 to %3").arg(box->text()).arg(box->minimum()).arg(box->maximum());
