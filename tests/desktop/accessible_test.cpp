@@ -88,6 +88,14 @@ TEST_F(Accessible, PicturesAreReadWithTheirPanesAndValues) {
   EXPECT_EQ(Typed(values["Recording"]), "cursor 300.0 ms");
   EXPECT_EQ(Typed(values["words"]), "cursor 300.0 ms  'i'  7 labels");
   EXPECT_TRUE(values["Audio"].startsWith("cursor 300.0 ms  amp ")) << Typed(values["Audio"]);
+  QAccessibleInterface* const picture =
+      QAccessible::queryAccessibleInterface(&frame.activeFrame()->area().picture());
+  const PixelRect& audio = view.layout.audio;
+  QRect found;
+  for (int i = 0; i < picture->childCount(); ++i) {
+    if (picture->child(i)->text(QAccessible::Name) == "Audio") found = picture->child(i)->rect();
+  }
+  EXPECT_EQ(found.size(), QSize(audio.right - audio.left, audio.bottom - audio.top));
   const QStringList pitch = values["Pitch (Hz)"].split(' ');
   ASSERT_EQ(pitch.size(), 7) << Typed(values["Pitch (Hz)"]);
   EXPECT_NEAR(pitch[5].toDouble(), 100.0, 2.0) << "the truth of the sample at 300 ms";

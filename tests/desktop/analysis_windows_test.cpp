@@ -1,4 +1,5 @@
-// analysis_windows_test.cpp - the windows of spectrum, spectrogram and pitch as a user sees them.
+// analysis_windows_test.cpp - the windows of spectrum, spectrogram and pitch as a user sees them;
+// long because each is tried with all that they have in common.
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QLabel>

@@ -90,6 +90,10 @@ void SpectrumWindow(QPainter& painter, AnalysedRecording& analysed, PixelSize si
   DrawSpectrum(painter, analysed, size, StyleOf(PaletteKind::kDark));
 }
 
+void LightSpectrum(QPainter& painter, AnalysedRecording& analysed, PixelSize size) {
+  DrawSpectrum(painter, analysed, size, StyleOf(PaletteKind::kLight));
+}
+
 void PrintedSpectrum(QPainter& painter, AnalysedRecording& analysed, PixelSize size) {
   DrawSpectrum(painter, analysed, size, BlackOnWhite());
 }
@@ -192,8 +196,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Row{"MainView", MainView}, Row{"IntensityPane", IntensityPane, {1200, 600}},
                     Row{"Zoomed", Zoomed}, Row{"ZoomedOut", ZoomedOut}, Row{"FarOut", FarOut},
                     Row{"Spectrum", SpectrumWindow}, Row{"PrintedSpectrum", PrintedSpectrum},
-                    Row{"Spectrogram", SpectrogramWindow}, Row{"Pitch", PitchWindow},
-                    Row{"PartOfASpectrogram", PartOfASpectrogram},
+                    Row{"LightSpectrum", LightSpectrum}, Row{"Spectrogram", SpectrogramWindow},
+                    Row{"Pitch", PitchWindow}, Row{"PartOfASpectrogram", PartOfASpectrogram},
                     Row{"EmptyPanes", EmptyPanes, {900, 600}, 2}),
     [](const auto& row) { return row.param.name; });
 

@@ -121,6 +121,24 @@ TEST(LevelLine, HasEvenDashesFromOneEndToTheOther) {
   EXPECT_EQ(drawn, wanted);
 }
 
+// The axis of amplitudes is even around the reference and holds all samples.
+TEST(AmplitudeAxis, ReachesToTheSampleFarthestFromTheReference) {
+  ViewWorld world;
+  Samples samples(400, 0);
+  samples[7] = 1000;
+  samples[9] = -3000;
+  ViewedRecording recording(world, samples, 1000.0);
+  DocumentWaveform waveform(recording.document);
+  for (const auto& [reference, most] :
+       {std::pair{0.0, 3000.0}, {500.0, 3500.0}, {-2500.0, 3500.0}}) {
+    recording.channel().referenceLevel = reference;
+    const AxisSpan span =
+        AmplitudeSpan(recording.channel(), waveform.Pyramid(), QRectF(0, 0, 9, 9));
+    EXPECT_DOUBLE_EQ(span.high, 1.05 * most) << reference;
+    EXPECT_DOUBLE_EQ(span.low, -1.05 * most) << reference;
+  }
+}
+
 TEST(Ticks, AreNeverFewerThanTwoNorFarApart) {
   const PaintStyle style = StyleOf(PaletteKind::kLight);
   for (const auto& [low, high] : {std::pair{50.0, 500.0},
