@@ -59,6 +59,7 @@ std::string FitText(const std::string& text, const LabelFormatHolds& holds) {
     const auto byte = static_cast<unsigned char>(c);
     if (c == '\t') return !holds.tabs;
     if (c == '\n') return !holds.lineEnds;
+    if (c == '\r' && !holds.lineEnds) return true;  // ends a line as well
     if (c == '\0') return true;
     return (byte < 0x20 || byte == 0x7F) && !holds.controls;
   };
