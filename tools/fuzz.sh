@@ -14,8 +14,11 @@ what=$1
 shift
 tools/setup.sh build fuzz
 work=build/fuzz/corpus
-export TMPDIR=/dev/shm
-[ -w "$TMPDIR" ] || unset TMPDIR
+# In memory, where a sync costs nothing; the fuzzer leaves what it made there behind.
+[ -w /dev/shm ] && shared=/dev/shm || shared=${TMPDIR:-/tmp}
+TMPDIR=$(mktemp -d -p "$shared" cantorix-fuzzing-XXXXXX)
+export TMPDIR
+trap 'rm -rf "$TMPDIR"' EXIT
 
 targets() { sed -n 's/^.*\bfuzz_\([a-z_]*\): phony$/\1/p' | sort -u; }
 
@@ -85,14 +88,16 @@ case $what in
   minimise)
     build build/fuzz cmake --preset fuzz -DCANTORIX_DESKTOP=OFF
     for name in "${chosen[@]}"; do
-      fresh=$(mktemp -d)
+      fresh=build/fuzz/minimised/$name
+      rm -rf "$fresh"
+      mkdir -p "$fresh"
       build/fuzz/fuzz/fuzz_$name -merge=1 -max_len=2048 -close_fd_mask=3 "$fresh" \
         $(inputs "$name") >/dev/null 2>&1
       echo "$name: $(ls "$fresh" | wc -l) inputs, $(cat "$fresh"/* | wc -c) bytes in $fresh"
     done
     ;;
   *)
-    [[ $what =~ ^[0-9]+$ ]] || { echo "fuzz: how many minutes? not $what" >&2; exit 2; }
+    [[ $what =~ ^[1-9][0-9]*$ ]] || { echo "fuzz: how many minutes? not $what" >&2; exit 2; }
     build build/fuzz cmake --preset fuzz -DCANTORIX_DESKTOP=OFF
     status=0
     for name in "${chosen[@]}"; do run "$name" $((what * 60 / ${#chosen[@]})) || status=1; done
