@@ -111,13 +111,15 @@ BENCHMARK(RepaintTenHours)
     ->Arg(50)
     ->Unit(benchmark::kMillisecond);
 
-// The windows of one recording at the sizes that they have side by side, without what is kept of
-// them: main view, spectrogram with formants, pitch.
+// The windows of one recording at the sizes that they have side by side, without the pictures that
+// are kept of them: main view, spectrogram with formants, pitch. Of the same stretch again and
+// again, or (1) of another one each time.
 void RepaintGroup(benchmark::State& state) {
   Recording& recording = TenHours();
   CSonadexView& view = recording.view;
   CChannel& channel = recording.document.channel();
-  const double length = static_cast<double>(state.range(0)) * 0.001 * kRateHz;
+  const double length = static_cast<double>(state.range(0)) * 0.00099 * kRateHz;
+  const double step = state.range(1) == 0 ? 0.0 : length * 1e-5;
   channel.visibleStart.samples = (channel.totalLength - length) / 2.0;
   channel.visibleEnd.samples = channel.visibleStart.samples + length;
   view.LayOut({1910, 386});
@@ -129,6 +131,10 @@ void RepaintGroup(benchmark::State& state) {
   QImage screen = Screen();
   const PaintStyle style = StyleOf(PaletteKind::kLight);
   for (auto _ : state) {
+    for (TimePoint* const end : {&channel.visibleStart, &channel.visibleEnd}) {
+      end->samples += step;
+      end->ms = end->samples * channel.msPerSample();
+    }
     QPainter painter(&screen);
     PaintMainView(painter, {view, recording.waveform.Pyramid()}, style);
     PaintSpectrogram(painter, {spectrogram, levels, nullptr, {1910, 270}, SpectrogramCursor{}, {}},
@@ -147,11 +153,7 @@ void RepaintGroup(benchmark::State& state) {
   view.LayOut(kClient);
 }
 BENCHMARK(RepaintGroup)
-    ->Arg(36'000'000)
-    ->Arg(600'000)
-    ->Arg(60'000)
-    ->Arg(30'000)
-    ->Arg(7'000)
+    ->ArgsProduct({{36'000'000, 600'000, 60'000, 30'000, 7'000}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
 
 void DragOverMainView(benchmark::State& state) {

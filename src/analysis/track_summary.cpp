@@ -36,7 +36,15 @@ TrackSummary::TrackSummary(std::span<const double> values, double floor) : bins_
   before_.push_back(counts);
 }
 
-std::vector<TrackSpread> TrackSummary::OfEach(std::span<const std::size_t> edges) const {
+const std::vector<TrackSpread>& TrackSummary::OfEach(std::span<const std::size_t> edges) const {
+  if (keptEdges_.empty() || !std::ranges::equal(edges, keptEdges_)) {
+    kept_ = SpreadsOf(edges);
+    keptEdges_.assign(edges.begin(), edges.end());
+  }
+  return kept_;
+}
+
+std::vector<TrackSpread> TrackSummary::SpreadsOf(std::span<const std::size_t> edges) const {
   std::vector<TrackSpread> spreads(edges.empty() ? 0 : edges.size() - 1);
   Counts before{};  // the edge on the left of a long stretch; most often it is the last one's right
   std::size_t entriesBefore = 0;

@@ -30,8 +30,9 @@ class TrackSummary {
 
   // Entries, values or not.
   std::size_t size() const { return bins_.size(); }
-  // Of the entries from each edge to the next; edges ascend within 0 ... size().
-  std::vector<TrackSpread> OfEach(std::span<const std::size_t> edges) const;
+  // Of the entries from each edge to the next; edges ascend within 0 ... size(). The last answer is
+  // kept for whoever draws the same columns next, so that one thread at a time may ask.
+  const std::vector<TrackSpread>& OfEach(std::span<const std::size_t> edges) const;
   // Of all entries.
   std::int64_t values() const { return values_; }
   // The smallest value; 0 without any.
@@ -50,6 +51,7 @@ class TrackSummary {
   static TrackSpread Spread(std::int64_t count, const ValueOfRank& valueOf);
   // The value of that rank among the `count` ones of a bin.
   double ValueIn(std::size_t bin, std::int64_t rank, std::int64_t count) const;
+  std::vector<TrackSpread> SpreadsOf(std::span<const std::size_t> edges) const;
   TrackSpread OfShort(std::size_t first, std::size_t last) const;
   TrackSpread OfLong(const Counts& before, const Counts& upTo) const;
   // Of all entries before this one; bin 0 counts those without a value.
@@ -61,6 +63,8 @@ class TrackSummary {
   double width_ = 0.0;              // of a bin
   std::vector<std::uint8_t> bins_;  // of each entry; 0: no value
   std::vector<Counts> before_;      // of the entries before every whole number of blocks
+  mutable std::vector<std::size_t> keptEdges_;
+  mutable std::vector<TrackSpread> kept_;  // of keptEdges_
 };
 
 }  // namespace cantorix

@@ -115,7 +115,7 @@ TEST(TrackColumns, TellHowTheEntriesThatStandInThemAreSpread) {
   const TrackSummary summary(values, 0.0);
   for (const TrackPlace place :
        {TrackPlace{0.0, 0.01}, TrackPlace{-40.3, 0.037}, TrackPlace{12.0, 0.0005},
-        TrackPlace{0.0, 3.0}, TrackPlace{5000.0, 1.0}}) {
+        TrackPlace{0.0, 3.0}, TrackPlace{0.0, 3.0}, TrackPlace{5000.0, 1.0}}) {
     const auto columns = TrackColumns(summary, place, 90);
     for (std::size_t c = 0; c < columns.size(); ++c) {
       std::vector<double> inside;
