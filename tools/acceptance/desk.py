@@ -204,9 +204,12 @@ class Desk:
         self.click(x + width // 2, y + height // 2)
 
     def menu(self, place, entry):
-        self.press(self.tree().find("menu item", f"^{place}$"))
-        self.wait(lambda: self.tree().has("menu item", entry), 5, entry)
-        self.press(self.tree().find("menu item", entry))
+        """The entry of one menu: others may have one of the same name."""
+        def opened():
+            return self.tree().find("menu item", f"^{place}$")
+        self.press(opened())
+        self.wait(lambda: opened().has("menu item", entry), 5, entry)
+        self.press(opened().find("menu item", entry))
 
     @staticmethod
     def title():

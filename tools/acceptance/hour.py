@@ -80,14 +80,14 @@ def measure(hour):
     desk.rest(1.0)
     hour.picture("log")
     seen = []
-    for part in (0.12, 0.35, 0.6):
+    for part in (0.22, 0.45, 0.855):  # in vowels
         desk.press(desk.tree().find("frame", "^Spectrogram"))
         x, y = hour.at(part, "S", 0.5)
         desk.hover(x, y)
         seen.append(hover_line(desk))
         desk.click(x, y)
         desk.keys("ctrl+shift+m")
-    hold(all(re.search(r"[0-9.]+ ms .*[0-9.]+ Hz", line) for line in seen), f"readouts {seen}")
+    hold(all(re.search(r"F1 [0-9]+ +F2 [0-9]+", line) for line in seen), f"readouts {seen}")
     hour.picture("measured")
     return seen
 
@@ -120,7 +120,7 @@ def label(hour):
     save_as(desk, target)
     found = [row[1] for row in recordings.table("labels", target)]
     hold(found == words, f"labels in the file: {found}")
-    desk.menu("Tiers/Labels", "^Enable Label Entry Mode")
+    desk.menu("Tiers/Labels", "^Disable Label Entry Mode")
 
 
 def edit(hour):
@@ -143,7 +143,7 @@ def edit(hour):
 def save_log(hour):
     desk = hour.desk
     target = os.path.join(desk.work, hour.name + ".log.txt")
-    desk.menu("Log", "^Save As...")
+    desk.menu("Log", "^Save$")
     save_as(desk, target)
     with open(target, encoding="utf-8", errors="replace") as file:
         rows = [line for line in file.read().splitlines() if line.strip()]
