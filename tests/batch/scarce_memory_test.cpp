@@ -22,6 +22,7 @@ TEST(ScarceMemory, EndsInOneLineWhereverItIsMet) {
   const std::string wave = folder / "still.wav";
   const Words rows[] = {
       {"info", wave},
+      {"spectrum", wave, "--at", "10"},
       {"labels", wave, "--memory-minutes", "0"},
       {"edit", wave, "select:0:100", "cut", "-o", folder / "cut.qrv"},
   };
