@@ -37,7 +37,8 @@ start() {
   sleep 3
 }
 begin() { start "$1"; keys ctrl+l; }
-end() { kill "$running"; wait "$running" 2>/dev/null || true; }
+# Ended like this it would ask at the next start.
+end() { kill "$running"; wait "$running" 2>/dev/null || true; rm -rf "$work/tmp"; }
 keys() { for key in "$@"; do xdotool key "$key"; sleep 0.5; done; sleep 0.5; }
 drag() { xdotool mousemove "$1" "$3" mousedown 1; sleep 0.2; xdotool mousemove $((($1 + $2) / 2)) "$3"; sleep 0.2; xdotool mousemove "$2" "$3" mouseup 1; sleep 0.5; }
 # A window alone, by its title.
@@ -84,6 +85,10 @@ keys alt+l Return ctrl+m
 drag 600 760 300
 keys ctrl+d
 shoot main-view
+keys ctrl+i
+sleep 1
+shoot_window Statistics statistics
+keys Escape
 keys alt+l Down Down Down Down Down Return
 shoot log
 keys alt+t Up Up Up Up Up Return
@@ -98,17 +103,15 @@ end
 begin Front_Center.wav
 click 1101 300
 click 1101 300
-keys ctrl+f
-# What the hints offer.
-click 1529 144
-sleep 1
-shoot spectrum
-keys ctrl+g
+keys ctrl+f ctrl+g
 sleep 1
 shoot hint
+# What the hint offers, for both windows.
 click 949 523
 sleep 2
 shoot spectrogram
+keys F6
+shoot spectrum
 keys alt+a Up Return
 shoot pitch
 keys alt+w Down Down Return
