@@ -4,6 +4,7 @@
 # Prints what was seen of each point and leaves pictures in OUT; fails when a point did not hold.
 # tools/acceptance.sh OUT hour does the work of an hour of a student instead, with a picture of each
 # step.
+# CANTORIX_PALETTE=dark in the environment: on a dark desktop.
 set -euo pipefail
 
 here=$(cd "$(dirname "$0")/.." && pwd)

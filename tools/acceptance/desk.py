@@ -16,8 +16,28 @@ ROOT = os.path.dirname(os.path.dirname(HERE))
 BUILD = os.path.join(ROOT, "build", "release", "src")
 BATCH = os.path.join(BUILD, "batch", "cantorix-batch")
 
-LIGHT = {"frame": (0xC4, 0xCA, 0xD4), "cursor": (0x1A, 0x1A, 0x1A), "pitch": (0x08, 0x74, 0x56),
-         "pointed": (0x6B, 0x72, 0x80), "edge": (0x2F, 0x6F, 0xD0)}
+# What the pictures are painted with.
+COLOURS = {"light": {"frame": (0xC4, 0xCA, 0xD4), "cursor": (0x1A, 0x1A, 0x1A),
+                     "pitch": (0x08, 0x74, 0x56), "pointed": (0x6B, 0x72, 0x80),
+                     "edge": (0x2F, 0x6F, 0xD0), "pane": (0xFF, 0xFF, 0xFF)},
+           "dark": {"frame": (0x3C, 0x43, 0x4F), "cursor": (0xFF, 0xFF, 0xFF),
+                    "pitch": (0x5C, 0xD4, 0xA6), "pointed": (0x9A, 0xA3, 0xB2),
+                    "edge": (0x7F, 0xB2, 0xFF), "pane": (0x16, 0x18, 0x1D)}}
+# Of a desktop whose user likes it dark.
+DARK_DESKTOP = """[Colors:Window]
+BackgroundNormal=42,46,50
+ForegroundNormal=252,252,252
+[Colors:View]
+BackgroundNormal=27,30,32
+BackgroundAlternate=35,38,41
+ForegroundNormal=252,252,252
+[Colors:Button]
+BackgroundNormal=49,54,59
+ForegroundNormal=252,252,252
+[Colors:Selection]
+BackgroundNormal=61,174,233
+ForegroundNormal=252,252,252
+"""
 
 
 @dataclass
@@ -52,6 +72,8 @@ class Node:
 class Desk:
     def __init__(self, out, width=1920, height=1080):
         self.out = out
+        palette = os.environ.get("CANTORIX_PALETTE", "light")
+        self.colours = COLOURS[palette]
         self.size = (width, height)
         self.work = os.path.join(out, "work")
         shutil.rmtree(self.work, ignore_errors=True)
@@ -67,6 +89,11 @@ class Desk:
                           XDG_CONFIG_HOME=self.work, XDG_DATA_HOME=self.work,
                           XDG_RUNTIME_DIR=os.path.join(self.work, "run"),
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8")
+        if palette == "dark":
+            with open(os.path.join(self.work, "kdeglobals"), "w", encoding="utf-8") as file:
+                file.write(DARK_DESKTOP)
+            os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5",
+                              KDE_FULL_SESSION="true")
         self._start(["openbox"])
         self._start(["/usr/libexec/at-spi-bus-launcher", "--launch-immediately"])
         time.sleep(1.5)

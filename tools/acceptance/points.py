@@ -14,7 +14,7 @@ import time
 import numpy
 
 import recordings
-from desk import LIGHT, ROOT, Desk, columns_of
+from desk import ROOT, Desk, columns_of
 
 KINDS = {"M": "^Recording$", "S": "^Spectrogram$", "P": "^Pitch$", "F": "^FFT/LPC$"}
 
@@ -65,7 +65,13 @@ def make(desk, name, rate, seconds, channels=1):
 
 
 def colored(desk, box, color, rows):
-    return columns_of(desk.pixels(box), LIGHT[color], rows)
+    """Columns of a line. A cursor has its rim, which tells it from a spectrogram as bright."""
+    pixels = desk.pixels(box)
+    columns = columns_of(pixels, desk.colours[color], rows)
+    if color != "cursor":
+        return columns
+    rim = set(columns_of(pixels, desk.colours["pane"], rows))
+    return [x for x in columns if x - 1 in rim and x + 1 in rim]
 
 
 # 1
@@ -295,7 +301,7 @@ def pitch_seen(desk):
         left, width = frame[0] + 1, frame[-1] - frame[0] - 1
         step = width / (1000.0 * seconds)
         pixels = desk.pixels(m).astype(int)
-        near = (abs(pixels - numpy.array(LIGHT["pitch"])).sum(axis=2) < 150).sum(axis=0)
+        near = (abs(pixels - numpy.array(desk.colours["pitch"])).sum(axis=2) < 150).sum(axis=0)
         columns = {left + int(float(ms) * step)
                    for ms, hz in recordings.table("pitch", os.path.join(desk.work, name))
                    if float(hz) > 0.0}
