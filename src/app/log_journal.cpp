@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <new>
 #include <utility>
 
 #include "app/unsaved_recordings.h"
@@ -114,43 +113,22 @@ LogJournal::~LogJournal() {
   if (!log_ || !log_->isModified()) Drop();
 }
 
-template <typename Work>
-bool LogJournal::Guard(const Work& work) {
-  if (failed_) return false;
-  try {
-    work();
-  } catch (const FileError& error) {
-    failed_ = true;
-    reason_ = error.what();
-  } catch (const std::bad_alloc&) {
-    failed_ = true;
-    reason_.clear();
-  }
-  return !failed_;
-}
-
 std::optional<std::string> LogJournal::Tick(double nowMs) {
   if (!log_ || !log_->isModified()) {
     Drop();
     return std::nullopt;
   }
-  Guard([&] {
+  guard_.Do([&] {
     WriteChanges(kRowsOfATick);
     writer_->SyncNowAndThen(nowMs);
   });
-  if (!failed_ || isTold_) return std::nullopt;
-  try {
-    auto text = "What is entered into the log from here on would be lost in a crash. " +
-                (reason_.empty() ? "There is not enough memory." : reason_);
-    isTold_ = true;
-    return text;
-  } catch (const std::bad_alloc&) {
-    return std::nullopt;  // the next tick tells
-  }
+  return guard_.Tell([] {
+    return std::string("What is entered into the log from here on would be lost in a crash. ");
+  });
 }
 
 bool LogJournal::WriteAll() {
-  return Guard([this] {
+  return guard_.Do([this] {
     if (!log_) return;
     WriteChanges(std::numeric_limits<std::size_t>::max());
     writer_->Sync();
@@ -197,7 +175,7 @@ void LogJournal::Drop() noexcept {
   writtenRows_ = 0;
   unwritten_ = {};
   changesToCount_ = 0;
-  failed_ = isTold_ = false;
+  guard_ = {};
 }
 
 std::optional<File> OfferLeftLog(Application& application) {

@@ -7,6 +7,7 @@
 
 #include "app/application.h"
 #include "journal/journal_file.h"
+#include "journal/journal_guard.h"
 
 namespace cantorix {
 
@@ -24,14 +25,12 @@ class LogJournal {
   // they can no longer be written.
   std::optional<std::string> Tick(double nowMs);
   // Whether the next tick should come soon.
-  bool isBehind() const { return !unwritten_.empty() && !failed_; }
+  bool isBehind() const { return !unwritten_.empty() && !guard_.failed(); }
   // Writes all of them and waits for the disk. False when they cannot be written, which Tick tells.
   bool WriteAll();
 
  private:
   void WriteChanges(std::size_t mostRows);
-  template <typename Work>
-  bool Guard(const Work& work);
   void Drop() noexcept;
 
   std::optional<LogTable>& log_;
@@ -41,9 +40,7 @@ class LogJournal {
   std::size_t writtenRows_ = 0;
   ListChange unwritten_;  // from the rows that were written to those that there are
   std::uint32_t changesToCount_ = 0;
-  bool failed_ = false;
-  bool isTold_ = false;
-  std::string reason_;  // of the failure; empty for want of memory
+  JournalGuard guard_;
 };
 
 // Asks of the log journals that killed programs left, the oldest first, whether to restore them,

@@ -1,11 +1,9 @@
 // document_journal.cpp - changes are noted when they happen and written when the program is idle.
 #include "journal/document_journal.h"
 
-#include <new>
 #include <utility>
 
 #include "journal/journalled_work.h"
-#include "platform/file_error.h"
 
 namespace cantorix {
 namespace {
@@ -16,21 +14,6 @@ constexpr std::size_t kLabelsOfATick = 500;
 const SpanSource kNoSamples{{}};
 
 }  // namespace
-
-template <typename Work>
-bool DocumentJournal::Guard(const Work& work) {
-  if (failed_) return false;
-  try {
-    work();
-  } catch (const FileError& error) {
-    failed_ = true;
-    reason_ = error.what();
-  } catch (const std::bad_alloc&) {
-    failed_ = true;
-    reason_.clear();
-  }
-  return !failed_;
-}
 
 DocumentJournal::DocumentJournal(CSonadexDoc& document, JournalPlace place)
     : document_(document), place_(std::move(place)) {
@@ -47,11 +30,12 @@ DocumentJournal::~DocumentJournal() {
 
 void DocumentJournal::Follow() {
   pending_ = {};
-  hasUndoPoint_ = isBehind_ = failed_ = isTold_ = false;
+  hasUndoPoint_ = isBehind_ = false;
+  guard_ = {};
   editsToCount_ = changesToCount_ = 0;
   originSamples_ = 0;
   fingerprint_ = 0;
-  Guard([this] {
+  guard_.Do([this] {
     written_ = {};
     Update(known_, document_, kRecordedChanges);
     originState_ = StateOf(document_.origin().path);
@@ -70,7 +54,7 @@ void DocumentJournal::DocumentChanged(DocumentChanges changes, const DocumentObs
 }
 
 void DocumentJournal::SamplesEdited(const SampleEdit& edit) {
-  Guard([&] { Record(edit); });
+  guard_.Do([&] { Record(edit); });
 }
 
 void DocumentJournal::Record(const SampleEdit& edit) {
@@ -109,25 +93,18 @@ void DocumentJournal::Begin() {
 }
 
 std::optional<std::string> DocumentJournal::Tick(double nowMs) {
-  Guard([&] {
+  guard_.Do([&] {
     if (isBehind_ || !pending_.empty()) WriteChanges(kLabelsOfATick);
     if (writer_) writer_->SyncNowAndThen(nowMs);
   });
-  if (!failed_ || isTold_) return std::nullopt;
-  try {
-    // What was committed stays: it is the work as it was then.
-    auto text = "What is done to ' " + document_.title() +
-                " ' from here on would be lost in a crash. " +
-                (reason_.empty() ? "There is not enough memory." : reason_);
-    isTold_ = true;
-    return text;
-  } catch (const std::bad_alloc&) {
-    return std::nullopt;  // the next tick tells
-  }
+  // What was committed stays: it is the work as it was then.
+  return guard_.Tell([this] {
+    return "What is done to ' " + document_.title() + " ' from here on would be lost in a crash. ";
+  });
 }
 
 bool DocumentJournal::WriteAll() {
-  return Guard([this] {
+  return guard_.Do([this] {
     WriteChanges(kAllLabels);
     if (writer_) writer_->Sync();
   });
@@ -150,7 +127,7 @@ void DocumentJournal::WriteChanges(std::size_t mostLabels) {
 void DocumentJournal::GoOn(File file, std::int64_t bytes) {
   Drop();
   Follow();
-  Guard([&] {
+  guard_.Do([&] {
     written_ = known_;
     writer_.emplace(std::move(file), bytes);
   });
@@ -166,7 +143,7 @@ void DocumentJournal::BeginWithSamples() {
   originSamples_ = 0;
   fingerprint_ = Fingerprint(kNoSamples);
   BeginAnew();
-  Guard([this] {
+  guard_.Do([this] {
     Begin();
     AppendEdit(*writer_, {.kind = SampleEdit::Kind::kSplice}, document_.Samples());
   });

@@ -9,6 +9,7 @@
 
 #include "document/document.h"
 #include "journal/journal_file.h"
+#include "journal/journal_guard.h"
 #include "journal/recorded_state.h"
 #include "journal/sample_payload.h"
 
@@ -29,7 +30,7 @@ class DocumentJournal : public DocumentObserver, public SampleEditListener {
   // Gives a sentence for the user, once, when the work can no longer be written.
   std::optional<std::string> Tick(double nowMs);
   // Whether the next tick should come soon.
-  bool isBehind() const { return isBehind_ && !failed_; }
+  bool isBehind() const { return isBehind_ && !guard_.failed(); }
   // Writes all of it and waits for the disk. False when it cannot be written, which Tick tells.
   bool WriteAll();
 
@@ -52,9 +53,6 @@ class DocumentJournal : public DocumentObserver, public SampleEditListener {
   void Begin();
   void Record(const SampleEdit& edit);
   void WriteChanges(std::size_t mostLabels);
-  // Does `work`; false when it failed, now or before.
-  template <typename Work>
-  bool Guard(const Work& work);
   void Drop() noexcept;
 
   CSonadexDoc& document_;
@@ -70,9 +68,7 @@ class DocumentJournal : public DocumentObserver, public SampleEditListener {
   std::uint32_t fingerprint_ = 0;
   bool hasUndoPoint_ = false;
   std::uint32_t editsToCount_ = 0;
-  bool failed_ = false;
-  bool isTold_ = false;
-  std::string reason_;  // of the failure; empty for want of memory
+  JournalGuard guard_;
 };
 
 }  // namespace cantorix
