@@ -10,14 +10,7 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 build=$(cd "${1:-$here/build/release}" && pwd)
 "$here/tools/setup.sh" reliability
 batch=$build/src/batch/cantorix-batch desktop=$build/src/desktop/cantorix
-work=$(mktemp -d)
-started=()
-finish() {
-  for id in "${started[@]}"; do kill "$id" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap finish EXIT
+. "$here/tools/own_display.sh"
 
 for program in "$batch" "$desktop"; do
   ldd "$program" | grep -E 'libQt6Network|libcurl|libssl|libgnutls|libsoup' && { echo "network: $program links that"; exit 1; }
@@ -25,14 +18,9 @@ for program in "$batch" "$desktop"; do
     grep -wE 'socket|connect|sendto|getaddrinfo|gethostbyname' && { echo "network: $program calls that"; exit 1; }
 done
 
-mkdir -p "$work/run" && chmod 700 "$work/run"
 cp "$here/samples/vowels.qrv" "$work/talk.qrv"
-export HOME=$work XDG_CONFIG_HOME=$work XDG_RUNTIME_DIR=$work/run TMPDIR=$work
-exec 3>"$work/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 2>/dev/null &
-started+=($!)
-until [ -s "$work/display" ]; do sleep 0.1; done
-export DISPLAY=:$(cat "$work/display")
+export TMPDIR=$work
+show_display 1280x800
 
 trace() { strace -f -qq -e trace=%network -o "$work/$1" "${@:2}"; }
 cd "$work"

@@ -19,17 +19,9 @@ program=${CANTORIX_SOAK_PROGRAM:-$here/build/dev/src/desktop/cantorix}
 "$here/tools/setup.sh" pictures
 [ -x "$program" ] || { echo "soak: build the dev preset first (target cantorix)" >&2; exit 2; }
 
-work=$(mktemp -d)
-started=()
-finish() {
-  for id in "${started[@]}"; do kill "$id" 2>/dev/null || true; done
-  wait 2>/dev/null || true
-  rm -rf "$work"
-}
-trap finish EXIT
+. "$here/tools/own_display.sh"
 
-mkdir -p "$work/home/openbox" "$work/run"
-chmod 700 "$work/run"
+mkdir "$work/home/openbox"
 cp "$here/samples/vowels.qrv" "$work/talk.qrv"
 cp /usr/share/sounds/alsa/*.wav "$work" 2>/dev/null || true
 cp "$here"/tests/document/recordings/{flac-flac-24-bit.flac,mp3-ffmpeg-mp3.mp3,sphere-sox-mu-law.sph} "$work"
@@ -48,11 +40,7 @@ if [ "$(id -u)" -eq 0 ]; then
   as_user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
 fi
 
-exec 3>"$work/display"
-Xvfb -displayfd 3 -screen 0 1280x800x24 2>/dev/null &
-started+=($!)
-until [ -s "$work/display" ]; do sleep 0.1; done
-export DISPLAY=:$(cat "$work/display") HOME=$work/home XDG_CONFIG_HOME=$work/home XDG_RUNTIME_DIR=$work/run
+show_display 1280x800
 # What is freed goes back to the system, so that a leak is not lost in the allocator's stock.
 export MALLOC_ARENA_MAX=1 MALLOC_MMAP_THRESHOLD_=65536 MALLOC_TRIM_THRESHOLD_=65536
 export ASAN_OPTIONS=detect_leaks=0:exitcode=86 UBSAN_OPTIONS=print_stacktrace=1

@@ -8,23 +8,12 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 "$here/tools/setup.sh" pictures
 program=$here/build/release/src/desktop/cantorix
 out=$(realpath -m "${1:-$here/docs/pictures}")
-work=$(mktemp -d)
-started=()
-finish() {
-  for id in "${started[@]}"; do kill "$id" 2>/dev/null || true; done
-  rm -rf "$work"
-}
-trap finish EXIT
+. "$here/tools/own_display.sh"
 
-mkdir -p "$out" "$work/home" "$work/run"
-chmod 700 "$work/run"
+mkdir -p "$out"
 cp "$here/samples/vowels.qrv" "$work"
 cp /usr/share/sounds/alsa/Front_Center.wav "$work"
-exec 3>"$work/display"
-Xvfb -displayfd 3 -screen 0 1600x1000x24 2>/dev/null &
-started+=($!)
-until [ -s "$work/display" ]; do sleep 0.1; done
-export DISPLAY=:$(cat "$work/display") HOME=$work/home XDG_CONFIG_HOME=$work/home XDG_RUNTIME_DIR=$work/run
+show_display 1600x1000
 openbox 2>/dev/null &
 started+=($!)
 sleep 1
@@ -161,21 +150,7 @@ end
 unset QT_SCALE_FACTOR
 
 # The colours of a dark desktop.
-cat >"$work/home/kdeglobals" <<'COLORS'
-[Colors:Window]
-BackgroundNormal=42,46,50
-ForegroundNormal=252,252,252
-[Colors:View]
-BackgroundNormal=27,30,32
-BackgroundAlternate=35,38,41
-ForegroundNormal=252,252,252
-[Colors:Button]
-BackgroundNormal=49,54,59
-ForegroundNormal=252,252,252
-[Colors:Selection]
-BackgroundNormal=61,174,233
-ForegroundNormal=252,252,252
-COLORS
+cp "$here/tools/dark_desktop.kdeglobals" "$work/home/kdeglobals"
 export XDG_CURRENT_DESKTOP=KDE KDE_SESSION_VERSION=5 KDE_FULL_SESSION=true
 begin vowels.qrv
 keys alt+l Return

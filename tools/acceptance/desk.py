@@ -23,21 +23,6 @@ COLOURS = {"light": {"frame": (0xC4, 0xCA, 0xD4), "cursor": (0x1A, 0x1A, 0x1A),
            "dark": {"frame": (0x3C, 0x43, 0x4F), "cursor": (0xFF, 0xFF, 0xFF),
                     "pitch": (0x5C, 0xD4, 0xA6), "pointed": (0x9A, 0xA3, 0xB2),
                     "edge": (0x7F, 0xB2, 0xFF), "pane": (0x16, 0x18, 0x1D)}}
-# Of a desktop whose user likes it dark.
-DARK_DESKTOP = """[Colors:Window]
-BackgroundNormal=42,46,50
-ForegroundNormal=252,252,252
-[Colors:View]
-BackgroundNormal=27,30,32
-BackgroundAlternate=35,38,41
-ForegroundNormal=252,252,252
-[Colors:Button]
-BackgroundNormal=49,54,59
-ForegroundNormal=252,252,252
-[Colors:Selection]
-BackgroundNormal=61,174,233
-ForegroundNormal=252,252,252
-"""
 
 
 @dataclass
@@ -90,8 +75,8 @@ class Desk:
                           XDG_RUNTIME_DIR=os.path.join(self.work, "run"),
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", LC_ALL="C.UTF-8")
         if palette == "dark":
-            with open(os.path.join(self.work, "kdeglobals"), "w", encoding="utf-8") as file:
-                file.write(DARK_DESKTOP)
+            shutil.copy(os.path.join(ROOT, "tools", "dark_desktop.kdeglobals"),
+                        os.path.join(self.work, "kdeglobals"))
             os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_SESSION_VERSION="5",
                               KDE_FULL_SESSION="true")
         self._start(["openbox"])
