@@ -200,7 +200,7 @@ class Faults : public testing::TestWithParam<Operation> {};
 
 TEST_P(Faults, LeaveOneWholeAndSayWhich) {
   const TemporaryFolder folder;
-  Trials trials(GetParam(), folder.path() + "/work/");
+  Trials trials(GetParam(), folder.path() + "/trial/");
   ASSERT_EQ(trials.broken(), "");
   void* const shared =
       ::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
