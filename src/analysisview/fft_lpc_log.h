@@ -26,7 +26,7 @@ LogEntry FftLpcMarkerEntry(const std::string& source, const Spectrum& spectrum, 
 LogEntry FftLpcFormantsEntry(const std::string& source, const Spectrum& spectrum);
 
 // One row every `stepHz` (at least 1) from 0 Hz to below the top of the display: frequency, FFT
-// level, LPC level.
+// level, LPC level. Not more than 250,000 rows, which is every Hz up to a rate of 500 kHz.
 std::vector<LogEntry> FftLpcEntireFrameEntries(const std::string& source, const Spectrum& spectrum,
                                                std::int32_t stepHz);
 

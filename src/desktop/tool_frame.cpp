@@ -1,6 +1,7 @@
 // tool_frame.cpp - the place taken when shown and remembered when moved, and the dock.
 #include "desktop/tool_frame.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QMainWindow>
@@ -45,6 +46,7 @@ void ToolFrame::Dock(bool docked) {
   if (docked == isDocked()) return;
   const bool wasVisible = isVisible();
   docked ? EnterDock() : LeaveDock();
+  GiveMnemonics(!docked);
   setVisible(wasVisible);
   if (dockButton_ == nullptr) return;
   const QSignalBlocker quiet(dockButton_);
@@ -68,6 +70,13 @@ void ToolFrame::LeaveDock() {
   dynamic_cast<QMainWindow&>(owner_).removeDockWidget(left);
   left->deleteLater();
   TakePlace();
+}
+
+// In the main frame the letters with Alt are those of its menus.
+void ToolFrame::GiveMnemonics(bool give) {
+  for (QAbstractButton* const button : findChildren<QAbstractButton*>()) {
+    button->setShortcut(give ? QKeySequence::mnemonic(button->text()) : QKeySequence());
+  }
 }
 
 void ToolFrame::setVisible(bool visible) {

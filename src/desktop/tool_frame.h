@@ -41,6 +41,7 @@ class ToolFrame : public QWidget {
   void EnterDock();
   void LeaveDock();
   void TakePlace();
+  void GiveMnemonics(bool give);
 
   QWidget& owner_;
   WindowPlacement& placement_;

@@ -15,11 +15,11 @@ namespace cantorix {
 // it; a symbolic link is never followed. False when it stays.
 bool RemoveLeftover(int folder, const std::string& name);
 
-// The same for every file in `folder` whose name `isTemporary` takes for one of the program's own.
 // The names in a folder, "." and ".." among them; none when it cannot be listed.
 std::vector<std::string> NamesInFolder(const std::string& folder);
 
-// A folder that cannot be listed is left as it is.
+// Removes so every file in `folder` whose name `isTemporary` takes for one of the program's own. A
+// folder that cannot be listed is left as it is.
 void RemoveLeftovers(const std::string& folder, bool (*isTemporary)(std::string_view name));
 
 // A folder of this program alone in the host's place for temporary files, locked while it lives

@@ -11,6 +11,7 @@ namespace cantorix {
 class ProfileStore {
  public:
   virtual ~ProfileStore() = default;
+  // Nothing where there is none. Throws FileError when what is there cannot be read.
   virtual std::optional<std::string> ReadText(const std::string& section,
                                               const std::string& entry) const = 0;
   // Returns false when the text could not be kept.

@@ -3,6 +3,7 @@
 #include <QMdiArea>
 #include <QPushButton>
 #include <QTableView>
+#include <stdexcept>
 
 #include "desktop/desktop_fixture.h"
 #include "desktop/display_option_frame.h"
@@ -39,14 +40,19 @@ TEST_F(ToolPlaces, ADockedLogCoversNothing) {
   CFrameLog& log = frame.log();
   const QRect floating = log.geometry();
   const int before = frame.area().height();
-  const auto press = [&log] {
-    for (QPushButton* const button : log.findChildren<QPushButton*>()) {
-      if (button->text() == "D&ock") button->click();
+  const auto button = [&log](const char* text) {
+    for (QPushButton* const each : log.findChildren<QPushButton*>()) {
+      if (each->text() == text) return each;
     }
+    throw std::runtime_error(text);
+  };
+  const auto press = [&button] {
+    button("D&ock")->click();
     QApplication::processEvents();
   };
   press();
   ASSERT_TRUE(log.isVisible() && log.isDocked());
+  EXPECT_TRUE(button("Export as CS&V...")->shortcut().isEmpty()) << "Alt+V is the menu's";
   auto* const dock = qobject_cast<QDockWidget*>(log.parentWidget());
   EXPECT_EQ(frame.dockWidgetArea(dock), Qt::BottomDockWidgetArea);
   EXPECT_LE(frame.area().height(), before - 100);
@@ -61,6 +67,7 @@ TEST_F(ToolPlaces, ADockedLogCoversNothing) {
   EXPECT_EQ(frame.PageOfWindow(), "log.html");
   press();
   EXPECT_TRUE(log.isVisible() && !log.isDocked() && log.isWindow());
+  EXPECT_EQ(button("Export as CS&V...")->shortcut(), QKeySequence(Qt::ALT | Qt::Key_V));
   EXPECT_EQ(log.geometry(), floating);
   EXPECT_EQ(frame.area().height(), before);
   press();
