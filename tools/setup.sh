@@ -17,7 +17,7 @@ for purpose in "$@"; do
       ;;
     tests) packages+=(python3 libgtest-dev libgmock-dev alsa-utils pulseaudio pulseaudio-utils) ;;
     python)
-      packages+=(pybind11-dev python3-dev python3-numpy python3-pytest python3-hypothesis mypy)
+      packages+=(pybind11-dev python3-dev python3-venv python3-numpy python3-pytest python3-hypothesis mypy)
       packages+=(python3-pandas python3-matplotlib python3-dask python3-distributed)
       ;;
     checks) packages+=(clang-format clang-tidy) ;;
