@@ -65,8 +65,10 @@ def main():
     parser.add_argument("--count", type=int, default=100)
     given = parser.parse_args()
     warnings.simplefilter("ignore")
-    found = itertools.chain.from_iterable(sorted(folder.rglob("*")) for folder in given.folders)
-    paths = [path for path in found if path.suffix.lower() in ENDINGS][: given.count]
+    found = [[path for path in sorted(folder.rglob("*")) if path.suffix.lower() in ENDINGS]
+             for folder in given.folders]
+    in_turn = itertools.chain.from_iterable(itertools.zip_longest(*found))
+    paths = list(filter(None, in_turn))[: given.count]
     tables = numbers = wrong = nothing = 0
     for path in paths:
         rec = cantorix.open(path, channel=1)
