@@ -1,5 +1,6 @@
 // errors.cpp - what the engine throws as exceptions of Python, in the program's words.
 #include <exception>
+#include <utility>
 
 #include "arguments.h"
 #include "bindings.h"
@@ -17,9 +18,9 @@ void SetError(PyObject* kind, const std::string& text) {
   if (decoded) PyErr_SetObject(kind, decoded.ptr());
 }
 
-void Translate(const std::exception_ptr& thrown) {
+void Translate(std::exception_ptr thrown) {
   try {
-    if (thrown) std::rethrow_exception(thrown);
+    if (thrown) std::rethrow_exception(std::move(thrown));
   } catch (const WrongUsage& refusal) {
     SetError(PyExc_ValueError, InPython(refusal.what()));
   } catch (const FileError& error) {
@@ -33,7 +34,7 @@ void Translate(const std::exception_ptr& thrown) {
 
 void BindErrors(py::module_& module) {
   py::register_exception<NoResult>(module, "MeasureError", PyExc_RuntimeError);
-  py::register_exception_translator([](std::exception_ptr thrown) { Translate(thrown); });
+  py::register_exception_translator(Translate);
 }
 
 }  // namespace cantorix::python
