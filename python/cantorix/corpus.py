@@ -10,11 +10,13 @@ from __future__ import annotations
 
 import os
 import shutil
-from collections.abc import Iterable, Sequence
-from concurrent.futures import ThreadPoolExecutor
+from collections import deque
+from collections.abc import Iterable, Iterator, Sequence
+from concurrent.futures import Future, ThreadPoolExecutor
 from dataclasses import dataclass
+from itertools import islice
 from pathlib import Path as FilePath
-from typing import TYPE_CHECKING, Literal, Optional, Union
+from typing import TYPE_CHECKING, BinaryIO, Literal, Optional, Union
 
 from . import _engine
 from ._paths import Path, encoded
@@ -26,7 +28,9 @@ if TYPE_CHECKING:
 
 Table = Literal["pitch", "intensity", "formants", "labels"]
 FAILED = "failed"
+WAITING = 64  # batches that are under way at a time, at least: their number takes no memory
 _Entry = tuple[bytes, bytes]
+_Batch = tuple[int, list[_Entry]]
 
 
 @dataclass(frozen=True)
@@ -45,8 +49,8 @@ class _Plan:
         return FilePath(self.parts) / f"{index:08d}.{table}.tsv"
 
 
-def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> int:
-    """Measures some recordings and writes their rows; returns how many failed.
+def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> list[int]:
+    """Measures some recordings and writes their rows; returns the bytes of each table.
 
     A batch may be done twice, when its worker dies or is taken for dead: the files of a part appear
     whole, and are the same whoever writes them last.
@@ -62,26 +66,56 @@ def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> int:
             texts[table].append(text)
         if failure:
             texts[FAILED].append(leading.split(b"\t")[0] + b"\t" + failure + b"\n")
+    sizes = []
     for table, pieces in texts.items():
+        sizes.append(sum(map(len, pieces)))
+        if sizes[-1] == 0:
+            continue
         place = plan.part(index, table)
         growing = place.with_name(f".{place.name}.{os.getpid()}.{id(texts)}")
         growing.write_bytes(b"".join(pieces))
         growing.replace(place)
-    return len(texts[FAILED])
+    return sizes
 
 
-def _merge(plan: _Plan, headers: dict[str, bytes], parts: int, out: FilePath) -> None:
-    """One table after the other, in the order of the manifest."""
-    for table, header in headers.items():
-        growing = out / f"{table}.tsv.part"
-        with growing.open("wb") as whole:
-            whole.write(header)
-            for index in range(parts):
-                with plan.part(index, table).open("rb") as part:
-                    shutil.copyfileobj(part, whole)
-            whole.flush()
-            os.fsync(whole.fileno())
-        growing.replace(out / f"{table}.tsv")
+class _Merged:
+    """The growing tables, to which the parts are added in the order of the manifest."""
+
+    def __init__(self, plan: _Plan, headers: dict[str, bytes], out: FilePath) -> None:
+        self._plan = plan
+        self._out = out
+        self._early: dict[int, list[int]] = {}
+        self._next = 0
+        self._tables = {name: (out / f"{name}.tsv.part").open("wb") for name in headers}
+        for name, header in headers.items():
+            self._tables[name].write(header)
+
+    def add(self, index: int, sizes: list[int]) -> None:
+        """Takes a part that is done, and adds it once those before it are there."""
+        self._early[index] = sizes
+        while self._next in self._early:
+            for (name, table), size in zip(self._tables.items(), self._early.pop(self._next)):
+                if size > 0:
+                    self._append(table, self._plan.part(self._next, name), size)
+            self._next += 1
+
+    def _append(self, table: BinaryIO, place: FilePath, size: int) -> None:
+        rows = place.read_bytes()
+        if len(rows) != size:
+            raise OSError(f"{place} holds {len(rows)} bytes of the {size} that its worker wrote.")
+        table.write(rows)
+        place.unlink()
+
+    def finish(self) -> None:
+        """The tables get their names."""
+        for name, table in self._tables.items():
+            table.flush()
+            os.fsync(table.fileno())
+            (self._out / f"{name}.tsv.part").replace(self._out / f"{name}.tsv")
+
+    def close(self) -> None:
+        for table in self._tables.values():
+            table.close()
 
 
 def _sources(manifest: Union[Path, Iterable[Path]]) -> list[bytes]:
@@ -127,36 +161,63 @@ def measure(
     _record(record)
     if lpc is not None and lpc != "auto":
         record["spectrogram.lpcOrder"] = _whole("lpc", lpc, 1, 400)
-    columns, entries = _engine.corpus_list(_sources(manifest), column or "")
+    reader = _engine.CorpusReader(_sources(manifest), column or "")
     folder = FilePath(os.fsdecode(encoded(out, "out")))
     parts = folder / "parts"
     shutil.rmtree(parts, ignore_errors=True)
     parts.mkdir(parents=True)
     plan = _Plan(names, points, bool(exact), labels or "", lpc == "auto", record, str(parts))
-    headers = {name: _engine.corpus_header(name, columns, points) for name in names}
+    headers = {name: _engine.corpus_header(name, reader.columns, points) for name in names}
     headers[FAILED] = b"recording\treason\n"
-    batches = [entries[at : at + batch] for at in range(0, len(entries), batch)]
-    _run(plan, batches, client, threads, retries)
-    _merge(plan, headers, len(batches), folder)
+    batches = enumerate(iter(lambda: reader.take(batch), []))
+    merged = _Merged(plan, headers, folder)
+    try:
+        if client is None:
+            _run_here(plan, batches, merged, threads)
+        else:
+            _run_there(plan, batches, merged, client, retries)
+        merged.finish()
+    finally:
+        merged.close()
     shutil.rmtree(parts)
     return {name: folder / f"{name}.tsv" for name in headers}
 
 
-def _run(
+def _run_here(
+    plan: _Plan, batches: Iterator[_Batch], merged: _Merged, threads: Optional[int]
+) -> None:
+    """Every batch in a thread of this process, some of them waiting."""
+    waiting: deque[tuple[int, Future[list[int]]]] = deque()
+    with ThreadPoolExecutor(threads) as pool:
+        for index, entries in batches:
+            waiting.append((index, pool.submit(_measure_batch, plan, index, entries)))
+            if len(waiting) >= WAITING:
+                first, future = waiting.popleft()
+                merged.add(first, future.result())
+        for first, future in waiting:
+            merged.add(first, future.result())
+
+
+def _run_there(
     plan: _Plan,
-    batches: list[list[_Entry]],
-    client: Optional[distributed.Client],
-    threads: Optional[int],
+    batches: Iterator[_Batch],
+    merged: _Merged,
+    client: distributed.Client,
     retries: int,
 ) -> None:
-    """Every batch on a worker, or in a thread of this process."""
-    indices = range(len(batches))
-    if client is None:
-        with ThreadPoolExecutor(threads) as pool:
-            for _ in pool.map(_measure_batch, [plan] * len(batches), indices, batches):
-                pass
-        return
-    futures = client.map(
-        _measure_batch, [plan] * len(batches), indices, batches, pure=False, retries=retries
-    )
-    client.gather(futures)
+    """Every batch on a worker, so many at a time that none has to wait for work."""
+    from distributed import as_completed
+
+    indices: dict[str, int] = {}
+
+    def submit(index: int, entries: list[_Entry]) -> distributed.Future:
+        future = client.submit(_measure_batch, plan, index, entries, pure=False, retries=retries)
+        indices[future.key] = index
+        return future
+
+    most = max(WAITING, 4 * sum(client.nthreads().values()))
+    done = as_completed([submit(*batch) for batch in islice(batches, most)])
+    for future in done:
+        merged.add(indices.pop(future.key), future.result())
+        for batch in islice(batches, 1):
+            done.add(submit(*batch))

@@ -9,17 +9,25 @@ namespace {
 
 using Bytes = std::vector<py::bytes>;
 
-py::tuple List(const std::vector<std::string>& sources, const std::string& column) {
-  CorpusList list;
+// The next recordings of a list, `most` of them at most.
+std::vector<std::pair<py::bytes, py::bytes>> Take(CorpusReader& reader, std::size_t most) {
+  std::vector<CorpusEntry> entries;
   {
     const py::gil_scoped_release free;
-    list = ReadCorpus(sources, column);
+    while (entries.size() < most) {
+      auto entry = reader.Next();
+      if (!entry) break;
+      entries.push_back(std::move(*entry));
+    }
   }
-  py::list entries;
-  for (const CorpusEntry& entry : list.entries) {
-    entries.append(py::make_tuple(py::bytes(entry.path), py::bytes(entry.leading)));
-  }
-  return py::make_tuple(Bytes(list.columns.begin(), list.columns.end()), entries);
+  std::vector<std::pair<py::bytes, py::bytes>> taken;
+  taken.reserve(entries.size());
+  for (const CorpusEntry& entry : entries) taken.emplace_back(entry.path, entry.leading);
+  return taken;
+}
+
+Bytes ColumnsOf(const CorpusReader& reader) {
+  return {reader.columns().begin(), reader.columns().end()};
 }
 
 std::vector<std::string> Tables(const std::string& names) {
@@ -72,7 +80,10 @@ void BindCorpus(py::module_& module) {
       .def("rows", [home](const Work& work, const std::string& path, const std::string& leading) {
         return Rows(*home, work, path, leading);
       });
-  module.def("corpus_list", List);
+  py::class_<CorpusReader>(module, "CorpusReader")
+      .def(py::init<std::vector<std::string>, const std::string&>())
+      .def_property_readonly("columns", ColumnsOf)
+      .def("take", Take);
   module.def("corpus_tables", Tables);
   module.def("corpus_header", Header);
 }

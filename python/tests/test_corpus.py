@@ -14,7 +14,7 @@ import numpy as np
 import pytest
 
 import cantorix
-from cantorix import corpus
+from cantorix import _engine, corpus
 from conftest import ROOT, SAMPLE
 
 TABLES: list[corpus.Table] = ["pitch", "intensity", "formants", "labels"]
@@ -114,6 +114,28 @@ def test_a_killed_run_goes_on_to_the_same_bytes(
     assert b"--resume goes on with it" in again.communicate()[1] and again.returncode == 2
     other = start(manifest, out, "--resume", "--points", "2")
     assert b"other recordings or options" in other.communicate()[1] and other.returncode == 2
+
+
+def test_folders_are_walked_in_the_order_of_paths(tmp_path: Path) -> None:
+    for name in ("b.wav", "a/z.wav", "a-b/1.flac", "a.b/2.ogg", "ab.mp3", "a/y/x.au", "a/notes.txt"):
+        (tmp_path / name).parent.mkdir(parents=True, exist_ok=True)
+        (tmp_path / name).touch()
+    (tmp_path / "a/back").symlink_to(tmp_path)
+    reader = _engine.CorpusReader([os.fsencode(tmp_path), b"x.wav"], "")
+    expected = sorted(str(path) for path in tmp_path.rglob("*.*")
+                      if path.is_file() and path.suffix != ".txt" and "back" not in path.parts)
+    taken = [os.fsdecode(path) for batch in iter(lambda: reader.take(2), []) for path, _ in batch]
+    assert taken == [*expected, "x.wav"]
+
+
+def test_a_long_table_is_read_line_by_line(tmp_path: Path) -> None:
+    rows = [(f"{number}.wav", "q" * (number % 700)) for number in range(3000)]
+    table = tmp_path / "long.csv"
+    table.write_bytes("file,text\r\n".encode() + "\r\n\n".join(
+        f'"{name}","{text}""""x,y"' for name, text in rows).encode())
+    reader = _engine.CorpusReader([bytes(table)], "")
+    assert reader.columns == [b"recording", b"text"] and reader.take(5000) == [
+        (bytes(tmp_path / name), f'{name}\t{text}""x,y'.encode()) for name, text in rows]
 
 
 def test_settings_travel_to_workers() -> None:

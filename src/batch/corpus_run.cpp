@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -14,6 +15,7 @@
 #include "batch/corpus_output.h"
 #include "measure/corpus_file.h"
 #include "platform/abandon.h"
+#include "platform/file_error.h"
 #include "platform/numbers.h"
 #include "settings/field_table.h"
 #include "settings/field_text.h"
@@ -41,25 +43,41 @@ class Fingerprint {
   std::uint64_t sum_ = 14695981039346656037ULL;
 };
 
-std::string PlanOf(const CorpusList& list, const std::vector<CorpusPart>& parts, const Run& run) {
-  Fingerprint plan;
-  for (const CorpusEntry& entry : list.entries) {
-    plan.Add(entry.path);
-    plan.Add(entry.leading);
-  }
-  for (const CorpusPart& part : parts) plan.Add(part.name + part.header);
-  for (const Field& field : Fields()) plan.Add(FieldText(run.settings, field));
+void AddEntry(const CorpusEntry& entry, Fingerprint& plan) {
+  plan.Add(entry.path);
+  plan.Add(entry.leading);
+}
+
+struct Plan {
+  std::string entries;  // as one word; another for another list
+  std::string whole;    // with the options
+  std::size_t count = 0;
+};
+
+// Reads the whole list once: nothing is begun for one that has a fault.
+Plan PlanOf(const std::vector<CorpusPart>& parts, const Run& run) {
   const Request& request = run.request;
-  plan.Add(request.corpus.labelEnding + (request.exact ? " exact" : "") +
-           (request.usualLpcOrder ? " auto" : "") + std::to_string(request.channel.value_or(0)));
-  return plan.Text();
+  Fingerprint sum;
+  Plan plan;
+  CorpusReader reader(request.files, request.corpus.column);
+  for (auto entry = reader.Next(); entry; entry = reader.Next()) {
+    AddEntry(*entry, sum);
+    ++plan.count;
+  }
+  plan.entries = sum.Text();
+  for (const CorpusPart& part : parts) sum.Add(part.name + part.header);
+  for (const Field& field : Fields()) sum.Add(FieldText(run.settings, field));
+  sum.Add(request.corpus.labelEnding + (request.exact ? " exact" : "") +
+          (request.usualLpcOrder ? " auto" : "") + std::to_string(request.channel.value_or(0)));
+  plan.whole = sum.Text();
+  return plan;
 }
 
 // The tables of the work, and that of what failed.
-std::vector<CorpusPart> PartsOf(const CorpusWork& work, const CorpusList& list) {
+std::vector<CorpusPart> PartsOf(const CorpusWork& work, const std::vector<std::string>& columns) {
   std::vector<CorpusPart> parts;
   for (const CorpusTable table : work.tables) {
-    parts.push_back({std::string(NameOf(table)), CorpusHeader(table, list.columns, work.points)});
+    parts.push_back({std::string(NameOf(table)), CorpusHeader(table, columns, work.points)});
   }
   parts.push_back({"failed", "recording\treason\n"});
   return parts;
@@ -67,14 +85,16 @@ std::vector<CorpusPart> PartsOf(const CorpusWork& work, const CorpusList& list) 
 
 class CorpusQueue {
  public:
-  CorpusQueue(const Run& run, const CorpusList& list, CorpusWork work, CorpusOutput& output)
+  CorpusQueue(const Run& run, Plan plan, CorpusWork work, CorpusOutput& output)
       : run_(run),
-        list_(list),
+        plan_(std::move(plan)),
+        reader_(run.request.files, run.request.corpus.column),
         work_(std::move(work)),
         opening_{run.settings, run.programDirectory, run.request.channel, run.request.generic},
         output_(output),
-        first_(output.done()),
-        next_(output.done()) {}
+        first_(output.done()) {
+    while (next_ < first_ && ReadEntry()) ++next_;
+  }
 
   // How many failed; throws what ended the run.
   std::size_t Work() {
@@ -88,11 +108,17 @@ class CorpusQueue {
   }
 
  private:
+  struct Finished {
+    CorpusEntry entry;
+    CorpusResult result;
+  };
+
   void Loop() noexcept {
     try {
-      for (std::size_t index = 0; Take(index);) {
+      std::size_t index = 0;
+      while (const auto entry = Take(index)) {
         ConsoleProgress progress(quiet_, "", run_.interrupted);
-        Give(index, MeasureCorpusFile(list_.entries[index], work_, opening_, progress));
+        Give(index, {*entry, MeasureCorpusFile(*entry, work_, opening_, progress)});
       }
     } catch (...) {
       const std::lock_guard lock(mutex_);
@@ -101,29 +127,38 @@ class CorpusQueue {
     }
   }
 
-  // The next recording, once few enough wait for an earlier one. False at the end.
-  bool Take(std::size_t& index) {
+  // The next recording, once few enough wait for an earlier one. None at the end.
+  std::optional<CorpusEntry> Take(std::size_t& index) {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [&] { return failure_ || next_ - output_.done() < kMaxWaiting; });
     if (run_.interrupted) throw Abandoned(AbandonReason::kCancelled);
-    if (failure_ || next_ >= list_.entries.size()) return false;
+    if (failure_ || next_ >= plan_.count) return std::nullopt;
+    auto entry = ReadEntry();
     index = next_++;
-    return true;
+    const bool same = entry && (next_ < plan_.count || read_.Text() == plan_.entries);
+    if (!same) throw FileError("The list of recordings changed while they were measured.");
+    return entry;
   }
 
-  void Give(std::size_t index, CorpusResult result) {
+  std::optional<CorpusEntry> ReadEntry() {
+    auto entry = reader_.Next();
+    if (entry) AddEntry(*entry, read_);
+    return entry;
+  }
+
+  void Give(std::size_t index, Finished finished) {
     const std::lock_guard lock(mutex_);
-    waiting_.emplace(index, std::move(result));
+    waiting_.emplace(index, std::move(finished));
     for (auto it = waiting_.begin(); it != waiting_.end() && it->first == output_.done();) {
-      Put(it->first, it->second);
+      Put(it->second);
       it = waiting_.erase(it);
     }
     changed_.notify_all();
   }
 
-  void Put(std::size_t index, CorpusResult& result) {
-    const CorpusEntry& entry = list_.entries[index];
-    std::vector<std::string> rows = std::move(result.rows);
+  void Put(Finished& finished) {
+    const auto& [entry, result] = finished;
+    std::vector<std::string> rows = std::move(finished.result.rows);
     rows.resize(work_.tables.size());
     const std::string name = entry.leading.substr(0, entry.leading.find('\t'));
     rows.push_back(result.failure.empty() ? "" : name + '\t' + result.failure + '\n');
@@ -135,18 +170,18 @@ class CorpusQueue {
   void Show(const std::string& path) {
     if (!run_.console.showsProgress()) return;
     const double seconds = std::chrono::duration<double>(Clock::now() - begun_).count();
-    const auto total = static_cast<double>(list_.entries.size());
+    const auto total = static_cast<double>(plan_.count);
     const auto done = static_cast<double>(output_.done());
     const double rate = (done - static_cast<double>(first_)) / seconds;
-    const std::string text = std::to_string(output_.done()) + '/' +
-                             std::to_string(list_.entries.size()) + ", " + FormatOneDecimal(rate) +
-                             " a second, " + FormatOneDecimal((total - done) / rate / 60.0) +
-                             " min left:";
+    const std::string text = std::to_string(output_.done()) + '/' + std::to_string(plan_.count) +
+                             ", " + FormatOneDecimal(rate) + " a second, " +
+                             FormatOneDecimal((total - done) / rate / 60.0) + " min left:";
     run_.console.ShowProgress(path, text, done / total);
   }
 
   const Run& run_;
-  const CorpusList& list_;
+  Plan plan_;
+  CorpusReader reader_;
   CorpusWork work_;
   CorpusOpening opening_;
   CorpusOutput& output_;
@@ -154,8 +189,9 @@ class CorpusQueue {
   std::mutex mutex_;      // of all that follows and of the output
   std::condition_variable changed_;
   std::size_t first_;
-  std::size_t next_;
-  std::map<std::size_t, CorpusResult> waiting_;
+  std::size_t next_ = 0;
+  Fingerprint read_;
+  std::map<std::size_t, Finished> waiting_;
   std::size_t failed_ = 0;
   std::exception_ptr failure_;
   Clock::time_point begun_ = Clock::now();
@@ -168,13 +204,14 @@ Outcome WorkOnCorpus(const Run& run) {
   const Request& request = run.request;
   CorpusWork work{CorpusTablesOf(request.corpus.tables), request.corpus.points, request.exact,
                   request.corpus.labelEnding, request};
-  const CorpusList list = ReadCorpus(request.files, request.corpus.column);
-  const auto parts = PartsOf(work, list);
+  const CorpusReader list(request.files, request.corpus.column);
+  const auto parts = PartsOf(work, list.columns());
+  const Plan plan = PlanOf(parts, run);
   const Start fresh = request.force ? Start::kAgain : Start::kNew;
-  CorpusOutput output(request.output, parts, PlanOf(list, parts, run),
+  CorpusOutput output(request.output, parts, plan.whole,
                       request.corpus.resume ? Start::kResumed : fresh);
   if (output.finished()) return Outcome::kDone;
-  CorpusQueue queue(run, list, std::move(work), output);
+  CorpusQueue queue(run, plan, std::move(work), output);
   std::size_t failed = 0;
   try {
     failed = queue.Work();
@@ -182,7 +219,7 @@ Outcome WorkOnCorpus(const Run& run) {
     output.Note();
     run.console.ClearProgress();
     run.console.Report({}, "interrupted, " + std::to_string(output.done()) + " of the " +
-                               std::to_string(list.entries.size()) +
+                               std::to_string(plan.count) +
                                " recordings are done; --resume goes on");
     return Outcome::kFailed;
   }

@@ -4,32 +4,30 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <string_view>
+#include <system_error>
+#include <utility>
 
 #include "labelfile/label_formats.h"
 #include "measure/printable.h"
 #include "measure/wrong_usage.h"
-#include "platform/file.h"
 #include "platform/file_error.h"
-#include "platform/text.h"
 
 namespace cantorix {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<std::string_view, 17> kRecordingEndings{
-    "wav", "qrv", "aif", "aiff", "aifc", "au",  "snd",  "flac", "ogg",
-    "oga", "mp3", "sph", "nist", "nsp",  "w64", "rf64", "sd"};
 constexpr const char* kNameColumn = "recording";
 
-template <typename Words>
-bool IsAmong(const Words& words, std::string_view word) {
-  return std::find(words.begin(), words.end(), word) != words.end();
+bool IsFolder(const std::string& path) {
+  std::error_code unknown;  // opening it will say why
+  return fs::is_directory(path, unknown);
 }
 
 bool IsTable(const std::string& path) {
-  return IsAmong(std::array<std::string_view, 3>{"tsv", "csv", "txt"}, FileEnding(path));
+  constexpr std::array<std::string_view, 3> kEndings{"tsv", "csv", "txt"};
+  return !IsFolder(path) &&
+         std::find(kEndings.begin(), kEndings.end(), FileEnding(path)) != kEndings.end();
 }
 
 // Cells may stand in quotes, with quotes in them doubled.
@@ -51,63 +49,65 @@ std::vector<std::string> CellsOf(std::string_view line, char separator) {
   return cells;
 }
 
-void AddFolder(const std::string& folder, CorpusList& list) {
-  std::vector<std::string> found;
-  for (const auto& file : fs::recursive_directory_iterator(folder)) {
-    if (!file.is_regular_file()) continue;
-    std::string path = file.path().string();
-    if (IsAmong(kRecordingEndings, FileEnding(path))) found.push_back(std::move(path));
-  }
-  std::sort(found.begin(), found.end());
-  for (std::string& path : found) list.entries.push_back({path, Printable(path)});
-}
-
-CorpusList ReadTable(const std::string& path, const std::string& column) {
-  const std::string bytes = ReadWholeFile(path);
-  std::string_view rest = bytes;
-  const std::string_view first = TakeLine(rest);
-  const char separator = first.find('\t') == std::string_view::npos ? ',' : '\t';
-  const auto names = CellsOf(first, separator);
-  const auto place = column.empty() ? names.begin() : std::find(names.begin(), names.end(), column);
-  if (place == names.end()) throw WrongUsage(path + ": there is no column " + column);
-  const auto pathIndex = static_cast<std::size_t>(place - names.begin());
-
-  CorpusList list{{kNameColumn}, {}};
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (i != pathIndex) list.columns.push_back(Printable(names[i]));
-  }
-  for (std::string_view line = TakeLine(rest); !line.empty(); line = TakeLine(rest)) {
-    const auto cells = CellsOf(line, separator);
-    if (cells.size() != names.size()) {
-      throw WrongUsage(path + ": a row of " + std::to_string(cells.size()) + " cells, not " +
-                       std::to_string(names.size()) + ": " + Printable(line));
-    }
-    CorpusEntry entry{(fs::path(path).parent_path() / cells[pathIndex]).string(),
-                      Printable(cells[pathIndex])};
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      if (i != pathIndex) entry.leading += '\t' + Printable(cells[i]);
-    }
-    list.entries.push_back(std::move(entry));
-  }
-  return list;
-}
-
 }  // namespace
 
-CorpusList ReadCorpus(const std::vector<std::string>& sources, const std::string& column) {
-  CorpusList list{{kNameColumn}, {}};
-  for (const std::string& source : sources) {
-    if (fs::is_directory(source)) {
-      AddFolder(source, list);
-    } else if (!IsTable(source)) {
-      list.entries.push_back({source, Printable(source)});
-    } else if (sources.size() == 1) {
-      list = ReadTable(source, column);
-    } else {
-      throw WrongUsage(source + ": a table of recordings stands alone");
-    }
+CorpusReader::CorpusReader(std::vector<std::string> sources, const std::string& column)
+    : sources_(std::move(sources)), columns_{kNameColumn} {
+  const auto table = std::find_if(sources_.begin(), sources_.end(), IsTable);
+  if (table == sources_.end()) return;
+  if (sources_.size() > 1) throw WrongUsage(*table + ": a table of recordings stands alone");
+  BeginTable(column);
+}
+
+void CorpusReader::BeginTable(const std::string& column) {
+  const std::string& path = sources_.front();
+  try {
+    table_.emplace(path);
+  } catch (const FileError& error) {
+    throw FileError(CouldNotBeOpened(path, error.what()));
   }
-  return list;
+  const std::string_view first = table_->Next();
+  separator_ = first.find('\t') == std::string_view::npos ? ',' : '\t';
+  const auto names = CellsOf(first, separator_);
+  const auto place = column.empty() ? names.begin() : std::find(names.begin(), names.end(), column);
+  if (place == names.end()) throw WrongUsage(path + ": there is no column " + column);
+  pathColumn_ = static_cast<std::size_t>(place - names.begin());
+  width_ = names.size();
+  for (std::size_t i = 0; i < width_; ++i) {
+    if (i != pathColumn_) columns_.push_back(Printable(names[i]));
+  }
+}
+
+std::optional<CorpusEntry> CorpusReader::Next() {
+  if (table_) {
+    const std::string_view line = table_->Next();
+    return line.empty() ? std::nullopt : std::optional(EntryOf(line));
+  }
+  for (;;) {
+    if (walk_) {
+      if (auto path = walk_->Next()) return CorpusEntry{*path, Printable(*path)};
+      walk_.reset();
+    }
+    if (source_ == sources_.size()) return std::nullopt;
+    const std::string& source = sources_[source_++];
+    if (!IsFolder(source)) return CorpusEntry{source, Printable(source)};
+    walk_.emplace(source);
+  }
+}
+
+CorpusEntry CorpusReader::EntryOf(std::string_view line) const {
+  const std::string& table = sources_.front();
+  const auto cells = CellsOf(line, separator_);
+  if (cells.size() != width_) {
+    throw WrongUsage(table + ": a row of " + std::to_string(cells.size()) + " cells, not " +
+                     std::to_string(width_) + ": " + Printable(line));
+  }
+  CorpusEntry entry{(fs::path(table).parent_path() / cells[pathColumn_]).string(),
+                    Printable(cells[pathColumn_])};
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i != pathColumn_) entry.leading += '\t' + Printable(cells[i]);
+  }
+  return entry;
 }
 
 }  // namespace cantorix
