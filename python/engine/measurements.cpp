@@ -5,6 +5,7 @@
 #include "arguments.h"
 #include "arrays.h"
 #include "bindings.h"
+#include "platform/abandon.h"
 
 namespace cantorix::python {
 namespace {
@@ -22,6 +23,30 @@ void Measure(Recording& self, const char* name, const py::tuple& arguments, cons
   self.Run(job, [&](CSonadexDoc& document) { work(document, job.options, remark); });
 }
 
+// The values of a result being copied for Python: an hour of them takes long enough to be
+// interrupted.
+class Copying {
+ public:
+  Copying(CSonadexDoc& document, std::int64_t count)
+      : progress_(document.host().progress),
+        scope_(progress_, "Copying...", static_cast<double>(count)) {}
+
+  // Throws Abandoned after an interrupt.
+  void Look(std::int64_t done) {
+    if (progress_.Step(static_cast<double>(done))) throw Abandoned(AbandonReason::kCancelled);
+  }
+  // The same now and then.
+  void Count(std::int64_t done) {
+    if (done % kBetweenLooks == 0) Look(done);
+  }
+
+ private:
+  static constexpr std::int64_t kBetweenLooks = 65536;
+
+  Progress& progress_;
+  ProgressScope scope_;
+};
+
 py::tuple Pitch(Recording& self, const py::tuple& arguments) {
   std::vector<double> times;
   std::vector<double> values;
@@ -31,6 +56,7 @@ py::tuple Pitch(Recording& self, const py::tuple& arguments) {
             const auto entries = result.entries();
             values.assign(entries.begin(), entries.end());
             const double msPerSample = document.channel().msPerSample();
+            times.reserve(entries.size());
             for (std::int64_t i = 0; i < result.count(); ++i) {
               times.push_back(result.TimeMs(i, msPerSample));
             }
@@ -49,7 +75,11 @@ py::tuple Intensity(Recording& self, const py::tuple& arguments) {
             const std::int64_t count =
                 options.perSample ? track.size() : std::ssize(track.levels());
             const double step = options.perSample ? 1.0 : track.stepSamples();
+            times.reserve(static_cast<std::size_t>(count));
+            values.reserve(static_cast<std::size_t>(count));
+            Copying copying(document, count);
             for (std::int64_t i = 0; i < count; ++i) {
+              copying.Count(i);
               times.push_back((result.range.start + static_cast<double>(i) * step) * msPerSample);
               values.push_back(options.perSample ? track[i]
                                                  : track.levels()[static_cast<std::size_t>(i)]);
@@ -85,9 +115,16 @@ struct Picture {
   std::vector<double> times, frequencies, levels, formants;
 };
 
-Picture PictureOf(const Spectrogram& spectrogram, double msPerSample) {
+Picture PictureOf(const Spectrogram& spectrogram, CSonadexDoc& document) {
+  const double msPerSample = document.channel().msPerSample();
   Picture picture;
+  const auto columns = static_cast<std::size_t>(spectrogram.columns);
+  if (spectrogram.levels)
+    picture.levels.reserve(columns * static_cast<std::size_t>(spectrogram.rows));
+  picture.formants.reserve(spectrogram.formants.size() * kFormants);
+  Copying copying(document, spectrogram.columns);
   for (std::int64_t column = 0; column < spectrogram.columns; ++column) {
+    copying.Look(column);
     picture.times.push_back(spectrogram.StartOf(column) * msPerSample);
     if (!spectrogram.levels) continue;
     const auto levels = spectrogram.Column(column);
@@ -116,7 +153,7 @@ py::tuple SpectrogramOf(Recording& self, const py::tuple& arguments) {
           [&](CSonadexDoc& document, const MeasureOptions& options, const Remark& remark) {
             CSpectrogramView view(document);
             MeasureSpectrogram(document, options, remark, view);
-            picture = PictureOf(view.spectrogram(), document.channel().msPerSample());
+            picture = PictureOf(view.spectrogram(), document);
           });
   const std::vector<py::ssize_t> shape{static_cast<py::ssize_t>(picture.times.size()),
                                        static_cast<py::ssize_t>(picture.frequencies.size())};
@@ -131,7 +168,7 @@ py::tuple Formants(Recording& self, const py::tuple& arguments) {
           [&](CSonadexDoc& document, const MeasureOptions& options, const Remark& remark) {
             CSpectrogramView view(document);
             MeasureFormants(document, options, remark, view);
-            picture = PictureOf(view.spectrogram(), document.channel().msPerSample());
+            picture = PictureOf(view.spectrogram(), document);
           });
   const py::array formants = FormantArray(picture);
   return py::make_tuple(ArrayOf(std::move(picture.times)), formants);
