@@ -10,8 +10,9 @@ from __future__ import annotations
 
 import os
 import shutil
+import time
 from collections import deque
-from collections.abc import Iterable, Iterator, Sequence
+from collections.abc import Iterable, Sequence
 from concurrent.futures import Future, ThreadPoolExecutor
 from dataclasses import dataclass
 from itertools import islice
@@ -28,9 +29,12 @@ if TYPE_CHECKING:
 
 Table = Literal["pitch", "intensity", "formants", "labels"]
 FAILED = "failed"
-WAITING = 64  # batches that are under way at a time, at least: their number takes no memory
+# Batches that are under way for each thread: one is worked on, others wait, and none of the rest
+# takes memory.
+AHEAD = 4
+BATCH_S = 0.5  # of a batch: short for the one that is lost, long for a scheduler
+MOST = 1000
 _Entry = tuple[bytes, bytes]
-_Batch = tuple[int, list[_Entry]]
 
 
 @dataclass(frozen=True)
@@ -49,12 +53,49 @@ class _Plan:
         return FilePath(self.parts) / f"{index:08d}.{table}.tsv"
 
 
-def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> list[int]:
-    """Measures some recordings and writes their rows; returns the bytes of each table.
+@dataclass(frozen=True)
+class _Done:
+    """What a worker tells of a batch."""
+
+    index: int
+    sizes: list[int]  # bytes of each table
+    recordings: int
+    seconds: float
+
+
+class _Batches:
+    """The recordings in batches of `size`, or of as many as take BATCH_S."""
+
+    def __init__(self, reader: _engine.CorpusReader, size: Optional[int]) -> None:
+        self._reader = reader
+        self._given = size is not None
+        self._size = size or 10
+        self._index = -1
+
+    def __iter__(self) -> _Batches:
+        return self
+
+    def __next__(self) -> tuple[int, list[_Entry]]:
+        entries = self._reader.take(self._size)
+        if not entries:
+            raise StopIteration
+        self._index += 1
+        return self._index, entries
+
+    def heed(self, done: _Done) -> None:
+        """The next ones fit better to the time that the recordings take."""
+        if not self._given:
+            fitting = int(done.recordings * BATCH_S / max(done.seconds, 1e-6))
+            self._size = min(max(fitting, 1), 4 * self._size, MOST)
+
+
+def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> _Done:
+    """Measures some recordings and writes their rows.
 
     A batch may be done twice, when its worker dies or is taken for dead: the files of a part appear
     whole, and are the same whoever writes them last.
     """
+    begun = time.monotonic()
     work = _engine.CorpusWork(
         ",".join(plan.tables), plan.points, plan.exact, plan.labels, plan.usual_order,
         plan.settings._record,
@@ -75,7 +116,7 @@ def _measure_batch(plan: _Plan, index: int, entries: Sequence[_Entry]) -> list[i
         growing = place.with_name(f".{place.name}.{os.getpid()}.{id(texts)}")
         growing.write_bytes(b"".join(pieces))
         growing.replace(place)
-    return sizes
+    return _Done(index, sizes, len(entries), time.monotonic() - begun)
 
 
 class _Merged:
@@ -90,9 +131,9 @@ class _Merged:
         for name, header in headers.items():
             self._tables[name].write(header)
 
-    def add(self, index: int, sizes: list[int]) -> None:
+    def add(self, done: _Done) -> None:
         """Takes a part that is done, and adds it once those before it are there."""
-        self._early[index] = sizes
+        self._early[done.index] = done.sizes
         while self._next in self._early:
             for (name, table), size in zip(self._tables.items(), self._early.pop(self._next)):
                 if size > 0:
@@ -136,7 +177,7 @@ def measure(
     lpc: Optional[Union[int, Literal["auto"]]] = None,
     exact: bool = False,
     settings: Optional[Settings] = None,
-    batch: int = 20,
+    batch: Optional[int] = None,
     threads: Optional[int] = None,
     retries: int = 3,
 ) -> dict[str, FilePath]:
@@ -149,14 +190,15 @@ def measure(
     client: a Dask client; its workers see the recordings and `out` under the same paths. Without
         one, `threads` of this process do the work.
     labels: ending of the label files beside the recordings; points, lpc, exact: as in
-        ``cantorix-batch corpus``; batch: recordings that a worker takes at a time; retries: of a
-        batch whose worker failed.
+        ``cantorix-batch corpus``; batch: recordings that a worker takes at a time, else as many as
+        take half a second; retries: of a batch whose worker failed.
 
     Raises ValueError for arguments that do not fit, OSError for a manifest that cannot be read.
     """
     names = tuple(_engine.corpus_tables(",".join(what)))
     _whole("points", points, 0, 1000)
-    _whole("batch", batch, 1, 1000000)
+    if batch is not None:
+        _whole("batch", batch, 1, 1000000)
     record = Settings() if settings is None else settings.copy()
     _record(record)
     if lpc is not None and lpc != "auto":
@@ -169,7 +211,7 @@ def measure(
     plan = _Plan(names, points, bool(exact), labels or "", lpc == "auto", record, str(parts))
     headers = {name: _engine.corpus_header(name, reader.columns, points) for name in names}
     headers[FAILED] = b"recording\treason\n"
-    batches = enumerate(iter(lambda: reader.take(batch), []))
+    batches = _Batches(reader, batch)
     merged = _Merged(plan, headers, folder)
     try:
         if client is None:
@@ -183,41 +225,39 @@ def measure(
     return {name: folder / f"{name}.tsv" for name in headers}
 
 
-def _run_here(
-    plan: _Plan, batches: Iterator[_Batch], merged: _Merged, threads: Optional[int]
-) -> None:
-    """Every batch in a thread of this process, some of them waiting."""
-    waiting: deque[tuple[int, Future[list[int]]]] = deque()
+def _run_here(plan: _Plan, batches: _Batches, merged: _Merged, threads: Optional[int]) -> None:
+    """Every batch in a thread of this process."""
+    threads = threads or os.cpu_count() or 1
+    waiting: deque[Future[_Done]] = deque()
+
+    def take() -> None:
+        done = waiting.popleft().result()
+        merged.add(done)
+        batches.heed(done)
+
     with ThreadPoolExecutor(threads) as pool:
         for index, entries in batches:
-            waiting.append((index, pool.submit(_measure_batch, plan, index, entries)))
-            if len(waiting) >= WAITING:
-                first, future = waiting.popleft()
-                merged.add(first, future.result())
-        for first, future in waiting:
-            merged.add(first, future.result())
+            waiting.append(pool.submit(_measure_batch, plan, index, entries))
+            if len(waiting) >= AHEAD * threads:
+                take()
+        while waiting:
+            take()
 
 
 def _run_there(
-    plan: _Plan,
-    batches: Iterator[_Batch],
-    merged: _Merged,
-    client: distributed.Client,
-    retries: int,
+    plan: _Plan, batches: _Batches, merged: _Merged, client: distributed.Client, retries: int
 ) -> None:
     """Every batch on a worker, so many at a time that none has to wait for work."""
     from distributed import as_completed
 
-    indices: dict[str, int] = {}
-
     def submit(index: int, entries: list[_Entry]) -> distributed.Future:
-        future = client.submit(_measure_batch, plan, index, entries, pure=False, retries=retries)
-        indices[future.key] = index
-        return future
+        return client.submit(_measure_batch, plan, index, entries, pure=False, retries=retries)
 
-    most = max(WAITING, 4 * sum(client.nthreads().values()))
-    done = as_completed([submit(*batch) for batch in islice(batches, most)])
-    for future in done:
-        merged.add(indices.pop(future.key), future.result())
+    most = AHEAD * max(sum(client.nthreads().values()), 1)
+    futures = as_completed([submit(*batch) for batch in islice(batches, most)])
+    for future in futures:
+        done: _Done = future.result()
+        merged.add(done)
+        batches.heed(done)
         for batch in islice(batches, 1):
-            done.add(submit(*batch))
+            futures.add(submit(*batch))

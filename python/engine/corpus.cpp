@@ -43,12 +43,12 @@ py::bytes Header(const std::string& table, const std::vector<std::string>& colum
 struct Work {
   CorpusWork work;
   Settings settings;
+  // Held for all the recordings: making one for each takes longer than measuring a short one.
+  std::shared_ptr<const PrivateFolder> folder;
 };
 
-py::tuple Rows(TemporaryHome& home, const Work& work, const std::string& path,
-               const std::string& leading) {
-  const auto folder = home.Folder();
-  const CorpusOpening opening{work.settings, folder->path(), {}, {}};
+py::tuple Rows(const Work& work, const std::string& path, const std::string& leading) {
+  const CorpusOpening opening{work.settings, work.folder->path(), {}, {}};
   PolledProgress progress;
   progress.Start(nullptr);
   CorpusResult result;
@@ -64,11 +64,11 @@ py::tuple Rows(TemporaryHome& home, const Work& work, const std::string& path,
   return py::make_tuple(Bytes(result.rows.begin(), result.rows.end()), py::bytes(result.failure));
 }
 
-Work WorkOf(const std::string& tables, int points, bool exact, const std::string& labels,
-            bool usualOrder, const Settings& settings) {
+CorpusWork WorkOf(const std::string& tables, int points, bool exact, const std::string& labels,
+                  bool usualOrder) {
   CorpusWork work{CorpusTablesOf(tables), points, exact, labels, {}};
   work.options.usualLpcOrder = usualOrder;
-  return {work, settings};
+  return work;
 }
 
 }  // namespace
@@ -76,10 +76,11 @@ Work WorkOf(const std::string& tables, int points, bool exact, const std::string
 void BindCorpus(py::module_& module) {
   const auto home = std::make_shared<TemporaryHome>();
   py::class_<Work>(module, "CorpusWork")
-      .def(py::init(&WorkOf))
-      .def("rows", [home](const Work& work, const std::string& path, const std::string& leading) {
-        return Rows(*home, work, path, leading);
-      });
+      .def(py::init([home](const std::string& tables, int points, bool exact,
+                           const std::string& labels, bool usualOrder, const Settings& settings) {
+        return Work{WorkOf(tables, points, exact, labels, usualOrder), settings, home->Folder()};
+      }))
+      .def("rows", Rows);
   py::class_<CorpusReader>(module, "CorpusReader")
       .def(py::init<std::vector<std::string>, const std::string&>())
       .def_property_readonly("columns", ColumnsOf)
