@@ -10,10 +10,10 @@
 namespace cantorix::python {
 namespace {
 
-using Work = std::function<void(CSonadexDoc&, const MeasureOptions&, const Remark&)>;
+using Task = std::function<void(CSonadexDoc&, const MeasureOptions&, const Remark&)>;
 
 // Runs one measurement with its arguments.
-void Measure(Recording& self, const char* name, const py::tuple& arguments, const Work& work) {
+void Measure(Recording& self, const char* name, const py::tuple& arguments, const Task& work) {
   const auto given = arguments[0].cast<py::dict>();
   const bool ownSettings = arguments[1].is_none();
   const py::object progress = arguments[2];

@@ -24,7 +24,7 @@ namespace {
 constexpr std::int64_t kLeastPoints = 128;
 constexpr std::int64_t kMostPoints = 4096;
 constexpr std::int64_t kFrameMargin = 5;  // samples that a frame holds beyond its window
-constexpr double kRounding = 0x1p-53;
+constexpr double kUnitRounding = 0x1p-53;
 
 bool IsSupported(const CepstralOptions& options) {
   const std::int64_t n = options.points;
@@ -89,9 +89,9 @@ double CepstralWorkspace::KnotError(std::span<const double> cepstrum) const {
   const auto points = static_cast<double>(fft_.size());
   const double stages = std::log2(points);
   const double bin =
-      points * (1.01 * kFastLevelError + 10.1 * stages * kRounding * kMaxFastLevelDb);
+      points * (1.01 * kFastLevelError + 10.1 * stages * kUnitRounding * kMaxFastLevelDb);
   const double greatest = *std::max_element(cepstrum.begin(), cepstrum.end());
-  return 2.0 * std::sqrt(greatest) * bin + bin * bin + 8.0 * kRounding * greatest;
+  return 2.0 * std::sqrt(greatest) * bin + bin * bin + 8.0 * kUnitRounding * greatest;
 }
 
 std::optional<std::size_t> CepstralWorkspace::FindPeak() {

@@ -12,7 +12,7 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int64_t kMostPoints = 4096;
+constexpr std::int64_t kMostFramePoints = 4096;
 constexpr double kSpareEntries = 5.0;
 constexpr double kMaxFramesPerSample = 16.0;  // tracks stay in proportion to the recording
 constexpr double kAlwaysGranted = 1048576.0;  // frames
@@ -20,7 +20,7 @@ constexpr double kMostFrames = 40e6;          // a ms apart in eleven hours: 1 G
 
 std::int64_t TransformPoints(std::int64_t windowSamples) {
   if (windowSamples < 1024) return 1024;
-  return windowSamples < 2048 ? 2048 : kMostPoints;
+  return windowSamples < 2048 ? 2048 : kMostFramePoints;
 }
 
 // The frames that start before the range's end: one more than entries when the count is fractional.
@@ -83,8 +83,8 @@ void ApplyThreshold(SampleWindow& samples, std::int64_t length, const CepstralFr
 CepstralFraming FrameForCepstrum(const SampleRange& range, double rateHz, PitchSettings& settings) {
   std::int64_t window = Truncate(rateHz * 0.001 * settings.windowMs);
   const std::int64_t points = TransformPoints(window);
-  if (window >= kMostPoints) {
-    settings.windowMs = static_cast<double>(Truncate(1000.0 / rateHz * kMostPoints));
+  if (window >= kMostFramePoints) {
+    settings.windowMs = static_cast<double>(Truncate(1000.0 / rateHz * kMostFramePoints));
     window = Truncate(rateHz * 0.001 * settings.windowMs);
   }
   const double step = rateHz * 0.001 * settings.stepMs;

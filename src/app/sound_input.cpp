@@ -9,13 +9,13 @@
 namespace cantorix {
 namespace {
 
-constexpr const char* kSection = "Sound";
-constexpr const char* kEntry = "Input";
+constexpr const char* kSoundSection = "Sound";
+constexpr const char* kInputEntry = "Input";
 
 // A profile that cannot be read now names none.
 std::string NameIn(const ProfileStore& profile) {
   try {
-    return profile.ReadText(kSection, kEntry).value_or("");
+    return profile.ReadText(kSoundSection, kInputEntry).value_or("");
   } catch (const FileError&) {
     return {};
   }
@@ -38,7 +38,7 @@ SoundInput FindSoundInput(const ProfileStore& profile, std::int32_t storedIndex,
 }
 
 bool KeepSoundInput(ProfileStore& profile, const std::string& name) {
-  return profile.WriteText(kSection, kEntry, name);
+  return profile.WriteText(kSoundSection, kInputEntry, name);
 }
 
 }  // namespace cantorix

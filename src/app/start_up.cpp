@@ -21,8 +21,8 @@
 namespace cantorix {
 namespace {
 
-constexpr const char* kSection = "General Strings Section";
-constexpr const char* kEntry = "Temp Directory";
+constexpr const char* kFolderSection = "General Strings Section";
+constexpr const char* kFolderEntry = "Temp Directory";
 constexpr const char* kChooserStart = "/";
 constexpr double kFirstRecordingRateHz = 11025.0;
 constexpr int kTrialNames = 100;
@@ -62,14 +62,15 @@ bool AdoptDirectory(Application& application, const std::string& directory) {
   application.host.programDirectory = WithoutSeparator(directory);
   const std::string& kept = application.host.programDirectory;
   return WithProfile(application, [&](ProfileStore& profile) {
-    return profile.WriteText(kSection, kEntry, kept) && profile.ReadText(kSection, kEntry) == kept;
+    return profile.WriteText(kFolderSection, kFolderEntry, kept) &&
+           profile.ReadText(kFolderSection, kFolderEntry) == kept;
   });
 }
 
 bool FixProgramDirectory(Application& application, const std::string& currentDirectory) {
   std::optional<std::string> stored;
   const auto read = [&](const ProfileStore& profile) {
-    stored = profile.ReadText(kSection, kEntry);
+    stored = profile.ReadText(kFolderSection, kFolderEntry);
     return true;
   };
   if (!WithProfile(application, read)) return false;

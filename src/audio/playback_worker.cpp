@@ -9,7 +9,7 @@ namespace cantorix {
 namespace {
 
 // Where it begins lies within the stretch, or `count` is 0.
-void ReadOrSilence(Playback& playback, std::span<std::int16_t> out) {
+void ReadOrSilence(PlaybackState& playback, std::span<std::int16_t> out) {
   try {
     playback.source->Read(playback.position, out);
   } catch (const FileError& error) {
@@ -18,7 +18,7 @@ void ReadOrSilence(Playback& playback, std::span<std::int16_t> out) {
   }
 }
 
-void Refill(Playback& playback) {
+void Refill(PlaybackState& playback) {
   if (playback.position > playback.totalSamples) return;
   ++playback.playedBuffers;
   playback.index = 1 - playback.index;
@@ -36,13 +36,13 @@ void Refill(Playback& playback) {
   }
 }
 
-void TellObserver(Playback& playback) {
+void TellObserver(PlaybackState& playback) {
   if (playback.observer) playback.observer->BufferPlayed(playback.playedBuffers);
 }
 
 }  // namespace
 
-void FillBuffer(Playback& playback, std::uint32_t which) {
+void FillBuffer(PlaybackState& playback, std::uint32_t which) {
   const std::span<std::int16_t> out(playback.bufferStart(which), playback.bufferSamples);
   const std::int64_t left = std::max<std::int64_t>(playback.totalSamples - playback.position, 0);
   const auto count = static_cast<std::size_t>(std::min<std::int64_t>(left, playback.bufferSamples));
@@ -52,7 +52,7 @@ void FillBuffer(Playback& playback, std::uint32_t which) {
   playback.position += playback.bufferSamples;
 }
 
-bool PrepareBuffer(Playback& playback, std::uint32_t which, std::uint32_t count) {
+bool PrepareBuffer(PlaybackState& playback, std::uint32_t which, std::uint32_t count) {
   WaveHeader& header = playback.headers[which];
   header.data = playback.bufferStart(which);
   header.lengthBytes = count * 2;
@@ -61,7 +61,7 @@ bool PrepareBuffer(Playback& playback, std::uint32_t which, std::uint32_t count)
   return playback.device->Prepare(header) && header.isPrepared();
 }
 
-void RunPlayback(Playback& playback) {
+void RunPlayback(PlaybackState& playback) {
   playback.event->Wait();  // the device has opened
   while (playback.stop == 0) {
     if (!playback.event->Wait() || playback.stop != 0) return;

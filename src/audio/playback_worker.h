@@ -25,7 +25,7 @@ class PlaybackObserver {
 };
 
 // Owned by both, because a worker that is stuck outlives its player.
-struct Playback {
+struct PlaybackState {
   std::shared_ptr<WaveOut> device;
   std::shared_ptr<WaveEvent> event;  // from the start on, when it streams
   std::shared_ptr<NoticeSink> notices;
@@ -49,13 +49,13 @@ struct Playback {
 
 // Fills the buffer with what comes next of the stretch and with zeros behind its end. A source that
 // cannot be read gives zeros and a notice.
-void FillBuffer(Playback& playback, std::uint32_t which);
+void FillBuffer(PlaybackState& playback, std::uint32_t which);
 
 // Points the header at `count` samples of its buffer and prepares it. False when the device did
 // not.
-bool PrepareBuffer(Playback& playback, std::uint32_t which, std::uint32_t count);
+bool PrepareBuffer(PlaybackState& playback, std::uint32_t which, std::uint32_t count);
 
 // The worker: refills each buffer that has finished until the stop flag is set.
-void RunPlayback(Playback& playback);
+void RunPlayback(PlaybackState& playback);
 
 }  // namespace cantorix

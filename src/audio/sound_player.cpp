@@ -59,7 +59,7 @@ void SoundPlayer::SetUpFromFile(File file, const SoundStretch& stretch) {
 }
 
 void SoundPlayer::Load(std::unique_ptr<SoundSource> source, const SoundStretch& stretch) {
-  auto playback = std::make_shared<Playback>();
+  auto playback = std::make_shared<PlaybackState>();
   playback->device = device_;
   playback->notices = notices_;
   playback->observer = observer_;

@@ -67,7 +67,7 @@ class SoundPlayer {
   Clock& clock_;
   const MemoryProbe& memory_;
   std::shared_ptr<PlaybackObserver> observer_;
-  std::shared_ptr<Playback> playback_;
+  std::shared_ptr<PlaybackState> playback_;
   std::shared_ptr<WaveEvent> event_;  // while it streams
   WorkerThread worker_;
   std::uint32_t rateHz_ = 0;

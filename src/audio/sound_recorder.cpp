@@ -11,10 +11,10 @@
 namespace cantorix {
 namespace {
 
-constexpr double kLeaveMs = 500.0;  // for the worker to leave its wait
+constexpr double kRecorderLeaveMs = 500.0;  // for the worker to leave its wait
 constexpr double kLookMs = 10.0;
 constexpr int kWorkOffLooks = 500;  // for a consumer that fell behind: 5 s
-constexpr std::chrono::milliseconds kJoinPatience(2000);
+constexpr std::chrono::milliseconds kRecorderPatience(2000);
 constexpr int kSilencedSamples = 4096;
 
 }  // namespace
@@ -111,9 +111,9 @@ void SoundRecorder::Stop() {
     event_->Close();
     event_.reset();
   }
-  clock_.SleepMs(kLeaveMs);
+  clock_.SleepMs(kRecorderLeaveMs);
   // A worker that does not end keeps its consumer, with the file.
-  if (!worker_.Finish(kJoinPatience)) consumer_.reset();
+  if (!worker_.Finish(kRecorderPatience)) consumer_.reset();
   if (!isOpen_) return;
   device_->Reset();
   device_->Stop();

@@ -6,10 +6,10 @@
 namespace cantorix::batch {
 namespace {
 
-std::atomic<bool> interrupted = false;
+std::atomic<bool> signalled = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-void OnSignal(int) { interrupted.store(true, std::memory_order_relaxed); }
+void OnSignal(int) { signalled.store(true, std::memory_order_relaxed); }
 
 }  // namespace
 
@@ -22,7 +22,7 @@ const std::atomic<bool>& WatchInterrupt() {
   // A full disk or a closed pipe is an error to report, not a reason to die.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
-  return interrupted;
+  return signalled;
 }
 
 }  // namespace cantorix::batch

@@ -9,7 +9,6 @@
 namespace cantorix::batch {
 namespace {
 
-constexpr std::size_t kPieceBytes = 1U << 16U;
 constexpr std::size_t kSourceAndHeading = 2;
 
 }  // namespace

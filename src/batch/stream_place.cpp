@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "batch/patient_io.h"
+#include "batch/text_sink.h"
 #include "platform/abandon.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
@@ -18,7 +19,6 @@
 namespace cantorix::batch {
 namespace {
 
-constexpr std::size_t kPieceBytes = 1U << 16U;
 constexpr int kMomentMs = 100;
 
 // A pipe without a reader cannot be opened without a wait.

@@ -7,12 +7,6 @@
 #include "platform/numbers.h"
 
 namespace cantorix::batch {
-namespace {
-
-constexpr std::size_t kPieceBytes = 1U << 16U;
-
-}  // namespace
-
 TableRows::TableRows(TextSink& sink, bool exact, const std::string& fileName)
     : sink_(sink), exact_(exact), fileName_(Printable(fileName)) {}
 

@@ -14,7 +14,6 @@ namespace cantorix::batch {
 namespace {
 
 constexpr std::size_t kMaxSpoolMemory = 4U << 20U;
-constexpr std::size_t kPieceBytes = 1U << 16U;
 
 void Append(std::FILE* file, std::string_view text) {
   if (text.empty()) return;  // an empty text may have no address

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -11,6 +12,9 @@
 #include "platform/safe_file.h"
 
 namespace cantorix::batch {
+
+// Texts are collected, and handed on when they are so long.
+inline constexpr std::size_t kPieceBytes = std::size_t{1} << 16U;
 
 class TextSink {
  public:

@@ -13,7 +13,7 @@
 namespace cantorix {
 namespace {
 
-constexpr int kTickMs = 250;
+constexpr int kJournalTickMs = 250;
 constexpr int kSoonMs = 10;  // between the parts of what is much
 
 }  // namespace
@@ -26,14 +26,14 @@ JournalTimer::JournalTimer(Application& application, OpenDocuments& documents, c
       progress_(progress),
       log_(application.log, PlaceOfJournals(application)) {
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Tick(); });
-  timer_.start(kTickMs);
+  timer_.start(kJournalTickMs);
 }
 
 void JournalTimer::Tick() {
   const double nowMs = clock_.NowMs();
   if (auto text = documents_.TickJournals(nowMs)) untold_ = std::move(*text);
   if (auto text = log_.Tick(nowMs)) untold_ = std::move(*text);
-  timer_.start(documents_.areJournalsBehind() || log_.isBehind() ? kSoonMs : kTickMs);
+  timer_.start(documents_.areJournalsBehind() || log_.isBehind() ? kSoonMs : kJournalTickMs);
   const bool isBusy = progress_.running() || QApplication::activeModalWidget() != nullptr;
   if (untold_.empty() || isBusy) return;
   application_.prompts().Message(std::exchange(untold_, {}));

@@ -9,12 +9,13 @@
 namespace cantorix {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 std::int64_t SampleAt(double seconds, double rateHz) { return std::llround(seconds * rateHz); }
 
-Json ItemOf(const LabelFileTier& tier, const TimedLabel& label, double rateHz, std::size_t id) {
-  Json item{{"id", id}};
+OrderedJson ItemOf(const LabelFileTier& tier, const TimedLabel& label, double rateHz,
+                   std::size_t id) {
+  OrderedJson item{{"id", id}};
   const std::int64_t start = SampleAt(label.startS, rateHz);
   if (tier.intervals) {
     item["sampleStart"] = start;
@@ -23,14 +24,14 @@ Json ItemOf(const LabelFileTier& tier, const TimedLabel& label, double rateHz, s
   } else {
     item["samplePoint"] = start;
   }
-  item["labels"] = Json::array({Json{{"name", tier.name}, {"value", label.text}}});
+  item["labels"] = OrderedJson::array({OrderedJson{{"name", tier.name}, {"value", label.text}}});
   return item;
 }
 
 // Whole rates without a point.
-Json RateOf(double rateHz) {
+OrderedJson RateOf(double rateHz) {
   const std::int64_t whole = std::llround(rateHz);
-  return static_cast<double>(whole) == rateHz ? Json(whole) : Json(rateHz);
+  return static_cast<double>(whole) == rateHz ? OrderedJson(whole) : OrderedJson(rateHz);
 }
 
 std::string StemOf(const std::string& name) { return name.substr(0, name.rfind('.')); }
@@ -38,22 +39,22 @@ std::string StemOf(const std::string& name) { return name.substr(0, name.rfind('
 }  // namespace
 
 std::string WriteEmu(const LabelFile& file) {
-  Json levels = Json::array();
+  OrderedJson levels = OrderedJson::array();
   std::size_t id = 0;
   for (const LabelFileTier& tier : file.tiers) {
-    Json items = Json::array();
+    OrderedJson items = OrderedJson::array();
     for (const TimedLabel& label : tier.labels) {
       items.push_back(ItemOf(tier, label, file.rateHz, ++id));
     }
-    levels.push_back(Json{{"name", tier.name},
-                          {"type", tier.intervals ? "SEGMENT" : "EVENT"},
-                          {"items", std::move(items)}});
+    levels.push_back(OrderedJson{{"name", tier.name},
+                                 {"type", tier.intervals ? "SEGMENT" : "EVENT"},
+                                 {"items", std::move(items)}});
   }
-  const Json root{{"name", StemOf(file.recordingName)},
-                  {"annotates", file.recordingName},
-                  {"sampleRate", RateOf(file.rateHz)},
-                  {"levels", std::move(levels)},
-                  {"links", Json::array()}};
+  const OrderedJson root{{"name", StemOf(file.recordingName)},
+                         {"annotates", file.recordingName},
+                         {"sampleRate", RateOf(file.rateHz)},
+                         {"levels", std::move(levels)},
+                         {"links", OrderedJson::array()}};
   return root.dump(2) + '\n';
 }
 

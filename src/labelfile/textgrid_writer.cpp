@@ -18,7 +18,7 @@ std::string InQuotes(const std::string& text) {
   return quoted + '"';
 }
 
-std::string Time(double seconds) { return FormatSeconds(seconds, kDecimals); }
+std::string TimeText(double seconds) { return FormatSeconds(seconds, kDecimals); }
 
 // An interval tier has no gaps: what lies between labels becomes an interval without text.
 std::vector<TimedLabel> WithGapsFilled(const std::vector<TimedLabel>& labels, double endS) {
@@ -39,15 +39,16 @@ void AppendTier(std::string& out, const LabelFileTier& tier, std::size_t number,
   out += "    item [" + std::to_string(number) + "]:\n        class = \"";
   out += tier.intervals ? "IntervalTier" : "TextTier";
   out += "\" \n        name = " + InQuotes(tier.name) + " \n        xmin = 0 \n        xmax = ";
-  out += Time(endS) + " \n        " + entry + ": size = " + std::to_string(labels.size()) + " \n";
+  out +=
+      TimeText(endS) + " \n        " + entry + ": size = " + std::to_string(labels.size()) + " \n";
   for (std::size_t i = 0; i < labels.size(); ++i) {
     const TimedLabel& label = labels[i];
     out += "        " + entry + " [" + std::to_string(i + 1) + "]:\n";
     if (tier.intervals) {
-      out += "            xmin = " + Time(label.startS) + " \n            xmax = ";
-      out += Time(label.endS) + " \n            text = ";
+      out += "            xmin = " + TimeText(label.startS) + " \n            xmax = ";
+      out += TimeText(label.endS) + " \n            text = ";
     } else {
-      out += "            number = " + Time(label.startS) + " \n            mark = ";
+      out += "            number = " + TimeText(label.startS) + " \n            mark = ";
     }
     out += InQuotes(label.text) + " \n";
   }
@@ -66,7 +67,7 @@ double EndOf(const LabelFile& file) {
 std::string WriteTextGrid(const LabelFile& file) {
   const double endS = EndOf(file);
   std::string out = "File type = \"ooTextFile\"\nObject class = \"TextGrid\"\n\nxmin = 0 \nxmax = ";
-  out += Time(endS);
+  out += TimeText(endS);
   if (file.tiers.empty()) return out + " \ntiers? <absent> \n";
   out += " \ntiers? <exists> \nsize = " + std::to_string(file.tiers.size()) + " \nitem []: \n";
   for (std::size_t i = 0; i < file.tiers.size(); ++i) AppendTier(out, file.tiers[i], i + 1, endS);

@@ -35,7 +35,7 @@ void TakeSetups(CSonadexDoc& document, const TierSetups& setups) {
     tier.name = CutText(setups[i].name, kMaxTierNameBytes);
     tier.tierWord = std::max(setups[i].height, 1);
     tier.inUse = setups[i].inUse;
-    document.settings.tierNames[i] = CutText(setups[i].name, kTextBytes - 1);
+    document.settings.tierNames[i] = CutText(setups[i].name, kFieldTextBytes - 1);
   }
 }
 

@@ -23,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kOwnPart = 6;  // characters that mkdtemp chooses
-constexpr int kMaxTries = 100;       // of a folder that somebody takes for a leftover
+constexpr int kMaxRounds = 100;      // of a folder that somebody takes for a leftover
 
 // Whether the file is this user's, of the kind `type`, and its lock is to be had. The lock is kept.
 bool IsAbandoned(const Descriptor& file, mode_t type) {
@@ -97,7 +97,7 @@ PrivateFolder::PrivateFolder(const std::string& prefix) {
                        NamesFile(AT_FDCWD, path_, lock_.number());
     if (isOwn) return;
     ::rmdir(path_.c_str());  // nobody else would, before the next program looks
-    if (tries == kMaxTries) throw FileError(path_ + ": " + SystemReason(EBUSY));
+    if (tries == kMaxRounds) throw FileError(path_ + ": " + SystemReason(EBUSY));
   }
 }
 

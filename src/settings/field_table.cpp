@@ -278,7 +278,7 @@ std::size_t StoredBytes(Storage storage) {
     case kDouble:
       return 8;
     case kText:
-      return kTextBytes;
+      return kFieldTextBytes;
   }
   return 0;
 }

@@ -18,7 +18,7 @@ enum class Storage {
   kInt32,            // std::int32_t
   kDouble,           // double
   kTruncatedDouble,  // double, kept truncated in 32 bits
-  kText,             // std::string in a NUL-terminated slot of kTextBytes
+  kText,             // std::string in a NUL-terminated slot of kFieldTextBytes
 };
 
 // The dialog whose OK writes a field into the configuration file.
@@ -36,7 +36,7 @@ enum class SettingsDialog {
   kPitch,
 };
 
-inline constexpr std::size_t kTextBytes = 64;
+inline constexpr std::size_t kFieldTextBytes = 64;
 
 // Where a field's value lives in a Settings object.
 using FieldValue = std::variant<std::int32_t*, double*, std::string*>;

@@ -25,8 +25,8 @@ Reason ParseNumber(std::string_view text, const char* kind, Number& value) {
 }
 
 Reason ParseText(std::string_view text, std::string& value) {
-  if (text.size() >= kTextBytes) {
-    return "is longer than " + std::to_string(kTextBytes - 1) + " bytes";
+  if (text.size() >= kFieldTextBytes) {
+    return "is longer than " + std::to_string(kFieldTextBytes - 1) + " bytes";
   }
   if (text.find('\0') != std::string_view::npos) return "holds a zero byte";
   value = text;

@@ -8,7 +8,7 @@ namespace cantorix {
 namespace {
 
 template <typename S>
-using Fields = std::span<std::int32_t S::*const>;
+using Members = std::span<std::int32_t S::*const>;
 
 constexpr std::array kOfSpectrogram{&SpectrogramSettings::points, &SpectrogramSettings::sizeIndex,
                                     &SpectrogramSettings::lpcOrder, &SpectrogramSettings::rangeHz,
@@ -17,7 +17,7 @@ constexpr std::array kOfSpectrum{&FftLpcSettings::points, &FftLpcSettings::sizeI
                                  &FftLpcSettings::lpcOrder, &FftLpcSettings::rangeHz};
 
 template <typename S>
-void TakeChanges(std::optional<S>& kept, const S& before, const S& after, Fields<S> fields) {
+void TakeChanges(std::optional<S>& kept, const S& before, const S& after, Members<S> fields) {
   if (!kept) return;
   for (const auto field : fields) {
     if (before.*field != after.*field) (*kept).*field = after.*field;
@@ -25,7 +25,7 @@ void TakeChanges(std::optional<S>& kept, const S& before, const S& after, Fields
 }
 
 template <typename S>
-void Restore(const std::optional<S>& kept, S& settings, Fields<S> fields) {
+void Restore(const std::optional<S>& kept, S& settings, Members<S> fields) {
   if (!kept) return;
   for (const auto field : fields) settings.*field = (*kept).*field;
 }

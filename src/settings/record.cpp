@@ -29,7 +29,7 @@ void StoreField(std::span<std::byte> record, const Field& field, const Settings&
     case Storage::kTruncatedDouble:
       return StoreLittle(record, field.offset, TruncateToInt32(*std::get<const double*>(value)));
     case Storage::kText:
-      return StoreText(record, field.offset, kTextBytes, *std::get<const std::string*>(value));
+      return StoreText(record, field.offset, kFieldTextBytes, *std::get<const std::string*>(value));
   }
 }
 
@@ -47,8 +47,8 @@ void LoadField(std::span<const std::byte> record, const Field& field, Settings& 
       return;
     case Storage::kText:
       // A slot without a NUL loses its last byte, as it would when written.
-      *std::get<std::string*>(value) =
-          std::string(CutText(LoadText(record, field.offset, kTextBytes), kTextBytes - 1));
+      *std::get<std::string*>(value) = std::string(
+          CutText(LoadText(record, field.offset, kFieldTextBytes), kFieldTextBytes - 1));
       return;
   }
 }

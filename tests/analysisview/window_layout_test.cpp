@@ -9,7 +9,7 @@
 namespace cantorix {
 namespace {
 
-std::string TextOf(const PixelRect& rect) {
+std::string RectText(const PixelRect& rect) {
   return Joined(rect.left, rect.top, rect.right, rect.bottom);
 }
 
@@ -27,7 +27,7 @@ TEST(WindowLayout, PartsFollowEachOtherAndFillTheClientArea) {
       text += Joined(client.width, client.height) + ": ";
       for (const PixelRect& part : {layout.labels, layout.audio, layout.intensity, layout.plot,
                                     layout.bottomAxis, layout.readouts}) {
-        text += TextOf(part) + ", ";
+        text += RectText(part) + ", ";
       }
       text += '\n';
     }

@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-const std::string kFilter = "text files (*.txt)|*.txt|| #1, ";
+const std::string kLogFilter = "text files (*.txt)|*.txt|| #1, ";
 
 class LogDocumentsTest : public AppTest {
  protected:
@@ -102,10 +102,11 @@ TEST_F(LogDocumentsTest, SaveAsTakesOnlyAFileThatExistsIsKept) {
               ElementsAre("save: Save Log", "save: Save As Text",
                           "message: ' " + fresh + " ' does not exist. Choose a file that exists.",
                           "save: Save As Text", "save: Save As Text"));
-  EXPECT_EQ(TextOf(prompts.fileRequests[0]),
-            "Save Log, Untitled Log.txt, " + kFilter + "asks before overwriting, hides read-only");
-  EXPECT_EQ(TextOf(prompts.fileRequests[1]),
-            "Save As Text, ., " + kFilter + "must exist, asks before overwriting, hides read-only");
+  EXPECT_EQ(TextOf(prompts.fileRequests[0]), "Save Log, Untitled Log.txt, " + kLogFilter +
+                                                 "asks before overwriting, hides read-only");
+  EXPECT_EQ(
+      TextOf(prompts.fileRequests[1]),
+      "Save As Text, ., " + kLogFilter + "must exist, asks before overwriting, hides read-only");
   EXPECT_TRUE(CloseLog(app)) << "without a question";
   EXPECT_FALSE(app.log);
 }
@@ -118,7 +119,7 @@ TEST_F(LogDocumentsTest, RefusedFileLeavesTheOpenLog) {
   EXPECT_FALSE(OpenLogFile(app));
   EXPECT_EQ(prompts.TakeTranscript().back(), "message: This is not a valid log file.");
   EXPECT_EQ(TextOf(prompts.fileRequests[0]),
-            "Open a log file, ., " + kFilter + "must exist, hides read-only");
+            "Open a log file, ., " + kLogFilter + "must exist, hides read-only");
   prompts.WillAnswer(Answer::kNo);
   prompts.WillCancel();
   EXPECT_FALSE(OpenLogFile(app));

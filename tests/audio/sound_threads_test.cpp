@@ -62,17 +62,17 @@ class SoundThreads : public testing::Test {
 };
 
 TEST_F(SoundThreads, AnHourOfRecordingHasEverySample) {
-  constexpr std::uint32_t kRateHz = 44100;
-  constexpr std::int64_t kTotal = std::int64_t{kRateHz} * 3600;
+  constexpr std::uint32_t kFastestRateHz = 44100;
+  constexpr std::int64_t kTotal = std::int64_t{kFastestRateHz} * 3600;
   constexpr std::int64_t kPeriod = 1102;  // of a callback
   const auto scope = std::make_shared<ComparingScope>(sound);
   const auto device = std::make_shared<ScriptedIn>();
   SoundRecorder recorder(device, notices, clock, memory);
-  recorder.SetUp({kRateHz, 16, {}, {}, nullptr, scope});
+  recorder.SetUp({kFastestRateHz, 16, {}, {}, nullptr, scope});
   ASSERT_TRUE(recorder.Start());
   for (std::int64_t at = 0; at < kTotal; at += kPeriod) {
     device->Deliver(sound.Piece(at, kPeriod));
-    while (at - recorder.Status().deliveredSamples > 9 * kRateHz) LetOthersRun();
+    while (at - recorder.Status().deliveredSamples > 9 * kFastestRateHz) LetOthersRun();
   }
   recorder.Stop();
   EXPECT_EQ(scope->wrongBuffers, 0);

@@ -9,7 +9,7 @@
 namespace cantorix {
 namespace {
 
-constexpr std::uint32_t kRateHz = 16000;
+constexpr std::uint32_t kTraceRateHz = 16000;
 constexpr double kPictureMs = 1000.0 / 30.0;
 
 std::vector<std::int16_t> Counting(int from, int count) {
@@ -20,7 +20,7 @@ std::vector<std::int16_t> Counting(int from, int count) {
 
 TEST(TracePacer, DrawsEvenlyAndEverySampleOnceWhatComesInPieces) {
   // Sound every 25 ms, a picture every 33.3 ms, for one second.
-  TracePacer pacer(kRateHz);
+  TracePacer pacer(kTraceRateHz);
   int arrived = 0;
   int drawn = 0;
   bool runs = false;
@@ -57,7 +57,7 @@ TEST(TracePacer, WhatComesLateIsCaughtUpWith) {
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
-    TracePacer pacer(kRateHz);
+    TracePacer pacer(kTraceRateHz);
     pacer.Take(Counting(0, 799));
     EXPECT_TRUE(pacer.Due(0.0).empty()) << "not 50 ms yet";
     pacer.Take(Counting(799, 1));

@@ -12,7 +12,7 @@
 namespace cantorix::batch {
 namespace {
 
-const std::string kVowels = SamplesDirectory() + "/vowels.qrv";
+const std::string kRecording = SamplesDirectory() + "/vowels.qrv";
 const std::string kTruth = SamplesDirectory() + "/vowels.formants.tsv";
 
 TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
@@ -20,10 +20,10 @@ TEST(Spectra, FindTheFormantsThatTheVowelsWereMadeWith) {
   ASSERT_GT(truth.size(), 7U);
   for (std::size_t i = 1; i < truth.size(); ++i) {
     const std::string& middle = truth[i][3];
-    const Table spectrum = TableOf(OutOf({"spectrum", kVowels, "--at", middle}));
+    const Table spectrum = TableOf(OutOf({"spectrum", kRecording, "--at", middle}));
     ASSERT_EQ(spectrum.size(), 1U + 500U + 1U + 1U + 5U);
-    const Table track =
-        TableOf(OutOf({"formants", kVowels, "--from", middle, "--columns", "1", "--rows", "50"}));
+    const Table track = TableOf(
+        OutOf({"formants", kRecording, "--from", middle, "--columns", "1", "--rows", "50"}));
     ASSERT_EQ(track.size(), 2U);
     for (std::size_t f = 0; f < 3; ++f) {
       const double made = std::stod(truth[i][4 + f]);

@@ -108,7 +108,7 @@ Bytes AiffMarks() {
   return BigChunk("MARK", marks.bytes);
 }
 
-struct Row {
+struct HeaderRow {
   const char* name;
   Bytes file;
   // "RATE, CHANNELS: SAMPLES [LABELS]", or the reason for which the file could not be opened.
@@ -116,7 +116,7 @@ struct Row {
   const char* said = "";  // without that reason
 };
 
-const Row kRows[] = {
+const HeaderRow kRows[] = {
     {"SPHERE without counts", Sphere(kSphereFields), "8000: 1 2 3 4 5 []"},
     {"SPHERE of fewer samples than follow", Sphere(kSphereFields + "sample_count -i 3\n"),
      "8000: 1 2 3 []"},
@@ -290,7 +290,7 @@ std::string StateOf(const CSonadexDoc& document) {
 }
 
 TEST(ForeignHeaders, AreReadAsFarAsTheyGoOrNamed) {
-  for (const Row& row : kRows) {
+  for (const HeaderRow& row : kRows) {
     SCOPED_TRACE(row.name);
     TestHost files;
     SecondChannel prompts;

@@ -20,7 +20,7 @@ constexpr const char* kEarlier = "an earlier result";
 
 // IN stands for the recording, TEXT for a label file, OUT for the output; without an OUT the result
 // is what comes out on standard output.
-const std::vector<std::string> kRows[] = {
+const std::vector<std::string> kVerbs[] = {
     {"info", "IN", "--json", "-o", "OUT"},
     {"info", "IN"},
     {"pitch", "IN", "--from", "200", "--to", "300", "-o", "OUT"},
@@ -97,7 +97,7 @@ class BatchAttempt : public Attempt {
 }  // namespace
 
 void AddBatchOperations(std::vector<Operation>& operations) {
-  for (const auto& words : kRows) {
+  for (const auto& words : kVerbs) {
     const auto prepare = [&words](const std::string& folder) {
       return std::make_unique<BatchAttempt>(words, folder);
     };

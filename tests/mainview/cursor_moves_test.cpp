@@ -18,8 +18,8 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::Pair;
+using ::testing::ElementsAre;
+using ::testing::Pair;
 
 class CursorMovesTest : public WideViewTest {
  protected:
@@ -74,7 +74,7 @@ TEST_F(CursorMovesTest, KeysMoveTheCursorAndExtendTheSelection) {
     view.FollowStretch();
     PlaceMarker(view, 5000.5);
     Press(row.keys);
-    EXPECT_EQ(MarksOf(view), row.marks) << testing::PrintToString(row.keys);
+    EXPECT_EQ(MarksOf(view), row.marks) << ::testing::PrintToString(row.keys);
   }
   EXPECT_EQ(playback.stops, 0);
 }

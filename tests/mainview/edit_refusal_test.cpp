@@ -90,7 +90,7 @@ TEST_F(EditRefusalTest, PasteIntoAnEmptyDocumentNeedsMemory) {
   world.test.memory.limitBytes = 79;
   EXPECT_THROW(Paste(empty.view), Abandoned);
   EXPECT_THAT(world.test.prompts.TakeTranscript(),
-              testing::ElementsAre("message: Error in '=' operator in CChannel class."));
+              ::testing::ElementsAre("message: Error in '=' operator in CChannel class."));
   EXPECT_FALSE(empty.document.loaded || empty.document.isModified());
   EXPECT_EQ(empty.channel().totalLength, 0.0);
 }

@@ -11,7 +11,7 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 constexpr const char* kHead = "tier,start_s,end_s,text\n";
 
@@ -98,14 +98,14 @@ TEST_F(LabelFilesTest, WhatIsNotKeptIsAskedOnceBeforeAnythingChanges) {
 
 TEST_F(LabelFilesTest, WhatCannotBeReadIsSaidAndChangesNothing) {
   const std::string could = "message: @/t.csv could not be opened. ";
-  EXPECT_THAT(Import("t.csv", ""), ElementsAre(testing::_, could + "No such file or directory."));
-  EXPECT_THAT(Import("t.csv", kHead), ElementsAre(testing::_, could + "It holds no labels."));
+  EXPECT_THAT(Import("t.csv", ""), ElementsAre(::testing::_, could + "No such file or directory."));
+  EXPECT_THAT(Import("t.csv", kHead), ElementsAre(::testing::_, could + "It holds no labels."));
   EXPECT_THAT(Import("t.csv", "x"),
-              ElementsAre(testing::_, could + "It is no label file of a known format."));
+              ElementsAre(::testing::_, could + "It is no label file of a known format."));
   EXPECT_THAT(
       Import("t.csv", "0.5\tx\n"),
-      ElementsAre(testing::_, could + "Plain text does not say the unit of its times: choose "
-                                      "it as the format."));
+      ElementsAre(::testing::_, could + "Plain text does not say the unit of its times: choose "
+                                        "it as the format."));
   world.dialogs.labelFile.WillCancel();
   ImportLabelFile(view);
   world.dialogs.labelFile.WillGive({.importFormat = "eaf"});

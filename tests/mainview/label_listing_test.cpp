@@ -18,7 +18,7 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 std::string RowsOf(const LabelListing& listing) {
   std::string text;

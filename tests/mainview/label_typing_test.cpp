@@ -16,7 +16,7 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 // The typing as it stands, its place, and the tiers in use.
 std::string TypingOf(CSonadexView& view) {
@@ -223,8 +223,8 @@ TEST_F(LabelMovesTest, TabGoesFromLabelToLabelInTheOrderOfTime) {
   StepLabel(view, -1);
   EXPECT_EQ(Place(), "1 0 2000");
   EXPECT_THAT(world.listener.said,
-              testing::IsSupersetOf({"words: first at 500.0 ms", "No label of 'words' follows.",
-                                     "No label of 'words' stands before."}));
+              ::testing::IsSupersetOf({"words: first at 500.0 ms", "No label of 'words' follows.",
+                                       "No label of 'words' stands before."}));
 }
 
 TEST_F(LabelMovesTest, TheCurrentTierIsOneInUse) {

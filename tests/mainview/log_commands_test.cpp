@@ -12,8 +12,8 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using Rows = std::vector<std::string>;
 
 // Pitch 100, 0, 300 and 400 Hz from 0, 2500, 5000 and 7500 ms on; 60.25 dB everywhere.

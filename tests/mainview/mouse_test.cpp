@@ -16,9 +16,9 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
 
 constexpr std::int32_t kY = 100;  // in the waveform
 

@@ -14,8 +14,8 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 constexpr auto kMs = TimeStampUnit::kMilliseconds;
 constexpr auto kSeconds = TimeStampUnit::kSeconds;

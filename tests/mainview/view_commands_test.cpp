@@ -14,7 +14,7 @@
 namespace cantorix {
 namespace {
 
-using testing::ElementsAre;
+using ::testing::ElementsAre;
 
 class ViewCommandsTest : public WideViewTest {
  protected:

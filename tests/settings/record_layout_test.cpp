@@ -28,7 +28,7 @@ struct Listed {
   const std::string& value() const { return cell_[3]; }
   void Store(Record& record, const std::string& text) const {
     const std::span<std::byte> bytes(record);
-    if (cell_[2] == "text") return StoreText(bytes, offset(), kTextBytes, text);
+    if (cell_[2] == "text") return StoreText(bytes, offset(), kFieldTextBytes, text);
     if (cell_[2] == "double") return StoreLittle(bytes, offset(), std::stod(text));
     StoreLittle(bytes, offset(), static_cast<std::int32_t>(std::stoi(text)));
   }

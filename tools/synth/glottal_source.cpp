@@ -9,7 +9,7 @@
 namespace cantorix::synth {
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586476925;
+constexpr double kFullTurn = 6.283185307179586476925;
 
 // Where the pulse or one of its derivatives jumps, and by how much.
 struct Corner {
@@ -40,7 +40,7 @@ GlottalSource::GlottalSource(double openingFraction, double closingFraction, dou
   // J e^(-iwt) / (iw)^(m+1), w = 2 pi k.
   for (std::size_t i = 0; i < harmonics_.size(); ++i) {
     const double k = static_cast<double>(i + 1);
-    const double w = kTwoPi * k;
+    const double w = kFullTurn * k;
     for (const Corner& corner : corners) {
       const SinCos angle = OfTurns(k * corner.at);
       const double re = (corner.third / (w * w) - corner.first) / (w * w);

@@ -11,7 +11,7 @@
 namespace cantorix {
 namespace {
 
-constexpr int kTextWidth = 320;  // logical pixels
+constexpr int kFieldWidth = 320;  // logical pixels
 
 }  // namespace
 
@@ -21,7 +21,7 @@ TextsDialog::TextsDialog(Prompts& prompts, const TextsQuestion& question, QWidge
   form->setRowWrapPolicy(QFormLayout::WrapAllRows);
   for (const TextField& field : question.fields) {
     auto* const text = new QLineEdit(Shown(field.preset), this);
-    text->setMinimumWidth(kTextWidth);
+    text->setMinimumWidth(kFieldWidth);
     text->selectAll();
     AddField(form, Translated(field.label), text);
     fields_.push_back(text);

@@ -13,8 +13,8 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int64_t kFirstChunk = 12;
-constexpr std::int64_t kHeaderBytes = 28;
+constexpr std::int64_t kFirstNspChunk = 12;
+constexpr std::int64_t kNspHeaderBytes = 28;
 constexpr std::size_t kRateAt = 20;
 constexpr std::size_t kLengthAt = 24;
 constexpr std::int64_t kSampleBytes = 2;
@@ -38,9 +38,9 @@ struct NspContent {
 };
 
 void TakeHeader(const File& file, const FileChunk& chunk, NspContent& content) {
-  if (chunk.bytes < kHeaderBytes) return;
+  if (chunk.bytes < kNspHeaderBytes) return;
   FileWindow window(file);
-  const auto block = window.At(chunk.content, kHeaderBytes);
+  const auto block = window.At(chunk.content, kNspHeaderBytes);
   content.hasHeader = true;
   content.rateHz = LoadLittle<std::uint32_t>(block, kRateAt);
   content.promised = LoadLittle<std::uint32_t>(block, kLengthAt);
@@ -57,7 +57,7 @@ void TakeChannel(const FileChunk& chunk, std::int64_t order, std::int64_t of, st
 
 NspContent ContentOf(const File& file) {
   NspContent content;
-  ChunkWalk walk(file, kFirstChunk, file.Size(), ByteOrder::kLowFirst);
+  ChunkWalk walk(file, kFirstNspChunk, file.Size(), ByteOrder::kLowFirst);
   // As many as there can be: a file of nothing but empty channels must not fill the memory.
   while (const auto chunk = walk.Next()) {
     if (content.channels.size() > kChannelChunks.size()) break;

@@ -15,7 +15,7 @@ namespace cantorix {
 namespace {
 
 constexpr std::int64_t kFirstFieldAt = 16;
-constexpr std::int64_t kMostHeaderBytes = std::int64_t{1} << 20;
+constexpr std::int64_t kMostSphereBytes = std::int64_t{1} << 20;
 
 using Fields = std::map<std::string, std::string, std::less<>>;
 
@@ -23,7 +23,7 @@ std::int64_t HeaderBytes(const File& file) {
   std::array<std::byte, kFirstFieldAt> opening{};
   file.ReadSome(0, opening);
   const double bytes = LeadingNumber(LoadText(opening, 8, 8));
-  if (!(bytes > kFirstFieldAt && bytes <= kMostHeaderBytes)) {
+  if (!(bytes > kFirstFieldAt && bytes <= kMostSphereBytes)) {
     throw FileError("The header size at byte 8 is not possible.");
   }
   return Truncate(bytes);

@@ -148,14 +148,14 @@ void EmptyPanes(QPainter& painter, AnalysedRecording& analysed, PixelSize) {
   DrawEmptyPanes(painter, view, StyleOf(PaletteKind::kLight));
 }
 
-struct Row {
+struct DrawingRow {
   const char* name;
   Paint paint;
   PixelSize size{900, 600};     // as it was approved
   std::size_t leastTexts = 15;  // that the picture is known by
 };
 
-class Drawings : public testing::TestWithParam<Row> {
+class Drawings : public testing::TestWithParam<DrawingRow> {
  protected:
   static Drawing Recorded(PixelSize size, double ratio = 1.0) {
     AnalysedRecording analysed(Vowels(), size);
@@ -193,12 +193,15 @@ TEST_P(Drawings, KeepTextsInsideAndApart) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, Drawings,
-    testing::Values(Row{"MainView", MainView}, Row{"IntensityPane", IntensityPane, {1200, 600}},
-                    Row{"Zoomed", Zoomed}, Row{"ZoomedOut", ZoomedOut}, Row{"FarOut", FarOut},
-                    Row{"Spectrum", SpectrumWindow}, Row{"PrintedSpectrum", PrintedSpectrum},
-                    Row{"LightSpectrum", LightSpectrum}, Row{"Spectrogram", SpectrogramWindow},
-                    Row{"Pitch", PitchWindow}, Row{"PartOfASpectrogram", PartOfASpectrogram},
-                    Row{"EmptyPanes", EmptyPanes, {900, 600}, 2}),
+    testing::Values(DrawingRow{"MainView", MainView},
+                    DrawingRow{"IntensityPane", IntensityPane, {1200, 600}},
+                    DrawingRow{"Zoomed", Zoomed}, DrawingRow{"ZoomedOut", ZoomedOut},
+                    DrawingRow{"FarOut", FarOut}, DrawingRow{"Spectrum", SpectrumWindow},
+                    DrawingRow{"PrintedSpectrum", PrintedSpectrum},
+                    DrawingRow{"LightSpectrum", LightSpectrum},
+                    DrawingRow{"Spectrogram", SpectrogramWindow}, DrawingRow{"Pitch", PitchWindow},
+                    DrawingRow{"PartOfASpectrogram", PartOfASpectrogram},
+                    DrawingRow{"EmptyPanes", EmptyPanes, {900, 600}, 2}),
     [](const auto& row) { return row.param.name; });
 
 }  // namespace

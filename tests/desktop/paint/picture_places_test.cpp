@@ -13,7 +13,7 @@
 namespace cantorix {
 namespace {
 
-constexpr PixelSize kClient{900, 600};
+constexpr PixelSize kWindowSize{900, 600};
 
 TEST(Tiers, OfADamagedFileAreNoHigherThanCanBeCounted) {
   Tiers tiers;
@@ -33,11 +33,11 @@ TEST(MainViewPicture, AnImpulseStandsAtItsTime) {
     ViewWorld world;
     ViewedRecording recording(world, samples, kFixtureRateHz);
     DocumentWaveform waveform(recording.document);
-    recording.view.LayOut(kClient);
+    recording.view.LayOut(kWindowSize);
     const auto paint = [&](QPainter& painter, const PaintStyle& style) {
       PaintMainView(painter, {recording.view, waveform.Pyramid()}, style);
     };
-    const QImage image = Painted(kClient, paint, ratio);
+    const QImage image = Painted(kWindowSize, paint, ratio);
     const PixelRect& pane = recording.view.layout.audio;
     const int row = static_cast<int>((pane.top + (pane.bottom - pane.top) * 0.25) * ratio);
     const double expected =
