@@ -12,7 +12,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-build=build/dev
+# The dev preset compiles several sources at once; this one names each with its options.
+tidied=build/tidy
 jobs=${JOBS:-$(nproc)}
 
 sources() { git ls-files --cached --others --exclude-standard -- '*.cpp' '*.h'; }
@@ -20,21 +21,24 @@ sources() { git ls-files --cached --others --exclude-standard -- '*.cpp' '*.h'; 
 check_format() { sources | xargs -r -d '\n' clang-format --dry-run -Werror; }
 check_includes() { tools/check_includes.sh; }
 check_sizes() { tools/check_sizes.sh; }
-configure() { [ -f "$build/build.ninja" ] || cmake --preset dev; }
-check_build() { configure && cmake --build --preset dev -j "$jobs"; }
+check_build() {
+  [ -f build/dev/build.ninja ] || cmake --preset dev
+  cmake --build --preset dev -j "$jobs"
+}
 check_tests() { check_build && ctest --preset dev -j "$jobs"; }
 
+configure() { cmake --preset tidy >&2; }
 # Those of the sources on standard input that the dev preset compiles.
 compiled() {
   local file
   while IFS= read -r file; do
-    if grep -qF "\"file\": \"$PWD/$file\"" "$build/compile_commands.json"; then echo "$file"; fi
+    if grep -qF "\"file\": \"$PWD/$file\"" "$tidied/compile_commands.json"; then echo "$file"; fi
   done
 }
 # Findings are on standard output; of standard error only the count of hidden ones is dropped.
 tidy() {
   xargs -r -d '\n' -n 1 -P "$jobs" \
-    clang-tidy -p "$build" --quiet --extra-arg=-Wno-unknown-warning-option \
+    clang-tidy -p "$tidied" --quiet --extra-arg=-Wno-unknown-warning-option \
     2> >(grep -v ' warnings\? generated\.$' >&2)
 }
 
