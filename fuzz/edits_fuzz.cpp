@@ -242,8 +242,14 @@ class Trial {
     CSonadexDoc back(host_.host);
     Require(back.OnOpenDocument(path));
     std::size_t slot = 0;
-    for (const ModelTier& tier : model_.now.tiers) {
-      if (tier.inUse) RequireLabels(back.channel().tiers[slot++], tier);
+    for (ModelTier tier : model_.now.tiers) {
+      if (!tier.inUse) continue;
+      // A cut moves no label of a tier that is not shown; those beyond the end are dropped, and
+      // told.
+      std::erase_if(tier.labels, [&](const ModelLabel& label) {
+        return label.ms > document_.channel().totalDurationMs;
+      });
+      RequireLabels(back.channel().tiers[slot++], tier);
     }
     std::vector<std::int16_t> samples(model_.now.samples.size());
     Require(back.Samples().length() == std::ssize(samples));
