@@ -81,7 +81,7 @@ accelerators=(ctrl+z ctrl+x ctrl+c ctrl+v ctrl+a ctrl+b ctrl+e ctrl+q ctrl+w ctr
   ctrl+d ctrl+m ctrl+n F5 ctrl+shift+m ctrl+shift+f ctrl+shift+a ctrl+shift+e ctrl+shift+c ctrl+shift+r
   ctrl+shift+w ctrl+s ctrl+o ctrl+p ctrl+r ctrl+y ctrl+u F6 shift+F6 ctrl+Tab)
 keys=(Left Right Up Down Page_Up Page_Down Home End Return space Tab shift+Tab Delete BackSpace
-  1 2 5 0 minus period a x Escape Escape Escape)
+  1 2 5 0 minus period a o Escape Escape Escape)
 menus=(alt+f alt+e alt+v alt+z alt+g alt+r alt+a alt+t alt+l alt+o alt+w)
 
 # One thing that a user may do, as arguments of xdotool.
