@@ -10,7 +10,7 @@ namespace {
 using Bytes = std::vector<py::bytes>;
 
 // The next recordings of a list, `most` of them at most.
-std::vector<std::pair<py::bytes, py::bytes>> Take(CorpusReader& reader, std::size_t most) {
+std::vector<std::pair<py::bytes, py::bytes>> TakeEntries(CorpusReader& reader, std::size_t most) {
   std::vector<CorpusEntry> entries;
   {
     const py::gil_scoped_release free;
@@ -84,7 +84,7 @@ void BindCorpus(py::module_& module) {
   py::class_<CorpusReader>(module, "CorpusReader")
       .def(py::init<std::vector<std::string>, const std::string&>())
       .def_property_readonly("columns", ColumnsOf)
-      .def("take", Take);
+      .def("take", TakeEntries);
   module.def("corpus_tables", Tables);
   module.def("corpus_header", Header);
 }
