@@ -45,11 +45,16 @@ function(cantorix_library name)
   target_link_libraries(cantorix_${name} PUBLIC ${ARG_LINKS} PRIVATE cantorix_options)
 endfunction()
 
-# cantorix_test(NAME SOURCES file... LINKS library...): the test program of one folder.
+# cantorix_test(NAME SOURCES file... LINKS library... [SECONDS n]): the test program of one folder.
+# Of several at a time those with the most seconds begin first.
 function(cantorix_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "SECONDS" "SOURCES;LINKS" ${ARGN})
+  if(NOT ARG_SECONDS)
+    set(ARG_SECONDS 0)
+  endif()
   add_executable(test_${name} ${ARG_SOURCES})
   target_link_libraries(test_${name} PRIVATE ${ARG_LINKS} cantorix_test_support cantorix_options
                         cantorix_test_options GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 300 COST ${ARG_SECONDS})
 endfunction()
