@@ -1,6 +1,9 @@
 // console.cpp - the lines on standard error.
 #include "batch/console.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,16 +17,32 @@ namespace {
 
 constexpr int kBarWidth = 24;
 
+// Standard error once more, as little held back as that; null when it cannot be had.
+std::FILE* OpenErrorOutput() {
+  const int descriptor = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3);
+  if (descriptor < 0) return nullptr;
+  std::FILE* const file = ::fdopen(descriptor, "w");
+  if (file == nullptr) {
+    ::close(descriptor);
+    return nullptr;
+  }
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  return file;
+}
+
 }  // namespace
+
+Console::Console(bool showProgress)
+    : own_(OpenErrorOutput()), out_(own_ ? own_.get() : stderr), showProgress_(showProgress) {}
 
 void Console::Report(std::string_view file, std::string_view reason) noexcept {
   const std::lock_guard lock(mutex_);
   Clear();
   try {
     const std::string place = file.empty() ? "" : Printable(file) + ": ";
-    std::fprintf(stderr, "cantorix-batch: %s%s\n", place.c_str(), Printable(reason).c_str());
+    std::fprintf(out_, "cantorix-batch: %s%s\n", place.c_str(), Printable(reason).c_str());
   } catch (const std::bad_alloc&) {
-    std::fputs("cantorix-batch: There is not enough memory.\n", stderr);
+    std::fputs("cantorix-batch: There is not enough memory.\n", out_);
   }
 }
 
@@ -39,9 +58,9 @@ void Console::ShowProgress(std::string_view file, std::string_view text, double 
   if (fileCount_ > 1) {
     count = std::to_string(filesDone_ + 1) + "/" + std::to_string(fileCount_) + " ";
   }
-  std::fprintf(stderr, "\r\x1b[K[%s] %3.0f %% %s%s %s", bar.data(), shown * 100.0, count.c_str(),
+  std::fprintf(out_, "\r\x1b[K[%s] %3.0f %% %s%s %s", bar.data(), shown * 100.0, count.c_str(),
                Printable(text).c_str(), Printable(file).c_str());
-  std::fflush(stderr);
+  std::fflush(out_);
   lineShown_ = true;
 }
 
@@ -57,8 +76,8 @@ void Console::FileDone() {
 
 void Console::Clear() {
   if (!lineShown_) return;
-  std::fputs("\r\x1b[K", stderr);
-  std::fflush(stderr);
+  std::fputs("\r\x1b[K", out_);
+  std::fflush(out_);
   lineShown_ = false;
 }
 

@@ -2,6 +2,8 @@
 // errors, and on a terminal a progress line that they do not tear.
 #pragma once
 
+#include <cstdio>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -11,7 +13,9 @@ namespace cantorix::batch {
 class Console {
  public:
   // `showProgress` when standard error is a terminal.
-  explicit Console(bool showProgress) : showProgress_(showProgress) {}
+  // Lines go to standard error as it is now, whatever becomes of its descriptor later: a decoder
+  // that is kept quiet takes no line of another file along.
+  explicit Console(bool showProgress);
   // Before the first file: how many are to come.
   void Expect(std::size_t fileCount) { fileCount_ = fileCount; }
 
@@ -25,8 +29,14 @@ class Console {
   bool showsProgress() const { return showProgress_; }
 
  private:
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
   void Clear();
 
+  std::unique_ptr<std::FILE, CloseFile> own_;
+  std::FILE* out_;  // that, or standard error itself
   std::mutex mutex_;
   std::size_t fileCount_ = 0;
   std::size_t filesDone_ = 0;

@@ -6,8 +6,11 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
+#include <memory>
 #include <sstream>
 
+#include "document/decoding/quiet_error_output.h"
 #include "document/document_io.h"
 #include "platform/quiet_prompts.h"
 #include "support/samples.h"
@@ -113,6 +116,17 @@ TEST(ForeignFiles, CutAndDamagedAreReadAsFarAsTheyGoOrRefusedWithoutAWord) {
       }
     }
   }
+}
+
+TEST(ForeignFiles, OfTwoDecodersAtOneTimeTheLastGivesTheErrorOutputBack) {
+  testing::internal::CaptureStderr();
+  auto first = std::make_unique<QuietErrorOutput>();
+  auto second = std::make_unique<QuietErrorOutput>();
+  first.reset();
+  std::cerr << "lost";
+  second.reset();
+  std::cerr << "seen";
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "seen");
 }
 
 }  // namespace

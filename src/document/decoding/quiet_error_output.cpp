@@ -5,11 +5,26 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <mutex>
 
 namespace cantorix {
+namespace {
 
-QuietErrorOutput::QuietErrorOutput() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3)) {
-  if (kept_ < 0) return;
+// Of the process, as the descriptor is.
+struct Silence {
+  std::mutex mutex;
+  int keepers = 0;
+  int kept = -1;  // standard error as it was; -1: nothing was changed
+};
+
+Silence& TheSilence() {
+  static Silence silence;
+  return silence;
+}
+
+void Begin(Silence& silence) {
+  silence.kept = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3);
+  if (silence.kept < 0) return;
   const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
   if (nowhere >= 0) {
     std::fflush(stderr);
@@ -18,11 +33,25 @@ QuietErrorOutput::QuietErrorOutput() : kept_(::fcntl(STDERR_FILENO, F_DUPFD_CLOE
   }
 }
 
-QuietErrorOutput::~QuietErrorOutput() {
-  if (kept_ < 0) return;
+void End(Silence& silence) {
+  if (silence.kept < 0) return;
   std::fflush(stderr);
-  ::dup2(kept_, STDERR_FILENO);
-  ::close(kept_);
+  ::dup2(silence.kept, STDERR_FILENO);
+  ::close(silence.kept);
+}
+
+}  // namespace
+
+QuietErrorOutput::QuietErrorOutput() {
+  Silence& silence = TheSilence();
+  const std::lock_guard lock(silence.mutex);
+  if (silence.keepers++ == 0) Begin(silence);
+}
+
+QuietErrorOutput::~QuietErrorOutput() {
+  Silence& silence = TheSilence();
+  const std::lock_guard lock(silence.mutex);
+  if (--silence.keepers == 0) End(silence);
 }
 
 }  // namespace cantorix
