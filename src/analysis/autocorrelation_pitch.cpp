@@ -13,6 +13,7 @@
 #include "analysis/amdf_plan.h"
 #include "analysis/amdf_search.h"
 #include "analysis/pitch_continuity.h"
+#include "platform/workers.h"
 
 namespace cantorix {
 namespace {
@@ -33,19 +34,30 @@ struct Stretch {
   std::int64_t start, end;
 };
 
-Contour EstimateFrames(const Stretch& stretch, const AmdfPlan& plan, ProgressScope& progress) {
+// Writes the estimates of a part, which is of whole blocks but for the last one.
+PartWork NewEstimator(const Stretch& stretch, const AmdfPlan& plan, Contour& contour) {
+  return [&stretch, &plan, &contour, block = AmdfBlock(plan), estimates = FrameEstimates()](
+             const Part& part, ProgressScope& progress) mutable {
+    for (std::size_t done = part.first; done < part.end; done += kBlockFrames) {
+      const std::int64_t first = plan.firstFrame + static_cast<std::int64_t>(done);
+      progress.StepOrAbandon(static_cast<double>(first));
+      const std::size_t count = std::min<std::size_t>(kBlockFrames, part.end - done);
+      block.Load(stretch.samples, stretch.start, stretch.end, first);
+      SearchBlock(block, plan, static_cast<int>(count), estimates);
+      std::copy_n(estimates.level.begin(), count,
+                  contour.level.begin() + static_cast<std::ptrdiff_t>(done));
+      std::copy_n(estimates.pitch.begin(), count,
+                  contour.pitch.begin() + static_cast<std::ptrdiff_t>(done));
+    }
+  };
+}
+
+Contour EstimateFrames(const Stretch& stretch, const AmdfPlan& plan, ProgressScope& progress,
+                       Workers* workers) {
+  constexpr std::size_t kPartFrames = std::size_t{8} * kBlockFrames;  // a ms or two
   Contour contour(static_cast<std::size_t>(plan.frameCount()));
-  AmdfBlock block(plan);
-  FrameEstimates estimates;
-  for (std::int64_t done = 0; done < plan.frameCount(); done += kBlockFrames) {
-    progress.StepOrAbandon(static_cast<double>(plan.firstFrame + done));
-    const auto count =
-        static_cast<int>(std::min<std::int64_t>(kBlockFrames, plan.frameCount() - done));
-    block.Load(stretch.samples, stretch.start, stretch.end, plan.firstFrame + done);
-    SearchBlock(block, plan, count, estimates);
-    std::copy_n(estimates.level.begin(), count, contour.level.begin() + done);
-    std::copy_n(estimates.pitch.begin(), count, contour.pitch.begin() + done);
-  }
+  ComputeParts(workers, contour.pitch.size(), kPartFrames, progress,
+               [&] { return NewEstimator(stretch, plan, contour); });
   return contour;
 }
 
@@ -60,7 +72,7 @@ void DropQuietFrames(Contour& contour, std::int32_t voicingLevel) {
 
 int AutoCorrelationPitch(const SampleSource& samples, std::int64_t start, std::int64_t end,
                          const AutoCorrelationOptions& options, std::span<double> out,
-                         ProgressScope& progress) {
+                         ProgressScope& progress, Workers* workers) {
   const std::int64_t length = std::max<std::int64_t>(end - start, 0);
   const std::int64_t frames = length / kFrameStep;
   if (out.size() != static_cast<std::size_t>(frames + 1)) {
@@ -70,7 +82,7 @@ int AutoCorrelationPitch(const SampleSource& samples, std::int64_t start, std::i
   try {
     const auto plan = MakeAmdfPlan(options, length);
     if (!plan) return 0;
-    Contour contour = EstimateFrames({samples, start, end}, *plan, progress);
+    Contour contour = EstimateFrames({samples, start, end}, *plan, progress, workers);
     DropQuietFrames(contour, options.voicingLevel);
     KeepContinuousRuns(contour.pitch, options.tolerancePercent);
     BridgeGaps(contour.pitch, options.tolerancePercent);

@@ -23,6 +23,8 @@
 
 namespace cantorix {
 
+class Workers;
+
 struct AutoCorrelationOptions {
   std::int32_t rateHz;            // sampling rate
   std::int32_t lowHz, highHz;     // calculation range, both ends excluded
@@ -32,7 +34,8 @@ struct AutoCorrelationOptions {
 
 // Tracks the samples [start, end). `out` has (end - start) / 100 + 1 entries (one entry when end
 // is before start); entry f, in Hz, belongs to the frame centred on sample start + 100 f, and
-// unvoiced entries are negative. `progress` counts frames and is asked between blocks of them.
+// unvoiced entries are negative. `progress` counts frames and is asked between blocks of them,
+// which `workers` may share.
 // A range of lags without an inside or with one above 2^24 samples, a rate below 1000 Hz and a
 // stretch too short for one frame give unvoiced entries only; samples outside the stretch or the
 // recording count as silence. Returns 0, or -1 when working memory cannot be had. Throws Abandoned
@@ -40,6 +43,6 @@ struct AutoCorrelationOptions {
 // another size.
 int AutoCorrelationPitch(const SampleSource& samples, std::int64_t start, std::int64_t end,
                          const AutoCorrelationOptions& options, std::span<double> out,
-                         ProgressScope& progress);
+                         ProgressScope& progress, Workers* workers = nullptr);
 
 }  // namespace cantorix

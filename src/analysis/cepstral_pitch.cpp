@@ -62,6 +62,11 @@ void CepstralWorkspace::FillFrame(SampleWindow& samples, double frameStart, doub
   }
 }
 
+bool CepstralWorkspace::IsFree(double frameStart, double totalSamples) const {
+  return IsCopiedWhole(frameStart, static_cast<double>(options_.windowSamples),
+                       static_cast<double>(kFrameMargin), totalSamples);
+}
+
 bool CepstralWorkspace::IsSilent() const {
   return std::all_of(frame_.begin(), frame_.end(), [](double x) { return x == 0.0; });
 }

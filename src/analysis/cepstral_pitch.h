@@ -38,6 +38,9 @@ class CepstralWorkspace {
  public:
   explicit CepstralWorkspace(const CepstralOptions& options);
 
+  // Whether the frame that starts at sample `frameStart` of `totalSamples` owes nothing to the one
+  // before it.
+  bool IsFree(double frameStart, double totalSamples) const;
   // Frames whose peak only the stated arithmetic could decide.
   std::int64_t exactFrames() const { return exactFrames_; }
   // Computes every frame in the stated arithmetic.

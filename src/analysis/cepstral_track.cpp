@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "analysis/frame_reader.h"
 #include "analysis/sample_window.h"
 #include "analysis/square_sum.h"
 #include "platform/numbers.h"
+#include "platform/workers.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -33,17 +35,38 @@ double FrameStart(const CepstralFraming& framing, std::size_t frame) {
   return static_cast<double>(frame) * framing.stepSamples + framing.range.start;
 }
 
+constexpr std::size_t kPartFrames = 256;  // a ms or two
+
+// What the frames of a run are computed from.
+struct Run {
+  const SampleSource& samples;
+  double totalSamples;
+  const CepstralFraming& framing;
+  const CepstralWorkspace& workspace;
+};
+
+// Writes an estimate for each frame of a part; -1 for one that is not supported.
+PartWork NewEstimator(const Run& run, std::vector<double>& raw) {
+  return [&run, &raw, window = SampleWindow(run.samples, 0), workspace = run.workspace](
+             const Part& part, ProgressScope& progress) mutable {
+    for (std::size_t i = part.first; i < part.end; ++i) {
+      progress.StepOrAbandon(static_cast<double>(i));
+      raw[i] = CepstralPitch(window, FrameStart(run.framing, i), run.totalSamples, workspace);
+    }
+  };
+}
+
 // One estimate per frame; empty when one is not supported.
-std::vector<double> EstimateFrames(SampleWindow& samples, double totalSamples,
-                                   const CepstralFraming& framing, CepstralWorkspace& workspace,
-                                   ProgressScope& progress) {
-  std::vector<double> raw(static_cast<std::size_t>(framing.frames + kSpareEntries));
-  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
-    progress.StepOrAbandon(static_cast<double>(i));
-    const double pitch = CepstralPitch(samples, FrameStart(framing, i), totalSamples, workspace);
-    if (pitch == -1.0) return {};
-    raw[i] = pitch;
-  }
+std::vector<double> EstimateFrames(const Run& run, ProgressScope& progress, Workers* workers) {
+  std::vector<double> raw(static_cast<std::size_t>(run.framing.frames + kSpareEntries));
+  const std::size_t frames = StartedFrames(run.framing);
+  const std::size_t free = FreeFrames(frames, [&run](std::size_t i) {
+    return run.workspace.IsFree(FrameStart(run.framing, i), run.totalSamples);
+  });
+  const auto newWork = [&run, &raw] { return NewEstimator(run, raw); };
+  ComputeParts(workers, free, kPartFrames, progress, newWork);
+  newWork()({free, frames}, progress);
+  if (std::find(raw.begin(), raw.end(), -1.0) != raw.end()) return {};
   return raw;
 }
 
@@ -59,21 +82,31 @@ double StepEnergy(SampleWindow& samples, std::int64_t length, const CepstralFram
   return sum / framing.stepSamples;
 }
 
+std::vector<double> StepEnergies(const Run& run, ProgressScope& progress, Workers* workers) {
+  std::vector<double> energy(StartedFrames(run.framing));
+  ComputeParts(workers, energy.size(), kPartFrames, progress, [&run, &energy]() -> PartWork {
+    return [&run, &energy, window = SampleWindow(run.samples, 0)](const Part& part,
+                                                                  ProgressScope& scope) mutable {
+      for (std::size_t i = part.first; i < part.end; ++i) {
+        scope.StepOrAbandon(run.framing.frames + static_cast<double>(i));
+        energy[i] = StepEnergy(window, run.samples.length(), run.framing, i);
+      }
+    };
+  });
+  return energy;
+}
+
 // Unvoices the frames whose energy does not exceed the threshold's share of the largest one.
-void ApplyThreshold(SampleWindow& samples, std::int64_t length, const CepstralFraming& framing,
-                    ProgressScope& progress, std::vector<double>& track) {
-  std::vector<double> energy(track.size());
-  double greatest = -1e9;
+void ApplyThreshold(const Run& run, ProgressScope& progress, Workers* workers,
+                    std::vector<double>& track) {
   // Kept: the frame that begins inside the stretch and ends beyond it has no entry of its own, but
   // it was estimated and its energy counts for the largest one.
-  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
-    progress.StepOrAbandon(framing.frames + static_cast<double>(i));
-    energy[i] = StepEnergy(samples, length, framing, i);
-    if (energy[i] > greatest) greatest = energy[i];
-  }
-  const double limit = greatest * framing.thresholdPercent * 0.01;
-  for (std::size_t i = 0; i < StartedFrames(framing); ++i) {
-    progress.StepOrAbandon(2.0 * framing.frames + static_cast<double>(i));
+  const std::vector<double> energy = StepEnergies(run, progress, workers);
+  double greatest = -1e9;
+  for (const double e : energy) greatest = std::max(greatest, e);
+  const double limit = greatest * run.framing.thresholdPercent * 0.01;
+  for (std::size_t i = 0; i < energy.size(); ++i) {
+    progress.StepOrAbandon(2.0 * run.framing.frames + static_cast<double>(i));
     if (energy[i] - limit <= 0.0) track[i] = 0.0;
   }
 }
@@ -127,16 +160,17 @@ void SmoothTrack(std::int64_t count, std::vector<double>& track) {
 }
 
 std::vector<double> TrackCepstralPitch(const SampleSource& samples, double totalSamples,
-                                       const CepstralFraming& framing, CepstralWorkspace& workspace,
-                                       ProgressScope& progress) {
-  SampleWindow window(samples, 0);
-  const auto raw = EstimateFrames(window, totalSamples, framing, workspace, progress);
+                                       const CepstralFraming& framing,
+                                       const CepstralWorkspace& workspace, ProgressScope& progress,
+                                       Workers* workers) {
+  const Run run{samples, totalSamples, framing, workspace};
+  const auto raw = EstimateFrames(run, progress, workers);
   std::vector<double> track(raw.size());
   if (raw.empty()) return track;
   const std::int64_t count = Truncate(framing.frames);
   ApplyContinuity(raw, framing.deviationHz, count, track);
   SmoothTrack(count, track);
-  ApplyThreshold(window, samples.length(), framing, progress, track);
+  ApplyThreshold(run, progress, workers, track);
   return track;
 }
 

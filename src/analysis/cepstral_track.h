@@ -20,6 +20,7 @@
 namespace cantorix {
 
 struct PitchSettings;
+class Workers;
 
 struct CepstralFraming {
   SampleRange range;
@@ -40,10 +41,12 @@ bool IsUsable(const CepstralFraming& framing, std::int64_t samples);
 
 // One value in Hz for each frame and 5 more of 0; empty when an estimate is not supported.
 // `totalSamples` is the recording's length, with its fraction. Throws Abandoned when the user
-// cancels, FileError when the store cannot be read. Counts 3 progress units per frame.
+// cancels, FileError when the store cannot be read. Counts 3 progress units per frame. Every thread
+// works with a copy of `workspace`.
 std::vector<double> TrackCepstralPitch(const SampleSource& samples, double totalSamples,
-                                       const CepstralFraming& framing, CepstralWorkspace& workspace,
-                                       ProgressScope& progress);
+                                       const CepstralFraming& framing,
+                                       const CepstralWorkspace& workspace, ProgressScope& progress,
+                                       Workers* workers);
 
 // Track entries from raw estimates in Hz, `count` of which are whole frames: 0 at both ends and
 // next to a step of deviationHz or more; others averaged with two voiced successors.

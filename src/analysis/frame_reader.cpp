@@ -19,9 +19,13 @@ void FrameReader::Read(std::int64_t first, std::span<double> out) {
   std::copy(view.begin(), view.end(), out.begin() + skipped);
 }
 
+bool IsCopiedWhole(double start, double length, double margin, double total) {
+  return start + length + margin <= total;
+}
+
 std::int64_t CopiedSamples(double start, double length, double margin, double total) {
   const std::int64_t whole = Truncate(length + margin);
-  if (start + length + margin <= total) return whole;
+  if (IsCopiedWhole(start, length, margin, total)) return whole;
   // Kept: the count of samples left serves as the position to stop at. Past the middle of the
   // recording nothing is copied, and the frame is what the one before it was.
   return std::clamp<std::int64_t>(Truncate(total - start) - Truncate(start), 0, whole);
@@ -31,6 +35,10 @@ FrameBuffer::FrameBuffer(std::size_t length, std::size_t margin)
     : length_(static_cast<double>(length)),
       margin_(static_cast<double>(margin)),
       samples_(length + margin) {}
+
+bool FrameBuffer::IsFree(double start, double total) const {
+  return IsCopiedWhole(start, length_, margin_, total);
+}
 
 void FrameBuffer::Load(FrameReader& reader, double start, double total) {
   const std::int64_t count = CopiedSamples(start, length_, margin_, total);

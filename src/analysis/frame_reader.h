@@ -24,6 +24,9 @@ class FrameReader {
   std::vector<std::int16_t> scratch_;
 };
 
+// Whether all of a frame's samples are copied; see CopiedSamples.
+bool IsCopiedWhole(double start, double length, double margin, double total);
+
 // How many of a frame's `length` and `margin` samples are copied when it starts at `start` in a
 // recording of `total` samples (all four may have a fraction): all of them when they fit, otherwise
 // those up to the position trunc(total - start).
@@ -40,11 +43,25 @@ class FrameBuffer {
   // sample Truncate(start) on.
   void Load(FrameReader& reader, double start, double total);
 
+  // Whether that frame takes all of its samples and owes nothing to an earlier one.
+  bool IsFree(double start, double total) const;
+
   std::span<const double> samples() const { return samples_; }
 
  private:
   double length_, margin_;
   std::vector<double> samples_;
 };
+
+// How many of `count` frames of a run, from the first on, may be computed in any order. Those
+// behind them keep what an earlier one left, so they follow each other, beginning in a zeroed
+// buffer. `isWhole` tells of a frame whether it is copied whole, which all are up to the end's.
+template <typename IsWhole>
+std::size_t FreeFrames(std::size_t count, IsWhole isWhole) {
+  std::size_t whole = count;
+  while (whole > 0 && !isWhole(whole - 1)) --whole;
+  // The last whole one fills the buffer for those behind it.
+  return whole == count || whole == 0 ? whole : whole - 1;
+}
 
 }  // namespace cantorix

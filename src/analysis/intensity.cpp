@@ -10,6 +10,7 @@
 #include "analysis/sample_window.h"
 #include "analysis/square_sum.h"
 #include "platform/numbers.h"
+#include "platform/workers.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -60,53 +61,61 @@ double FrameEnergy(SampleWindow& samples, const FrameSpan& span) {
   return sum;
 }
 
-// One level per frame, or nothing when the user cancelled.
-std::vector<double> FrameLevels(SampleWindow& samples, const Framing& framing,
-                                ProgressScope& progress) {
+constexpr std::size_t kPartFrames = 1024;  // a ms or two
+
+PartWork NewLeveller(const SampleSource& samples, std::int64_t origin, const Framing& framing,
+                     std::vector<double>& levels) {
+  return [&framing, &levels, window = SampleWindow(samples, origin)](
+             const Part& part, ProgressScope& progress) mutable {
+    for (std::size_t i = part.first; i < part.end; ++i) {
+      const auto frame = static_cast<double>(i);
+      progress.StepOrAbandon(frame);
+      const FrameSpan span = SpanOfFrame(frame * framing.step, framing.window);
+      // Kept: a silent frame is minus infinity.
+      levels[i] = 10.0 * std::log10(FrameEnergy(window, span) / framing.window);
+    }
+  };
+}
+
+// One level per frame.
+std::vector<double> FrameLevels(const SampleSource& samples, const SampleRange& range,
+                                const Framing& framing, ProgressScope& progress, Workers* workers) {
   std::vector<double> levels(static_cast<std::size_t>(framing.count()));
-  for (std::size_t i = 0; i < levels.size(); ++i) {
-    const auto frame = static_cast<double>(i);
-    if (progress.Cancelled(frame)) return {};
-    const FrameSpan span = SpanOfFrame(frame * framing.step, framing.window);
-    // Kept: a silent frame is minus infinity.
-    levels[i] = 10.0 * std::log10(FrameEnergy(samples, span) / framing.window);
-  }
+  ComputeParts(workers, levels.size(), kPartFrames, progress,
+               [&] { return NewLeveller(samples, Truncate(range.start), framing, levels); });
   return levels;
 }
 
 // Kept: the extremes start at these values and change by strict comparison only, so a recording of
-// silence keeps the maximum's, and one without a frame both. False when the user cancelled.
-bool FindExtremes(const std::vector<double>& levels, ProgressScope& progress,
+// silence keeps the maximum's, and one without a frame both.
+void FindExtremes(const std::vector<double>& levels, ProgressScope& progress,
                   IntensityResult& result) {
   result.IntensityMax = -1e9;
   result.IntensityMin = 1e9;
   auto done = static_cast<double>(levels.size());
   for (const double level : levels) {
-    if (progress.Cancelled(done++)) return false;
+    progress.StepOrAbandon(done++);
     if (level > result.IntensityMax) result.IntensityMax = level;
     if (level < result.IntensityMin) result.IntensityMin = level;
   }
-  return true;
 }
 
-// Kept: with a silent frame the others become infinite and the silent ones NaN. False when the user
-// cancelled.
-bool MakeRelative(std::vector<double>& levels, ProgressScope& progress, IntensityResult& result) {
+// Kept: with a silent frame the others become infinite and the silent ones NaN.
+void MakeRelative(std::vector<double>& levels, ProgressScope& progress, IntensityResult& result) {
   double done = 2.0 * static_cast<double>(levels.size());
   for (double& level : levels) {
-    if (progress.Cancelled(done++)) return false;
+    progress.StepOrAbandon(done++);
     level -= result.IntensityMin;
   }
   result.IntensityMax -= result.IntensityMin;
   result.IntensityMin = 0.0;
-  return true;
 }
 
 }  // namespace
 
 IntensityResult ComputeIntensity(const SampleSource& samples, const SampleRange& range,
                                  double rateHz, const IntensitySettings& settings,
-                                 Progress& progress) {
+                                 Progress& progress, Workers* workers) {
   const double length = range.length();
   const Framing framing = FramingOf(length, rateHz, settings);
   const bool relative = settings.relative != 0;
@@ -117,14 +126,14 @@ IntensityResult ComputeIntensity(const SampleSource& samples, const SampleRange&
   result.range = range;
   if (!CanCompute(framing, length)) return result;
   try {
-    SampleWindow window(samples, Truncate(range.start));
-    std::vector<double> levels = FrameLevels(window, framing, scope);
-    if (std::ssize(levels) < framing.count()) return result;
-    if (!FindExtremes(levels, scope, result)) return result;
-    if (relative && !MakeRelative(levels, scope, result)) return result;
-    if (scope.Cancelled(units)) return result;  // the bar's end, also with a part of a frame left
+    std::vector<double> levels = FrameLevels(samples, range, framing, scope, workers);
+    FindExtremes(levels, scope, result);
+    if (relative) MakeRelative(levels, scope, result);
+    scope.StepOrAbandon(units);  // the bar's end, also with a part of a frame left
     result.IntensityTrack = LevelTrack(std::move(levels), framing.step, framing.window,
                                        std::max<std::int64_t>(Truncate(length), 0));
+  } catch (const Abandoned&) {
+    return result;
   } catch (const std::bad_alloc&) {
     return result;
   }

@@ -16,15 +16,17 @@
 namespace cantorix {
 
 struct IntensitySettings;
+class Workers;
 
 // Levels in dB re a mean square of 1 in 16-bit sample units (relative mode: re the quietest frame)
 // over `range`, whose sample 0 is the recording's sample trunc(range.start); samples outside the
 // recording count as 0. A frame of zeros is minus infinity, and in relative mode NaN. No frame
 // gives a valid track of zeros. A cancelled run, lack of memory, a window or step that is not
 // positive, and a step so far below one sample that the levels would outgrow the recording give an
-// invalid result without a track. Throws FileError when the store cannot be read.
+// invalid result without a track. Throws FileError when the store cannot be read. With `workers`
+// long stretches take several threads, to the same digits.
 IntensityResult ComputeIntensity(const SampleSource& samples, const SampleRange& range,
                                  double rateHz, const IntensitySettings& settings,
-                                 Progress& progress);
+                                 Progress& progress, Workers* workers = nullptr);
 
 }  // namespace cantorix

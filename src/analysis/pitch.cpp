@@ -24,7 +24,7 @@ bool IsUsable(const SampleRange& range, double rateHz) {
 
 // Fills the track of `result`. Returns false when there is none.
 bool RunAutoCorrelation(const SampleSource& samples, double rateHz, const PitchSettings& settings,
-                        ProgressScope& progress, PitchResult& result) {
+                        ProgressScope& progress, Workers* workers, PitchResult& result) {
   const SampleRange& range = result.range;
   if (!(range.length() >= kLeastLength)) return false;
   result.PitchFrameCount = range.length() * 0.01 + 1.0;
@@ -41,13 +41,14 @@ bool RunAutoCorrelation(const SampleSource& samples, double rateHz, const PitchS
   };
   const auto entries = static_cast<std::size_t>((end - start) / 100 + 1);
   const auto track = std::span(result.PitchTrack).first(entries);
-  if (AutoCorrelationPitch(samples, start, end, options, track, progress) != 0) return false;
+  if (AutoCorrelationPitch(samples, start, end, options, track, progress, workers) != 0)
+    return false;
   for (double& pitch : result.PitchTrack) pitch = pitch < 0.0 ? 0.0 : pitch;
   return true;
 }
 
 bool RunCepstral(const SampleSource& samples, double totalSamples, const CepstralFraming& framing,
-                 ProgressScope& progress, PitchResult& result) {
+                 ProgressScope& progress, Workers* workers, PitchResult& result) {
   if (!IsUsable(framing, samples.length())) return false;
   std::optional<CepstralWorkspace> workspace;
   try {
@@ -57,7 +58,8 @@ bool RunCepstral(const SampleSource& samples, double totalSamples, const Cepstra
     return false;
   }
   result.PitchFrameCount = framing.frames;
-  result.PitchTrack = TrackCepstralPitch(samples, totalSamples, framing, *workspace, progress);
+  result.PitchTrack =
+      TrackCepstralPitch(samples, totalSamples, framing, *workspace, progress, workers);
   return !result.PitchTrack.empty();
 }
 
@@ -84,7 +86,7 @@ double PitchResult::TimeMs(std::int64_t i, double msPerSample) const {
 
 PitchResult ComputePitch(const SampleSource& samples, const SampleRange& range, double rateHz,
                          PitchSettings& settings, Progress& progress,
-                         std::optional<double> totalSamples) {
+                         std::optional<double> totalSamples, Workers* workers) {
   PitchResult result;
   result.range = range;
   if (!IsUsable(range, rateHz)) return result;
@@ -93,10 +95,10 @@ PitchResult ComputePitch(const SampleSource& samples, const SampleRange& range, 
       const CepstralFraming framing = FrameForCepstrum(range, rateHz, settings);
       ProgressScope scope(progress, kProgressText, 3.0 * framing.frames);
       const double total = totalSamples.value_or(static_cast<double>(samples.length()));
-      result.PitchValid = RunCepstral(samples, total, framing, scope, result);
+      result.PitchValid = RunCepstral(samples, total, framing, scope, workers, result);
     } else {
       ProgressScope scope(progress, kProgressText, range.length() * 0.01);
-      result.PitchValid = RunAutoCorrelation(samples, rateHz, settings, scope, result);
+      result.PitchValid = RunAutoCorrelation(samples, rateHz, settings, scope, workers, result);
     }
   } catch (const Abandoned&) {
     result.PitchValid = false;

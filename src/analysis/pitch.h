@@ -18,6 +18,7 @@
 namespace cantorix {
 
 struct PitchSettings;
+class Workers;
 
 struct PitchResult {
   std::vector<double> PitchTrack;  // Hz, 0 = unvoiced; count() entries and 5 more of 0
@@ -46,9 +47,10 @@ inline constexpr std::string_view kBadParametersText =
 // autocorrelation method, fewer than 1100 samples. A cepstral window of 4096 samples or more is cut
 // to 4096, and settings.windowMs is then overwritten with the length that was used. `totalSamples`
 // is the recording's length where that has a fraction. Throws FileError when the store cannot be
-// read.
+// read. With `workers` long stretches take several threads, to the same digits.
 PitchResult ComputePitch(const SampleSource& samples, const SampleRange& range, double rateHz,
                          PitchSettings& settings, Progress& progress,
-                         std::optional<double> totalSamples = std::nullopt);
+                         std::optional<double> totalSamples = std::nullopt,
+                         Workers* workers = nullptr);
 
 }  // namespace cantorix

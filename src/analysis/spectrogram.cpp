@@ -5,13 +5,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iostream>
 #include <new>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "analysis/spectrogram_column.h"
 #include "analysis/spectrum_limits.h"
 #include "platform/clones.h"
+#include "platform/workers.h"
 #include "settings/settings.h"
 
 namespace cantorix {
@@ -26,39 +29,95 @@ bool CanCompute(const SpectrogramRequest& request, const SpectrogramSettings& se
 // The highest level of every column.
 using ColumnMaxima = std::vector<double>;
 
+// A column whose polynomial could not be factored ends the run.
+struct FormantFailure {
+  std::string words;
+};
+
+// What a thread computes columns with.
+class Columns {
+ public:
+  Columns(const SampleSource& samples, const SpectrogramRequest& request,
+          const SpectrogramSettings& settings, double maxHz)
+      : levels_(samples, request, settings, maxHz),
+        spare_(request.keepLevels ? 0 : static_cast<std::size_t>(request.rows)) {
+    if (settings.trackFormants != 0) formants_.emplace(samples, request, settings);
+  }
+
+  bool IsFree(double start) const {
+    return levels_.IsFree(start) && (!formants_ || formants_->IsFree(start));
+  }
+
+  void Compute(std::size_t column, Spectrogram& result, ColumnMaxima& maxima) {
+    const double start = result.StartOf(static_cast<std::int64_t>(column));
+    const std::size_t rows = static_cast<std::size_t>(result.rows);
+    const std::span<double> levels =
+        spare_.empty() ? std::span(result.levels.get() + column * rows, rows) : std::span(spare_);
+    maxima[column] = levels_.Compute(start, levels);
+    if (!formants_) return;
+    const auto found = formants_->Find(start);
+    if (!found) throw FormantFailure{formants_->errors()};
+    result.formants[column] = *found;
+  }
+
+ private:
+  ColumnLevels levels_;
+  std::vector<double> spare_;  // for levels that nobody wants
+  std::optional<ColumnFormants> formants_;
+};
+
+struct ColumnWork {
+  std::shared_ptr<Columns> columns;
+  Spectrogram& result;
+  ColumnMaxima& maxima;
+
+  void operator()(const Part& part, ProgressScope& progress) const {
+    for (std::size_t c = part.first; c < part.end; ++c) {
+      progress.StepOrAbandon(static_cast<double>(c));
+      columns->Compute(c, result, maxima);
+    }
+  }
+};
+
 class Run {
  public:
   Run(const SampleSource& samples, const SpectrogramRequest& request,
       const SpectrogramSettings& settings)
-      : request_(request),
-        maxHz_(std::min(settings.rangeHz, HighestRangeHz(request.rateHz))),
-        levels_(samples, request, settings, maxHz_) {
-    if (settings.trackFormants != 0) formants_.emplace(samples, request, settings);
-  }
+      : samples_(samples),
+        request_(request),
+        settings_(settings),
+        maxHz_(std::min(settings.rangeHz, HighestRangeHz(request.rateHz))) {}
 
   // Fills everything but the reference of the levels; false when a column's formants fail.
-  bool Analyse(ProgressScope& progress, Spectrogram& result, ColumnMaxima& maxima) {
+  bool Analyse(ProgressScope& progress, Workers* workers, Spectrogram& result,
+               ColumnMaxima& maxima) {
+    ColumnWork own = NewWork(result, maxima);
     Prepare(result, maxima);
-    const auto rows = static_cast<std::size_t>(request_.rows);
-    const std::size_t stride = request_.keepLevels ? rows : 0;
-    for (std::size_t c = 0; c < maxima.size(); ++c) {
-      progress.StepOrAbandon(static_cast<double>(c));
-      const double start = result.StartOf(static_cast<std::int64_t>(c));
-      maxima[c] = levels_.Compute(start, {result.levels.get() + c * stride, rows});
-      if (!formants_) continue;
-      const auto found = formants_->Find(start);
-      if (!found) return false;
-      result.formants[c] = *found;
-      result.formantsFound = result.formantsFound || found->front() != kNoFormantHz;
+    const std::size_t free = FreeFrames(maxima.size(), [&](std::size_t c) {
+      return own.columns->IsFree(result.StartOf(static_cast<std::int64_t>(c)));
+    });
+    constexpr std::size_t kPartColumns = 64;  // a ms or so
+    try {
+      ComputeParts(workers, free, kPartColumns, progress, [&] { return NewWork(result, maxima); });
+      own({free, maxima.size()}, progress);
+    } catch (const FormantFailure& failure) {
+      std::cerr << failure.words;
+      return false;
     }
+    result.formantsFound = std::any_of(result.formants.begin(), result.formants.end(),
+                                       [](const auto& f) { return f.front() != kNoFormantHz; });
     return true;
   }
 
  private:
+  ColumnWork NewWork(Spectrogram& result, ColumnMaxima& maxima) const {
+    return {std::make_shared<Columns>(samples_, request_, settings_, maxHz_), result, maxima};
+  }
+
   void Prepare(Spectrogram& result, ColumnMaxima& maxima) const {
     const auto columns = static_cast<std::size_t>(request_.columns);
     const auto rows = static_cast<std::size_t>(request_.rows);
-    const std::size_t columnsHeld = request_.keepLevels ? columns : 1;
+    const std::size_t columnsHeld = request_.keepLevels ? columns : 0;
     if (columnsHeld > std::vector<double>().max_size() / rows) throw std::bad_alloc();
     result.range = request_.range;
     result.columns = request_.columns;
@@ -66,13 +125,13 @@ class Run {
     result.maxHz = maxHz_;
     result.levels = std::make_unique_for_overwrite<double[]>(columnsHeld * rows);
     maxima.resize(columns);
-    if (formants_) result.formants.resize(columns);
+    if (settings_.trackFormants != 0) result.formants.resize(columns);
   }
 
+  const SampleSource& samples_;
   const SpectrogramRequest& request_;
+  const SpectrogramSettings& settings_;
   double maxHz_;
-  ColumnLevels levels_;
-  std::optional<ColumnFormants> formants_;
 };
 
 double Referenced(double level, double highest, double dynamicRange) {
@@ -110,10 +169,11 @@ void TakeSource(Spectrogram& picture, ColumnMaxima maxima, double highest) {
 }
 
 Spectrogram Compute(const SampleSource& samples, const SpectrogramRequest& request,
-                    const SpectrogramSettings& settings, ProgressScope& progress) {
+                    const SpectrogramSettings& settings, ProgressScope& progress,
+                    Workers* workers) {
   Spectrogram result;
   ColumnMaxima maxima;
-  if (!Run(samples, request, settings).Analyse(progress, result, maxima)) {
+  if (!Run(samples, request, settings).Analyse(progress, workers, result, maxima)) {
     result = {};
     result.outcome = SpectrogramOutcome::kFormantFailure;
     return result;
@@ -149,12 +209,13 @@ void ApplyDynamicRange(Spectrogram& spectrogram, std::int32_t dynamicRangeDb) {
 }
 
 Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
-                               const SpectrogramSettings& settings, Progress& progress) {
+                               const SpectrogramSettings& settings, Progress& progress,
+                               Workers* workers) {
   if (!CanCompute(request, settings)) return {};
   ProgressScope scope(progress, " Processing Spectrogram...(Press mouse to cancel)",
                       static_cast<double>(request.columns));
   try {
-    return Compute(samples, request, settings, scope);
+    return Compute(samples, request, settings, scope, workers);
   } catch (const std::bad_alloc&) {
     throw Abandoned(AbandonReason::kOutOfMemory);
   } catch (const std::length_error&) {

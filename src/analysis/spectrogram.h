@@ -19,6 +19,7 @@
 namespace cantorix {
 
 struct SpectrogramSettings;
+class Workers;
 
 struct SpectrogramRequest {
   SampleRange range;          // samples; column c stands at range.start + c * length / columns
@@ -80,9 +81,10 @@ struct Spectrogram {
 // dynamic range, pre-emphasis, formant tracking and LPC order of `settings`. The levels count from
 // the dynamic range below the highest level of the picture. The status text counts columns.
 // Throws Abandoned when the user cancels or memory runs out, FileError when the store cannot be
-// read.
+// read. With `workers` long pictures take several threads, to the same digits.
 Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
-                               const SpectrogramSettings& settings, Progress& progress);
+                               const SpectrogramSettings& settings, Progress& progress,
+                               Workers* workers = nullptr);
 
 // The levels and the silence of a picture with a source in another dynamic range: the same numbers
 // as computed anew with it, without a transform.

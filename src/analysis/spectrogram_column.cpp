@@ -58,7 +58,7 @@ ColumnFormants::ColumnFormants(const SampleSource& samples, const SpectrogramReq
 std::optional<FormantColumn> ColumnFormants::Find(double start) {
   buffer_.Load(reader_, start, totalSamples_);
   LpcAnalyse(framer_.Frame(buffer_.samples()), order_, lpc_, std::cerr);
-  const auto candidates = FindFormants(lpc_, rateHz_, std::cerr);
+  const auto candidates = FindFormants(lpc_, rateHz_, errors_);
   if (!candidates) return std::nullopt;
   return InWholeHz(SelectFormants(*candidates));
 }

@@ -5,6 +5,8 @@
 
 #include <optional>
 #include <span>
+#include <sstream>
+#include <string>
 
 #include "analysis/frame_reader.h"
 #include "analysis/framer.h"
@@ -23,6 +25,8 @@ class ColumnLevels {
 
   // Writes the column's levels in dB re a power of 1 and returns the highest of them.
   double Compute(double start, std::span<double> levels);
+  // Whether the column there owes nothing to the one before it.
+  bool IsFree(double start) const { return buffer_.IsFree(start, totalSamples_); }
 
  private:
   FrameReader reader_;
@@ -36,8 +40,10 @@ class ColumnFormants {
   ColumnFormants(const SampleSource& samples, const SpectrogramRequest& request,
                  const SpectrogramSettings& settings);
 
-  // Nothing when the polynomial cannot be factored.
+  // Nothing when the polynomial cannot be factored, which errors() then says.
   std::optional<FormantColumn> Find(double start);
+  std::string errors() const { return errors_.str(); }
+  bool IsFree(double start) const { return buffer_.IsFree(start, totalSamples_); }
 
  private:
   FrameReader reader_;
@@ -46,6 +52,7 @@ class ColumnFormants {
   LpcResult lpc_;
   int order_;
   double rateHz_, totalSamples_;
+  std::ostringstream errors_;
 };
 
 // The kept formants in whole Hz. What 16 bits cannot hold is no formant.

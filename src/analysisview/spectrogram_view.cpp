@@ -55,8 +55,8 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
   wholeRecording_ = IsWholeRecording(range);
   Tried(false);
   if (!host().memory.CanAllocate(PictureBytes(size))) throw Abandoned(AbandonReason::kOutOfMemory);
-  spectrogram_ =
-      cantorix::ComputeSpectrogram(document().Samples(), request, settings_, host().progress);
+  spectrogram_ = cantorix::ComputeSpectrogram(document().Samples(), request, settings_,
+                                              host().progress, host().workers);
   if (spectrogram_.outcome == SpectrogramOutcome::kFormantFailure) {
     host().prompts.Message(kFormantFailure);
     throw Abandoned(AbandonReason::kFailed);

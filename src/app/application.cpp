@@ -7,6 +7,7 @@ Application::Application(const ApplicationServices& services)
     : host{services.prompts, services.progress, services.memory, {}, {}},
       recentFiles(services.profile),
       profile_(services.profile) {
+  host.workers = &workers;
   host.rememberFile = [this](const std::string& path) { recentFiles.Add(path); };
 }
 

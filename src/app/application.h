@@ -8,6 +8,7 @@
 #include "app/log_table.h"
 #include "app/recent_files.h"
 #include "document/document_host.h"
+#include "platform/workers.h"
 
 namespace cantorix {
 
@@ -30,8 +31,9 @@ class Application {
   ProfileStore& profile() { return profile_; }
   Prompts& prompts() { return host.prompts; }
 
-  DocumentHost host;               // of every document; holds the program directory
-  std::string temporaryDirectory;  // undo and recording files; with a separator at its end
+  Workers workers{ProcessorCount()};  // of all long analyses
+  DocumentHost host;                  // of every document; holds the program directory
+  std::string temporaryDirectory;     // undo and recording files; with a separator at its end
   RecentFiles recentFiles;
   std::optional<LogTable> log;  // open while it holds a table
   int lastFilterIndex = 1;      // of the File Open dialog, counted from 1

@@ -90,7 +90,9 @@ class CorpusQueue {
         plan_(std::move(plan)),
         reader_(run.request.files, run.request.corpus.column),
         work_(std::move(work)),
-        opening_{run.settings, run.programDirectory, run.request.channel, run.request.generic},
+        workers_(WorkersFor(run.request, run.request.jobs)),
+        opening_{run.settings, run.programDirectory, run.request.channel, run.request.generic,
+                 &workers_},
         output_(output),
         first_(output.done()) {
     while (next_ < first_ && ReadEntry()) ++next_;
@@ -99,9 +101,15 @@ class CorpusQueue {
   // How many failed; throws what ended the run.
   std::size_t Work() {
     {
-      std::vector<std::jthread> workers;
-      for (int i = 1; i < run_.request.jobs; ++i) workers.emplace_back([this] { Loop(); });
+      std::vector<std::jthread> others;
+      for (int i = 1; i < run_.request.jobs; ++i) {
+        others.emplace_back([this] {
+          Loop();
+          workers_.Return();
+        });
+      }
       Loop();
+      workers_.Return();
     }
     if (failure_) std::rethrow_exception(failure_);
     return failed_;
@@ -183,6 +191,7 @@ class CorpusQueue {
   Plan plan_;
   CorpusReader reader_;
   CorpusWork work_;
+  Workers workers_;  // of all recordings
   CorpusOpening opening_;
   CorpusOutput& output_;
   Console quiet_{false};  // of the single recordings

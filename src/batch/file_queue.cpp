@@ -62,6 +62,8 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
     : run_(run),
       measure_(std::move(measure)),
       outputs_(std::move(outputs)),
+      jobs_(std::min(run.request.jobs, static_cast<int>(outputs_.size()))),
+      workers_(WorkersFor(run.request, jobs_)),
       namesFile_(measure_.namesFiles && outputs_.size() > 1 && outputs_.front().empty()),
       stream_(stream),
       streamSink_(stream.descriptor(), run.interrupted),
@@ -69,11 +71,16 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
                                                                  : measure_.header) {}
 
 Outcome FileQueue::Work() {
-  const auto jobs = std::min(static_cast<std::size_t>(run_.request.jobs), outputs_.size());
-  std::vector<std::jthread> workers;
-  for (std::size_t i = 1; i < jobs; ++i) workers.emplace_back([this] { WorkerLoop(); });
+  std::vector<std::jthread> others;
+  for (int i = 1; i < jobs_; ++i) {
+    others.emplace_back([this] {
+      WorkerLoop();
+      workers_.Return();
+    });
+  }
   WorkerLoop();
-  workers.clear();  // joins
+  workers_.Return();
+  others.clear();  // joins
   if (failure_) std::rethrow_exception(failure_);
   const auto& files = run_.request.files;
   if (ended_ == files.size()) return worst_;
@@ -183,7 +190,7 @@ FileQueue::Ending FileQueue::WorkOn(std::size_t index, TextSink& sink) {
 }
 
 bool FileQueue::OpenAndWrite(std::size_t index, TextSink& sink) {
-  Session session(run_, run_.request.files[index]);
+  Session session(run_, run_.request.files[index], workers_);
   try {
     return session.Open() && measure_.write(session, namesFile_, sink);
   } catch (const Abandoned& abandoned) {

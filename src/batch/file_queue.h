@@ -15,6 +15,7 @@
 #include "batch/session.h"
 #include "batch/stream_place.h"
 #include "batch/text_sink.h"
+#include "platform/workers.h"
 
 namespace cantorix::batch {
 
@@ -64,7 +65,9 @@ class FileQueue {
   const Run& run_;
   Measure measure_;
   std::vector<std::string> outputs_;
-  bool namesFile_;  // in every row of a table that several files share
+  int jobs_;         // files at a time
+  Workers workers_;  // of them all
+  bool namesFile_;   // in every row of a table that several files share
   const OutputStream& stream_;
   StreamSink streamSink_;
   HeaderedSink table_;

@@ -170,10 +170,18 @@ void Grammar::AddFiles(CLI::App* app) {
                   "File to write, or folder when there are several files; - is standard output")
       ->type_name("OUT");
   AddForce(app);
-  app->add_option("-j,--jobs", request_.jobs, "Files at a time")
-      ->type_name("N")
-      ->check(CLI::Range(1, 256));
+  AddJobs(app, "Files at a time");
   AddOpening(app);
+}
+
+void Grammar::AddJobs(CLI::App* app, const char* description) {
+  const CLI::Range count(1, 256);
+  app->add_option("-j,--jobs", request_.jobs, description)->type_name("N")->check(count);
+  app->add_option("--threads", request_.threads,
+                  "Threads that compute at one time, files and parts of a long one together "
+                  "(default: one for each processor)")
+      ->type_name("N")
+      ->check(count);
 }
 
 void Grammar::AddInput(CLI::App* app, const char* name) {

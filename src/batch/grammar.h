@@ -43,6 +43,8 @@ class Grammar {
   // Without --format, for a verb that has one of its own.
   CLI::Option* AddOutput(CLI::App* app, const char* option, const char* description);
   CLI::Option* AddSavedFile(CLI::App* app, const char* option, const char* description);
+  // What works at one time: -j and --threads.
+  void AddJobs(CLI::App* app, const char* description);
   void AddRange(CLI::App* app);
   // The option is a time in a recording, NaN when its text is no number.
   CLI::Option* AddTime(CLI::App* app, const char* option, std::optional<double>& ms,

@@ -22,9 +22,7 @@ void DeclareCorpus(Grammar& grammar) {
       ->required();
   app->add_flag("--resume", corpus.resume, "Go on with a run that was interrupted or killed");
   app->add_flag("--force", request.force, "Throw an earlier run in the folder away");
-  app->add_option("-j,--jobs", request.jobs, "Recordings at a time")
-      ->type_name("N")
-      ->check(CLI::Range(1, 256));
+  grammar.AddJobs(app, "Recordings at a time");
   app->add_option("--points", corpus.points, "Of each stretch, in the middle of equal parts")
       ->capture_default_str()
       ->type_name("N")

@@ -91,6 +91,7 @@ struct Request : MeasureOptions {
   std::optional<int> channel;  // counted from 1
   std::optional<GenericParameters> generic;
   int jobs = 1;                // files at a time
+  int threads = 0;             // that compute at one time; 0: one for each processor
   bool force = false;          // the output may take the place of a recording
   std::optional<bool> asWave;  // format of a saved recording; else its name says it
   bool exact = false;          // 17 significant digits instead of one decimal

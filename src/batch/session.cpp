@@ -10,7 +10,7 @@
 
 namespace cantorix::batch {
 
-Session::Session(const Run& run, const std::string& file)
+Session::Session(const Run& run, const std::string& file, Workers& workers)
     : run_(run),
       file_(file),
       prompts_(run.console, file, run.request, run.interrupted),
@@ -22,7 +22,9 @@ Session::Session(const Run& run, const std::string& file)
             .application = run.settings.application,
             .channelEntries = std::numeric_limits<int>::max(),
             // Measuring leaves the configuration alone.
-            .documentsWriteConfiguration = false} {}
+            .documentsWriteConfiguration = false,
+            .samplesStayInFile = run.request.verb != Verb::kEdit && !run.request.force,
+            .workers = &workers} {}
 
 const Request& Session::request() const { return run_.request; }
 

@@ -22,7 +22,8 @@ struct Run;
 
 class Session {
  public:
-  Session(const Run& run, const std::string& file);
+  // All outlive the session; `workers` are those of the files at one time.
+  Session(const Run& run, const std::string& file, Workers& workers);
 
   // Opens the file with the run's settings. False when it could not be read; the reason is out.
   // Throws WrongUsage when the options name what it does not have.
@@ -34,6 +35,7 @@ class Session {
   CSonadexDoc& document() { return *document_; }
   BatchPrompts& prompts() { return prompts_; }
   const std::atomic<bool>& interrupted() const;
+  Workers* workers() const { return host_.workers; }
   // The stretch that the options choose, in samples, or the whole recording.
   SampleRange Range() const;
   // Says it on standard error.

@@ -5,6 +5,7 @@
 
 #include "measure/printable.h"
 #include "platform/numbers.h"
+#include "platform/one_decimal.h"
 
 namespace cantorix::batch {
 TableRows::TableRows(TextSink& sink, bool exact, const std::string& fileName)
@@ -17,7 +18,11 @@ void TableRows::Append(std::initializer_list<double> values) {
 
 void TableRows::Cell(double value) {
   BeginCell();
-  pending_.append(exact_ ? FormatExact(value) : FormatOneDecimal(value));
+  if (exact_) {
+    pending_ += FormatExact(value);
+  } else {
+    AppendOneDecimal(value, pending_);
+  }
 }
 
 void TableRows::Cell(std::string_view text) {

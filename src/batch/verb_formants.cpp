@@ -2,7 +2,7 @@
 #include "analysisview/spectrogram_view.h"
 #include "batch/formant_cells.h"
 #include "batch/log_rows.h"
-#include "batch/table.h"
+#include "batch/long_table.h"
 #include "batch/verbs.h"
 #include "measure/analyses.h"
 
@@ -12,13 +12,13 @@ bool WriteFormants(Session& session, bool namesFile, TextSink& sink) {
   CSpectrogramView view(document);
   MeasureFormants(session.document(), session.request(), session.Remarks(), view);
   const Spectrogram& spectrogram = view.spectrogram();
-  TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
-  for (std::int64_t column = 0; column < spectrogram.columns; ++column) {
-    rows.Cell(spectrogram.StartOf(column) * document.channel().msPerSample());
-    WriteFormantCells(spectrogram.formants[static_cast<std::size_t>(column)], rows);
-    rows.EndRow();
-  }
-  rows.Flush();
+  const double msPerSample = document.channel().msPerSample();
+  WriteRows(session, namesFile, sink, spectrogram.columns, 1 + static_cast<int>(kFormants),
+            [&](std::int64_t column, TableRows& rows) {
+              rows.Cell(spectrogram.StartOf(column) * msPerSample);
+              WriteFormantCells(spectrogram.formants[static_cast<std::size_t>(column)], rows);
+              rows.EndRow();
+            });
   return true;
 }
 

@@ -1,7 +1,7 @@
 // verb_pitch.cpp - the pitch track as a table, one row per entry.
 #include "batch/batch_view.h"
 #include "batch/log_rows.h"
-#include "batch/table.h"
+#include "batch/long_table.h"
 #include "batch/verbs.h"
 #include "mainview/log_commands.h"
 #include "measure/analyses.h"
@@ -11,12 +11,10 @@ namespace cantorix::batch {
 bool WritePitch(Session& session, bool namesFile, TextSink& sink) {
   const CChannel& channel = session.document().channel();
   const PitchResult result = MeasurePitch(session.document(), session.request());
-  TableRows rows(sink, session.request().exact, namesFile ? session.file() : "");
-  for (std::int64_t i = 0; i < result.count(); ++i) {
-    rows.Append(
-        {result.TimeMs(i, channel.msPerSample()), result.PitchTrack[static_cast<std::size_t>(i)]});
-  }
-  rows.Flush();
+  const double msPerSample = channel.msPerSample();
+  WriteRows(session, namesFile, sink, result.count(), 2, [&](std::int64_t i, TableRows& rows) {
+    rows.Append({result.TimeMs(i, msPerSample), result.PitchTrack[static_cast<std::size_t>(i)]});
+  });
   return true;
 }
 

@@ -13,6 +13,7 @@
 #include "platform/host_services.h"
 #include "platform/progress.h"
 #include "platform/quiet_prompts.h"
+#include "platform/workers.h"
 
 namespace cantorix {
 
@@ -37,12 +38,15 @@ struct QuietHost {
   SpokenPrompts prompts;
   NoProgress progress;
   HostMemoryProbe memory;
+  Workers workers{ProcessorCount()};
   DocumentHost host{.prompts = prompts,
                     .progress = progress,
                     .memory = memory,
                     .programDirectory = directory.path().toStdString(),
                     .application = {},
-                    .documentsWriteConfiguration = false};
+                    .documentsWriteConfiguration = false,
+                    .samplesStayInFile = true,
+                    .workers = &workers};
   Clipboard clipboard;
   QtTextMeasurer textMeasurer;
   QuietDialogs dialogs;

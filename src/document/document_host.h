@@ -11,6 +11,7 @@ namespace cantorix {
 class MemoryProbe;
 class Progress;
 class Prompts;
+class Workers;
 
 struct DocumentHost {
   Prompts& prompts;
@@ -26,6 +27,10 @@ struct DocumentHost {
   bool documentsWriteConfiguration = true;
   // Told of every path that a document was saved under by a name of the user's; may be empty.
   std::function<void(const std::string&)> rememberFile{};
+  // Long recordings are read from their own files, without a copy: for programs that change no
+  // sample and save over none.
+  bool samplesStayInFile = false;
+  Workers* workers = nullptr;  // the threads that long analyses may take; null: the caller's alone
 };
 
 }  // namespace cantorix

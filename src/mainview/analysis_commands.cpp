@@ -37,8 +37,9 @@ void AnalysePitch(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   const CChannel& channel = view.channel();
   view.pitch = {};
-  view.pitch = ComputePitch(document.Samples(), range, channel.sampleRateHz,
-                            document.settings.pitch, view.progress(), channel.totalLength);
+  view.pitch =
+      ComputePitch(document.Samples(), range, channel.sampleRateHz, document.settings.pitch,
+                   view.progress(), channel.totalLength, document.host().workers);
   if (view.pitch.badParameters) {
     view.prompts().Beep();
     view.prompts().Message(std::string(kBadParametersText));
@@ -57,8 +58,9 @@ void AnalyseIntensity(CSonadexView& view, const SampleRange& range) {
   CSonadexDoc& document = view.document();
   CChannel& channel = view.channel();
   channel.intensity = {};
-  channel.intensity = ComputeIntensity(document.Samples(), range, channel.sampleRateHz,
-                                       document.settings.intensity, view.progress());
+  channel.intensity =
+      ComputeIntensity(document.Samples(), range, channel.sampleRateHz, document.settings.intensity,
+                       view.progress(), document.host().workers);
 }
 
 }  // namespace cantorix

@@ -58,7 +58,8 @@ PitchResult MeasurePitch(CSonadexDoc& document, const MeasureOptions& options) {
   const CChannel& channel = document.channel();
   PitchResult result =
       ComputePitch(document.Samples(), StretchOf(options, channel), channel.sampleRateHz,
-                   document.settings.pitch, document.host().progress, channel.totalLength);
+                   document.settings.pitch, document.host().progress, channel.totalLength,
+                   document.host().workers);
   if (result.badParameters) throw NoResult(std::string(kBadParametersText));
   if (!result.PitchValid) throw NoResult(kNoPitchTrack);
   return result;
@@ -66,9 +67,9 @@ PitchResult MeasurePitch(CSonadexDoc& document, const MeasureOptions& options) {
 
 IntensityResult MeasureIntensity(CSonadexDoc& document, const MeasureOptions& options) {
   const CChannel& channel = document.channel();
-  IntensityResult result =
-      ComputeIntensity(document.Samples(), StretchOf(options, channel), channel.sampleRateHz,
-                       document.settings.intensity, document.host().progress);
+  IntensityResult result = ComputeIntensity(document.Samples(), StretchOf(options, channel),
+                                            channel.sampleRateHz, document.settings.intensity,
+                                            document.host().progress, document.host().workers);
   if (!result.IntensityValid) throw NoResult(kNoIntensity);
   return result;
 }

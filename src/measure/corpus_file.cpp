@@ -51,7 +51,9 @@ CorpusResult MeasureCorpusFile(const CorpusEntry& entry, const CorpusWork& work,
                     .programDirectory = opening.programDirectory,
                     .application = opening.settings.application,
                     .channelEntries = std::numeric_limits<int>::max(),
-                    .documentsWriteConfiguration = false};
+                    .documentsWriteConfiguration = false,
+                    .samplesStayInFile = true,
+                    .workers = opening.workers};
   CSonadexDoc document(host);
   CorpusResult result;
   try {

@@ -13,12 +13,15 @@
 
 namespace cantorix {
 
+class Workers;
+
 // What all recordings of a corpus are opened with.
 struct CorpusOpening {
   Settings settings;
   std::string programDirectory;  // for the disk stores
   std::optional<int> channel;    // counted from 1
   std::optional<GenericParameters> generic;
+  Workers* workers = nullptr;  // of all recordings; null: the caller's thread alone
 };
 
 struct CorpusResult {

@@ -5,8 +5,11 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
+#include <vector>
 
 #include "platform/numbers.h"
+#include "platform/one_decimal.h"
 
 namespace cantorix {
 namespace {
@@ -62,10 +65,39 @@ TEST(Truncate, GoesTowardZeroAndStaysInRange) {
 }
 
 TEST(NumberText, IsThatOfPrintf) {
-  for (const double x : {0.0, -0.0, 0.05, 0.25, 0.35, -1.25, 123456.75, 1e22, 1.0 / 3.0, 5e-324}) {
+  std::vector<double> numbers{0.0,
+                              -0.0,
+                              0.05,
+                              0.25,
+                              0.35,
+                              -1.25,
+                              123456.75,
+                              1.0 / 3.0,
+                              1e22,
+                              5e-324,
+                              -0.04,
+                              0.95,
+                              9.95,
+                              99.949999,
+                              1e14,
+                              1e15,
+                              -1e14 - 1,
+                              4503599627370495.5,
+                              99999999999999.95};
+  std::mt19937_64 random(20261122);
+  for (int i = 0; i < 20000; ++i) {
+    const auto whole = static_cast<double>(random() >> (11 + random() % 52));
+    numbers.push_back(whole / static_cast<double>(std::uint64_t{1} << random() % 12));
+    numbers.push_back(-whole / 20.0);
+    numbers.push_back(std::nextafter(whole / 20.0, 0.0));
+  }
+  for (const double x : numbers) {
     char text[400];
     std::snprintf(text, sizeof text, "%.1f", x);
     EXPECT_EQ(FormatOneDecimal(x), text);
+    std::string cell = "x";
+    AppendOneDecimal(x, cell);
+    EXPECT_EQ(cell, std::string("x") + text);
     std::snprintf(text, sizeof text, "%.17g", x);
     EXPECT_EQ(FormatExact(x), text);
   }
