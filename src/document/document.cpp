@@ -68,17 +68,26 @@ bool CSonadexDoc::OnOpenDocument(const std::string& path) {
 }
 
 const SampleSource& CSonadexDoc::Samples() const {
+  if (fileSamples_) return *fileSamples_;
   return store_ ? static_cast<const SampleSource&>(*store_) : *memorySource_;
 }
 
 void CSonadexDoc::HoldInMemory(SampleBlock block) {
   store_.reset();
+  fileSamples_.reset();
   channel().samples = std::move(block);
 }
 
 void CSonadexDoc::HoldOnDisk(std::unique_ptr<SampleStore> store) {
   channel().samples = SampleBlock();
   store_ = std::move(store);
+  fileSamples_.reset();
+}
+
+void CSonadexDoc::HoldInFile(std::unique_ptr<SampleSource> samples) {
+  channel().samples = SampleBlock();
+  store_.reset();
+  fileSamples_ = std::move(samples);
 }
 
 void CSonadexDoc::SetPathName(const std::string& path) {

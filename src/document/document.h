@@ -62,8 +62,10 @@ class CSonadexDoc {
   // Gives channel 0 its samples, dropping an earlier block and store.
   void HoldInMemory(SampleBlock block);
   void HoldOnDisk(std::unique_ptr<SampleStore> store);
-  bool samplesOnDisk() const { return store_ != nullptr; }
-  SampleStore* store() { return store_.get(); }  // null while the samples are in memory
+  // The same where they stand in the recording's file; nothing can change them then.
+  void HoldInFile(std::unique_ptr<SampleSource> samples);
+  bool samplesOnDisk() const { return store_ != nullptr || fileSamples_ != nullptr; }
+  SampleStore* store() { return store_.get(); }  // null but while the samples are in one
 
   const std::string& title() const { return title_; }
   // What windows show: the title or, of a channel read out of several, "speech.wav::Channel2".
@@ -133,6 +135,7 @@ class CSonadexDoc {
  private:
   DocumentHost& host_;
   std::unique_ptr<SampleStore> store_;
+  std::unique_ptr<SampleSource> fileSamples_;
   std::unique_ptr<SampleSource> memorySource_;
   std::string title_ = "Untitled";
   std::string pathName_;

@@ -78,15 +78,11 @@ void TellOfMissing(CSonadexDoc& document, std::int64_t promised, std::int64_t he
 }
 
 void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
-                 const ChannelFeed& feed) {
+                 const ChannelLoader& load) {
   RequirePossibleRate(sound.rateHz, 0);
   if (sound.frames && *sound.frames <= 0) throw FileError("It holds no samples.");
   const int channel = ChooseChannelOrAbandon(document, sound.channels);
-  const std::int64_t count =
-      LoadSamplesUpTo(document, sound.rateHz, sound.frames,
-                      [&](std::int64_t position, std::span<std::int16_t> out) {
-                        return feed(channel, position, out);
-                      });
+  const std::int64_t count = load(channel);
   if (count == 0) throw FileError("It holds no samples.");
   RequirePossibleRate(sound.rateHz, count);
   SetForeignFields(document, sound.rateHz, static_cast<double>(count));
@@ -96,6 +92,16 @@ void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& so
   // Also of what was there when the file was opened and is not any more.
   TellOfMissing(document, sound.promised.value_or(sound.frames.value_or(count)), count);
   if (sound.channels > 1) NameExtractedChannel(document, file.path(), channel);
+}
+
+void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
+                 const ChannelFeed& feed) {
+  ReadForeign(document, file, sound, [&](int channel) {
+    return LoadSamplesUpTo(document, sound.rateHz, sound.frames,
+                           [&](std::int64_t position, std::span<std::int16_t> out) {
+                             return feed(channel, position, out);
+                           });
+  });
 }
 
 }  // namespace cantorix

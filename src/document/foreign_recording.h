@@ -50,9 +50,15 @@ struct ForeignSound {
 using ChannelFeed =
     std::function<std::size_t(int channel, std::int64_t position, std::span<std::int16_t> out)>;
 
+// Gives channel 0 the samples of `channel` and tells how many they are.
+using ChannelLoader = std::function<std::int64_t(int channel)>;
+
 // Makes `sound` channel 0 of the document: asks for the channel, moves its samples, sets the fields
 // and tells of what is missing. Throws Abandoned when the user cancels or memory runs out,
 // FileError when the sound has no sample or no possible rate, or when file or disk store fail.
+void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
+                 const ChannelLoader& load);
+// The same with the samples of `feed`, in memory or in the disk store.
 void ReadForeign(CSonadexDoc& document, const File& file, const ForeignSound& sound,
                  const ChannelFeed& feed);
 

@@ -2,7 +2,10 @@
 #include "document/interleaved_samples.h"
 
 #include <algorithm>
+#include <vector>
 
+#include "document/file_samples.h"
+#include "document/sample_loader.h"
 #include "platform/file.h"
 
 namespace cantorix {
@@ -16,7 +19,11 @@ std::int64_t InterleavedSamples::OffsetOf(std::int64_t position) const {
   return place_.dataOffset + position * static_cast<std::int64_t>(place_.frameBytes);
 }
 
-std::size_t InterleavedSamples::Read(std::int64_t position, std::span<std::int16_t> out) {
+std::int64_t InterleavedSamples::Held() const {
+  return SamplesIn(std::max<std::int64_t>(file_.Size() - place_.dataOffset, 0));
+}
+
+std::size_t InterleavedSamples::Read(std::int64_t position, std::span<std::int16_t> out) const {
   if (place_.coding == SampleCoding::kSigned16 && place_.order == ByteOrder::kLowFirst &&
       place_.frameBytes == sizeof(std::int16_t)) {
     return ReadAsTheyAre(position, out);
@@ -40,13 +47,20 @@ std::size_t InterleavedSamples::ReadAsTheyAre(std::int64_t position,
   return whole;
 }
 
-std::size_t InterleavedSamples::ReadFrames(std::int64_t position, std::span<std::int16_t> out) {
-  raw_.resize(out.size() * place_.frameBytes);
-  const std::size_t got = file_.ReadSome(OffsetOf(position), raw_);
-  const std::size_t firstEnd = place_.channelOffset + WidthOf(place_.coding);
-  const std::size_t whole = got < firstEnd ? 0 : (got - firstEnd) / place_.frameBytes + 1;
+// Of so many bytes of frames; the last frame may lack the channels behind this one.
+std::int64_t InterleavedSamples::SamplesIn(std::int64_t bytes) const {
+  const auto firstEnd = static_cast<std::int64_t>(place_.channelOffset + WidthOf(place_.coding));
+  if (bytes < firstEnd) return 0;
+  return (bytes - firstEnd) / static_cast<std::int64_t>(place_.frameBytes) + 1;
+}
+
+std::size_t InterleavedSamples::ReadFrames(std::int64_t position,
+                                           std::span<std::int16_t> out) const {
+  std::vector<std::byte> raw(out.size() * place_.frameBytes);
+  const std::size_t got = file_.ReadSome(OffsetOf(position), raw);
+  const auto whole = static_cast<std::size_t>(SamplesIn(static_cast<std::int64_t>(got)));
   if (whole > 0) {
-    ConvertSamples(place_.coding, std::span(raw_).subspan(place_.channelOffset), place_.frameBytes,
+    ConvertSamples(place_.coding, std::span(raw).subspan(place_.channelOffset), place_.frameBytes,
                    out.first(whole), place_.order);
   }
   std::fill(out.begin() + static_cast<std::ptrdiff_t>(whole), out.end(), std::int16_t{0});
@@ -60,16 +74,18 @@ std::int64_t FramesBehind(const File& file, std::int64_t dataOffset, std::size_t
 
 void ReadInterleaved(CSonadexDoc& document, const File& file, const ForeignSound& sound,
                      const InterleavedPlace& first) {
-  std::optional<InterleavedSamples> samples;
-  ReadForeign(document, file, sound,
-              [&](int channel, std::int64_t position, std::span<std::int16_t> out) {
-                if (!samples) {
-                  InterleavedPlace place = first;
-                  place.channelOffset += static_cast<std::size_t>(channel) * WidthOf(first.coding);
-                  samples.emplace(file, place);
-                }
-                return samples->Read(position, out);
-              });
+  ReadForeign(document, file, sound, [&](int channel) {
+    InterleavedPlace place = first;
+    place.channelOffset += static_cast<std::size_t>(channel) * WidthOf(first.coding);
+    const InterleavedSamples samples(file, place);
+    const std::int64_t count = std::min(sound.frames.value_or(samples.Held()), samples.Held());
+    const double durationMs = static_cast<double>(count) * 1000.0 / sound.rateHz;
+    if (LeaveInFile(document, file, place, durationMs, count)) return count;
+    return LoadSamplesUpTo(document, sound.rateHz, sound.frames,
+                           [&samples](std::int64_t position, std::span<std::int16_t> out) {
+                             return samples.Read(position, out);
+                           });
+  });
 }
 
 }  // namespace cantorix

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <span>
-#include <vector>
 
 #include "document/foreign_recording.h"
 #include "document/sample_conversion.h"
@@ -30,16 +29,18 @@ class InterleavedSamples {
 
   // The samples from `position` on; 0 for those that the file does not have. Gives the number of
   // those that it has. Throws FileError.
-  std::size_t Read(std::int64_t position, std::span<std::int16_t> out);
+  std::size_t Read(std::int64_t position, std::span<std::int16_t> out) const;
+  // How many samples the file has now.
+  std::int64_t Held() const;
 
  private:
   std::int64_t OffsetOf(std::int64_t position) const;
   std::size_t ReadAsTheyAre(std::int64_t position, std::span<std::int16_t> out) const;
-  std::size_t ReadFrames(std::int64_t position, std::span<std::int16_t> out);
+  std::int64_t SamplesIn(std::int64_t bytes) const;
+  std::size_t ReadFrames(std::int64_t position, std::span<std::int16_t> out) const;
 
   const File& file_;
   InterleavedPlace place_;
-  std::vector<std::byte> raw_;
 };
 
 // Whole frames of `frameBytes` between `dataOffset` and the end of the file.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "document/file_samples.h"
 #include "document/file_window.h"
 #include "document/native_file.h"
 #include "document/native_layout.h"
@@ -204,14 +205,18 @@ std::int64_t ReadBeforeSamples(CSonadexDoc& document, BlockReader& in) {
 void ReadSamples(CSonadexDoc& document, const File& file, std::int64_t count,
                  const BlockReader& in) {
   const CChannel& channel = document.channel();
-  LoadSamples(document, channel.totalDurationMs, channel.sampleRateHz, count,
-              [&](std::int64_t position, std::span<std::int16_t> out) {
-                file.ReadExactly(in.position() + position * std::int64_t{sizeof(std::int16_t)},
-                                 std::as_writable_bytes(out));
-                SwapFromLittle(out);
-                if (in.order() == ByteOrder::kLowFirst) return;
-                for (auto& sample : out) sample = detail::SwappedIf(true, sample);
-              });
+  const InterleavedPlace place{
+      .order = in.order(), .frameBytes = sizeof(std::int16_t), .dataOffset = in.position()};
+  if (!LeaveInFile(document, file, place, channel.totalDurationMs, count)) {
+    LoadSamples(document, channel.totalDurationMs, channel.sampleRateHz, count,
+                [&](std::int64_t position, std::span<std::int16_t> out) {
+                  file.ReadExactly(in.position() + position * std::int64_t{sizeof(std::int16_t)},
+                                   std::as_writable_bytes(out));
+                  SwapFromLittle(out);
+                  if (in.order() == ByteOrder::kLowFirst) return;
+                  for (auto& sample : out) sample = detail::SwappedIf(true, sample);
+                });
+  }
   document.codingName = NameOf(SampleCoding::kSigned16);
   document.channelCount = 1;
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "document/document.h"
+#include "document/file_samples.h"
 #include "document/file_window.h"
 #include "document/foreign_recording.h"
 #include "document/interleaved_samples.h"
@@ -159,14 +160,18 @@ bool ReadPlain(CSonadexDoc& document, const File& file, const RiffHeader& header
 
   SetForeignFields(document, format->rateHz, length);
   const int channel = ChooseChannelOrAbandon(document, format->channels);
-  InterleavedSamples samples(
-      file, {.coding = format->coding,
-             .frameBytes = format->frameBytes,
-             .dataOffset = header.dataOffset,
-             .channelOffset = static_cast<std::size_t>(channel) * WidthOf(format->coding)});
-  LoadSamples(
-      document, document.channel().totalDurationMs, format->rateHz, Truncate(length),
-      [&](std::int64_t position, std::span<std::int16_t> out) { samples.Read(position, out); });
+  const InterleavedPlace place{
+      .coding = format->coding,
+      .frameBytes = format->frameBytes,
+      .dataOffset = header.dataOffset,
+      .channelOffset = static_cast<std::size_t>(channel) * WidthOf(format->coding)};
+  const double durationMs = document.channel().totalDurationMs;
+  if (!LeaveInFile(document, file, place, durationMs, Truncate(length))) {
+    const InterleavedSamples samples(file, place);
+    LoadSamples(
+        document, durationMs, format->rateHz, Truncate(length),
+        [&](std::int64_t position, std::span<std::int16_t> out) { samples.Read(position, out); });
+  }
   TellOfMissingSamples(document, file, header, format->frameBytes);
   document.codingName = NameOf(format->coding);
   document.fileChannels = format->channels;
