@@ -70,13 +70,13 @@ class WatchedSource : public SampleSource {
 };
 
 using Digits = std::vector<double>;
-using Analysis = std::function<Digits(const SampleSource&, Progress&, Workers*)>;
+using Measuring = std::function<Digits(const SampleSource&, Progress&, Workers*)>;
 
 SampleRange Whole(const SampleSource& samples) {
   return {0.0, static_cast<double>(samples.length())};
 }
 
-Analysis Pitch(std::int32_t method, double stepMs) {
+Measuring Pitch(std::int32_t method, double stepMs) {
   return [=](const SampleSource& samples, Progress& progress, Workers* workers) {
     PitchSettings settings;
     settings.method = method;
@@ -86,7 +86,7 @@ Analysis Pitch(std::int32_t method, double stepMs) {
   };
 }
 
-Analysis Intensity(std::int32_t relative) {
+Measuring Intensity(std::int32_t relative) {
   return [=](const SampleSource& samples, Progress& progress, Workers* workers) {
     return ComputeIntensity(samples, Whole(samples), kRateHz, {20.0, 0.5, relative}, progress,
                             workers)
@@ -94,7 +94,7 @@ Analysis Intensity(std::int32_t relative) {
   };
 }
 
-Analysis Columns(bool keepLevels, bool formants) {
+Measuring Columns(bool keepLevels, bool formants) {
   return [=](const SampleSource& samples, Progress& progress, Workers* workers) {
     SpectrogramSettings settings;
     settings.trackFormants = formants ? 1 : 0;
@@ -114,7 +114,7 @@ Analysis Columns(bool keepLevels, bool formants) {
 
 const struct {
   const char* name;
-  Analysis run;
+  Measuring run;
   std::size_t samples;
 } kAnalyses[] = {
     {"cepstral pitch", Pitch(kCepstral, 1.0), 20000},

@@ -29,19 +29,19 @@ class CuttingProgress : public NoProgress {
 };
 
 // Counts what the user is told.
-class Told : public QuietPrompts {
+class ToldOfLoss : public QuietPrompts {
  public:
   void Message(const std::string&) override { ++messages; }
 
   int messages = 0;
 };
 
-struct Opened {
+struct OpenedShrunk {
   bool isOpen = false;
   Values samples;
 };
 
-Opened Open(DocumentHost& host, const std::string& path) {
+OpenedShrunk Open(DocumentHost& host, const std::string& path) {
   CSonadexDoc document(host);
   if (!document.OnOpenDocument(path)) return {};
   return {true, SamplesOf(document)};
@@ -49,7 +49,7 @@ Opened Open(DocumentHost& host, const std::string& path) {
 
 TEST(ShrinkingFile, IsReadWholeOrTheUserIsTold) {
   TestHost program;
-  Told user;
+  ToldOfLoss user;
   CuttingProgress progress;
   const std::string path = program.folder / "talk";
   int cut = 0;
@@ -62,7 +62,7 @@ TEST(ShrinkingFile, IsReadWholeOrTheUserIsTold) {
                       .application = {},
                       .documentsWriteConfiguration = false};
     progress.path.clear();
-    const Opened whole = Open(host, entry.path());
+    const OpenedShrunk whole = Open(host, entry.path());
     if (!whole.isOpen) continue;
     for (const auto& [minutes, percent] : {std::pair{5, 0U}, {5, 50U}, {0, 0U}, {0, 90U}}) {
       host.application.memoryMinutes = minutes;
@@ -70,7 +70,7 @@ TEST(ShrinkingFile, IsReadWholeOrTheUserIsTold) {
       progress.path = path;
       progress.left = std::filesystem::file_size(path) * percent / 100;
       user.messages = 0;
-      const Opened opened = Open(host, path);
+      const OpenedShrunk opened = Open(host, path);
       const bool isSame = opened.isOpen && opened.samples == whole.samples;
       EXPECT_TRUE(isSame || user.messages > 0) << entry << " cut to " << percent << " %";
       if (!isSame) ++cut;
