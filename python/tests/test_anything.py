@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import os
 import warnings
 from typing import Any
 
@@ -27,7 +28,7 @@ ARGUMENTS = {
     "formants": ["step", "rows", "points", "fmax", "lpc", "from_ms", "to_ms"],
 }
 TAKEN = (ValueError, TypeError, OSError, MemoryError, OverflowError, cantorix.MeasureError)
-QUICK = settings(max_examples=150, deadline=None, database=None,
+QUICK = settings(max_examples=int(os.environ.get("CANTORIX_EXAMPLES", "150")), deadline=None, database=None,
                  suppress_health_check=list(HealthCheck))
 
 
