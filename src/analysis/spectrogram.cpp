@@ -39,8 +39,7 @@ class Columns {
  public:
   Columns(const SampleSource& samples, const SpectrogramRequest& request,
           const SpectrogramSettings& settings, double maxHz)
-      : levels_(samples, request, settings, maxHz),
-        spare_(request.keepLevels ? 0 : static_cast<std::size_t>(request.rows)) {
+      : levels_(samples, request, settings, maxHz), spare_(static_cast<std::size_t>(request.rows)) {
     if (settings.trackFormants != 0) formants_.emplace(samples, request, settings);
   }
 
@@ -48,12 +47,11 @@ class Columns {
     return levels_.IsFree(start) && (!formants_ || formants_->IsFree(start));
   }
 
-  void Compute(std::size_t column, Spectrogram& result, ColumnMaxima& maxima) {
+  // `levels` has a place for each row, or none when nobody wants them.
+  void Compute(std::size_t column, std::span<double> levels, Spectrogram& result,
+               ColumnMaxima& maxima) {
     const double start = result.StartOf(static_cast<std::int64_t>(column));
-    const std::size_t rows = static_cast<std::size_t>(result.rows);
-    const std::span<double> levels =
-        spare_.empty() ? std::span(result.levels.get() + column * rows, rows) : std::span(spare_);
-    maxima[column] = levels_.Compute(start, levels);
+    maxima[column] = levels_.Compute(start, levels.empty() ? std::span(spare_) : levels);
     if (!formants_) return;
     const auto found = formants_->Find(start);
     if (!found) throw FormantFailure{formants_->errors()};
@@ -66,15 +64,20 @@ class Columns {
   std::optional<ColumnFormants> formants_;
 };
 
-struct ColumnWork {
-  std::shared_ptr<Columns> columns;
+// Some columns of a picture and the place of their levels.
+struct Stripe {
+  std::size_t first, end;
+  double* levels;  // of the column `first` on; null: nobody wants them
   Spectrogram& result;
   ColumnMaxima& maxima;
 
-  void operator()(const Part& part, ProgressScope& progress) const {
+  void Compute(Columns& columns, const Part& part, ProgressScope& progress) const {
+    const auto rows = static_cast<std::size_t>(result.rows);
     for (std::size_t c = part.first; c < part.end; ++c) {
       progress.StepOrAbandon(static_cast<double>(c));
-      columns->Compute(c, result, maxima);
+      std::span<double> place;
+      if (levels != nullptr) place = {levels + (c - first) * rows, rows};
+      columns.Compute(c, place, result, maxima);
     }
   }
 };
@@ -91,41 +94,69 @@ class Run {
   // Fills everything but the reference of the levels; false when a column's formants fail.
   bool Analyse(ProgressScope& progress, Workers* workers, Spectrogram& result,
                ColumnMaxima& maxima) {
-    ColumnWork own = NewWork(result, maxima);
-    Prepare(result, maxima);
+    const auto own = NewColumns();
+    const std::size_t stripe = Prepare(result, maxima);
     const std::size_t free = FreeFrames(maxima.size(), [&](std::size_t c) {
-      return own.columns->IsFree(result.StartOf(static_cast<std::int64_t>(c)));
+      return own->IsFree(result.StartOf(static_cast<std::int64_t>(c)));
     });
-    constexpr std::size_t kPartColumns = 64;  // a ms or so
     try {
-      ComputeParts(workers, free, kPartColumns, progress, [&] { return NewWork(result, maxima); });
-      own({free, maxima.size()}, progress);
+      for (std::size_t first = 0; first < maxima.size(); first += stripe) {
+        const std::size_t end = std::min(first + stripe, maxima.size());
+        const Stripe columns{first, end, result.levels.get(), result, maxima};
+        ComputeFree(columns, std::min(free, end), progress, workers);
+        columns.Compute(*own, {std::max(free, first), end}, progress);
+        if (request_.takeLevels) request_.takeLevels(LevelsOf(columns));
+      }
     } catch (const FormantFailure& failure) {
       std::cerr << failure.words;
       return false;
     }
+    if (request_.takeLevels) result.levels.reset();
     result.formantsFound = std::any_of(result.formants.begin(), result.formants.end(),
                                        [](const auto& f) { return f.front() != kNoFormantHz; });
     return true;
   }
 
  private:
-  ColumnWork NewWork(Spectrogram& result, ColumnMaxima& maxima) const {
-    return {std::make_shared<Columns>(samples_, request_, settings_, maxHz_), result, maxima};
+  static std::span<const double> LevelsOf(const Stripe& stripe) {
+    return {stripe.levels,
+            (stripe.end - stripe.first) * static_cast<std::size_t>(stripe.result.rows)};
   }
 
-  void Prepare(Spectrogram& result, ColumnMaxima& maxima) const {
+  std::shared_ptr<Columns> NewColumns() const {
+    return std::make_shared<Columns>(samples_, request_, settings_, maxHz_);
+  }
+
+  // The columns of a stripe before `end`.
+  void ComputeFree(const Stripe& stripe, std::size_t end, ProgressScope& progress,
+                   Workers* workers) const {
+    if (end <= stripe.first) return;
+    constexpr std::size_t kPartColumns = 64;  // a ms or so
+    ComputeParts(workers, end - stripe.first, kPartColumns, progress, [&]() -> PartWork {
+      return [&stripe, columns = NewColumns()](const Part& part, ProgressScope& scope) {
+        stripe.Compute(*columns, {stripe.first + part.first, stripe.first + part.end}, scope);
+      };
+    });
+  }
+
+  // Gives the number of columns whose levels there is room for.
+  std::size_t Prepare(Spectrogram& result, ColumnMaxima& maxima) const {
+    constexpr std::size_t kTakenValues = std::size_t{1} << 19U;  // levels given away at a time
     const auto columns = static_cast<std::size_t>(request_.columns);
     const auto rows = static_cast<std::size_t>(request_.rows);
-    const std::size_t columnsHeld = request_.keepLevels ? columns : 0;
-    if (columnsHeld > std::vector<double>().max_size() / rows) throw std::bad_alloc();
+    const std::size_t stripe =
+        request_.takeLevels ? std::min(columns, kTakenValues / rows + 1) : columns;
     result.range = request_.range;
     result.columns = request_.columns;
     result.rows = request_.rows;
     result.maxHz = maxHz_;
-    result.levels = std::make_unique_for_overwrite<double[]>(columnsHeld * rows);
+    if (request_.keepLevels) {
+      if (stripe > std::vector<double>().max_size() / rows) throw std::bad_alloc();
+      result.levels = std::make_unique_for_overwrite<double[]>(stripe * rows);
+    }
     maxima.resize(columns);
     if (settings_.trackFormants != 0) result.formants.resize(columns);
+    return stripe;
   }
 
   const SampleSource& samples_;
@@ -139,7 +170,7 @@ double Referenced(double level, double highest, double dynamicRange) {
   return v < 0.0 ? 0.0 : v;
 }
 
-CANTORIX_CLONES void ReferenceLevels(std::span<double> levels, double highest, double range) {
+CANTORIX_CLONES void Reference(std::span<double> levels, double highest, double range) {
   for (double& level : levels) level = Referenced(level, highest, range);
 }
 
@@ -179,16 +210,13 @@ Spectrogram Compute(const SampleSource& samples, const SpectrogramRequest& reque
     return result;
   }
   const double highest = *std::max_element(maxima.begin(), maxima.end());
-  if (request.keepLevels && request.keepSource) {
+  result.highest = highest;
+  if (result.levels && request.keepSource) {
     TakeSource(result, std::move(maxima), highest);
     ApplyDynamicRange(result, settings.dynamicRangeDb);
   } else {
     const double range = settings.dynamicRangeDb;
-    if (request.keepLevels) {
-      ReferenceLevels({result.levels.get(), LevelCount(result)}, highest, range);
-    } else {
-      result.levels.reset();
-    }
+    if (result.levels) Reference({result.levels.get(), LevelCount(result)}, highest, range);
     SilenceFormants(maxima, highest, range, result.formants);
   }
   result.outcome = SpectrogramOutcome::kComputed;
@@ -197,13 +225,18 @@ Spectrogram Compute(const SampleSource& samples, const SpectrogramRequest& reque
 
 }  // namespace
 
+void ReferenceLevels(std::span<double> levels, const Spectrogram& spectrogram,
+                     std::int32_t dynamicRangeDb) {
+  Reference(levels, spectrogram.highest, dynamicRangeDb);
+}
+
 void ApplyDynamicRange(Spectrogram& spectrogram, std::int32_t dynamicRangeDb) {
   if (!spectrogram.source) return;
   const SpectrogramSource& source = *spectrogram.source;
   const double range = dynamicRangeDb;
   const std::span<double> levels(spectrogram.levels.get(), LevelCount(spectrogram));
   std::copy_n(source.levels.get(), levels.size(), levels.begin());
-  ReferenceLevels(levels, source.highest, range);
+  Reference(levels, source.highest, range);
   spectrogram.formants = source.formants;
   SilenceFormants(source.columnMaxima, source.highest, range, spectrogram.formants);
 }

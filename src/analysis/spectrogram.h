@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
@@ -21,6 +22,9 @@ namespace cantorix {
 struct SpectrogramSettings;
 class Workers;
 
+// Takes the levels of the next columns, whole ones, in dB re a power of 1.
+using LevelTaker = std::function<void(std::span<const double> levels)>;
+
 struct SpectrogramRequest {
   SampleRange range;          // samples; column c stands at range.start + c * length / columns
   double totalSamples = 0.0;  // of the recording, not rounded
@@ -29,6 +33,7 @@ struct SpectrogramRequest {
   int rows = 0;
   bool keepLevels = true;   // false: only the formants are wanted
   bool keepSource = false;  // another dynamic range may be wanted later
+  LevelTaker takeLevels{};  // the levels are given away as they come and none are kept
 };
 
 inline constexpr std::uint16_t kNoFormantHz = 65535;
@@ -60,6 +65,7 @@ struct Spectrogram {
   double maxHz = 0.0;                         // row r of R stands for r * maxHz / R
   std::unique_ptr<double[]> levels;           // columns x rows dB above the floor, column by column
   std::vector<FormantColumn> formants;        // one per column; empty without formant tracking
+  double highest = 0.0;                       // dB re a power of 1, of all columns
   bool formantsFound = false;                 // in any column, silent ones included
   std::unique_ptr<SpectrogramSource> source;  // with keepSource
 
@@ -85,6 +91,10 @@ struct Spectrogram {
 Spectrogram ComputeSpectrogram(const SampleSource& samples, const SpectrogramRequest& request,
                                const SpectrogramSettings& settings, Progress& progress,
                                Workers* workers = nullptr);
+
+// Levels that were given away become those that the picture would have kept.
+void ReferenceLevels(std::span<double> levels, const Spectrogram& spectrogram,
+                     std::int32_t dynamicRangeDb);
 
 // The levels and the silence of a picture with a source in another dynamic range: the same numbers
 // as computed anew with it, without a transform.

@@ -30,7 +30,8 @@ constexpr const char* kLowMemory =
 
 // Of the levels and formants; without an overflow for any size.
 std::uint64_t PictureBytes(const SpectrogramSize& size) {
-  const double rows = size.keepLevels ? size.rows * (size.keepSource ? 2.0 : 1.0) : 0.0;
+  const bool held = size.keepLevels && !size.takeLevels;
+  const double rows = held ? size.rows * (size.keepSource ? 2.0 : 1.0) : 0.0;
   const double bytes = static_cast<double>(size.columns) * (rows * 8.0 + 18.0);
   return static_cast<std::uint64_t>(Truncate(bytes > 0.0 ? bytes : 0.0));
 }
@@ -44,7 +45,8 @@ bool CSpectrogramView::ComputeSpectrogram(const SampleRange& range, const Spectr
                                    .columns = size.columns,
                                    .rows = size.rows,
                                    .keepLevels = size.keepLevels,
-                                   .keepSource = size.keepSource};
+                                   .keepSource = size.keepSource,
+                                   .takeLevels = size.takeLevels};
   spectrogram_ = {};
   ++computation_;
   ++levelsNumber_;

@@ -22,6 +22,7 @@ struct SpectrogramSize {
   int rows = 0;
   bool keepLevels = true;
   bool keepSource = false;  // another dynamic range is to need no transform
+  LevelTaker takeLevels{};  // the levels are given away instead
 };
 
 // Times of a window's own selection, ordered.

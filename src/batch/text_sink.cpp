@@ -1,28 +1,15 @@
 // text_sink.cpp - writing text and noticing when it cannot be written.
 #include "batch/text_sink.h"
 
-#include <array>
-#include <cerrno>
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <utility>
 
 #include "batch/patient_io.h"
-#include "platform/file_error.h"
 
 namespace cantorix::batch {
-namespace {
-
-constexpr std::size_t kMaxSpoolMemory = 4U << 20U;
-
-void Append(std::FILE* file, std::string_view text) {
-  if (text.empty()) return;  // an empty text may have no address
-  if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) {
-    throw FileError(SystemReason(errno));
-  }
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void StreamSink::Write(std::string_view text) {
   pending_ += text;
@@ -51,32 +38,17 @@ void HeaderedSink::Finish() {
 }
 
 void SpoolSink::Write(std::string_view text) {
-  if (!file_ && memory_.size() + text.size() <= kMaxSpoolMemory) {
-    memory_ += text;
-    return;
-  }
-  if (!file_) {
-    file_.reset(std::tmpfile());
-    if (!file_) throw FileError(SystemReason(errno));
-    Append(file_.get(), memory_);
-    memory_.clear();
-  }
-  Append(file_.get(), text);
+  spool_.Append(std::as_bytes(std::span(text.data(), text.size())));
 }
 
 void SpoolSink::PourInto(TextSink& sink) {
-  if (!file_) {
-    sink.Write(memory_);
-    return;
+  std::string piece;
+  for (std::int64_t done = 0; done < spool_.size(); done += std::ssize(piece)) {
+    const auto left = static_cast<std::size_t>(spool_.size() - done);
+    piece.resize(std::min(kPieceBytes, left));
+    spool_.Read(done, std::as_writable_bytes(std::span(piece)));
+    sink.Write(piece);
   }
-  // rewind alone would hide that the last piece found no room.
-  if (std::fflush(file_.get()) != 0) throw FileError(SystemReason(errno));
-  std::rewind(file_.get());
-  std::array<char, 1U << 16U> piece;
-  while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file_.get())) {
-    sink.Write({piece.data(), got});
-  }
-  if (std::ferror(file_.get()) != 0) throw FileError(SystemReason(errno));
 }
 
 }  // namespace cantorix::batch

@@ -4,11 +4,10 @@
 
 #include <atomic>
 #include <cstddef>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 
+#include "batch/spool.h"
 #include "platform/safe_file.h"
 
 namespace cantorix::batch {
@@ -61,7 +60,7 @@ class HeaderedSink : public TextSink {
   std::string header_;  // empty once it is written
 };
 
-// Keeps short texts in memory and long ones in an unnamed temporary file.
+// Keeps what it is given until it is poured out.
 class SpoolSink : public TextSink {
  public:
   void Write(std::string_view text) override;
@@ -69,11 +68,7 @@ class SpoolSink : public TextSink {
   void PourInto(TextSink& sink);
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-  std::string memory_;
-  std::unique_ptr<std::FILE, CloseFile> file_;
+  Spool spool_;
 };
 
 }  // namespace cantorix::batch

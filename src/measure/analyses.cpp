@@ -84,13 +84,14 @@ void MeasureSpectrum(CSonadexDoc& document, const MeasureOptions& options, const
 }
 
 void MeasureSpectrogram(CSonadexDoc& document, const MeasureOptions& options, const Remark& remark,
-                        CSpectrogramView& into) {
+                        CSpectrogramView& into, const LevelTaker& takeLevels) {
   RequireSpectrogramRange(options, document);
   SpectrogramSettings& settings = document.settings.spectrogram;
   settings.trackFormants = options.formantColumns ? 1 : 0;
   if (options.formantColumns) SettleLpcOrder(document, options, remark, settings.lpcOrder);
   const SampleRange range = StretchOf(options, document.channel());
-  if (into.ComputeSpectrogram(range, {options.columns, options.rows})) return;
+  if (into.ComputeSpectrogram(range, {options.columns, options.rows, true, false, takeLevels}))
+    return;
   throw NoResult("no spectrogram: the recording has no sampling rate to go by");
 }
 

@@ -26,8 +26,9 @@ IntensityResult MeasureIntensity(CSonadexDoc& document, const MeasureOptions& op
 // Into a window of the document. With a usual LPC order the document's settings get it.
 void MeasureSpectrum(CSonadexDoc& document, const MeasureOptions& options, const Remark& remark,
                      CFFTLPCView& into);
+// With `takeLevels` the levels are given away as they come, without their reference.
 void MeasureSpectrogram(CSonadexDoc& document, const MeasureOptions& options, const Remark& remark,
-                        CSpectrogramView& into);
+                        CSpectrogramView& into, const LevelTaker& takeLevels = {});
 // The formant tracks of a spectrogram without its levels. With a step between the columns they
 // stand exactly that far apart, and the stretch ends with the last whole one.
 void MeasureFormants(CSonadexDoc& document, const MeasureOptions& options, const Remark& remark,

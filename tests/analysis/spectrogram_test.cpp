@@ -206,6 +206,27 @@ TEST(Spectrogram, CountsColumnsAndLeavesNothingWhenCancelled) {
   }
 }
 
+TEST(Spectrogram, GivesLevelsAwayThatItWouldKeep) {
+  const Samples noise = testing::Noise(3000, 32767);
+  const SpectrogramRequest kept = Request(noise, 60, 30000);
+  const SpectrogramSettings settings = Settings(512);
+  const Spectrogram whole = Compute(SpanSource(noise), kept, settings);
+  SpectrogramRequest given = kept;
+  std::vector<double> levels;
+  int times = 0;
+  given.takeLevels = [&](std::span<const double> some) {
+    EXPECT_EQ(some.size() % 30000, 0U);
+    levels.insert(levels.end(), some.begin(), some.end());
+    ++times;
+  };
+  const Spectrogram empty = Compute(SpanSource(noise), given, settings);
+  EXPECT_GT(times, 2);
+  EXPECT_EQ(empty.levels, nullptr);
+  EXPECT_TRUE(empty.computed());
+  ReferenceLevels(levels, empty, settings.dynamicRangeDb);
+  EXPECT_EQ(levels, AllLevels(whole));
+}
+
 TEST(Spectrogram, RefusesOrSurvivesExtremes) {
   const Samples noise = testing::Noise(700, 32767);
   const SampleRange all = testing::Whole(noise);
