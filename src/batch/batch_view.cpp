@@ -1,6 +1,7 @@
 // batch_view.cpp - the window of a view without a screen.
 #include "batch/batch_view.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "document/label.h"
@@ -18,6 +19,12 @@ std::string TemporaryDirectory(Session& session) {
   return path;
 }
 
+// An undo file is as long as the recording.
+bool AsksForUndo(const Request& request) {
+  return std::ranges::any_of(request.steps,
+                             [](const EditStep& step) { return step.kind == EditStep::kUndo; });
+}
+
 }  // namespace
 
 PixelSize FixedTextMeasurer::Measure(const FontDescription& font, std::string_view text) const {
@@ -27,8 +34,14 @@ PixelSize FixedTextMeasurer::Measure(const FontDescription& font, std::string_vi
 
 BatchView::BatchView(Session& session)
     : session_(session),
-      view_(session.document(),
-            {clipboard_, TemporaryDirectory(session), measurer_, window_, window_, dialogs_, {}}) {
+      view_(session.document(), {clipboard_,
+                                 TemporaryDirectory(session),
+                                 measurer_,
+                                 window_,
+                                 window_,
+                                 dialogs_,
+                                 {},
+                                 AsksForUndo(session.request())}) {
   view_.LayOut(kClient);
   view_.FollowStretch();
 }

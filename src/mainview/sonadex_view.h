@@ -34,6 +34,7 @@ struct ViewServices {
   SoundControl& sound;
   ViewDialogs& dialogs;
   std::function<LogSink*()> openLog;  // null while no log is open
+  bool keepsUndo = true;              // false: no edit of this view is ever to be undone
 };
 
 // Cursor and selection as they are when a press begins.

@@ -46,8 +46,10 @@ void RestoreOrRefuse(CSonadexView& view) {
 void SaveUndoFile(CSonadexView& view, UndoScope scope) {
   view.undoAvailable = false;
   view.undoScope = scope;
-  ClaimUndoFile(view);
+  const bool keepsUndo = view.services().keepsUndo;
+  if (keepsUndo) ClaimUndoFile(view);
   if (scope == UndoScope::kSamples) view.document().TellSampleEdit({});
+  if (!keepsUndo) return;
   try {
     view.undoFile->Save(view.document());
   } catch (const FileError&) {
