@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given purposes need, and only those that are absent.
 # usage: tools/setup.sh PURPOSE...: build desktop tests python checks package pictures acceptance
-#        reliability manual bench fixtures fuzz
+#        reliability manual bench peers fixtures fuzz
 set -euo pipefail
 
 packages=()
@@ -29,6 +29,9 @@ for purpose in "$@"; do
       packages+=(python3 python3-gi python3-numpy python3-pil)
       ;;
     manual) packages+=(python3 chromium) ;;
+    peers)
+      packages+=(python3 sox ffmpeg praat speech-tools tcl-snack asterisk-core-sounds-en-wav)
+      ;;
     bench) packages+=(libbenchmark-dev libfftw3-dev pkg-config libgtest-dev) ;;
     fixtures)
       packages+=(python3 sox libsox-fmt-mp3 ffmpeg flac praat speech-tools tcl-snack sndfile-programs)
