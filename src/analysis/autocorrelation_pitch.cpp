@@ -35,7 +35,7 @@ struct Stretch {
 };
 
 // Writes the estimates of a part, which is of whole blocks but for the last one.
-PartWork NewEstimator(const Stretch& stretch, const AmdfPlan& plan, Contour& contour) {
+PartWork NewAmdfWork(const Stretch& stretch, const AmdfPlan& plan, Contour& contour) {
   return [&stretch, &plan, &contour, block = AmdfBlock(plan), estimates = FrameEstimates()](
              const Part& part, ProgressScope& progress) mutable {
     for (std::size_t done = part.first; done < part.end; done += kBlockFrames) {
@@ -57,7 +57,7 @@ Contour EstimateFrames(const Stretch& stretch, const AmdfPlan& plan, ProgressSco
   constexpr std::size_t kPartFrames = std::size_t{8} * kBlockFrames;  // a ms or two
   Contour contour(static_cast<std::size_t>(plan.frameCount()));
   ComputeParts(workers, contour.pitch.size(), kPartFrames, progress,
-               [&] { return NewEstimator(stretch, plan, contour); });
+               [&] { return NewAmdfWork(stretch, plan, contour); });
   return contour;
 }
 

@@ -35,10 +35,10 @@ double FrameStart(const CepstralFraming& framing, std::size_t frame) {
   return static_cast<double>(frame) * framing.stepSamples + framing.range.start;
 }
 
-constexpr std::size_t kPartFrames = 256;  // a ms or two
+constexpr std::size_t kPitchPart = 256;  // a ms or two
 
 // What the frames of a run are computed from.
-struct Run {
+struct CepstralRun {
   const SampleSource& samples;
   double totalSamples;
   const CepstralFraming& framing;
@@ -46,7 +46,7 @@ struct Run {
 };
 
 // Writes an estimate for each frame of a part; -1 for one that is not supported.
-PartWork NewEstimator(const Run& run, std::vector<double>& raw) {
+PartWork NewCepstralWork(const CepstralRun& run, std::vector<double>& raw) {
   return [&run, &raw, window = SampleWindow(run.samples, 0), workspace = run.workspace](
              const Part& part, ProgressScope& progress) mutable {
     for (std::size_t i = part.first; i < part.end; ++i) {
@@ -57,14 +57,15 @@ PartWork NewEstimator(const Run& run, std::vector<double>& raw) {
 }
 
 // One estimate per frame; empty when one is not supported.
-std::vector<double> EstimateFrames(const Run& run, ProgressScope& progress, Workers* workers) {
+std::vector<double> EstimateFrames(const CepstralRun& run, ProgressScope& progress,
+                                   Workers* workers) {
   std::vector<double> raw(static_cast<std::size_t>(run.framing.frames + kSpareEntries));
   const std::size_t frames = StartedFrames(run.framing);
   const std::size_t free = FreeFrames(frames, [&run](std::size_t i) {
     return run.workspace.IsFree(FrameStart(run.framing, i), run.totalSamples);
   });
-  const auto newWork = [&run, &raw] { return NewEstimator(run, raw); };
-  ComputeParts(workers, free, kPartFrames, progress, newWork);
+  const auto newWork = [&run, &raw] { return NewCepstralWork(run, raw); };
+  ComputeParts(workers, free, kPitchPart, progress, newWork);
   newWork()({free, frames}, progress);
   if (std::find(raw.begin(), raw.end(), -1.0) != raw.end()) return {};
   return raw;
@@ -82,9 +83,10 @@ double StepEnergy(SampleWindow& samples, std::int64_t length, const CepstralFram
   return sum / framing.stepSamples;
 }
 
-std::vector<double> StepEnergies(const Run& run, ProgressScope& progress, Workers* workers) {
+std::vector<double> StepEnergies(const CepstralRun& run, ProgressScope& progress,
+                                 Workers* workers) {
   std::vector<double> energy(StartedFrames(run.framing));
-  ComputeParts(workers, energy.size(), kPartFrames, progress, [&run, &energy]() -> PartWork {
+  ComputeParts(workers, energy.size(), kPitchPart, progress, [&run, &energy]() -> PartWork {
     return [&run, &energy, window = SampleWindow(run.samples, 0)](const Part& part,
                                                                   ProgressScope& scope) mutable {
       for (std::size_t i = part.first; i < part.end; ++i) {
@@ -97,7 +99,7 @@ std::vector<double> StepEnergies(const Run& run, ProgressScope& progress, Worker
 }
 
 // Unvoices the frames whose energy does not exceed the threshold's share of the largest one.
-void ApplyThreshold(const Run& run, ProgressScope& progress, Workers* workers,
+void ApplyThreshold(const CepstralRun& run, ProgressScope& progress, Workers* workers,
                     std::vector<double>& track) {
   // Kept: the frame that begins inside the stretch and ends beyond it has no entry of its own, but
   // it was estimated and its energy counts for the largest one.
@@ -163,7 +165,7 @@ std::vector<double> TrackCepstralPitch(const SampleSource& samples, double total
                                        const CepstralFraming& framing,
                                        const CepstralWorkspace& workspace, ProgressScope& progress,
                                        Workers* workers) {
-  const Run run{samples, totalSamples, framing, workspace};
+  const CepstralRun run{samples, totalSamples, framing, workspace};
   const auto raw = EstimateFrames(run, progress, workers);
   std::vector<double> track(raw.size());
   if (raw.empty()) return track;

@@ -61,7 +61,7 @@ double FrameEnergy(SampleWindow& samples, const FrameSpan& span) {
   return sum;
 }
 
-constexpr std::size_t kPartFrames = 1024;  // a ms or two
+constexpr std::size_t kLevelPart = 1024;  // a ms or two
 
 PartWork NewLeveller(const SampleSource& samples, std::int64_t origin, const Framing& framing,
                      std::vector<double>& levels) {
@@ -81,7 +81,7 @@ PartWork NewLeveller(const SampleSource& samples, std::int64_t origin, const Fra
 std::vector<double> FrameLevels(const SampleSource& samples, const SampleRange& range,
                                 const Framing& framing, ProgressScope& progress, Workers* workers) {
   std::vector<double> levels(static_cast<std::size_t>(framing.count()));
-  ComputeParts(workers, levels.size(), kPartFrames, progress,
+  ComputeParts(workers, levels.size(), kLevelPart, progress,
                [&] { return NewLeveller(samples, Truncate(range.start), framing, levels); });
   return levels;
 }

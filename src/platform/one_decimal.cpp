@@ -18,7 +18,7 @@
 namespace cantorix {
 namespace {
 
-constexpr double kMost = 1e14;  // tenths up to here are exact whole numbers
+constexpr double kMostWithTenths = 1e14;  // tenths up to here are exact whole numbers
 
 std::uint64_t Tenths(double x) {
   const double p = 8.0 * x + 2.0 * x;
@@ -34,7 +34,7 @@ std::uint64_t Tenths(double x) {
 }  // namespace
 
 void AppendOneDecimal(double x, std::string& text) {
-  if (!(std::fabs(x) < kMost)) {
+  if (!(std::fabs(x) < kMostWithTenths)) {
     text += FormatOneDecimal(x);
     return;
   }

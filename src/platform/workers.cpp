@@ -61,7 +61,8 @@ class PartProgress : public NoProgress {
   std::size_t part_ = 0;
 };
 
-void Compute(Division& division, std::size_t part, const PartWork& work, ProgressScope& progress) {
+void ComputePart(Division& division, std::size_t part, const PartWork& work,
+                 ProgressScope& progress) {
   try {
     work(division.Bounds(part), progress);
   } catch (...) {
@@ -77,7 +78,7 @@ void Help(Division& division, const std::function<PartWork()>& newWork) noexcept
     ProgressScope scope(quiet, {}, 0.0);
     for (std::size_t part = 0; division.Next(part);) {
       quiet.Enter(part);
-      Compute(division, part, work, scope);
+      ComputePart(division, part, work, scope);
     }
   } catch (...) {
     return;
@@ -151,7 +152,7 @@ void ComputeParts(Workers* workers, std::size_t count, std::size_t partLength,
     Helpers helpers(workers, division, newWork);
     for (std::size_t part = 0; division.Next(part);) {
       helpers.Grow();
-      Compute(division, part, work, progress);
+      ComputePart(division, part, work, progress);
     }
   }
   division.ThrowFailure();

@@ -14,23 +14,23 @@
 namespace cantorix {
 namespace {
 
-class Told : public QuietPrompts {
+class Listener : public QuietPrompts {
  public:
   void Message(const std::string& text) override { messages.push_back(text); }
 
   std::vector<std::string> messages;
 };
 
-struct Opened {
+struct ReadThere {
   Values samples;
   double length = 0.0;
   std::vector<std::string> said;
   bool stays = false;  // in its file
 };
 
-Opened Open(const std::string& path, bool samplesStay) {
+ReadThere OpenAt(const std::string& path, bool samplesStay) {
   TestHost program;
-  Told user;
+  Listener user;
   DocumentHost host{.prompts = user,
                     .progress = program.progress,
                     .memory = program.memory,
@@ -52,8 +52,8 @@ TEST(FileSamples, AreThoseOfACopy) {
   for (const auto& entry :
        std::filesystem::directory_iterator(SamplesDirectory() + "/../tests/document/recordings")) {
     SCOPED_TRACE(entry.path());
-    const Opened copied = Open(entry.path(), false);
-    const Opened there = Open(entry.path(), true);
+    const ReadThere copied = OpenAt(entry.path(), false);
+    const ReadThere there = OpenAt(entry.path(), true);
     EXPECT_FALSE(copied.stays);
     EXPECT_EQ(there.samples, copied.samples);
     EXPECT_EQ(there.length, copied.length);

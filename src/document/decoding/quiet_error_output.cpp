@@ -22,7 +22,7 @@ Silence& TheSilence() {
   return silence;
 }
 
-void Begin(Silence& silence) {
+void BeginSilence(Silence& silence) {
   silence.kept = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3);
   if (silence.kept < 0) return;
   const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -33,7 +33,7 @@ void Begin(Silence& silence) {
   }
 }
 
-void End(Silence& silence) {
+void EndSilence(Silence& silence) {
   if (silence.kept < 0) return;
   std::fflush(stderr);
   ::dup2(silence.kept, STDERR_FILENO);
@@ -45,13 +45,13 @@ void End(Silence& silence) {
 QuietErrorOutput::QuietErrorOutput() {
   Silence& silence = TheSilence();
   const std::lock_guard lock(silence.mutex);
-  if (silence.keepers++ == 0) Begin(silence);
+  if (silence.keepers++ == 0) BeginSilence(silence);
 }
 
 QuietErrorOutput::~QuietErrorOutput() {
   Silence& silence = TheSilence();
   const std::lock_guard lock(silence.mutex);
-  if (--silence.keepers == 0) End(silence);
+  if (--silence.keepers == 0) EndSilence(silence);
 }
 
 }  // namespace cantorix
