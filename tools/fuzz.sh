@@ -59,7 +59,7 @@ run() {
     "$program" $(inputs "$1") $(dictionary "$1") -max_total_time=$(($2 - spent)) -print_final_stats=1 \
       -timeout=10 -malloc_limit_mb=1024 -rss_limit_mb=4096 -close_fd_mask=3 -use_value_profile=1 \
       -artifact_prefix="build/fuzz/findings/$1-" >"$log" 2>&1 || verdict="FINDING"
-    runs=$((runs + 0$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")))
+    runs=$((runs + 10#0$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")))
     artifact=$(sed -n 's/^.*Test unit written to //p' "$log" | tail -1)
     ! only_waited "$1" "$artifact" || { rm "$artifact"; verdict="no finding"; }
   done
