@@ -8,6 +8,7 @@
 
 #include "app/application.h"
 #include "platform/file_error.h"
+#include "platform/host_services.h"
 #include "platform/prompts.h"
 
 namespace cantorix {
@@ -62,6 +63,7 @@ CSonadexDoc& OpenDocuments::Keep(std::unique_ptr<Entry> entry) {
 
 void OpenDocuments::Close(CSonadexDoc& document) {
   std::erase_if(entries_, [&](const auto& open) { return &open->document == &document; });
+  ReturnFreedMemory();
 }
 
 std::vector<CSonadexDoc*> OpenDocuments::All() const {

@@ -1,6 +1,7 @@
 // host_services.cpp - Linux behind the service interfaces.
 #include "platform/host_services.h"
 
+#include <malloc.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -41,6 +42,12 @@ bool FitsAddressSpace(std::size_t bytes) {
 }
 
 }  // namespace
+
+void ReturnFreedMemory() {
+#ifdef __GLIBC__
+  ::malloc_trim(0);
+#endif
+}
 
 std::string LocalTimeStamp() {
   const std::time_t now = std::time(nullptr);

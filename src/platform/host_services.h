@@ -14,6 +14,9 @@ class HostClock : public Clock {
   void SleepMs(double ms) override;
 };
 
+// Gives the system back what was freed, where the allocator keeps a stock of it.
+void ReturnFreedMemory();
+
 // The local date and time, "20261121-143005".
 std::string LocalTimeStamp();
 
