@@ -29,6 +29,11 @@ std::span<const std::int16_t> FileSamples::View(std::int64_t start, std::int64_t
   return scratch;
 }
 
+std::optional<FileStretch> FileSamples::InFile(std::int64_t start, std::int64_t count) const {
+  if (start + count > held_) return std::nullopt;
+  return samples_.Plain(start);
+}
+
 bool LeaveInFile(CSonadexDoc& document, const File& file, const InterleavedPlace& place,
                  double durationMs, std::int64_t count) {
   if (!document.host().samplesStayInFile) return false;

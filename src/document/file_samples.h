@@ -22,6 +22,7 @@ class FileSamples : public SampleSource {
   // From any thread. Throws FileError, also when the file has lost samples meanwhile.
   std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
                                      std::vector<std::int16_t>& scratch) const override;
+  std::optional<FileStretch> InFile(std::int64_t start, std::int64_t count) const override;
 
  private:
   File file_;

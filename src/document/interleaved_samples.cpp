@@ -19,15 +19,20 @@ std::int64_t InterleavedSamples::OffsetOf(std::int64_t position) const {
   return place_.dataOffset + position * static_cast<std::int64_t>(place_.frameBytes);
 }
 
+std::optional<FileStretch> InterleavedSamples::Plain(std::int64_t position) const {
+  if (place_.coding != SampleCoding::kSigned16 || place_.order != ByteOrder::kLowFirst ||
+      place_.frameBytes != sizeof(std::int16_t)) {
+    return std::nullopt;
+  }
+  return FileStretch{&file_, OffsetOf(position)};
+}
+
 std::int64_t InterleavedSamples::Held() const {
   return SamplesIn(std::max<std::int64_t>(file_.Size() - place_.dataOffset, 0));
 }
 
 std::size_t InterleavedSamples::Read(std::int64_t position, std::span<std::int16_t> out) const {
-  if (place_.coding == SampleCoding::kSigned16 && place_.order == ByteOrder::kLowFirst &&
-      place_.frameBytes == sizeof(std::int16_t)) {
-    return ReadAsTheyAre(position, out);
-  }
+  if (Plain(position)) return ReadAsTheyAre(position, out);
   const std::size_t block = std::max<std::size_t>(1, kBlockBytes / place_.frameBytes);
   std::size_t held = 0;
   for (std::size_t done = 0; done < out.size(); done += block) {

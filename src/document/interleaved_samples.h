@@ -3,14 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "document/foreign_recording.h"
 #include "document/sample_conversion.h"
+#include "platform/file.h"
 
 namespace cantorix {
-
-class File;
 
 // Where the samples of one channel stand.
 struct InterleavedPlace {
@@ -30,6 +30,8 @@ class InterleavedSamples {
   // The samples from `position` on; 0 for those that the file does not have. Gives the number of
   // those that it has. Throws FileError.
   std::size_t Read(std::int64_t position, std::span<std::int16_t> out) const;
+  // Where the sample stands when the file's bytes are the samples, one channel of 16 bits.
+  std::optional<FileStretch> Plain(std::int64_t position) const;
   // How many samples the file has now.
   std::int64_t Held() const;
 

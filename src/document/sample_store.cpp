@@ -59,6 +59,10 @@ void SampleStore::Overwrite(std::int64_t start, std::span<const std::int16_t> sa
   Put(start, samples);
 }
 
+std::optional<FileStretch> SampleStore::InFile(std::int64_t start, std::int64_t) const {
+  return FileStretch{&file_, start * std::int64_t{sizeof(std::int16_t)}};
+}
+
 std::span<const std::int16_t> SampleStore::View(std::int64_t start, std::int64_t count,
                                                 std::vector<std::int16_t>& scratch) const {
   scratch.resize(static_cast<std::size_t>(count));

@@ -37,6 +37,7 @@ class SampleStore : public SampleSource {
   std::int64_t length() const override { return length_; }
   std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
                                      std::vector<std::int16_t>& scratch) const override;
+  std::optional<FileStretch> InFile(std::int64_t start, std::int64_t count) const override;
 
  private:
   void Put(std::int64_t start, std::span<const std::int16_t> samples);

@@ -22,6 +22,13 @@ void WriteZeros(const ByteSink& sink, std::int64_t count) {
   }
 }
 
+// Whether the sink has taken the samples out of the file that holds them.
+bool AreTakenFromFile(const ByteSink& sink, const SampleSource& source, std::int64_t start,
+                      std::int64_t count) {
+  const auto stretch = source.InFile(start, count);
+  return stretch && sink.TakeFrom(*stretch, count * std::int64_t{sizeof(std::int16_t)});
+}
+
 }  // namespace
 
 void WriteSamples(const ByteSink& sink, const CSonadexDoc& document, std::int64_t start,
@@ -39,7 +46,9 @@ void WriteSamples(const ByteSink& sink, const CSonadexDoc& document, std::int64_
   std::vector<std::int16_t> swapped;
   for (std::int64_t done = 0; done < there; done += block) {
     if (scope) scope->StepOrAbandon(static_cast<double>(done));
-    sink(LittleBytes(source.View(start + done, std::min(block, there - done), scratch), swapped));
+    const std::int64_t some = std::min(block, there - done);
+    if (AreTakenFromFile(sink, source, start + done, some)) continue;
+    sink(LittleBytes(source.View(start + done, some, scratch), swapped));
   }
   WriteZeros(sink, count - there);
 }

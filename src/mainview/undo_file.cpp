@@ -100,13 +100,19 @@ void UndoFile::Save(CSonadexDoc& document) {
   try {
     CopyAllButSamples(remembered_.channel, channel);
     remembered_.onDisk = document.samplesOnDisk();
-    const auto sink = [&](std::span<const std::byte> bytes) {
+    const auto write = [&](std::span<const std::byte> bytes) {
       file_.Write(written, bytes);
       if (written < headBytes) {
         remembered_.head.insert(remembered_.head.end(), bytes.begin(), bytes.end());
       }
       written += std::ssize(bytes);
     };
+    // Samples, behind the head.
+    const auto take = [&](const FileStretch& stretch, std::int64_t count) {
+      file_.WriteFrom(stretch, written, count);
+      written += count;
+    };
+    const ByteSink sink(write, take);
     WriteNative(sink, document, std::nullopt, document.host().progress);
     const std::span<std::byte> header = std::span(remembered_.head).first(native::kFileHeaderBytes);
     StoreLittle<std::int32_t>(header, native::kChannelCountAt, document.channelCount);

@@ -6,12 +6,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <vector>
 
 #include "platform/file_error.h"
 
 namespace cantorix {
 namespace {
+
+constexpr std::int64_t kCopyBlock = std::int64_t{1} << 20;  // bytes
 
 Lock TryLock(int descriptor, int kind) {
   if (::flock(descriptor, kind | LOCK_NB) == 0) return Lock::kTaken;
@@ -20,6 +24,28 @@ Lock TryLock(int descriptor, int kind) {
 
 void RequireLock(Lock lock) {
   if (lock == Lock::kHeld) throw FileError("Another program is using it.");
+}
+
+// How many bytes the system copies by itself: fewer at the end of the file, or where it cannot do
+// it between these two.
+std::int64_t CopyWithin(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
+                        std::int64_t count) {
+  std::int64_t done = 0;
+  while (done < count) {
+    off_t in = fromOffset + done;
+    off_t out = toOffset + done;
+    const ssize_t put =
+        ::copy_file_range(from, &in, to, &out, static_cast<std::size_t>(count - done), 0);
+    if (put > 0) {
+      done += put;
+    } else if (put == 0 || errno == EXDEV || errno == EINVAL || errno == ENOSYS ||
+               errno == EOPNOTSUPP || errno == EBADF || errno == ETXTBSY) {
+      return done;  // reading and writing will do, or say what is wrong
+    } else if (errno != EINTR) {
+      ThrowErrno();
+    }
+  }
+  return done;
 }
 
 }  // namespace
@@ -96,6 +122,23 @@ void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> byt
     } else if (errno != EINTR) {
       ThrowErrno();
     }
+  }
+}
+
+void CopyBytes(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
+               std::int64_t count) {
+  const std::int64_t within = CopyWithin(from, fromOffset, to, toOffset, count);
+  std::vector<std::byte> block(static_cast<std::size_t>(std::min(count - within, kCopyBlock)));
+  for (std::int64_t done = within; done < count;) {
+    const auto wanted = static_cast<std::size_t>(std::min(count - done, kCopyBlock));
+    const std::size_t got = ReadAt(from, fromOffset + done, std::span(block).first(wanted));
+    if (got < wanted) {
+      throw FileError("The file ends at byte " +
+                      std::to_string(fromOffset + done + static_cast<std::int64_t>(got)) +
+                      ", too early.");
+    }
+    WriteAt(to, toOffset + done, std::span(block).first(got));
+    done += static_cast<std::int64_t>(got);
   }
 }
 

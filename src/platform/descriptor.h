@@ -62,4 +62,9 @@ std::size_t ReadAt(int descriptor, std::int64_t offset, std::span<std::byte> out
 // All of `bytes` at `offset`.
 void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> bytes);
 
+// Copies `count` bytes from one file to another, within the system where it can. Throws FileError,
+// also when the first file ends too early.
+void CopyBytes(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
+               std::int64_t count);
+
 }  // namespace cantorix

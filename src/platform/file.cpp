@@ -94,6 +94,10 @@ void File::Write(std::int64_t offset, std::span<const std::byte> bytes) {
   WriteAt(descriptor_, offset, bytes);
 }
 
+void File::WriteFrom(const FileStretch& stretch, std::int64_t offset, std::int64_t count) {
+  CopyBytes(stretch.file->descriptor_, stretch.offset, descriptor_, offset, count);
+}
+
 void File::Resize(std::int64_t bytes) {
   while (::ftruncate(descriptor_, bytes) != 0) {
     if (errno != EINTR) ThrowErrno();

@@ -12,6 +12,13 @@
 namespace cantorix {
 
 class Descriptor;
+class File;
+
+// Bytes of an open file, from `offset` on.
+struct FileStretch {
+  const File* file;
+  std::int64_t offset;
+};
 
 class File {
  public:
@@ -46,6 +53,9 @@ class File {
   // Reads exactly out.size() bytes or throws FileError naming the offset where the file ends.
   void ReadExactly(std::int64_t offset, std::span<std::byte> out) const;
   void Write(std::int64_t offset, std::span<const std::byte> bytes);
+  // Writes `count` bytes of another file at `offset`, without a way through this program where the
+  // system can do that.
+  void WriteFrom(const FileStretch& stretch, std::int64_t offset, std::int64_t count);
   // Cuts the file to `bytes`, or lengthens it by zeros.
   void Resize(std::int64_t bytes);
   // Through to the disk. File systems that cannot say so count as success.

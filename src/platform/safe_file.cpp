@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "platform/abandon.h"
@@ -20,6 +21,7 @@ namespace cantorix {
 namespace {
 
 constexpr std::size_t kBufferBytes = std::size_t{1} << 20U;
+constexpr std::int64_t kMostAwaited = std::int64_t{1} << 23U;
 
 // A file without a name, for content that cannot be gathered beside its target.
 Descriptor CreateUnnamed() {
@@ -101,6 +103,10 @@ struct SafeFile::State {
   Durability ReplaceTarget();
   Durability TakeFreeName();
   void WriteOut(std::span<const std::byte> bytes);
+  void WriteFrom(const FileStretch& stretch, std::int64_t count);
+  // Does `write` of so many bytes, unless an earlier one has failed, and keeps why it fails.
+  template <typename WriteAll>
+  void Guarded(const WriteAll& write, std::int64_t count);
   void RequireOwnSibling() const;
 
   SavePlace place;
@@ -108,6 +114,8 @@ struct SafeFile::State {
   std::string siblingName;  // empty once the sibling is gone or when there never was one
   Descriptor gathered;      // the sibling, or a file without a name
   std::vector<std::byte> buffer;
+  FileStretch source{};      // behind the buffer comes what this file has here,
+  std::int64_t awaited = 0;  // so many bytes
   std::int64_t flushed = 0;
   std::string failure;  // of the first write that failed
 };
@@ -136,7 +144,7 @@ SafeFile::State::~State() {
 }
 
 void SafeFile::State::Append(std::span<const std::byte> bytes) {
-  if (buffer.size() + bytes.size() > kBufferBytes) Flush();
+  if (awaited > 0 || buffer.size() + bytes.size() > kBufferBytes) Flush();
   if (bytes.size() < kBufferBytes) {
     buffer.insert(buffer.end(), bytes.begin(), bytes.end());
   } else {
@@ -147,17 +155,41 @@ void SafeFile::State::Append(std::span<const std::byte> bytes) {
 void SafeFile::State::Flush() {
   WriteOut(buffer);
   buffer.clear();
+  const std::int64_t count = std::exchange(awaited, 0);
+  if (count == 0) return;
+  Guarded(
+      [&] {
+        CopyBytes(source.file->descriptor(), source.offset, gathered.number(), flushed, count);
+      },
+      count);
 }
 
-void SafeFile::State::WriteOut(std::span<const std::byte> bytes) {
+template <typename WriteAll>
+void SafeFile::State::Guarded(const WriteAll& write, std::int64_t count) {
   if (!failure.empty()) throw FileError(failure);
   try {
-    WriteAt(gathered.number(), flushed, bytes);
+    write();
   } catch (const FileError& error) {
     failure = error.what();
     throw;
   }
-  flushed += static_cast<std::int64_t>(bytes.size());
+  flushed += count;
+}
+
+void SafeFile::State::WriteOut(std::span<const std::byte> bytes) {
+  Guarded([&] { WriteAt(gathered.number(), flushed, bytes); }, std::ssize(bytes));
+}
+
+// Stretches that follow one another are copied together: each by itself takes half as long again.
+void SafeFile::State::WriteFrom(const FileStretch& stretch, std::int64_t count) {
+  const bool goesOn =
+      awaited > 0 && stretch.file == source.file && stretch.offset == source.offset + awaited;
+  if (!goesOn) {
+    Flush();
+    source = stretch;
+  }
+  awaited += count;
+  if (awaited >= kMostAwaited) Flush();
 }
 
 // A folder may refuse to let a name change hands although it took a new file, as a sticky one does
@@ -201,8 +233,12 @@ SafeFile::~SafeFile() = default;
 
 void SafeFile::Write(std::span<const std::byte> bytes) { state_->Append(bytes); }
 
+void SafeFile::WriteFrom(const FileStretch& stretch, std::int64_t count) {
+  state_->WriteFrom(stretch, count);
+}
+
 std::int64_t SafeFile::written() const {
-  return state_->flushed + static_cast<std::int64_t>(state_->buffer.size());
+  return state_->flushed + std::ssize(state_->buffer) + state_->awaited;
 }
 
 Durability SafeFile::Commit() {
@@ -228,7 +264,10 @@ Durability ReplaceFile(const std::string& path, std::span<const std::byte> bytes
 Durability ReplaceFile(const std::string& path, const std::function<void(const ByteSink&)>& write) {
   SafeFile file(path);
   try {
-    write([&file](std::span<const std::byte> bytes) { file.Write(bytes); });
+    write(ByteSink([&file](std::span<const std::byte> bytes) { file.Write(bytes); },
+                   [&file](const FileStretch& stretch, std::int64_t count) {
+                     file.WriteFrom(stretch, count);
+                   }));
   } catch (const Abandoned& abandoned) {
     if (abandoned.reason() == AbandonReason::kCancelled) file.KeepIfNew();
     throw;

@@ -17,6 +17,7 @@
 #include <string>
 
 #include "platform/byte_sink.h"
+#include "platform/file.h"
 
 namespace cantorix {
 
@@ -38,6 +39,9 @@ class SafeFile {
 
   // Appends. Throws FileError when bytes cannot be written; Commit throws it again then.
   void Write(std::span<const std::byte> bytes);
+  // Appends `count` bytes of another file, which stays open until the commit; without a way through
+  // this program where the system can do that. Throws FileError as Write does.
+  void WriteFrom(const FileStretch& stretch, std::int64_t count);
   std::int64_t written() const;
 
   // Puts the new file in the target's place and syncs. Throws FileError; the earlier file stands,

@@ -4,8 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
+
+#include "platform/file.h"
 
 namespace cantorix {
 
@@ -21,6 +24,12 @@ class SampleSource {
   // changes or `scratch` is used again. Throws FileError when the store cannot be read.
   virtual std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
                                              std::vector<std::int16_t>& scratch) const = 0;
+
+  // Where the bytes of the samples [start, start + count) stand in a file as they are written to
+  // sound files, low byte first; nothing when they do not.
+  virtual std::optional<FileStretch> InFile(std::int64_t /*start*/, std::int64_t /*count*/) const {
+    return std::nullopt;
+  }
 
   // Copies the samples [start, start + out.size()), reading 0 outside [0, length()).
   void Read(std::int64_t start, std::span<std::int16_t> out) const;

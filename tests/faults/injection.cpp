@@ -113,6 +113,9 @@ FAULTS_MOVE(Call::kWrite, pwrite, (int file, const void* from, size_t bytes, off
             SYS_pwrite64, file, from, bytes, at)
 FAULTS_MOVE(Call::kWrite, pwrite64, (int file, const void* from, size_t bytes, off64_t at),
             SYS_pwrite64, file, from, bytes, at)
+FAULTS_MOVE(Call::kWrite, copy_file_range,
+            (int from, off64_t* fromAt, int to, off64_t* toAt, size_t bytes, unsigned how),
+            SYS_copy_file_range, from, fromAt, to, toAt, bytes, how)
 FAULTS_MOVE(Call::kRead, read, (int file, void* to, size_t bytes), SYS_read, file, to, bytes)
 FAULTS_MOVE(Call::kRead, pread, (int file, void* to, size_t bytes, off_t at), SYS_pread64, file, to,
             bytes, at)

@@ -7,6 +7,7 @@
 #include <sched.h>
 #include <sys/mount.h>
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -283,6 +284,45 @@ TEST_F(ForeignFolderTest, PermissionsThatForbidWritingAreRespectedAndNotWidened)
   EXPECT_EQ(AsOtherUser([&] { ReplaceFile(folder / "open/foreign", Filled(6, 2)); }), "");
   EXPECT_EQ(ReadBytes(folder / "open/foreign"), Filled(6, 2));
   EXPECT_EQ(ModeOf(folder / "open/foreign"), 0622U);
+}
+
+// The system copies between files, and where it cannot, as out of its own, they are read and
+// written.
+TEST_F(SafeFileTest, TakesStretchesOfOtherFilesInTheirOrder) {
+  std::vector<std::byte> bytes(30 << 20);
+  for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::byte>(i * 7 >> 3);
+  WriteBytes(folder / "source", bytes);
+  const File source = File::OpenForReading(folder / "source");
+  std::vector<std::byte> expected = Filled(3, 9);
+  SafeFile file(folder / "old");
+  file.Write(expected);
+  const std::int64_t million = 1 << 20;
+  const struct {
+    std::int64_t offset, count;
+  } stretches[] = {
+      {5, million}, {5 + million, 3 * million + 1}, {6 + 4 * million, 20 * million}, {0, 1},
+      {0, 1},       {30 * million - 2, 2}};
+  for (const auto& stretch : stretches) {
+    file.WriteFrom({&source, stretch.offset}, stretch.count);
+    const auto first = bytes.begin() + stretch.offset;
+    expected.insert(expected.end(), first, first + stretch.count);
+    EXPECT_EQ(file.written(), std::ssize(expected));
+  }
+  file.Write(kOld);
+  expected.insert(expected.end(), kOld.begin(), kOld.end());
+  file.Commit();
+  EXPECT_TRUE(ReadBytes(folder / "old") == expected);
+
+  const File version = File::OpenUnlocked("/proc/version");
+  File plain = File::Create(folder / "plain");
+  plain.WriteFrom({&version, 2}, 3, 10);
+  const std::vector<std::byte> copied = ReadBytes(folder / "plain");
+  EXPECT_TRUE(
+      std::ranges::equal(std::span(copied).subspan(3), std::as_bytes(std::span("nux versio", 10))));
+  EXPECT_THROW(plain.WriteFrom({&source, 30 * million - 2}, 0, 3), FileError) << "the source ends";
+  EXPECT_THROW(SafeFile(folder / "late").WriteFrom({&source, 30 * million - 2}, 9 * million),
+               FileError);
+  EXPECT_FALSE(std::filesystem::exists(folder / "late"));
 }
 
 TEST_F(SafeFileTest, ClearsWhatAKilledSaveLeft) {
