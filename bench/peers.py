@@ -125,7 +125,7 @@ def rows(folder, minutes):
                         "2.5 s, 64 MB"),
         "info": Work("info, 44.1 kHz", batch("info", long44), wanted="10 ms"),
         "export": Work("open and export again, 44.1 kHz",
-                       batch("convert", long44, ours44, "--force"), "cp and fsync",
+                       batch("convert", long44, ours44), "cp and fsync",
                        ["sh", "-c", f"cp {long44} {peer44} && sync {peer44}"], "1.3"),
         "cut": Work("cut 2 s, save, 44.1 kHz",
                     batch("edit", long44, "--memory-minutes", "100000", "select:1000:3000", "cut",
