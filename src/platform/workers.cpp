@@ -91,9 +91,10 @@ class Helpers {
   Helpers(Workers* workers, Division& division, const std::function<PartWork()>& newWork)
       : workers_(workers), division_(division), newWork_(newWork) {}
 
-  // As many more as there are parts for and threads to be had.
+  // One for each part that nobody has taken yet, as far as threads are to be had.
   void Grow() {
-    while (workers_ != nullptr && threads_.size() < division_.left() && workers_->Take()) {
+    for (std::size_t wanted = division_.left(); wanted > 0; --wanted) {
+      if (workers_ == nullptr || !workers_->Take()) return;
       if (!Begin()) {
         workers_->Return();
         workers_ = nullptr;  // the system has no more
