@@ -66,7 +66,7 @@ std::vector<double> EstimateFrames(const CepstralRun& run, ProgressScope& progre
   });
   const auto newWork = [&run, &raw] { return NewCepstralWork(run, raw); };
   ComputeParts(workers, free, kPitchPart, progress, newWork);
-  newWork()({free, frames}, progress);
+  if (free < frames) newWork()({free, frames}, progress);
   if (std::find(raw.begin(), raw.end(), -1.0) != raw.end()) return {};
   return raw;
 }

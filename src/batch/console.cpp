@@ -18,15 +18,15 @@ namespace {
 constexpr int kBarWidth = 24;
 
 // Standard error once more, as little held back as that; null when it cannot be had.
-std::FILE* OpenErrorOutput() {
+StdioFile OpenErrorOutput() {
   const int descriptor = ::fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 3);
   if (descriptor < 0) return nullptr;
-  std::FILE* const file = ::fdopen(descriptor, "w");
-  if (file == nullptr) {
+  StdioFile file(::fdopen(descriptor, "w"));
+  if (file) {
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  } else {
     ::close(descriptor);
-    return nullptr;
   }
-  std::setvbuf(file, nullptr, _IONBF, 0);
   return file;
 }
 

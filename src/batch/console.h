@@ -3,10 +3,11 @@
 #pragma once
 
 #include <cstdio>
-#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
+
+#include "batch/stdio_file.h"
 
 namespace cantorix::batch {
 
@@ -29,13 +30,9 @@ class Console {
   bool showsProgress() const { return showProgress_; }
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
   void Clear();
 
-  std::unique_ptr<std::FILE, CloseFile> own_;
+  StdioFile own_;
   std::FILE* out_;  // that, or standard error itself
   std::mutex mutex_;
   std::size_t fileCount_ = 0;

@@ -8,11 +8,11 @@
 #include <mutex>
 #include <new>
 #include <optional>
-#include <thread>
 #include <utility>
 
 #include "batch/console_progress.h"
 #include "batch/corpus_output.h"
+#include "batch/jobs.h"
 #include "measure/corpus_file.h"
 #include "platform/abandon.h"
 #include "platform/file_error.h"
@@ -90,9 +90,9 @@ class CorpusQueue {
         plan_(std::move(plan)),
         reader_(run.request.files, run.request.corpus.column),
         work_(std::move(work)),
-        workers_(WorkersFor(run.request, run.request.jobs)),
+        jobs_(run.request, run.request.jobs),
         opening_{run.settings, run.programDirectory, run.request.channel, run.request.generic,
-                 &workers_},
+                 &jobs_.workers()},
         output_(output),
         first_(output.done()) {
     while (next_ < first_ && ReadEntry()) ++next_;
@@ -100,17 +100,7 @@ class CorpusQueue {
 
   // How many failed; throws what ended the run.
   std::size_t Work() {
-    {
-      std::vector<std::jthread> others;
-      for (int i = 1; i < run_.request.jobs; ++i) {
-        others.emplace_back([this] {
-          Loop();
-          workers_.Return();
-        });
-      }
-      Loop();
-      workers_.Return();
-    }
+    jobs_.Run([this] { Loop(); });
     if (failure_) std::rethrow_exception(failure_);
     return failed_;
   }
@@ -191,7 +181,7 @@ class CorpusQueue {
   Plan plan_;
   CorpusReader reader_;
   CorpusWork work_;
-  Workers workers_;  // of all recordings
+  Jobs jobs_;
   CorpusOpening opening_;
   CorpusOutput& output_;
   Console quiet_{false};  // of the single recordings

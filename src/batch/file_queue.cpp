@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <new>
 #include <set>
-#include <thread>
 #include <utility>
 
 #include "batch/own_output.h"
@@ -62,8 +61,7 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
     : run_(run),
       measure_(std::move(measure)),
       outputs_(std::move(outputs)),
-      jobs_(std::min(run.request.jobs, static_cast<int>(outputs_.size()))),
-      workers_(WorkersFor(run.request, jobs_)),
+      jobs_(run.request, std::min(run.request.jobs, static_cast<int>(outputs_.size()))),
       namesFile_(measure_.namesFiles && outputs_.size() > 1 && outputs_.front().empty()),
       stream_(stream),
       streamSink_(stream.descriptor(), run.interrupted),
@@ -71,16 +69,7 @@ FileQueue::FileQueue(const Run& run, Measure measure, std::vector<std::string> o
                                                                  : measure_.header) {}
 
 Outcome FileQueue::Work() {
-  std::vector<std::jthread> others;
-  for (int i = 1; i < jobs_; ++i) {
-    others.emplace_back([this] {
-      WorkerLoop();
-      workers_.Return();
-    });
-  }
-  WorkerLoop();
-  workers_.Return();
-  others.clear();  // joins
+  jobs_.Run([this] { WorkerLoop(); });
   if (failure_) std::rethrow_exception(failure_);
   const auto& files = run_.request.files;
   if (ended_ == files.size()) return worst_;
@@ -190,7 +179,7 @@ FileQueue::Ending FileQueue::WorkOn(std::size_t index, TextSink& sink) {
 }
 
 bool FileQueue::OpenAndWrite(std::size_t index, TextSink& sink) {
-  Session session(run_, run_.request.files[index], workers_);
+  Session session(run_, run_.request.files[index], jobs_.workers());
   try {
     return session.Open() && measure_.write(session, namesFile_, sink);
   } catch (const Abandoned& abandoned) {

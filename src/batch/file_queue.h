@@ -11,11 +11,11 @@
 #include <string>
 #include <vector>
 
+#include "batch/jobs.h"
 #include "batch/outcome.h"
 #include "batch/session.h"
 #include "batch/stream_place.h"
 #include "batch/text_sink.h"
-#include "platform/workers.h"
 
 namespace cantorix::batch {
 
@@ -65,9 +65,8 @@ class FileQueue {
   const Run& run_;
   Measure measure_;
   std::vector<std::string> outputs_;
-  int jobs_;         // files at a time
-  Workers workers_;  // of them all
-  bool namesFile_;   // in every row of a table that several files share
+  Jobs jobs_;
+  bool namesFile_;  // in every row of a table that several files share
   const OutputStream& stream_;
   StreamSink streamSink_;
   HeaderedSink table_;

@@ -14,8 +14,6 @@
 namespace cantorix::batch {
 namespace {
 
-constexpr int kMomentMs = 100;
-
 // A signal that comes between the look at the flag and the wait costs a moment, no more.
 void WaitFor(int descriptor, short event, const std::atomic<bool>& interrupted) {
   for (;;) {

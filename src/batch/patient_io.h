@@ -9,6 +9,9 @@
 
 namespace cantorix::batch {
 
+// The longest wait before the next look at the interrupt.
+inline constexpr int kMomentMs = 100;
+
 // Each throws FileError when the descriptor fails, Abandoned when `interrupted` is set first.
 
 void WriteAll(int descriptor, std::string_view text, const std::atomic<bool>& interrupted);

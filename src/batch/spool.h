@@ -4,10 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <memory>
 #include <span>
 #include <vector>
+
+#include "batch/stdio_file.h"
 
 namespace cantorix::batch {
 
@@ -25,12 +25,8 @@ class Spool {
   std::int64_t size() const { return size_; }
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-
   std::vector<std::byte> memory_;
-  std::unique_ptr<std::FILE, CloseFile> file_;
+  StdioFile file_;
   std::int64_t size_ = 0;
 };
 

@@ -19,8 +19,6 @@
 namespace cantorix::batch {
 namespace {
 
-constexpr int kMomentMs = 100;
-
 // A pipe without a reader cannot be opened without a wait.
 Descriptor OpenForWriting(const std::string& path, const std::atomic<bool>& interrupted) {
   for (;;) {

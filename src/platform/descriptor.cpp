@@ -110,6 +110,13 @@ std::size_t ReadAt(int descriptor, std::int64_t offset, std::span<std::byte> out
   return done;
 }
 
+void ReadAllAt(int descriptor, std::int64_t offset, std::span<std::byte> out) {
+  const std::size_t got = ReadAt(descriptor, offset, out);
+  if (got == out.size()) return;
+  throw FileError("The file ends at byte " +
+                  std::to_string(offset + static_cast<std::int64_t>(got)) + ", too early.");
+}
+
 void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> bytes) {
   std::size_t done = 0;
   while (done < bytes.size()) {
@@ -131,14 +138,10 @@ void CopyBytes(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
   std::vector<std::byte> block(static_cast<std::size_t>(std::min(count - within, kCopyBlock)));
   for (std::int64_t done = within; done < count;) {
     const auto wanted = static_cast<std::size_t>(std::min(count - done, kCopyBlock));
-    const std::size_t got = ReadAt(from, fromOffset + done, std::span(block).first(wanted));
-    if (got < wanted) {
-      throw FileError("The file ends at byte " +
-                      std::to_string(fromOffset + done + static_cast<std::int64_t>(got)) +
-                      ", too early.");
-    }
-    WriteAt(to, toOffset + done, std::span(block).first(got));
-    done += static_cast<std::int64_t>(got);
+    const auto bytes = std::span(block).first(wanted);
+    ReadAllAt(from, fromOffset + done, bytes);
+    WriteAt(to, toOffset + done, bytes);
+    done += std::ssize(bytes);
   }
 }
 

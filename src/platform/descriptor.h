@@ -59,6 +59,8 @@ std::int64_t FileSize(int descriptor);
 
 // Up to out.size() bytes from `offset`; fewer only at the end of the file.
 std::size_t ReadAt(int descriptor, std::int64_t offset, std::span<std::byte> out);
+// All of `out`; throws FileError when the file ends before.
+void ReadAllAt(int descriptor, std::int64_t offset, std::span<std::byte> out);
 // All of `bytes` at `offset`.
 void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> bytes);
 

@@ -83,11 +83,7 @@ std::size_t File::ReadSome(std::int64_t offset, std::span<std::byte> out) const 
 }
 
 void File::ReadExactly(std::int64_t offset, std::span<std::byte> out) const {
-  const std::size_t got = ReadSome(offset, out);
-  if (got < out.size()) {
-    throw FileError("The file ends at byte " +
-                    std::to_string(offset + static_cast<std::int64_t>(got)) + ", too early.");
-  }
+  ReadAllAt(descriptor_, offset, out);
 }
 
 void File::Write(std::int64_t offset, std::span<const std::byte> bytes) {
