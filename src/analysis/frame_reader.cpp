@@ -6,6 +6,14 @@
 #include "platform/numbers.h"
 
 namespace cantorix {
+namespace {
+
+// Reading so much at once takes a small part of the time that its frames do, whether they are all
+// asked for or only those of a part; from stretches further apart, too little of it would be used.
+constexpr std::int64_t kBlockSamples = 16384;
+constexpr std::int64_t kNearSamples = 2048;
+
+}  // namespace
 
 void FrameReader::Read(std::int64_t first, std::span<double> out) {
   const auto size = static_cast<std::int64_t>(out.size());
@@ -15,8 +23,21 @@ void FrameReader::Read(std::int64_t first, std::span<double> out) {
   std::fill_n(out.begin(), skipped, 0.0);
   std::fill(out.begin() + end, out.end(), 0.0);
   if (skipped == end) return;
-  const auto view = samples_.View(first + skipped, end - skipped, scratch_);
+  const auto view = Stretch(first + skipped, end - skipped);
   std::copy(view.begin(), view.end(), out.begin() + skipped);
+}
+
+std::span<const std::int16_t> FrameReader::Stretch(std::int64_t first, std::int64_t count) {
+  const bool follows = first >= last_ && first - last_ <= kNearSamples;
+  last_ = first;
+  if (first < blockStart_ || first + count > blockStart_ + std::ssize(block_)) {
+    block_ = {};  // holds nothing when the read fails
+    blockStart_ = first;
+    const std::int64_t ahead = std::min(kBlockSamples, samples_.length() - first);
+    block_ = samples_.View(first, follows ? std::max(count, ahead) : count, scratch_);
+  }
+  return block_.subspan(static_cast<std::size_t>(first - blockStart_),
+                        static_cast<std::size_t>(count));
 }
 
 bool IsCopiedWhole(double start, double length, double margin, double total) {

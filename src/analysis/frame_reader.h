@@ -12,6 +12,7 @@
 
 namespace cantorix {
 
+// Reads for one run, while the recording does not change.
 class FrameReader {
  public:
   explicit FrameReader(const SampleSource& samples) : samples_(samples) {}
@@ -20,7 +21,13 @@ class FrameReader {
   void Read(std::int64_t first, std::span<double> out);
 
  private:
+  // A store is asked for more than one stretch when stretches follow closely.
+  std::span<const std::int16_t> Stretch(std::int64_t first, std::int64_t count);
+
   const SampleSource& samples_;
+  std::int64_t last_ = 0;  // the first sample of the last stretch
+  std::int64_t blockStart_ = 0;
+  std::span<const std::int16_t> block_;
   std::vector<std::int16_t> scratch_;
 };
 

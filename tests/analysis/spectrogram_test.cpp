@@ -173,6 +173,53 @@ TEST(Spectrogram, FrameThatNeverFitsCopiesToTheCountOfWhatIsLeftIsKept) {
   }
 }
 
+// Counts what is asked of it.
+class CountingSource : public CopyingSource {
+ public:
+  using CopyingSource::CopyingSource;
+  std::span<const std::int16_t> View(std::int64_t start, std::int64_t count,
+                                     std::vector<std::int16_t>& scratch) const override {
+    ++views;
+    samples += count;
+    return CopyingSource::View(start, count, scratch);
+  }
+  mutable std::int64_t views = 0, samples = 0;
+};
+
+TEST(FrameReader, ReadsTheSameNearAndFarAndAheadWhereStretchesAreNear) {
+  struct Row {
+    std::string name;
+    std::int64_t first, hop, size, count, mostViews, mostSamples;
+  };
+  const Row rows[] = {
+      {"close", -300, 110, 266, 900, 9, 130000},
+      {"one behind the other", 0, 500, 500, 200, 9, 130000},
+      {"far apart", 5000, 3000, 266, 31, 31, 31 * 266},
+      {"backwards", 90000, -110, 266, 700, 700, 700 * 266},
+      {"longer than what is read ahead", 10, 100, 40000, 300, 300, 300 * 40000},
+      {"standing", 777, 0, 266, 50, 2, 20000},
+  };
+  const Samples noise = testing::Noise(100000, 30000);
+  for (const Row& row : rows) {
+    const CountingSource source(noise);
+    FrameReader reader(source);
+    std::vector<double> frame(static_cast<std::size_t>(row.size));
+    for (std::int64_t i = 0; i < row.count; ++i) {
+      const std::int64_t first = row.first + i * row.hop;
+      reader.Read(first, frame);
+      for (std::int64_t k = 0; k < row.size; ++k) {
+        const std::int64_t at = first + k;
+        const bool inside = at >= 0 && at < std::ssize(noise);
+        ASSERT_EQ(frame[static_cast<std::size_t>(k)],
+                  inside ? noise[static_cast<std::size_t>(at)] : 0.0)
+            << row.name << ' ' << at;
+      }
+    }
+    EXPECT_LE(source.views, row.mostViews) << row.name;
+    EXPECT_LE(source.samples, row.mostSamples) << row.name;
+  }
+}
+
 TEST(Spectrogram, LpcFrameOfWholeSamplesPerMsIsKept) {
   // 572 samples at 22050 Hz and order 26: the pre-emphasis reaches one sample further, no more.
   const auto formantsWith = [](std::size_t changed) {
