@@ -21,6 +21,7 @@ CANTORIX_CLONES void AddLaggedProducts(const double* y, const double* x, std::si
   double sums[kLanes];
   std::copy_n(r, kLanes, sums);
   for (std::size_t i = 0; i < n; ++i) {
+    CANTORIX_VECTOR_LOOP
     for (std::size_t lane = 0; lane < kLanes; ++lane) sums[lane] += y[i] * x[i + lane];
   }
   std::copy_n(sums, kLanes, r);

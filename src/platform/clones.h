@@ -18,3 +18,11 @@
 #else
 #define CANTORIX_INDEPENDENT_TURNS
 #endif
+
+// Before an inner loop of few turns that the vectors are to run over, rather than over the loop
+// around it: taken apart early, its turns would have to be gathered again.
+#if defined(__GNUC__) && !defined(__clang__)
+#define CANTORIX_VECTOR_LOOP _Pragma("GCC unroll 1")
+#else
+#define CANTORIX_VECTOR_LOOP
+#endif
