@@ -75,16 +75,22 @@ void LevelsOfAColumn(benchmark::State& state) {
 }
 BENCHMARK(LevelsOfAColumn)->Arg(64)->Arg(256)->Arg(8192)->Unit(benchmark::kMicrosecond);
 
-void FormantsOfAColumn(benchmark::State& state) {
+// Argument: columns at a time.
+void FormantsOfColumns(benchmark::State& state) {
   const SpanSource source(TenMinutes());
-  ColumnFormants column(source, Request(1600, 600, true), Points(256, true));
+  ColumnFormants columns(source, Request(1600, 600, true), Points(256, true));
+  std::vector<FormantColumn> found(static_cast<std::size_t>(state.range(0)));
   double start = 0.0;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(column.Find(start));
-    start = start < 6e6 ? start + 4134.375 : 0.0;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+      columns.Add(start);
+      start = start < 6e6 ? start + 110.25 : 0.0;
+    }
+    benchmark::DoNotOptimize(columns.Find(found));
   }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(FormantsOfAColumn)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FormantsOfColumns)->Arg(1)->Arg(64)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace cantorix

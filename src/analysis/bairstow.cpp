@@ -3,12 +3,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace cantorix {
 namespace {
 
-constexpr double kShortStep = 1e-4;  // below it, a step that does not shrink is rounding
-constexpr double kShrinking = 0.9;
 constexpr int kCubicSteps = 60;
 
 // p divided by a factor leaves r1 (z - u) + r0; (du, dv) leads towards r1 = r0 = 0.
@@ -42,23 +41,27 @@ double QuadraticFactor::Radius() const {
   return d < 0.0 ? std::sqrt(-v) : std::fabs(u * 0.5) + std::sqrt(d);
 }
 
+std::optional<Refinement> EndOfSteps(const StepLimits& limits, double length, double previous,
+                                     int stepsLeft) {
+  if (!std::isfinite(length)) return Refinement::kLost;
+  if (length <= limits.tolerance) return Refinement::kConverged;
+  if (length < kShortStep && length >= kShrinking * previous) return Refinement::kRounding;
+  if (stepsLeft <= 0) return Refinement::kLost;
+  return std::nullopt;
+}
+
 Refinement RefineFactor(const double* p, int n, const StepLimits& limits, QuadraticFactor& f) {
   const double unit = 1.0 / f.Radius();
-  double previous = 0.0;
-  for (int i = 0; i < limits.count; ++i) {
+  double previous = std::numeric_limits<double>::infinity();
+  for (int left = limits.count - 1;; --left) {
     const Step step = NewtonStep(p, n, f);
     const double length = std::max(std::fabs(step.du) * unit, std::fabs(step.dv) * unit * unit);
-    if (!std::isfinite(length)) return Refinement::kLost;
     const double cut = length > limits.longestStep ? limits.longestStep / length : 1.0;
     f.u += step.du * cut;
     f.v += step.dv * cut;
-    if (length <= limits.tolerance) return Refinement::kConverged;
-    if (i > 0 && length < kShortStep && length >= kShrinking * previous) {
-      return Refinement::kRounding;
-    }
+    if (const auto end = EndOfSteps(limits, length, previous, left)) return *end;
     previous = length;
   }
-  return Refinement::kLost;
 }
 
 double RelativeResidual(const double* p, int n, QuadraticFactor f) {

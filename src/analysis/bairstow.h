@@ -11,6 +11,8 @@
 // Source: [1] L. Bairstow, "Investigations relating to the stability of the aeroplane", 1914.
 #pragma once
 
+#include <optional>
+
 namespace cantorix {
 
 // z^2 - u z - v
@@ -33,11 +35,20 @@ struct StepLimits {
   int count;           // no more steps than this
 };
 
+// Below the first, a step that is not shorter than the second of the one before it is rounding.
+inline constexpr double kShortStep = 1e-4;
+inline constexpr double kShrinking = 0.9;
+
 enum class Refinement {
   kLost,       // no end in sight, or a step that is not finite
   kConverged,  // the last step was within the tolerance
   kRounding,   // the steps became short, then stopped shrinking
 };
+
+// What a step of `length` means after one of `previous`, infinite before the first, with
+// `stepsLeft` more to go; nothing when it is not the last one.
+std::optional<Refinement> EndOfSteps(const StepLimits& limits, double length, double previous,
+                                     int stepsLeft);
 
 // Moves `f` to a factor of p, of degree n >= 3.
 Refinement RefineFactor(const double* p, int n, const StepLimits& limits, QuadraticFactor& f);

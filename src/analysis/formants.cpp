@@ -26,20 +26,50 @@ void SortByFrequency(FormantList& list) {
   }
 }
 
+// A quarter of the discriminant of z^2 + b z + c.
+double Discriminant(double b, double c) {
+  const double h = b * 0.5;
+  return h * h - c;
+}
+
+double FrequencyHz(double b, double c, double rateHz) {
+  const double d = Discriminant(b, c);
+  if (!(d < 0.0)) return b < 0.0 ? rateHz * 0.5 : 0.0;
+  const double h = b * 0.5;
+  // Kept: a pair on the imaginary axis reports the angle itself, 1.5708, instead of a quarter of
+  // the rate; earlier measurements hold that number.
+  return h != 0.0 ? std::atan2(std::sqrt(-d), -h) * (rateHz / kTwoPi) : kPi * 0.5;
+}
+
+double BandwidthHz(double b, double c, double rateHz) {
+  const double d = Discriminant(b, c);
+  if (d < 0.0) return -std::log(c) * (rateHz / kTwoPi);
+  const double radius = std::fabs(b * 0.5) + std::sqrt(d);
+  return -std::log(radius * radius) * (rateHz / kTwoPi);
+}
+
 }  // namespace
 
 Formant QuadraticToFormant(double b, double c, double rateHz) {
-  const double h = b * 0.5;
-  const double d = h * h - c;
-  const double s = rateHz / kTwoPi;
-  if (!(d < 0.0)) {
-    const double radius = std::fabs(h) + std::sqrt(d);
-    return {b < 0.0 ? rateHz * 0.5 : 0.0, -std::log(radius * radius) * s};
+  return {FrequencyHz(b, c, rateHz), BandwidthHz(b, c, rateHz)};
+}
+
+void CollectFormants(const FactorList& factors, double maxBandwidthHz, double rateHz,
+                     FormantList& into) {
+  into.count = factors.count;
+  into.candidates = 0;
+  for (const QuadraticFactor& factor : factors.quadratics()) {
+    const double bandwidth = BandwidthHz(-factor.u, -factor.v, rateHz);
+    if (!(bandwidth <= maxBandwidthHz)) continue;
+    const auto entry = static_cast<std::size_t>(into.candidates++);
+    into.frequencyHz[entry] = FrequencyHz(-factor.u, -factor.v, rateHz);
+    into.bandwidthHz[entry] = bandwidth;
   }
-  // Kept: a pair on the imaginary axis reports the angle itself, 1.5708, instead of a quarter of
-  // the rate; earlier measurements hold that number.
-  const double frequency = h != 0.0 ? std::atan2(std::sqrt(-d), -h) * s : kPi * 0.5;
-  return {frequency, -std::log(c) * s};
+  SortByFrequency(into);
+}
+
+void SayConfused(int degreeLeft, std::ostream& errors) {
+  errors << "  factor() is confused, " << degreeLeft << '\n';
 }
 
 std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::span<const double> a,
@@ -51,18 +81,10 @@ std::optional<FormantList> FindFormants(int order, double maxBandwidthHz, std::s
 
   FactorList factors;
   if (!FactorPolynomial(a, factors)) {
-    errors << "  factor() is confused, " << factors.degreeLeft << '\n';
+    SayConfused(factors.degreeLeft, errors);
     return std::nullopt;
   }
-  result->count = factors.count;
-  for (const QuadraticFactor& factor : factors.quadratics()) {
-    const Formant formant = QuadraticToFormant(-factor.u, -factor.v, rateHz);
-    if (!(formant.bandwidthHz <= maxBandwidthHz)) continue;
-    const auto entry = static_cast<std::size_t>(result->candidates++);
-    result->frequencyHz[entry] = formant.frequencyHz;
-    result->bandwidthHz[entry] = formant.bandwidthHz;
-  }
-  SortByFrequency(*result);
+  CollectFormants(factors, maxBandwidthHz, rateHz, *result);
   return result;
 }
 

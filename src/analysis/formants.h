@@ -18,6 +18,7 @@
 #include <span>
 
 #include "analysis/lpc.h"
+#include "analysis/polynomial_factors.h"
 
 namespace cantorix {
 
@@ -39,6 +40,14 @@ struct Formant {
 // The resonance of the factor z^2 + b z + c at `rateHz`. A complex pair gives its angle and its
 // radius; two real roots give 0 or half the rate and the radius of the larger one.
 Formant QuadraticToFormant(double b, double c, double rateHz);
+
+// The resonances of factors, no wider than `maxBandwidthHz`. Overwrites the counts and as many
+// entries of `into` as it counts.
+void CollectFormants(const FactorList& factors, double maxBandwidthHz, double rateHz,
+                     FormantList& into);
+
+// What is said of a polynomial when a degree of it withstood the factoring.
+void SayConfused(int degreeLeft, std::ostream& errors);
 
 // The resonances of a[0] z^order + ... + a[order] no wider than `maxBandwidthHz`. Real roots are
 // dropped on the way, except in a last quadratic. A polynomial with a coefficient that is not

@@ -70,8 +70,12 @@ void Autocorrelate(std::span<const double> y, std::span<double> r) {
   }
 }
 
-void LpcAnalyse(std::span<const double> y, int order, LpcResult& result, std::ostream& errors) {
+void SayOrderTooLarge(int order, std::ostream& errors) {
   if (order > kMaxLpcOrder) errors << "Requested LPC order too large\n";
+}
+
+void LpcAnalyse(std::span<const double> y, int order, LpcResult& result, std::ostream& errors) {
+  SayOrderTooLarge(order, errors);
   const auto p = static_cast<std::size_t>(std::clamp(order, 0, kMaxLpcOrder));
   std::array<double, kMaxLpcOrder + 1> r;
   Autocorrelate(y, std::span(r).first(p + 1));

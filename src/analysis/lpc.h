@@ -43,7 +43,11 @@ bool AllFinite(std::span<const double> values);
 // order, for every lag < r.size(); lags beyond the frame give 0.
 void Autocorrelate(std::span<const double> y, std::span<double> r);
 
+// Says on `errors` that an order is above kMaxLpcOrder, and nothing of others.
+void SayOrderTooLarge(int order, std::ostream& errors);
+
 // Analyses the windowed samples `y` with `order` coefficients (below 1: none). An order above
 // kMaxLpcOrder says so on `errors` and is cut to kMaxLpcOrder. Overwrites `result`.
 void LpcAnalyse(std::span<const double> y, int order, LpcResult& result, std::ostream& errors);
+
 }  // namespace cantorix

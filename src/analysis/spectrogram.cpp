@@ -26,6 +26,9 @@ bool CanCompute(const SpectrogramRequest& request, const SpectrogramSettings& se
          std::isfinite(request.range.end) && IsSpectrumSize(settings.points);
 }
 
+// What a thread computes at a time, half a ms or so: enough for formants to be found side by side.
+constexpr std::size_t kPartColumns = 64;
+
 // The highest level of every column.
 using ColumnMaxima = std::vector<double>;
 
@@ -47,15 +50,20 @@ class Columns {
     return levels_.IsFree(start) && (!formants_ || formants_->IsFree(start));
   }
 
-  // `levels` has a place for each row, or none when nobody wants them.
+  // `levels` has a place for each row, or none when nobody wants them. The formants follow with
+  // those of other columns.
   void Compute(std::size_t column, std::span<double> levels, Spectrogram& result,
                ColumnMaxima& maxima) {
     const double start = result.StartOf(static_cast<std::int64_t>(column));
     maxima[column] = levels_.Compute(start, levels.empty() ? std::span(spare_) : levels);
+    if (formants_) formants_->Add(start);
+  }
+
+  // Of the columns of `part`, which are those computed since the last call.
+  void FindFormants(const Part& part, Spectrogram& result) {
     if (!formants_) return;
-    const auto found = formants_->Find(start);
-    if (!found) throw FormantFailure{formants_->errors()};
-    result.formants[column] = *found;
+    const auto places = std::span(result.formants).subspan(part.first, part.end - part.first);
+    if (!formants_->Find(places)) throw FormantFailure{formants_->errors()};
   }
 
  private:
@@ -72,6 +80,12 @@ struct Stripe {
   ColumnMaxima& maxima;
 
   void Compute(Columns& columns, const Part& part, ProgressScope& progress) const {
+    for (std::size_t c = part.first; c < part.end; c += kPartColumns) {
+      ComputePart(columns, {c, std::min(c + kPartColumns, part.end)}, progress);
+    }
+  }
+
+  void ComputePart(Columns& columns, const Part& part, ProgressScope& progress) const {
     const auto rows = static_cast<std::size_t>(result.rows);
     for (std::size_t c = part.first; c < part.end; ++c) {
       progress.StepOrAbandon(static_cast<double>(c));
@@ -79,6 +93,7 @@ struct Stripe {
       if (levels != nullptr) place = {levels + (c - first) * rows, rows};
       columns.Compute(c, place, result, maxima);
     }
+    columns.FindFormants(part, result);
   }
 };
 
@@ -131,7 +146,6 @@ class Run {
   void ComputeFree(const Stripe& stripe, std::size_t end, ProgressScope& progress,
                    Workers* workers) const {
     if (end <= stripe.first) return;
-    constexpr std::size_t kPartColumns = 64;  // a ms or so
     ComputeParts(workers, end - stripe.first, kPartColumns, progress, [&]() -> PartWork {
       return [&stripe, columns = NewColumns()](const Part& part, ProgressScope& scope) {
         stripe.Compute(*columns, {stripe.first + part.first, stripe.first + part.end}, scope);

@@ -51,16 +51,20 @@ ColumnFormants::ColumnFormants(const SampleSource& samples, const SpectrogramReq
     : reader_(samples),
       framer_(LpcFrameLength(request.rateHz, settings.lpcOrder), true, settings.preEmphasis),
       buffer_(LpcFrameLength(request.rateHz, settings.lpcOrder), kColumnMargin),
-      order_(settings.lpcOrder),
-      rateHz_(request.rateHz),
+      batch_(settings.lpcOrder, request.rateHz),
       totalSamples_(request.totalSamples) {}
 
-std::optional<FormantColumn> ColumnFormants::Find(double start) {
+void ColumnFormants::Add(double start) {
   buffer_.Load(reader_, start, totalSamples_);
-  LpcAnalyse(framer_.Frame(buffer_.samples()), order_, lpc_, std::cerr);
-  const auto candidates = FindFormants(lpc_, rateHz_, errors_);
-  if (!candidates) return std::nullopt;
-  return InWholeHz(SelectFormants(*candidates));
+  batch_.Add(framer_.Frame(buffer_.samples()), std::cerr);
+}
+
+bool ColumnFormants::Find(std::span<FormantColumn> columns) {
+  return batch_.Find(
+      [&](std::size_t column, const FormantList& candidates) {
+        columns[column] = InWholeHz(SelectFormants(candidates));
+      },
+      errors_);
 }
 
 FormantColumn InWholeHz(const SelectedFormants& selected) {

@@ -3,11 +3,11 @@
 // and the levels do not depend on whether formants are tracked.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <sstream>
 #include <string>
 
+#include "analysis/formant_batch.h"
 #include "analysis/frame_reader.h"
 #include "analysis/framer.h"
 #include "analysis/power_spectrum.h"
@@ -40,8 +40,11 @@ class ColumnFormants {
   ColumnFormants(const SampleSource& samples, const SpectrogramRequest& request,
                  const SpectrogramSettings& settings);
 
-  // Nothing when the polynomial cannot be factored, which errors() then says.
-  std::optional<FormantColumn> Find(double start);
+  // Takes the next column into account, at `start`.
+  void Add(double start);
+  // Finds the formants of the columns that were added since the last call, into as many places;
+  // false when a polynomial cannot be factored, which errors() then says.
+  bool Find(std::span<FormantColumn> columns);
   std::string errors() const { return errors_.str(); }
   bool IsFree(double start) const { return buffer_.IsFree(start, totalSamples_); }
 
@@ -49,9 +52,8 @@ class ColumnFormants {
   FrameReader reader_;
   Framer framer_;
   FrameBuffer buffer_;
-  LpcResult lpc_;
-  int order_;
-  double rateHz_, totalSamples_;
+  FormantBatch batch_;
+  double totalSamples_;
   std::ostringstream errors_;
 };
 

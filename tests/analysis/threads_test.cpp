@@ -23,7 +23,7 @@
 namespace cantorix {
 namespace {
 
-constexpr double kRateHz = 11025.0;
+constexpr double kSpeechRateHz = 11025.0;
 
 // A buzz with noise and pauses.
 std::vector<std::int16_t> Speech(std::size_t count) {
@@ -81,14 +81,15 @@ Measuring Pitch(std::int32_t method, double stepMs) {
     PitchSettings settings;
     settings.method = method;
     settings.stepMs = stepMs;
-    return ComputePitch(samples, Whole(samples), kRateHz, settings, progress, std::nullopt, workers)
+    return ComputePitch(samples, Whole(samples), kSpeechRateHz, settings, progress, std::nullopt,
+                        workers)
         .PitchTrack;
   };
 }
 
 Measuring Intensity(std::int32_t relative) {
   return [=](const SampleSource& samples, Progress& progress, Workers* workers) {
-    return ComputeIntensity(samples, Whole(samples), kRateHz, {20.0, 0.5, relative}, progress,
+    return ComputeIntensity(samples, Whole(samples), kSpeechRateHz, {20.0, 0.5, relative}, progress,
                             workers)
         .IntensityTrack.levels();
   };
@@ -100,8 +101,8 @@ Measuring Columns(bool keepLevels, bool formants) {
     settings.trackFormants = formants ? 1 : 0;
     const auto total = static_cast<double>(samples.length());
     const auto picture =
-        ComputeSpectrogram(samples, {Whole(samples), total, kRateHz, 900, 40, keepLevels}, settings,
-                           progress, workers);
+        ComputeSpectrogram(samples, {Whole(samples), total, kSpeechRateHz, 900, 40, keepLevels},
+                           settings, progress, workers);
     Digits digits;
     if (keepLevels) digits.assign(picture.levels.get(), picture.levels.get() + 900 * 40);
     for (const auto& column : picture.formants) {
