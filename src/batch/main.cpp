@@ -20,6 +20,7 @@
 #include "batch/verbs.h"
 #include "mainview/leftover_files.h"
 #include "platform/abandon.h"
+#include "platform/host_services.h"
 
 namespace cantorix::batch {
 namespace {
@@ -83,6 +84,7 @@ int Main(int argc, const char* const* argv) {
     const CommandLine commandLine = ParseCommandLine(argc, argv);
     if (!commandLine.request) return commandLine.exitCode;
     console.Expect(commandLine.request->files.size());
+    KeepFreedMemory();
     outcome = Work(*commandLine.request, console, interrupted);
   } catch (const WrongUsage& refusal) {
     console.Report({}, refusal.what());

@@ -91,6 +91,7 @@ TEST(HostMemoryProbe, RefusesWhatTheMachineDoesNotHave) {
   const HostMemoryProbe probe;
   EXPECT_TRUE(probe.CanAllocate(0));
   EXPECT_TRUE(probe.CanAllocate(1 << 20));
+  EXPECT_TRUE(probe.CanAllocate(1 << 21));
   EXPECT_FALSE(probe.CanAllocate(std::uint64_t{1} << 50U));  // addressable, but a pebibyte
   EXPECT_FALSE(probe.CanAllocate(UINT64_MAX));
 }
