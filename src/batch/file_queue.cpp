@@ -37,10 +37,11 @@ std::string ReasonOf(const std::exception_ptr& failure) {
 std::vector<std::string> OutputPaths(const Request& request, const std::string& suffix) {
   std::vector<std::string> paths(request.files.size());
   if (request.output.empty() || IsStream(request.output)) return paths;
+  OwnRecordings recordings(request);
   const std::filesystem::path output = request.output;
   if (request.files.size() == 1 && !std::filesystem::is_directory(output)) {
     paths[0] = request.output;
-    RequireNoRecording(request, paths[0]);
+    recordings.RequireNone(paths[0]);
     return paths;
   }
   std::filesystem::create_directories(output);
@@ -51,7 +52,7 @@ std::vector<std::string> OutputPaths(const Request& request, const std::string& 
     if (!taken.insert(paths[i]).second) {
       throw WrongUsage("two of the files would both be written to " + paths[i]);
     }
-    RequireNoRecording(request, paths[i]);
+    recordings.RequireNone(paths[i]);
   }
   return paths;
 }

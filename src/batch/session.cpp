@@ -53,9 +53,8 @@ Remark Session::Remarks() {
 
 std::string Session::ReadablePlace() {
   std::error_code unknown;
-  const bool isPipe =
-      std::filesystem::is_fifo(file_, unknown) || std::filesystem::is_socket(file_, unknown);
-  if (!isPipe) return file_;
+  const std::filesystem::file_status status = std::filesystem::status(file_, unknown);
+  if (!std::filesystem::is_fifo(status) && !std::filesystem::is_socket(status)) return file_;
   pipeCopy_ = std::make_unique<ProgramDirectory>("");
   std::string copy = pipeCopy_->path() + "/" + std::filesystem::path(file_).filename().string();
   SavePipe(file_, copy, run_.interrupted);

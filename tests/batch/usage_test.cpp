@@ -41,6 +41,8 @@ TEST_F(UsageTest, WrongWordsAndTimesAndWhatADialogRefusesAreRefusedInOneLine) {
 
 TEST_F(UsageTest, ARecordingIsReplacedByWhatIsMadeOfItOnlyWithForceOrWhenItIsNative) {
   std::filesystem::create_symlink(folder_ / "ten.wav", folder_ / "link.wav");
+  std::filesystem::create_directory(folder_ / "links");
+  std::filesystem::create_hard_link(folder_ / "ten.wav", folder_ / "links/slow.intensity.tsv");
   ExpectTranscript("places.txt", folder_.path());
   EXPECT_EQ(FileText(folder_ / "ten.wav"), Wave({8, 9, 10}, 1000));
   EXPECT_EQ(FileText(folder_ / "Last.WaV"), Wave({9, 10}, 1000));
