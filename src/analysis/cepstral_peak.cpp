@@ -6,7 +6,7 @@
 // 24 e / (4 - 2) = 12 e. A point between knots then moves by at most (1 + 12 * 2 * 0.385 / 6) e
 // < 3 e, a point up to 0.9 beyond the last knot by at most (2.8 + 12 * 0.385 / 6) e < 4 e.
 // Rounding: eliminating and substituting back contract by 0.27 a knot, so their errors stay below
-// 300 u Y and those of the evaluation below 700 u Y, extrapolated or not; a position of the fine
+// 600 u Y and those of the evaluation below 700 u Y, extrapolated or not; a position of the fine
 // grid is off by up to u times its size, on a slope of at most 14 Y. Together the values of both
 // searches differ by at most 4 e + (2048 + 32 knots) u Y. A point that leads all others by more
 // than twice that leads them in the exact search, too.
@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <array>
 
+#include "analysis/extremes.h"
 #include "platform/clones.h"
 
 namespace cantorix {
@@ -114,14 +115,14 @@ std::optional<std::size_t> CepstralPeak::FindCertain(std::span<const double> cep
                                                      double error) {
   const std::size_t knots = range_.knots;
   if (knots < 2) return std::nullopt;
-  spline_.Fit(cepstrum, second_);
+  spline_.FitFast(cepstrum, second_);
   FindHighest(cepstrum.data(), second_.data(), knots - 1, highest_.data());
   highest_.back() = 0.0;
   for (std::size_t k = (knots - 1) * kFinePerKnot; k < range_.fineCount; ++k) {
     highest_.back() = std::max(highest_.back(), FineValue(cepstrum, k));
   }
-  const double top = *std::max_element(highest_.begin(), highest_.end());
-  const double greatestKnot = *std::max_element(cepstrum.begin(), cepstrum.end());
+  const double top = Greatest(highest_);
+  const double greatestKnot = Greatest(cepstrum);
   const double rounding = (2048.0 + 32.0 * static_cast<double>(knots)) * kRounding * greatestKnot;
   const double margin = 2.0 * (4.0 * error + rounding);
   if (!(top > margin)) return std::nullopt;

@@ -1,12 +1,7 @@
 // cepstral_pitch.cpp - the steps of one frame.
 //
-// The result is a discrete choice, so the logarithm may be a faster one where the choice is then
-// proved. Everything else is the stated arithmetic: the first transform's digits are those of the
-// exact path, and levels that differ by at most d enter the second one. That is linear but for its
-// rounding, which over m stages stays below 5.05 m u N L for N levels of at most L dB (u = 2^-53),
-// with factors within 1 % of length 1. Its results thus differ by at most
-//   E = N (1.01 d + 10.1 m u L),
-// and their squared lengths, of which the greatest is Y, by at most 2 sqrt(Y) E + E^2 + 8 u Y.
+// The result is a discrete choice, so the cepstrum may be a faster one where the choice is then
+// proved. The others, one frame in hundreds, are computed in the stated arithmetic.
 #include "analysis/cepstral_pitch.h"
 
 #include <algorithm>
@@ -24,13 +19,14 @@ namespace {
 constexpr std::int64_t kLeastPoints = 128;
 constexpr std::int64_t kMostPoints = 4096;
 constexpr std::int64_t kFrameMargin = 5;  // samples that a frame holds beyond its window
-constexpr double kUnitRounding = 0x1p-53;
 
 bool IsSupported(const CepstralOptions& options) {
   const std::int64_t n = options.points;
   return n >= kLeastPoints && n <= kMostPoints && std::has_single_bit(static_cast<unsigned>(n)) &&
          options.windowSamples >= 0 && options.windowSamples <= n;
 }
+
+int Stages(std::int64_t points) { return std::countr_zero(static_cast<unsigned>(points)); }
 
 std::size_t Size(std::int64_t count) { return static_cast<std::size_t>(count); }
 
@@ -42,7 +38,8 @@ CepstralWorkspace::CepstralWorkspace(const CepstralOptions& options)
       range_(supported_ ? FindQuefrencyRange(options.rateHz, options.lowHz, options.highHz,
                                              Size(options.points))
                         : QuefrencyRange{}),
-      fft_(supported_ ? std::countr_zero(static_cast<unsigned>(options.points)) : 0),
+      fft_(supported_ ? Stages(options.points) : 0),
+      fast_(Stages(supported_ ? options.points : kLeastPoints)),
       window_(HammingWindow(supported_ ? Size(options.windowSamples) : 0)),
       frame_(window_.size() + Size(kFrameMargin)),
       re_(fft_.size()),
@@ -80,33 +77,28 @@ void CepstralWorkspace::FindPowerSpectrum() {
 }
 
 // The power cepstrum at the knots, from the levels in re_.
-std::span<const double> CepstralWorkspace::FindCepstrum() {
+void CepstralWorkspace::FindCepstrum() {
   std::fill(im_.begin(), im_.end(), 0.0);
   fft_.Transform(re_, im_);
-  const std::size_t inside = std::min(range_.knots, re_.size() / 2 - range_.first);
-  FindPowers(std::span(re_).subspan(range_.first), std::span(im_).subspan(range_.first),
-             std::span(cepstrum_).first(inside));
-  return cepstrum_;  // the rest, beyond the half, stays 0
+  FindPowers(std::span(re_).subspan(range_.first), std::span(im_).subspan(range_.first), Inside());
 }
 
-// At most how far these values are from those of the exact path.
-double CepstralWorkspace::KnotError(std::span<const double> cepstrum) const {
-  const auto points = static_cast<double>(fft_.size());
-  const double stages = std::log2(points);
-  const double bin =
-      points * (1.01 * kFastLevelError + 10.1 * stages * kUnitRounding * kMaxFastLevelDb);
-  const double greatest = *std::max_element(cepstrum.begin(), cepstrum.end());
-  return 2.0 * std::sqrt(greatest) * bin + bin * bin + 8.0 * kUnitRounding * greatest;
+// The values that a cepstrum has; the rest, beyond the half, stays 0.
+std::span<double> CepstralWorkspace::Inside() {
+  return std::span(cepstrum_).first(std::min(range_.knots, fft_.size() / 2 - range_.first));
 }
 
 std::optional<std::size_t> CepstralWorkspace::FindPeak() {
-  if (!exactOnly_ && FindLevelsFast(power_, re_)) {
-    const auto cepstrum = FindCepstrum();
-    if (const auto peak = peak_.FindCertain(cepstrum, KnotError(cepstrum))) return peak;
+  if (!exactOnly_) {
+    if (const auto error = fast_.Find(window_, frame_, range_.first, Inside())) {
+      if (const auto peak = peak_.FindCertain(cepstrum_, *error)) return peak;
+    }
   }
   ++exactFrames_;
+  FindPowerSpectrum();
   FindLevels(power_, re_);
-  return peak_.Find(FindCepstrum());
+  FindCepstrum();
+  return peak_.Find(cepstrum_);
 }
 
 double CepstralWorkspace::PitchAt(std::size_t peak) const {
@@ -122,7 +114,6 @@ double CepstralPitch(SampleWindow& samples, double frameStart, double totalSampl
   if (workspace.range_.knots == 0) return 0.0;
   workspace.FillFrame(samples, frameStart, totalSamples);
   if (workspace.IsSilent()) return 0.0;
-  workspace.FindPowerSpectrum();
   const auto peak = workspace.FindPeak();
   return peak ? workspace.PitchAt(*peak) : 0.0;
 }

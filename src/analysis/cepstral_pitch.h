@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "analysis/cepstral_peak.h"
+#include "analysis/fast_cepstrum.h"
 #include "analysis/fft.h"
 #include "analysis/quefrency_range.h"
 #include "analysis/sample_window.h"
@@ -52,8 +53,8 @@ class CepstralWorkspace {
   void FillFrame(SampleWindow& samples, double frameStart, double totalSamples);
   bool IsSilent() const;
   void FindPowerSpectrum();
-  std::span<const double> FindCepstrum();
-  double KnotError(std::span<const double> cepstrum) const;
+  void FindCepstrum();
+  std::span<double> Inside();
   std::optional<std::size_t> FindPeak();
   double PitchAt(std::size_t peak) const;
 
@@ -61,6 +62,7 @@ class CepstralWorkspace {
   bool supported_;
   QuefrencyRange range_;
   FftPlan fft_;
+  FastCepstrum fast_;
   std::vector<double> window_, frame_, re_, im_, power_, cepstrum_;
   CepstralPeak peak_;
   std::int64_t exactFrames_ = 0;

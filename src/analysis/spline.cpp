@@ -18,9 +18,11 @@ std::size_t IntervalOf(double u, std::size_t knots) {
 
 }  // namespace
 
-NaturalSpline::NaturalSpline(std::size_t maxKnots) : pivot_(maxKnots), coupling_(maxKnots) {
+NaturalSpline::NaturalSpline(std::size_t maxKnots)
+    : pivot_(maxKnots), inverse_(maxKnots), coupling_(maxKnots) {
   for (std::size_t i = 1; i + 1 < maxKnots; ++i) {
     pivot_[i] = 0.5 * coupling_[i - 1] + 2.0;
+    inverse_[i] = 1.0 / pivot_[i];
     coupling_[i] = (0.5 - 1.0) / pivot_[i];
   }
 }
@@ -40,6 +42,40 @@ void NaturalSpline::Fit(std::span<const double> y, std::span<double> second) con
   second[n - 1] = 0.0 - 0.0 * second[n - 2];  // not 0 when the curve is not finite
   for (std::size_t i = n - 1; i-- > 0;) {
     second[i] = coupling_[i] * second[i + 1] + second[i];
+  }
+}
+
+// With its row divided by the pivot, M[i] = s[i] + coupling[i] M[i + 1] after the elimination from
+// the left, where s[i] = r[i] / pivot[i] + coupling[i] s[i - 1] for a right side of r[i]; the row
+// as far from the right end mirrors that. Both chains run side by side.
+void NaturalSpline::FitFast(std::span<const double> y, std::span<double> second) const {
+  const std::size_t n = y.size();
+  if (second.size() != n || n > pivot_.size()) throw std::invalid_argument("NaturalSpline: size");
+  std::fill(second.begin(), second.end(), 0.0);
+  if (n < 3) return;
+
+  const std::size_t last = n - 1;
+  const std::size_t left = last / 2;          // the last row that is eliminated from the left
+  const std::size_t right = last - left - 1;  // as many rows are from the right
+  for (std::size_t i = 1; i <= left; ++i) {
+    second[i] = 3.0 * ((y[i + 1] - y[i]) - (y[i] - y[i - 1])) * inverse_[i];
+  }
+  for (std::size_t i = left + 1; i < last; ++i) {
+    second[i] = 3.0 * ((y[i + 1] - y[i]) - (y[i] - y[i - 1])) * inverse_[last - i];
+  }
+  for (std::size_t i = 2; i <= right; ++i) {
+    second[i] += coupling_[i] * second[i - 1];
+    second[last - i] += coupling_[i] * second[last - i + 1];
+  }
+  if (left > right && left > 1) second[left] += coupling_[left] * second[left - 1];
+
+  const double both = coupling_[left] * coupling_[right];
+  second[left] = (second[left] + coupling_[left] * second[left + 1]) / (1.0 - both);
+  second[left + 1] += coupling_[right] * second[left];
+  for (std::size_t d = 1; d < left; ++d) {
+    second[left - d] += coupling_[left - d] * second[left - d + 1];
+    // Beyond the last row stands the end, whose coupling is 0.
+    second[left + 1 + d] += coupling_[right - std::min(d, right)] * second[left + d];
   }
 }
 

@@ -25,8 +25,13 @@ class NaturalSpline {
   // Writes the second derivative at each knot to `second`, as long as `y` and at most maxKnots.
   void Fit(std::span<const double> y, std::span<double> second) const;
 
+  // The same in a third of the time, with other digits: within 600 u of the greatest |y|, u =
+  // 2^-53. Eliminates from both ends towards the middle.
+  void FitFast(std::span<const double> y, std::span<double> second) const;
+
  private:
   std::vector<double> pivot_;     // what a row is divided by
+  std::vector<double> inverse_;   // 1 / pivot
   std::vector<double> coupling_;  // the row's entry right of the diagonal after elimination
 };
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "analysis/decibel.h"
+#include "analysis/fast_cepstrum.h"
 #include "analysis/log_spectrum.h"
 #include "analysis/plain_cepstrum.h"
 
@@ -151,6 +152,63 @@ TEST(FindLevelsFast, StaysWithinItsErrorOrRefuses) {
     power.assign(64, 1.0);
     power[37] = odd;
     EXPECT_FALSE(FindLevelsFast(power, levels)) << odd;
+  }
+}
+
+// The cepstrum of a frame by the plain steps.
+std::vector<double> PlainCepstrumOf(const std::vector<double>& frame, int m) {
+  std::vector<double> re(std::size_t{1} << m);
+  for (std::size_t pass = 0; pass < 2; ++pass) {
+    std::vector<double> im(re.size());
+    if (pass == 0) std::copy(frame.begin(), frame.end(), re.begin());
+    testing::PlainFft(re, im, m);
+    for (std::size_t k = 0; k < re.size(); ++k) {
+      re[k] = re[k] * re[k] + im[k] * im[k];
+      if (pass == 0) re[k] = PowerDb(re[k]);
+    }
+  }
+  return re;
+}
+
+TEST(FastCepstrum, StaysWithinItsErrorOrRefuses) {
+  struct Row {
+    std::string name;
+    testing::Samples samples;
+  };
+  const Row rows[] = {{"speech", testing::Speech(4)},
+                      {"noise", testing::Noise(9000, 1000)},
+                      {"least bits", testing::Noise(9000, 1)}};
+  for (const int m : {7, 10, 11, 12}) {
+    const std::size_t points = std::size_t{1} << m;
+    for (const std::size_t length : {points, points - 1, points / 2 + 1}) {
+      const std::vector<double> window(length, 0.75);
+      FastCepstrum fast(m);
+      for (const Row& row : rows) {
+        const std::vector<double> frame(row.samples.begin() + 3000,
+                                        row.samples.begin() + 3000 + std::ssize(window));
+        std::vector<double> weighted = frame;
+        for (double& x : weighted) x *= 0.75;
+        const auto plain = PlainCepstrumOf(weighted, m);
+        const std::size_t first = points / 32;
+        std::vector<double> cepstrum(points / 4);
+        const auto error = fast.Find(window, frame, first, cepstrum);
+        // Whole numbers may add up to 0.
+        if (!error && row.name == "least bits") continue;
+        ASSERT_TRUE(error) << row.name << ' ' << m;
+        EXPECT_LT(*error, 1e-3 * *std::max_element(cepstrum.begin(), cepstrum.end()));
+        for (std::size_t k = 0; k < cepstrum.size(); ++k) {
+          ASSERT_NEAR(cepstrum[k], plain[first + k], *error) << row.name << ' ' << m << ' ' << k;
+        }
+      }
+      // Bins of 0, and no number.
+      std::vector<double> frame(length, 100.0), cepstrum(8);
+      EXPECT_EQ(fast.Find(window, frame, 0, cepstrum).has_value(), length != points) << m;
+      for (const double odd : {kNan, kInfinity, 1e200}) {
+        frame.assign(length, 1.0);
+        frame[5] = odd;
+        EXPECT_FALSE(fast.Find(window, frame, 0, cepstrum)) << odd;
+      }
+    }
   }
 }
 

@@ -3,12 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <complex>
 #include <functional>
+#include <numbers>
 #include <string>
 
+#include "analysis/extremes.h"
 #include "analysis/fft.h"
 #include "analysis/plain_frames.h"
 #include "analysis/power_spectrum.h"
+#include "analysis/real_transform.h"
 #include "analysis/spline.h"
 
 namespace cantorix {
@@ -56,6 +60,76 @@ TEST(Fft, HasTheDigitsOfThePlainLoop) {
   }
 }
 
+// X[k] of real values, with the C library's angles and twice the digits.
+std::complex<long double> PlainBin(const Values& x, std::size_t k) {
+  std::complex<long double> sum = 0.0L;
+  for (std::size_t n = 0; n < x.size(); ++n) {
+    const auto turn = static_cast<long double>(n * k % x.size());
+    const long double angle = -2.0L * std::numbers::pi_v<long double> * turn;
+    sum += static_cast<long double>(x[n]) *
+           std::polar(1.0L, angle / static_cast<long double>(x.size()));
+  }
+  return sum;
+}
+
+TEST(RealTransform, StaysWithinItsErrorOfTheOther) {
+  for (const int m : {2, 3, 7, 10, 11, 12}) {
+    const std::size_t n = std::size_t{1} << m;
+    Values re = NoiseOf(n, 1.0 / 7.0, static_cast<unsigned>(m));
+    Values im(n);
+    RealTransform transform(m);
+    double sum = 0.0;
+    for (std::size_t i = 0; i < n; ++i) {
+      (i % 2 == 0 ? transform.even() : transform.odd())[i / 2] = re[i];
+      sum += std::abs(re[i]);
+    }
+    const Values input = re;
+    const std::size_t first = n == 4 ? 0 : 1;
+    Values realRe(n / 2 + 1 - first), realIm(realRe.size());
+    transform.Transform(first, realRe, realIm);
+    FftPlan(m).Transform(re, im);
+    for (std::size_t k = first; k <= n / 2; ++k) {
+      const std::complex<double> real(realRe[k - first], realIm[k - first]);
+      EXPECT_LE(std::abs(real - std::complex(re[k], im[k])), transform.error() * sum) << m;
+      if (k > 40) continue;
+      const std::complex<double> plain(PlainBin(input, k));
+      EXPECT_LE(std::abs(real - plain), 0.5 * transform.error() * sum) << m << ' ' << k;
+    }
+  }
+}
+
+// What the error of the real transform rests on.
+TEST(RealTransform, KnowsHowFarTheFactorsAreFromTheRootsOfUnity) {
+  for (const int m : {2, 11, 12}) {
+    // The transform of an impulse at 1 is the factors of the last stage.
+    Values re(std::size_t{1} << m), im(re.size());
+    re[1] = 1.0;
+    FftPlan(m).Transform(re, im);
+    double worst = 0.0;
+    for (std::size_t k = 0; k < re.size() / 2; ++k) {
+      const long double angle = -2.0L * std::numbers::pi_v<long double> *
+                                static_cast<long double>(k) / static_cast<long double>(re.size());
+      const std::complex<double> root(std::polar(1.0L, angle));
+      worst = std::max(worst, std::abs(std::complex(re[k], im[k]) - root));
+    }
+    EXPECT_LT(worst, (m == 12 ? 0x1p-43 : 0x1p-45) - 0x1p-51) << m;
+    EXPECT_GT(RealTransform(m).error(), 3.0 * m * worst) << m;
+  }
+}
+
+TEST(Extremes, AreFoundWhereverTheyStand) {
+  for (const std::size_t count : {1u, 2u, 7u, 8u, 9u, 16u, 33u}) {
+    for (std::size_t place = 0; place < count; ++place) {
+      Values values(count, 5.0);
+      values[place] = 4.0;
+      EXPECT_EQ(Least(values), 4.0) << count << ' ' << place;
+      EXPECT_EQ(Greatest(values), count == 1 ? 4.0 : 5.0) << count << ' ' << place;
+      values[place] = 6.0;
+      EXPECT_EQ(Greatest(values), 6.0) << count << ' ' << place;
+    }
+  }
+}
+
 // The curve through `y` at the positions, by the classes under test.
 Values Curve(const Values& y, const Values& positions) {
   Values second(y.size(), 77.0);
@@ -90,6 +164,22 @@ Values Levels(const Values& x, const PowerSpectrumOptions& options) {
   Values out(plan.outputSize());
   PowerSpectrumDb(x, plan, out);
   return out;
+}
+
+TEST(Spline, FromBothEndsStaysWithinItsError) {
+  for (const std::size_t knots : {0u, 1u, 2u, 3u, 4u, 5u, 6u, 7u, 31u, 32u, 198u, 4096u}) {
+    for (const std::size_t most : {knots, knots + 3}) {
+      const Values y = NoiseOf(knots, 1.0 / 77.0, static_cast<unsigned>(knots) + 1);
+      Values exact(knots), fast(knots, 77.0);
+      NaturalSpline(most).Fit(y, exact);
+      NaturalSpline(most).FitFast(y, fast);
+      double greatest = 0.0;
+      for (const double value : y) greatest = std::max(greatest, std::abs(value));
+      for (std::size_t j = 0; j < knots; ++j) {
+        EXPECT_NEAR(fast[j], exact[j], 100.0 * 0x1p-53 * greatest) << knots << ' ' << j;
+      }
+    }
+  }
 }
 
 TEST(PowerSpectrum, HasTheDigitsOfThePlainSteps) {
