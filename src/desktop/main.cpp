@@ -17,6 +17,7 @@
 #include "desktop/program.h"
 #include "desktop/qt_messages.h"
 #include "desktop/start_arguments.h"
+#include "desktop/steady_icons.h"
 
 namespace {
 
@@ -46,6 +47,7 @@ int main(int argc, char** argv) {
   // It sets variables of the environment, so it comes before everything that has threads.
   cantorix::PortAudioHost sound;
   const auto application = FindDisplay(argc, argv);
+  QApplication::setStyle(new cantorix::SteadyIcons);
   // Qt has taken its own options out of the arguments.
   std::vector<std::string> files(argv + 1, argv + argc);
   const std::string language = cantorix::TakeLanguage(files);
