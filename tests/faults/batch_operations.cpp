@@ -39,10 +39,34 @@ const std::vector<std::string> kVerbs[] = {
     {"config", "default", "-o", "OUT"},
 };
 
+std::string Filled(const std::string& word, const std::string& folder) {
+  if (word == "IN") return SamplesDirectory() + "/vowels.qrv";
+  if (word == "TEXT") return folder + "labels.txt";
+  return word.starts_with("OUT") ? folder + "result" + word.substr(3) : word;
+}
+
+// Empty: the result is what comes out.
+std::string OutputOf(const std::vector<std::string>& words, const std::string& folder) {
+  for (const std::string& word : words) {
+    if (word.starts_with("OUT")) return Filled(word, folder);
+  }
+  return "";
+}
+
+// The parser of the command line cannot hand on that there is no memory.
+std::string WrongAfterEnd(const std::vector<std::string>& words, const std::string& folder) {
+  const std::string said = BytesOf(folder + "err");
+  if (said.find('\n') + 1 != said.size() || said.size() < 2) return "and did not say why: " + said;
+  const std::string output = OutputOf(words, folder);
+  if (!output.empty() && BytesOf(output) != kEarlier) return "and touched the earlier result";
+  return BytesOf(folder + "out").empty() ? "" : "and had begun its result";
+}
+
 class BatchAttempt : public Attempt {
  public:
-  BatchAttempt(const std::vector<std::string>& words, const std::string& folder) : folder_(folder) {
-    for (const std::string& word : words) words_.push_back(Filled(word));
+  BatchAttempt(const std::vector<std::string>& words, const std::string& folder)
+      : folder_(folder), output_(OutputOf(words, folder)) {
+    for (const std::string& word : words) words_.push_back(Filled(word, folder));
     for (std::string& word : words_) arguments_.push_back(word.data());
     std::filesystem::create_directory(folder + "tmp");
     WriteText(folder + "labels.txt", "0.5\tone\n1.25\ttwo\n");
@@ -67,12 +91,6 @@ class BatchAttempt : public Attempt {
   std::string lastText() const override { return Text("err"); }
 
  private:
-  std::string Filled(const std::string& word) {
-    if (word == "IN") return SamplesDirectory() + "/vowels.qrv";
-    if (word == "TEXT") return folder_ + "labels.txt";
-    if (!word.starts_with("OUT")) return word;
-    return output_ = folder_ + "result" + word.substr(3);
-  }
   void Lead(const char* name, int number) {
     const int file = ::open((folder_ + name).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     ::dup2(file, number);
@@ -104,6 +122,9 @@ void AddBatchOperations(std::vector<Operation>& operations) {
     std::string name = "batch";
     for (const std::string& word : words) name += " " + word;
     operations.push_back({name, prepare});
+    operations.back().wrongAfterEnd = [&words](const std::string& folder) {
+      return WrongAfterEnd(words, folder);
+    };
   }
 }
 

@@ -85,6 +85,18 @@ class Trials {
     return wrong;
   }
 
+  // The same, where the fault has ended the process in which it was tried.
+  std::string JudgeEnd(const Fault& fault, int status) {
+    if (WIFSIGNALED(status)) {
+      return std::string("it ended the program, ") + ::strsignal(WTERMSIG(status));
+    }
+    const bool mayEnd = operation_.wrongAfterEnd != nullptr && fault.call == Call::kAllocate;
+    const std::string code = std::to_string(WEXITSTATUS(status));
+    if (!mayEnd || code != "1") return "it ended the program with exit code " + code;
+    const std::string wrong = operation_.wrongAfterEnd(folder_) + WhatIsLeft();
+    return wrong.empty() ? "" : "it ended the program " + wrong;
+  }
+
  private:
   void Renew() {
     fs::remove_all(folder_);
@@ -211,8 +223,9 @@ TEST_P(Faults, LeaveOneWholeAndSayWhich) {
     int status = 0;
     ::waitpid(child, &status, 0);
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) break;
-    Complain(told, TextOf(trials.plan()[told.at]) + ": it ended the program, " +
-                       (WIFSIGNALED(status) ? ::strsignal(WTERMSIG(status)) : "by exit"));
+    const Fault& fault = trials.plan()[told.at];
+    const std::string wrong = trials.JudgeEnd(fault, status);
+    if (!wrong.empty()) Complain(told, TextOf(fault) + ": " + wrong);
     ++told.at;
   }
   EXPECT_EQ(told.complaints, 0U) << GetParam().name << ":\n" << told.text;

@@ -32,6 +32,9 @@ struct Operation {
   bool isSilent = false;           // its caller tells of a failure, or nobody by design
   bool freesWithoutMemory = true;  // else no allocation of it is refused
   bool inSample = true;            // of all operations
+  // For one that may end the whole program with exit code 1 for want of memory: what is wrong with
+  // what it leaves in the folder then; empty: nothing.
+  std::function<std::string(const std::string& folder)> wrongAfterEnd{};
 };
 
 std::vector<Operation> Operations();

@@ -1,0 +1,34 @@
+// remote_file.h - a file on a network folder, whose every read may keep the program waiting.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "platform/apart.h"
+#include "platform/descriptor.h"
+
+namespace cantorix {
+
+// Whether the file system of an open file is reached through a network, or through another program.
+bool MayKeepWaiting(int descriptor);
+
+class RemoteFile {
+ public:
+  RemoteFile(std::shared_ptr<const Descriptor> descriptor, const Patience& patience)
+      : descriptor_(std::move(descriptor)), patience_(patience) {}
+
+  int number() const { return descriptor_->number(); }
+
+  // Both throw FileError, and Abandoned when the user gave up.
+  std::int64_t Size() const;
+  std::size_t ReadSome(std::int64_t offset, std::span<std::byte> out) const;
+
+ private:
+  std::shared_ptr<const Descriptor> descriptor_;  // shared with calls that were left behind
+  Patience patience_;
+};
+
+}  // namespace cantorix

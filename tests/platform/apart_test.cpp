@@ -1,0 +1,96 @@
+// apart_test.cpp - a call that does not come back, played by one that waits for the test.
+#include "platform/apart.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <future>
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+#include "platform/file.h"
+#include "platform/file_error.h"
+#include "platform/progress.h"
+#include "platform/remote_file.h"
+#include "support/temporary_folder.h"
+
+namespace cantorix {
+namespace {
+
+using namespace std::chrono_literals;
+
+// A user who cancels at the first chance, or never.
+class User : public Progress {
+ public:
+  explicit User(bool cancels) : cancels_(cancels) {}
+  void Begin(std::string_view, double) override { ++shown; }
+  bool Step(double) override { return cancels_; }
+  void End() override { --shown; }
+
+  int shown = 0;
+
+ private:
+  bool cancels_;
+};
+
+TEST(Apart, WhatComesBackAtOnceIsNotShown) {
+  User user(true);
+  int done = 0;
+  DoApart({user, "text"}, [&] { done = 1; });
+  EXPECT_EQ(done, 1);
+  EXPECT_THROW(DoApart({user, "text"}, [] { throw FileError("reason"); }), FileError);
+}
+
+TEST(Apart, AUserWhoDoesNotCancelGetsWhatComesLate) {
+  User user(false);
+  int done = 0;
+  DoApart({user, "text"}, [&] {
+    std::this_thread::sleep_for(400ms);
+    done = user.shown;
+  });
+  EXPECT_EQ(done, 1) << "and the wait was shown";
+  EXPECT_EQ(user.shown, 0);
+}
+
+TEST(Apart, WhatDoesNotComeBackIsLeftWithAllThatItUses) {
+  User user(true);
+  std::promise<void> answer;
+  auto used = std::make_shared<int>(0);
+  const std::weak_ptr<int> left = used;
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_THROW(DoApart({user, "text"},
+                       [used = std::move(used), awaited = std::make_shared<std::future<void>>(
+                                                    answer.get_future())] { awaited->wait(); }),
+               Abandoned);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
+  EXPECT_FALSE(left.expired());
+  answer.set_value();
+  for (int i = 0; i < 1000 && !left.expired(); ++i) std::this_thread::sleep_for(10ms);
+  EXPECT_TRUE(left.expired()) << "the call came back, and what it used is still there";
+}
+
+TEST(RemoteFile, GivesTheBytesOfTheFile) {
+  const TemporaryFolder folder;
+  WriteBytes(folder / "name", std::as_bytes(std::span("0123456789", 10)));
+  User user(false);
+  const RemoteFile file(
+      std::make_shared<const Descriptor>(OpenAt(AT_FDCWD, folder / "name", O_RDONLY)),
+      {user, "text"});
+  EXPECT_EQ(file.Size(), 10);
+  std::string text(6, '-');
+  EXPECT_EQ(file.ReadSome(2, std::as_writable_bytes(std::span(text))), 6U);
+  EXPECT_EQ(text, "234567");
+  EXPECT_EQ(file.ReadSome(7, std::as_writable_bytes(std::span(text))), 3U);
+  EXPECT_EQ(text, "789567") << "behind the end nothing is touched";
+}
+
+TEST(RemoteFile, AFileThatIsMissingIsToldOfAsWithoutPatience) {
+  const TemporaryFolder folder;
+  User user(false);
+  EXPECT_THROW(File::OpenForReading(folder / "missing", {user, "text"}), FileError);
+}
+
+}  // namespace
+}  // namespace cantorix
