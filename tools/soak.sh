@@ -190,18 +190,22 @@ work_on_it() {
   esac
 }
 
+shows() { xdotool search --onlyvisible --name "^Cantorix - $1" >/dev/null 2>&1; }
+
 # Every document goes, unsaved, and the rows of the log.
 close_all() {
-  local i places=("1100 600" "300 100" "60 250")
+  local i places=("1100 600" "300 100" "80 765")
   do_it key Escape Escape Escape Escape
   do_it key alt+l Return
   do_it key alt+n
   for i in {1..30}; do
     # A title with a document's name in it.
-    xdotool search --onlyvisible --name '^Cantorix - ' >/dev/null 2>&1 || return 0
-    # A press on it ends a recording that still runs, but a tool may lie there; F6 leaves a window
-    # that has no Close.
-    do_it key Escape Escape mousemove ${places[i % 3]} click 1 key Escape alt+f c
+    shows "" || return 0
+    # The scope has no Close in its menu, and stays.
+    [ "$i" -lt 7 ] || ! shows '\[Scope Window' || return 0
+    # A press on it ends a recording that still runs, but a tool may lie there, or it is an icon in
+    # the corner, which opens by two; F6 leaves a window that has no Close.
+    do_it key Escape Escape mousemove ${places[i % 3]} click --repeat 2 --delay 50 1 key Escape alt+f c
     do_it key alt+n
     [ $((i % 3)) != 0 ] || do_it key Escape ctrl+Tab F6
   done
@@ -214,7 +218,7 @@ close_all() {
 # A line for a round that has ended with nothing open: second, start, kB, open descriptors.
 sample() {
   local memory
-  xdotool search --onlyvisible --name '^Cantorix - ' >/dev/null 2>&1 && return 0
+  ! shows "" || shows '\[Scope Window' || return 0
   memory=$(awk '/^Rss(Anon|Shmem)/ {sum += $2} END {print sum}' "/proc/$running/status" 2>/dev/null) || return 0
   [ -n "$memory" ] || return 0
   echo "$SECONDS $begun $memory $(ls "/proc/$running/fd" 2>/dev/null | wc -l)" >>"$work/samples"
