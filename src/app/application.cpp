@@ -8,6 +8,7 @@ Application::Application(const ApplicationServices& services)
       recentFiles(services.profile),
       profile_(services.profile) {
   host.workers = &workers;
+  host.opensApart = true;
   host.rememberFile = [this](const std::string& path) { recentFiles.Add(path); };
 }
 

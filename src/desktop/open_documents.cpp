@@ -7,6 +7,9 @@
 #include <utility>
 
 #include "app/application.h"
+#include "document/sample_bytes.h"
+#include "platform/abandon.h"
+#include "platform/apart.h"
 #include "platform/file_error.h"
 #include "platform/host_services.h"
 #include "platform/prompts.h"
@@ -16,6 +19,14 @@ namespace cantorix {
 CSonadexDoc& OpenDocuments::New() { return Keep(NewEntry()); }
 
 CSonadexDoc* OpenDocuments::Open(const std::string& path) {
+  try {
+    return FindOrOpen(path);
+  } catch (const Abandoned&) {
+    return nullptr;
+  }
+}
+
+CSonadexDoc* OpenDocuments::FindOrOpen(const std::string& path) {
   CSonadexDoc* const open = Find(path);
   // Of a file of several channels another one may be wanted.
   if (open != nullptr && !open->extractedChannel) return open;
@@ -81,20 +92,30 @@ DocumentWaveform& OpenDocuments::WaveformOf(const CSonadexDoc& document) {
 
 CSonadexDoc* OpenDocuments::Find(const std::string& path, const std::string* shownName) const {
   for (CSonadexDoc* const document : All()) {
-    std::error_code missing;
     if (!document->pathName().empty() &&
         (shownName == nullptr || document->shownName() == *shownName) &&
-        std::filesystem::equivalent(document->pathName(), path, missing)) {
+        AreSame(document->pathName(), path)) {
       return document;
     }
   }
   return nullptr;
 }
 
+// One of them may lie on a network folder that is gone.
+bool OpenDocuments::AreSame(const std::string& one, const std::string& other) const {
+  const auto same = std::make_shared<bool>();
+  DoApart({application_.host.progress, kFileStatusText}, [same, one, other] {
+    std::error_code missing;
+    *same = std::filesystem::equivalent(one, other, missing);
+  });
+  return *same;
+}
+
 void OpenDocuments::Report(const std::string& path, const OpenFailure& failure) {
+  if (failure.cancelled) return;
   std::error_code unreadable;
   if (!std::filesystem::exists(path, unreadable)) application_.recentFiles.Remove(path);
-  if (failure.shown || failure.cancelled) return;
+  if (failure.shown) return;
   application_.prompts().Message(CouldNotBeOpened(path, failure.reason));
 }
 

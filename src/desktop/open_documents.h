@@ -41,6 +41,9 @@ class OpenDocuments {
  private:
   // The first one of `path` and, unless null, of that name; null without any.
   CSonadexDoc* Find(const std::string& path, const std::string* shownName = nullptr) const;
+  bool AreSame(const std::string& one, const std::string& other) const;
+  // Throws Abandoned when the user has cancelled a wait for the system.
+  CSonadexDoc* FindOrOpen(const std::string& path);
   void Report(const std::string& path, const OpenFailure& failure);
 
   struct Entry {

@@ -4,7 +4,9 @@
 #include <new>
 
 #include "document/document.h"
+#include "document/sample_bytes.h"
 #include "platform/abandon.h"
+#include "platform/apart.h"
 #include "platform/file.h"
 #include "platform/file_error.h"
 #include "platform/prompts.h"
@@ -92,7 +94,8 @@ void NoteNoMemory(OpenFailure& failure) noexcept {
 
 bool TryToOpen(CSonadexDoc& document, const std::string& path, const ReaderTable& table) {
   try {
-    const File file = File::OpenForReading(path);
+    const DocumentHost& host = document.host();
+    const File file = File::OpenForReading(path, {host.progress, kFileStatusText, host.opensApart});
     const Reader* reader = FindReader(table, document, file);
     if (reader != nullptr) {
       Adopt(document, path, *reader);

@@ -13,6 +13,7 @@ class Progress;
 struct Patience {
   Progress& progress;
   std::string_view text;
+  bool forOpens = true;  // else for reads alone: an open takes no thread
 };
 
 // Does `work` in another thread and waits for its end; after a moment the user sees so. Throws what

@@ -10,6 +10,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/file_error.h"
+#include "platform/remote_file.h"
 
 namespace cantorix {
 namespace {
@@ -31,6 +32,31 @@ File File::OpenForReading(const std::string& path) {
   Descriptor descriptor = OpenRegular(path, O_RDONLY);
   LockShared(descriptor.number());
   return File(std::move(descriptor), path);
+}
+
+File File::OpenForReading(const std::string& path, const Patience& patience) {
+  struct Opened {
+    Descriptor descriptor;
+    bool mayKeepWaiting = false;
+  };
+  const auto opened = std::make_shared<Opened>();
+  const auto open = [opened, path] {
+    opened->descriptor = OpenRegular(path, O_RDONLY);
+    LockShared(opened->descriptor.number());
+    opened->mayKeepWaiting = MayKeepWaiting(opened->descriptor.number());
+  };
+  if (patience.forOpens) {
+    DoApart(patience, open);
+  } else {
+    open();
+  }
+  if (!opened->mayKeepWaiting) return File(std::move(opened->descriptor), path);
+  File file;
+  file.path_ = path;
+  file.remote_ = std::make_unique<const RemoteFile>(
+      std::make_shared<const Descriptor>(std::move(opened->descriptor)), patience);
+  file.descriptor_ = file.remote_->number();
+  return file;
 }
 
 File File::OpenUnlocked(const std::string& path) { return File(OpenRegular(path, O_RDONLY), path); }
@@ -63,26 +89,32 @@ File File::Create(const std::string& path) {
   return file;
 }
 
+File::File() = default;
+
 File::~File() {
-  if (descriptor_ >= 0) ::close(descriptor_);
+  if (descriptor_ >= 0 && !remote_) ::close(descriptor_);
 }
 
 File::File(File&& other) noexcept
-    : path_(std::move(other.path_)), descriptor_(std::exchange(other.descriptor_, -1)) {}
+    : path_(std::move(other.path_)),
+      descriptor_(std::exchange(other.descriptor_, -1)),
+      remote_(std::move(other.remote_)) {}
 
 File& File::operator=(File&& other) noexcept {
   std::swap(descriptor_, other.descriptor_);
   std::swap(path_, other.path_);
+  std::swap(remote_, other.remote_);
   return *this;
 }
 
-std::int64_t File::Size() const { return FileSize(descriptor_); }
+std::int64_t File::Size() const { return remote_ ? remote_->Size() : FileSize(descriptor_); }
 
 std::size_t File::ReadSome(std::int64_t offset, std::span<std::byte> out) const {
-  return ReadAt(descriptor_, offset, out);
+  return remote_ ? remote_->ReadSome(offset, out) : ReadAt(descriptor_, offset, out);
 }
 
 void File::ReadExactly(std::int64_t offset, std::span<std::byte> out) const {
+  if (remote_) return remote_->ReadAll(offset, out);
   ReadAllAt(descriptor_, offset, out);
 }
 
@@ -114,6 +146,7 @@ File File::Duplicate() const {
 }
 
 void File::Close() {
+  if (std::exchange(remote_, nullptr)) descriptor_ = -1;
   if (descriptor_ < 0) return;
   // Some file systems report a failed write only here.
   if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) ThrowErrno();

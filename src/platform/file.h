@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 
@@ -13,6 +14,8 @@ namespace cantorix {
 
 class Descriptor;
 class File;
+class RemoteFile;
+struct Patience;
 
 // Bytes of an open file, from `offset` on.
 struct FileStretch {
@@ -25,8 +28,12 @@ class File {
   // Each throws FileError when the file cannot be opened, created or locked.
   // Takes the shared lock: any number of readers, and no writer beside them.
   static File OpenForReading(const std::string& path);
-  // The same without a lock, for a file that is only ever replaced as a whole: its readers keep no
-  // writer out.
+  // The same for a user who may cancel when the system does not answer, if it is for opens: throws
+  // Abandoned then. On a network folder so do Size and the reads, which belong to this thread
+  // alone; what is duplicated waits as any file. What `patience` names outlives the file.
+  static File OpenForReading(const std::string& path, const Patience& patience);
+  // Without a lock, for a file that is only ever replaced as a whole: its readers keep no writer
+  // out.
   static File OpenUnlocked(const std::string& path);
   // Creates or truncates, after the lock is held: a refused file keeps its bytes.
   static File Create(const std::string& path);
@@ -38,7 +45,7 @@ class File {
   // Opens such a file again, with its lock; a symbolic link makes it fail.
   static File OpenTemporary(const std::string& path);
 
-  File() = default;
+  File();
   ~File();
   File(File&& other) noexcept;
   File& operator=(File&& other) noexcept;
@@ -69,6 +76,7 @@ class File {
 
   std::string path_;
   int descriptor_ = -1;
+  std::unique_ptr<const RemoteFile> remote_;  // owns the descriptor; null: this does
 };
 
 // All bytes of an open file, or of the one at `path`, opened for reading. Throws FileError.

@@ -45,7 +45,7 @@ void RemoveTree(const std::string& path) noexcept {
   ::nftw(path.c_str(), RemoveOne, kOpenFolders, FTW_DEPTH | FTW_PHYS);
 }
 
-Descriptor OpenFolder(const std::string& path) {
+Descriptor OpenOwnFolder(const std::string& path) {
   return OpenAt(AT_FDCWD, path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
 
@@ -53,7 +53,7 @@ void RemoveLeftoverFolders(const fs::path& parent, const std::string& prefix) {
   for (const std::string& name : NamesInFolder(parent)) {
     if (!name.starts_with(prefix) || name.size() != prefix.size() + kOwnPart) continue;
     const std::string path = parent / name;
-    const Descriptor folder = OpenFolder(path);
+    const Descriptor folder = OpenOwnFolder(path);
     if (IsAbandoned(folder, S_IFDIR)) RemoveTree(path);
   }
 }
@@ -91,7 +91,7 @@ PrivateFolder::PrivateFolder(const std::string& prefix) {
     if (::mkdtemp(path_.data()) == nullptr) {
       throw FileError(parent.string() + ": " + SystemReason(errno));
     }
-    lock_ = OpenFolder(path_);
+    lock_ = OpenOwnFolder(path_);
     // Before the lock was taken, another program may have cleared the folder away as a leftover.
     const bool isOwn = lock_.isOpen() && TryExclusiveLock(lock_.number()) != Lock::kHeld &&
                        NamesFile(AT_FDCWD, path_, lock_.number());

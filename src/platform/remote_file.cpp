@@ -35,4 +35,11 @@ std::size_t RemoteFile::ReadSome(std::int64_t offset, std::span<std::byte> out) 
   return bytes->size();
 }
 
+void RemoteFile::ReadAll(std::int64_t offset, std::span<std::byte> out) const {
+  const auto bytes = std::make_shared<std::vector<std::byte>>(out.size());
+  DoApart(patience_,
+          [file = descriptor_, bytes, offset] { ReadAllAt(file->number(), offset, *bytes); });
+  std::copy(bytes->begin(), bytes->end(), out.begin());
+}
+
 }  // namespace cantorix

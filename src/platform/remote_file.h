@@ -22,9 +22,10 @@ class RemoteFile {
 
   int number() const { return descriptor_->number(); }
 
-  // Both throw FileError, and Abandoned when the user gave up.
+  // As of descriptor.h; each throws FileError, and Abandoned when the user gave up.
   std::int64_t Size() const;
   std::size_t ReadSome(std::int64_t offset, std::span<std::byte> out) const;
+  void ReadAll(std::int64_t offset, std::span<std::byte> out) const;
 
  private:
   std::shared_ptr<const Descriptor> descriptor_;  // shared with calls that were left behind

@@ -84,6 +84,9 @@ TEST(RemoteFile, GivesTheBytesOfTheFile) {
   EXPECT_EQ(text, "234567");
   EXPECT_EQ(file.ReadSome(7, std::as_writable_bytes(std::span(text))), 3U);
   EXPECT_EQ(text, "789567") << "behind the end nothing is touched";
+  file.ReadAll(4, std::as_writable_bytes(std::span(text)));
+  EXPECT_EQ(text, "456789");
+  EXPECT_THROW(file.ReadAll(5, std::as_writable_bytes(std::span(text))), FileError);
 }
 
 TEST(RemoteFile, AFileThatIsMissingIsToldOfAsWithoutPatience) {
