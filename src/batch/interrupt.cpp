@@ -2,6 +2,11 @@
 #include "batch/interrupt.h"
 
 #include <csignal>
+#include <fstream>
+#include <system_error>
+#include <thread>
+
+#include "platform/remote_file.h"
 
 namespace cantorix::batch {
 namespace {
@@ -10,6 +15,31 @@ std::atomic<bool> signalled = false;
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 void OnSignal(int) { signalled.store(true, std::memory_order_relaxed); }
+
+// A thread that waits in vain for a server takes no signal, not even a second one, so another
+// thread waits for them: it ends the program at the second.
+void WaitForSignals(const sigset_t& signals) {
+  int number = 0;
+  ::sigwait(&signals, &number);
+  OnSignal(number);
+  ::sigwait(&signals, &number);
+  std::signal(number, SIG_DFL);
+  ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+  ::raise(number);
+}
+
+void WatchFromAnotherThread() {
+  sigset_t signals;
+  ::sigemptyset(&signals);
+  ::sigaddset(&signals, SIGINT);
+  ::sigaddset(&signals, SIGTERM);
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);  // also in all threads that are begun later
+  try {
+    std::thread([signals] { WaitForSignals(signals); }).detach();
+  } catch (const std::system_error&) {
+    ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+  }
+}
 
 }  // namespace
 
@@ -22,6 +52,8 @@ const std::atomic<bool>& WatchInterrupt() {
   // A full disk or a closed pipe is an error to report, not a reason to die.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+  std::ifstream mounts("/proc/self/mounts");
+  if (HasRemoteFileSystem(mounts)) WatchFromAnotherThread();
   return signalled;
 }
 

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <istream>
+#include <sstream>
+#include <string_view>
 #include <vector>
 
 namespace cantorix {
@@ -18,6 +21,20 @@ bool MayKeepWaiting(int descriptor) {
   if (::fstatfs(descriptor, &system) != 0) return true;  // an own file system would say
   return std::find(kKinds.begin(), kKinds.end(), static_cast<std::uint32_t>(system.f_type)) !=
          kKinds.end();
+}
+
+bool HasRemoteFileSystem(std::istream& mounts) {
+  static constexpr std::array<std::string_view, 14> kNames{
+      "nfs", "nfs4", "cifs", "smb3", "smbfs", "fuse",  "fuseblk",
+      "9p",  "ceph", "afs",  "coda", "gfs2",  "ocfs2", "lustre"};
+  for (std::string line; std::getline(mounts, line);) {
+    std::istringstream fields(line);
+    std::string device, folder, kind;
+    fields >> device >> folder >> kind;
+    kind.erase(std::min(kind.find('.'), kind.size()));  // fuse.NAME
+    if (std::find(kNames.begin(), kNames.end(), kind) != kNames.end()) return true;
+  }
+  return false;
 }
 
 std::int64_t RemoteFile::Size() const {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 #include <memory>
 #include <span>
 #include <string>
@@ -14,6 +15,10 @@ namespace cantorix {
 
 // Whether the file system of an open file is reached through a network, or through another program.
 bool MayKeepWaiting(int descriptor);
+
+// Whether the machine has such a file system anywhere; asks none of them. `mounts` is the kernel's
+// table of what is mounted, as in /proc/self/mounts.
+bool HasRemoteFileSystem(std::istream& mounts);
 
 class RemoteFile {
  public:

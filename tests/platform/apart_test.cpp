@@ -7,6 +7,7 @@
 #include <chrono>
 #include <future>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <thread>
 
@@ -69,6 +70,22 @@ TEST(Apart, WhatDoesNotComeBackIsLeftWithAllThatItUses) {
   answer.set_value();
   for (int i = 0; i < 1000 && !left.expired(); ++i) std::this_thread::sleep_for(10ms);
   EXPECT_TRUE(left.expired()) << "the call came back, and what it used is still there";
+}
+
+TEST(RemoteFile, IsLookedForAmongAllThatIsMounted) {
+  const auto has = [](const std::string& table) {
+    std::istringstream mounts(table);
+    return HasRemoteFileSystem(mounts);
+  };
+  const std::string own =
+      "/dev/sda1 / ext4 rw 0 0\nfuse /sys/fs/fuse/connections fusectl rw 0 0\n"
+      "nfs /mnt/my\\040nfs tmpfs rw 0 0\n";
+  EXPECT_FALSE(has(""));
+  EXPECT_FALSE(has(own));
+  for (const std::string kind :
+       {"nfs", "nfs4", "cifs", "smb3", "fuse", "fuse.sshfs", "9p", "ceph"}) {
+    EXPECT_TRUE(has(own + "host:/lab /lab " + kind + " rw 0 0\n" + own)) << kind;
+  }
 }
 
 TEST(RemoteFile, GivesTheBytesOfTheFile) {
