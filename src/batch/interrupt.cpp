@@ -37,7 +37,7 @@ void WatchFromAnotherThread() {
   try {
     std::thread([signals] { WaitForSignals(signals); }).detach();
   } catch (const std::system_error&) {
-    ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+    ::pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);  // then only between two calls
   }
 }
 
@@ -52,9 +52,12 @@ const std::atomic<bool>& WatchInterrupt() {
   // A full disk or a closed pipe is an error to report, not a reason to die.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
+  return signalled;
+}
+
+void AnswerWhileHanging() {
   std::ifstream mounts("/proc/self/mounts");
   if (HasRemoteFileSystem(mounts)) WatchFromAnotherThread();
-  return signalled;
 }
 
 }  // namespace cantorix::batch

@@ -81,6 +81,7 @@ int Main(int argc, const char* const* argv) {
   Console console(::isatty(STDERR_FILENO) != 0);
   Outcome outcome = Outcome::kFailed;
   try {
+    AnswerWhileHanging();
     const CommandLine commandLine = ParseCommandLine(argc, argv);
     if (!commandLine.request) return commandLine.exitCode;
     console.Expect(commandLine.request->files.size());
