@@ -6,7 +6,7 @@
 #include <system_error>
 #include <thread>
 
-#include "platform/remote_file.h"
+#include "platform/file_systems.h"
 
 namespace cantorix::batch {
 namespace {

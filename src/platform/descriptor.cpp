@@ -11,11 +11,14 @@
 #include <vector>
 
 #include "platform/file_error.h"
+#include "platform/file_systems.h"
 
 namespace cantorix {
 namespace {
 
-constexpr std::int64_t kCopyBlock = std::int64_t{1} << 20;  // bytes
+// What is read is still in the processor's cache when it is written.
+constexpr std::int64_t kCopyBlock = std::int64_t{1} << 19;  // bytes
+constexpr std::int64_t kPage = 4096;                        // bytes
 
 Lock TryLock(int descriptor, int kind) {
   if (::flock(descriptor, kind | LOCK_NB) == 0) return Lock::kTaken;
@@ -24,6 +27,13 @@ Lock TryLock(int descriptor, int kind) {
 
 void RequireLock(Lock lock) {
   if (lock == Lock::kHeld) throw FileError("Another program is using it.");
+}
+
+// The system copies page by page, and where the pages of the two files begin at other bytes it
+// writes each in two parts: that takes half as long again as reading and writing. A server that
+// copies by itself spares the way there and back in any case.
+bool PaysWithin(int from, std::int64_t fromOffset, std::int64_t toOffset) {
+  return (fromOffset - toOffset) % kPage == 0 || MayKeepWaiting(from);
 }
 
 // How many bytes the system copies by itself: fewer at the end of the file, or where it cannot do
@@ -132,9 +142,15 @@ void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> byt
   }
 }
 
+void SendToDisk(int descriptor, std::int64_t offset, std::int64_t count) {
+  ::sync_file_range(descriptor, offset, count, SYNC_FILE_RANGE_WRITE);
+}
+
 void CopyBytes(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
                std::int64_t count) {
-  const std::int64_t within = CopyWithin(from, fromOffset, to, toOffset, count);
+  const std::int64_t within = PaysWithin(from, fromOffset, toOffset)
+                                  ? CopyWithin(from, fromOffset, to, toOffset, count)
+                                  : 0;
   std::vector<std::byte> block(static_cast<std::size_t>(std::min(count - within, kCopyBlock)));
   for (std::int64_t done = within; done < count;) {
     const auto wanted = static_cast<std::size_t>(std::min(count - done, kCopyBlock));

@@ -64,8 +64,12 @@ void ReadAllAt(int descriptor, std::int64_t offset, std::span<std::byte> out);
 // All of `bytes` at `offset`.
 void WriteAt(int descriptor, std::int64_t offset, std::span<const std::byte> bytes);
 
-// Copies `count` bytes from one file to another, within the system where it can. Throws FileError,
-// also when the first file ends too early.
+// Lets the system begin to put these bytes of the file on its disk. Waits for nothing and promises
+// nothing: what goes wrong is told by the next fsync.
+void SendToDisk(int descriptor, std::int64_t offset, std::int64_t count);
+
+// Copies `count` bytes from one file to another, within the system where it can and that pays.
+// Throws FileError, also when the first file ends too early.
 void CopyBytes(int from, std::int64_t fromOffset, int to, std::int64_t toOffset,
                std::int64_t count);
 

@@ -10,6 +10,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/file_error.h"
+#include "platform/file_systems.h"
 #include "platform/remote_file.h"
 
 namespace cantorix {

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iosfwd>
 #include <memory>
 #include <span>
 #include <string>
@@ -12,13 +11,6 @@
 #include "platform/descriptor.h"
 
 namespace cantorix {
-
-// Whether the file system of an open file is reached through a network, or through another program.
-bool MayKeepWaiting(int descriptor);
-
-// Whether the machine has such a file system anywhere; asks none of them. `mounts` is the kernel's
-// table of what is mounted, as in /proc/self/mounts.
-bool HasRemoteFileSystem(std::istream& mounts);
 
 class RemoteFile {
  public:

@@ -22,6 +22,7 @@ namespace {
 
 constexpr std::size_t kBufferBytes = std::size_t{1} << 20U;
 constexpr std::int64_t kMostAwaited = std::int64_t{1} << 23U;
+constexpr std::int64_t kMostHeldBack = std::int64_t{1} << 23U;
 
 // A file without a name, for content that cannot be gathered beside its target.
 Descriptor CreateUnnamed() {
@@ -117,7 +118,8 @@ struct SafeFile::State {
   FileStretch source{};      // behind the buffer comes what this file has here,
   std::int64_t awaited = 0;  // so many bytes
   std::int64_t flushed = 0;
-  std::string failure;  // of the first write that failed
+  std::int64_t sent = 0;  // of them, on their way to the disk
+  std::string failure;    // of the first write that failed
 };
 
 SafeFile::State::State(const std::string& path)
@@ -174,6 +176,10 @@ void SafeFile::State::Guarded(const WriteAll& write, std::int64_t count) {
     throw;
   }
   flushed += count;
+  // The disk works while the rest is gathered, so that little is left to wait for in the end.
+  if (flushed - sent < kMostHeldBack) return;
+  SendToDisk(gathered.number(), sent, flushed - sent);
+  sent = flushed;
 }
 
 void SafeFile::State::WriteOut(std::span<const std::byte> bytes) {

@@ -13,6 +13,7 @@
 
 #include "platform/file.h"
 #include "platform/file_error.h"
+#include "platform/file_systems.h"
 #include "platform/progress.h"
 #include "platform/remote_file.h"
 #include "support/temporary_folder.h"

@@ -315,10 +315,16 @@ TEST_F(SafeFileTest, TakesStretchesOfOtherFilesInTheirOrder) {
 
   const File version = File::OpenUnlocked("/proc/version");
   File plain = File::Create(folder / "plain");
-  plain.WriteFrom({&version, 2}, 3, 10);
-  const std::vector<std::byte> copied = ReadBytes(folder / "plain");
-  EXPECT_TRUE(
-      std::ranges::equal(std::span(copied).subspan(3), std::as_bytes(std::span("nux versio", 10))));
+  for (const std::int64_t place : {2, 3}) {  // with its pages as in the source, and not
+    plain.WriteFrom({&source, 2}, place, 5 * million);
+    plain.WriteFrom({&version, 2}, place, 10);
+    const std::vector<std::byte> copied = ReadBytes(folder / "plain");
+    const auto ours = std::span(copied).subspan(static_cast<std::size_t>(place));
+    EXPECT_TRUE(std::ranges::equal(ours.first(10), std::as_bytes(std::span("nux versio", 10))));
+    EXPECT_TRUE(std::ranges::equal(
+        ours.subspan(10),
+        std::span(bytes).subspan(12, static_cast<std::size_t>(5 * million - 10))));
+  }
   EXPECT_THROW(plain.WriteFrom({&source, 30 * million - 2}, 0, 3), FileError) << "the source ends";
   EXPECT_THROW(SafeFile(folder / "late").WriteFrom({&source, 30 * million - 2}, 9 * million),
                FileError);
