@@ -4,12 +4,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "analysis/decibel.h"
 #include "analysis/fast_cepstrum.h"
 #include "analysis/log_spectrum.h"
 #include "analysis/plain_cepstrum.h"
+#include "analysis/real_transform.h"
 
 namespace cantorix {
 namespace {
@@ -20,19 +23,23 @@ using testing::Samples;
 
 constexpr CepstralOptions kDefaults{11025.0, 50.0, 500.0, 1024, 385};
 
-// Compares the frames of a run that starts every `step` samples, to the end of the recording.
-// Returns the number of frames that took the exact path.
+// Compares the frames of a run that starts every `step` samples, to the end of the recording, as
+// they come and all in the stated arithmetic. Returns the number of frames that took the exact path
+// by themselves.
 std::int64_t ExpectPlainDigits(const std::string& name, const Samples& recording,
                                const CepstralOptions& options, double step) {
   const SpanSource source(recording);
   SampleWindow samples(source, 0);
-  CepstralWorkspace workspace(options);
+  CepstralWorkspace workspace(options), exact(options);
+  exact.UseExactOnly();
   testing::PlainCepstrum plain(options);
   const auto total = static_cast<double>(recording.size());
   for (int i = 0; i * step < total; ++i) {
     const double t = i * step;
     const double expected = plain.Pitch(recording, t, total);
     EXPECT_EQ(CepstralPitch(samples, t, total, workspace), expected) << name << " at " << t;
+    EXPECT_EQ(CepstralPitch(samples, t, total, exact), expected)
+        << name << " at " << t << ", exact";
   }
   return workspace.exactFrames();
 }
@@ -155,19 +162,19 @@ TEST(FindLevelsFast, StaysWithinItsErrorOrRefuses) {
   }
 }
 
-// The cepstrum of a frame by the plain steps.
+// |X[k]|^2 by the plain steps.
+std::vector<double> PlainPowersOf(std::vector<double> values, int m) {
+  values.resize(std::size_t{1} << m);
+  std::vector<double> im(values.size());
+  testing::PlainFft(values, im, m);
+  for (std::size_t k = 0; k < im.size(); ++k) values[k] = values[k] * values[k] + im[k] * im[k];
+  return values;
+}
+
 std::vector<double> PlainCepstrumOf(const std::vector<double>& frame, int m) {
-  std::vector<double> re(std::size_t{1} << m);
-  for (std::size_t pass = 0; pass < 2; ++pass) {
-    std::vector<double> im(re.size());
-    if (pass == 0) std::copy(frame.begin(), frame.end(), re.begin());
-    testing::PlainFft(re, im, m);
-    for (std::size_t k = 0; k < re.size(); ++k) {
-      re[k] = re[k] * re[k] + im[k] * im[k];
-      if (pass == 0) re[k] = PowerDb(re[k]);
-    }
-  }
-  return re;
+  auto levels = PlainPowersOf(frame, m);
+  for (double& level : levels) level = PowerDb(level);
+  return PlainPowersOf(levels, m);
 }
 
 TEST(FastCepstrum, StaysWithinItsErrorOrRefuses) {
@@ -208,6 +215,47 @@ TEST(FastCepstrum, StaysWithinItsErrorOrRefuses) {
         frame[5] = odd;
         EXPECT_FALSE(fast.Find(window, frame, 0, cepstrum)) << odd;
       }
+    }
+  }
+}
+
+// Every term of the bound leads in one of the rows.
+TEST(FastCepstrum, AddsUpItsErrorAsItsHeadSays) {
+  constexpr double kRounding = 0x1p-53;
+  const auto speech = testing::Speech(4);
+  for (const int m : {7, 10, 12}) {
+    const double e = RealTransform(m).error();
+    const double points = std::ldexp(1.0, m);
+    const std::vector<double> window(std::size_t{1} << m, 1.0);
+    std::vector<double> one(window.size()), loud(window.size());
+    one[0] = 1.0;
+    loud[0] = 9e14;
+    const std::vector<double> voiced(speech.begin() + 3000, speech.begin() + 3000 + (1 << m));
+    FastCepstrum fast(m);
+    for (const auto& frame : {one, loud, voiced}) {
+      for (const std::size_t first : {0, 1}) {
+        std::vector<double> cepstrum(window.size() / 4);
+        const auto error = fast.Find(window, frame, first, cepstrum);
+        double sum = 0.0;
+        for (const double x : frame) sum += std::abs(x);
+        const double least = std::sqrt(std::ranges::min(PlainPowersOf(frame, m)));
+        const double level =
+            20.0 / std::log(10.0) * 1.01 * e * sum / least + 64.0 * kRounding * (300.0 + 1.0);
+        const double bin = points * (1.01 * level + e * 300.0);
+        const double greatest = std::ranges::max(cepstrum);
+        const double expected =
+            2.0 * std::sqrt(greatest) * bin + bin * bin + 8.0 * kRounding * greatest;
+        ASSERT_TRUE(error);
+        EXPECT_NEAR(*error / expected, 1.0, 1e-6) << m << ' ' << frame[0] << ' ' << first;
+      }
+    }
+    // A sum of 2, and at least `least` in bin 0: what is known of it has to be good to 1 / 200.
+    for (const double part : {0.98, 1.02}) {
+      const double least = part * 200.0 * 2.0 * e;
+      std::vector<double> frame(window.size()), cepstrum(8);
+      frame[0] = 1.0;
+      frame[1] = least - 1.0;
+      EXPECT_EQ(fast.Find(window, frame, 1, cepstrum).has_value(), part > 1.0) << m;
     }
   }
 }

@@ -192,12 +192,14 @@ TEST(FrameReader, ReadsTheSameNearAndFarAndAheadWhereStretchesAreNear) {
     std::int64_t first, hop, size, count, mostViews, mostSamples;
   };
   const Row rows[] = {
-      {"close", -300, 110, 266, 900, 9, 130000},
-      {"one behind the other", 0, 500, 500, 200, 9, 130000},
-      {"far apart", 5000, 3000, 266, 31, 31, 31 * 266},
+      // 147 stretches in what is read at once.
+      {"close", -300, 110, 266, 900, 7, 6 * 16384 + 2950},
+      {"one behind the other, up to the end", 0, 500, 500, 200, 7, 6 * 16384 + 4000},
+      {"just near", 5000, 2048, 266, 31, 5, 266 + 4 * 16384},
+      {"far apart", 5000, 2049, 266, 31, 31, 31 * 266},
       {"backwards", 90000, -110, 266, 700, 700, 700 * 266},
       {"longer than what is read ahead", 10, 100, 40000, 300, 300, 300 * 40000},
-      {"standing", 777, 0, 266, 50, 2, 20000},
+      {"standing", 777, 0, 266, 50, 1, 16384},
   };
   const Samples noise = testing::Noise(100000, 30000);
   for (const Row& row : rows) {
