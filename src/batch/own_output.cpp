@@ -45,6 +45,10 @@ void OwnRecordings::RequireNone(const std::string& output) {
   }
 }
 
+bool MayReplace(const Request& request, const std::string& file) {
+  return request.force || IsSameFile(request.output, file);
+}
+
 void RequireNotForeign(Session& session) {
   const Request& request = session.request();
   if (request.force || !session.document().foreignSource) return;

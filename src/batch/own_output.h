@@ -28,6 +28,9 @@ class OwnRecordings {
   std::optional<std::vector<Place>> places_;
 };
 
+// Whether what is made of the recording `file` may take its place.
+bool MayReplace(const Request& request, const std::string& file);
+
 // Throws WrongUsage, naming the file, unless --force is given. For a recording: it may take its own
 // place, but not that of a foreign file, which would lose what only the foreign file can hold.
 void RequireNotForeign(Session& session);

@@ -1,6 +1,9 @@
 // run_step.cpp - each step of `edit` to the command that it names.
 #include "batch/run_step.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "document/label.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
@@ -71,9 +74,20 @@ bool PlaceCursor(BatchView& batch, const EditStep& step) {
          Done(batch, step, [&] { PlaceMarker(batch.view(), step.first); });
 }
 
+// All but those that change no sample, or take them out only.
+bool NeedsSamplesInMemory(EditStep::Kind kind) {
+  constexpr EditStep::Kind kOthers[] = {EditStep::kSelect, EditStep::kCursor, EditStep::kLabel,
+                                        EditStep::kCopy,   EditStep::kCut,    EditStep::kUndo};
+  return std::find(std::begin(kOthers), std::end(kOthers), kind) == std::end(kOthers);
+}
+
 }  // namespace
 
 bool RunStep(BatchView& batch, const EditStep& step) {
+  if (NeedsSamplesInMemory(step.kind) &&
+      !Done(batch, step, [&] { batch.view().document().TakeIntoMemory(); })) {
+    return false;
+  }
   switch (step.kind) {
     case EditStep::kSelect:
       return Select(batch, step);

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <limits>
 
+#include "batch/measures.h"
+#include "batch/own_output.h"
 #include "batch/run.h"
 #include "batch/stream_place.h"
 #include "settings/settings.h"
@@ -23,7 +25,9 @@ Session::Session(const Run& run, const std::string& file, Workers& workers)
             .channelEntries = std::numeric_limits<int>::max(),
             // Measuring leaves the configuration alone.
             .documentsWriteConfiguration = false,
-            .samplesStayInFile = run.request.verb != Verb::kEdit && !run.request.force,
+            .samplesStayInFile = run.request.verb != Verb::kEdit && !MayReplace(run.request, file),
+            .samplesAwaitChanges =
+                WritesRecording(run.request.verb) && !MayReplace(run.request, file),
             .workers = &workers} {}
 
 const Request& Session::request() const { return run_.request; }

@@ -1,16 +1,20 @@
 // document.cpp - life of a document and the place of its samples.
 #include "document/document.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
 #include "document/open_pipeline.h"
+#include "document/sample_splice.h"
 #include "settings/config_file.h"
 #include "settings/local_settings.h"
 #include "settings/settings.h"
 
 namespace cantorix {
 namespace {
+
+constexpr std::size_t kBlockSamples = std::size_t{1} << 18U;  // as read at a time
 
 // The samples of a channel's memory block, whatever block it holds at the moment.
 class ChannelSource : public SampleSource {
@@ -69,25 +73,52 @@ bool CSonadexDoc::OnOpenDocument(const std::string& path) {
 
 const SampleSource& CSonadexDoc::Samples() const {
   if (fileSamples_) return *fileSamples_;
+  if (pieces_) return *pieces_;
   return store_ ? static_cast<const SampleSource&>(*store_) : *memorySource_;
 }
 
-void CSonadexDoc::HoldInMemory(SampleBlock block) {
+void CSonadexDoc::HoldNothing() {
+  channel().samples = SampleBlock();
   store_.reset();
   fileSamples_.reset();
+  pieces_.reset();
+}
+
+void CSonadexDoc::HoldInMemory(SampleBlock block) {
+  HoldNothing();
   channel().samples = std::move(block);
 }
 
 void CSonadexDoc::HoldOnDisk(std::unique_ptr<SampleStore> store) {
-  channel().samples = SampleBlock();
+  HoldNothing();
   store_ = std::move(store);
-  fileSamples_.reset();
 }
 
 void CSonadexDoc::HoldInFile(std::unique_ptr<SampleSource> samples) {
-  channel().samples = SampleBlock();
-  store_.reset();
+  HoldNothing();
   fileSamples_ = std::move(samples);
+}
+
+void CSonadexDoc::HoldInPieces(std::unique_ptr<SampleSource> whole) {
+  auto pieces = std::make_unique<SamplePieces>(std::move(whole));
+  HoldNothing();
+  pieces_ = std::move(pieces);
+}
+
+void CSonadexDoc::TakeIntoMemory() {
+  if (!pieces_) return;
+  SampleBlock block(pieces_->length());
+  const auto samples = block.samples();
+  for (std::size_t done = 0; done < samples.size(); done += kBlockSamples) {
+    const std::size_t some = std::min(kBlockSamples, samples.size() - done);
+    pieces_->Read(static_cast<std::int64_t>(done), samples.subspan(done, some));
+  }
+  HoldInMemory(std::move(block));
+}
+
+void CSonadexDoc::RemoveSamples(std::int64_t first, std::int64_t end) {
+  if (pieces_) return pieces_->Remove(first, end);
+  cantorix::RemoveSamples(channel().samples, first, end);
 }
 
 void CSonadexDoc::SetPathName(const std::string& path) {

@@ -14,6 +14,7 @@
 #include "document/document_observer.h"
 #include "document/label_import_options.h"
 #include "document/sample_edit.h"
+#include "document/sample_pieces.h"
 #include "document/sample_store.h"
 #include "document/window_links.h"
 #include "platform/generic_parameters.h"
@@ -64,6 +65,12 @@ class CSonadexDoc {
   void HoldOnDisk(std::unique_ptr<SampleStore> store);
   // The same where they stand in the recording's file; nothing can change them then.
   void HoldInFile(std::unique_ptr<SampleSource> samples);
+  // The same for a recording that belongs in memory: until TakeIntoMemory nothing but
+  // RemoveSamples can change them.
+  void HoldInPieces(std::unique_ptr<SampleSource> whole);
+  void TakeIntoMemory();
+  // Takes the samples [first, end) out of channel 0, whose samples are not on disk.
+  void RemoveSamples(std::int64_t first, std::int64_t end);
   bool samplesOnDisk() const { return store_ != nullptr || fileSamples_ != nullptr; }
   SampleStore* store() { return store_.get(); }  // null but while the samples are in one
 
@@ -133,9 +140,12 @@ class CSonadexDoc {
   bool writesConfiguration = true;  // false once the configuration was reverted while it was open
 
  private:
+  void HoldNothing();
+
   DocumentHost& host_;
   std::unique_ptr<SampleStore> store_;
   std::unique_ptr<SampleSource> fileSamples_;
+  std::unique_ptr<SamplePieces> pieces_;
   std::unique_ptr<SampleSource> memorySource_;
   std::string title_ = "Untitled";
   std::string pathName_;

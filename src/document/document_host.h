@@ -30,6 +30,9 @@ struct DocumentHost {
   // Long recordings are read from their own files, without a copy: for programs that change no
   // sample and save over none.
   bool samplesStayInFile = false;
+  // Recordings that belong in memory do, too, until they are taken there: for programs that save
+  // over none and take them there before they change a sample.
+  bool samplesAwaitChanges = false;
   // Whether an open for which the system keeps the program waiting can be cancelled, which takes a
   // thread for each: for a program that nothing else would end.
   bool opensApart = false;

@@ -36,9 +36,16 @@ std::optional<FileStretch> FileSamples::InFile(std::int64_t start, std::int64_t 
 
 bool LeaveInFile(CSonadexDoc& document, const File& file, const InterleavedPlace& place,
                  double durationMs, std::int64_t count) {
-  if (!document.host().samplesStayInFile) return false;
-  if (BelongsInMemory(document, durationMs, count)) return false;
-  document.HoldInFile(std::make_unique<FileSamples>(file.Duplicate(), place, count));
+  const DocumentHost& host = document.host();
+  if (!host.samplesStayInFile && !host.samplesAwaitChanges) return false;
+  const bool belongsInMemory = BelongsInMemory(document, durationMs, count);
+  if (!(belongsInMemory ? host.samplesAwaitChanges : host.samplesStayInFile)) return false;
+  auto samples = std::make_unique<FileSamples>(file.Duplicate(), place, count);
+  if (belongsInMemory) {
+    document.HoldInPieces(std::move(samples));
+  } else {
+    document.HoldInFile(std::move(samples));
+  }
   return true;
 }
 

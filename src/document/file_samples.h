@@ -31,8 +31,8 @@ class FileSamples : public SampleSource {
   std::int64_t held_;  // that the file had at first
 };
 
-// Leaves the samples of channel 0 in `file`, where the program around the document wants that and
-// the recording is too long for memory. False: they are to be loaded.
+// Leaves the samples of channel 0 in `file`, where the program around the document wants that for
+// recordings of this length. False: they are to be loaded.
 bool LeaveInFile(CSonadexDoc& document, const File& file, const InterleavedPlace& place,
                  double durationMs, std::int64_t count);
 

@@ -10,7 +10,7 @@
 namespace cantorix {
 namespace {
 
-constexpr std::int64_t kLargePiece = std::int64_t{1} << 24;  // samples
+constexpr std::int64_t kLargePiece = std::int64_t{1} << 20;  // samples
 
 void WriteZeros(const ByteSink& sink, std::int64_t count) {
   const std::vector<std::byte> zeros(

@@ -42,12 +42,13 @@ SampleBlock CopySamples(CSonadexView& view, const CChannel& channel, const EditS
   const std::int64_t first = span.firstSample();
   const std::int64_t count = span.sampleCount();
   RequireMemoryFor(view, count);
-  if (&channel == &view.channel() && view.document().samplesOnDisk()) {
-    return ReadFromStore(view, first, count);
-  }
-  return Spliced({}, 0, 0,
-                 channel.samples.samples().subspan(static_cast<std::size_t>(first),
-                                                   static_cast<std::size_t>(count)));
+  const bool isFirst = &channel == &view.channel();
+  if (isFirst && view.document().samplesOnDisk()) return ReadFromStore(view, first, count);
+  const SpanSource block(channel.samples.samples());
+  const SampleSource& source = isFirst ? view.document().Samples() : block;
+  SampleBlock copy(count);
+  source.Read(first, copy.samples());
+  return copy;
 }
 
 void CopyChannel(CSonadexView& view, std::size_t index) {
@@ -81,9 +82,13 @@ void DeleteSelection(CSonadexView& view) {
   const EditSpan cut = SelectedSpan(document.channel());
   for (CChannel& channel : channels) {
     const EditSpan span = SelectedSpan(channel);
+    if (&channel == &document.channel()) {
+      document.RemoveSamples(span.firstSample(), span.endSample());
+    } else {
+      RemoveSamples(channel.samples, span.firstSample(), span.endSample());
+    }
     channel.totalLength -= span.length.samples;
     channel.totalDurationMs -= span.length.ms;
-    RemoveSamples(channel.samples, span.firstSample(), span.endSample());
     CloseLabels(channel, span);
   }
   document.TellSampleEdit(

@@ -63,12 +63,25 @@ TEST(FileSamples, AreThoseOfACopy) {
   EXPECT_GT(stayed, 35) << "all but what a library decodes";
 }
 
-TEST(FileSamples, StayInMemoryWhenTheyAreFew) {
+TEST(FileSamples, AreLeftThereByTheirLengthAndByWhatTheyAreFor) {
   TestHost host;
   host.host.samplesStayInFile = true;
   CSonadexDoc document(host.host);
   ASSERT_TRUE(document.OnOpenDocument(SamplesDirectory() + "/vowels.qrv"));
   EXPECT_FALSE(document.samplesOnDisk());
+  EXPECT_FALSE(document.channel().samples.empty());
+  const Values inMemory = SamplesOf(document);
+  host.host.samplesAwaitChanges = true;
+  CSonadexDoc waiting(host.host);
+  ASSERT_TRUE(waiting.OnOpenDocument(SamplesDirectory() + "/vowels.qrv"));
+  EXPECT_FALSE(waiting.samplesOnDisk());
+  EXPECT_TRUE(waiting.channel().samples.empty());
+  EXPECT_EQ(SamplesOf(waiting), inMemory);
+  host.host.samplesStayInFile = false;
+  CSonadexDoc longOne(host.host);
+  longOne.memoryLimitMinutes = 0;
+  ASSERT_TRUE(longOne.OnOpenDocument(SamplesDirectory() + "/vowels.qrv"));
+  EXPECT_NE(longOne.store(), nullptr) << "too long to be changed in memory";
 }
 
 TEST(FileSamples, ThatAreGoneAreNoZeros) {
