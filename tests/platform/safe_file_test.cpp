@@ -201,6 +201,7 @@ TEST_F(SafeFileTest, LeavesTheOldFileWholeOnASmallFullDisk) {
   const std::string disk = folder / "disk";
   const std::string path = disk + "/old";
   ::chmod(folder.path().c_str(), 0755);
+  if (!OtherUserReachesTemporaryFolders()) GTEST_SKIP() << "needs root, and others in the folder";
   const int status = InChild([&] {
     if (::unshare(CLONE_NEWNS) != 0) return kChildSkipped;
     ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr);
@@ -227,7 +228,9 @@ TEST_F(SafeFileTest, LeavesTheOldFileWholeOnASmallFullDisk) {
 class ForeignFolderTest : public SafeFileTest {
  protected:
   void SetUp() override {
-    if (::getuid() != 0) GTEST_SKIP() << "needs root to set up foreign files";
+    if (!OtherUserReachesTemporaryFolders()) {
+      GTEST_SKIP() << "needs root to set up foreign files, and a folder that is open to others";
+    }
   }
   // What an ordinary user meets: the reason of a failure, or nothing.
   static std::string AsOtherUser(const std::function<void()>& action) {

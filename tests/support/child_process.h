@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <system_error>
 
 namespace cantorix {
@@ -49,6 +50,12 @@ int InChild(Body body) {
 inline bool BecomeOtherUser() {
   return ::getuid() == 0 && ::setgroups(0, nullptr) == 0 && ::setgid(kOtherUser) == 0 &&
          ::setuid(kOtherUser) == 0;
+}
+
+// Whether that user gets to the folder of temporary files: a private one keeps others out.
+inline bool OtherUserReachesTemporaryFolders() {
+  const auto folder = std::filesystem::temp_directory_path();
+  return InChild([&] { return BecomeOtherUser() && ::access(folder.c_str(), X_OK) == 0; }) == 1;
 }
 
 }  // namespace cantorix
