@@ -1,0 +1,84 @@
+// journal_sync_test.cpp - how often a journal goes through to the disk, and what a disk that
+// refuses it comes to.
+#include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+
+#include "journal/background_sync.h"
+#include "journal/journal_file.h"
+#include "platform/file_error.h"
+#include "support/eventually.h"
+#include "support/temporary_folder.h"
+
+namespace {
+
+std::atomic<int> syncs{0};
+std::atomic<bool> diskFails{false};
+
+}  // namespace
+
+// Stands in for the C library's call.
+extern "C" int fdatasync(int descriptor) {
+  ++syncs;
+  if (!diskFails) return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
+  errno = EIO;
+  return -1;
+}
+
+namespace cantorix {
+namespace {
+
+TEST(JournalSync, IsBegunOnceASecondAndOnlyForWhatIsNew) {
+  const TemporaryFolder folder;
+  JournalWriter writer(
+      {[&] { return folder.path() + "/"; }, [] { return std::string("20261121-143005"); }},
+      kDocumentJournals);
+  const auto commitAndSync = [&](double nowMs) {
+    writer.Commit(1, "stamp");
+    writer.SyncNowAndThen(nowMs);
+  };
+  syncs = 0;
+  commitAndSync(5000.0);
+  EXPECT_TRUE(Eventually([] { return syncs == 1; }));
+  for (const double nowMs : {5001.0, 5500.0, 5899.0}) commitAndSync(nowMs);
+  EXPECT_EQ(syncs, 1);
+  // Goes on until the first is known to be done.
+  double nowMs = 5900.0;
+  EXPECT_TRUE(Eventually([&] {
+    writer.SyncNowAndThen(nowMs += 1000.0);
+    return syncs >= 2;
+  }));
+  for (int i = 0; i < 1000; ++i) writer.SyncNowAndThen(nowMs += 1000.0);
+  EXPECT_LE(syncs, 4) << "one more may have begun each time before the end was known";
+
+  diskFails = true;
+  const auto fails = [&] {
+    try {
+      commitAndSync(nowMs += 1000.0);
+      return false;
+    } catch (const FileError& error) {
+      EXPECT_STREQ(error.what(), "Input/output error.");
+      return true;
+    }
+  };
+  EXPECT_TRUE(Eventually(fails));
+  EXPECT_THROW(writer.Sync(), FileError);
+  diskFails = false;
+}
+
+TEST(BackgroundSync, TellsUpToWhereWhenItIsDone) {
+  const TemporaryFolder folder;
+  const File file = File::Create(folder / "file");
+  BackgroundSync sync;
+  EXPECT_EQ(sync.synced(), 0);
+  for (const std::int64_t bytes : {7, 9}) {
+    sync.Begin(file, bytes);
+    EXPECT_TRUE(Eventually([&] { return sync.synced() == bytes; }));
+  }
+}
+
+}  // namespace
+}  // namespace cantorix
