@@ -53,7 +53,7 @@ class User : public Progress {
   bool Step(double) override { return cancels_; }
   void End() override { --shown; }
 
-  int shown = 0;
+  std::atomic<int> shown = 0;  // also looked at by calls in their threads
   std::string texts;
 
  private:
