@@ -160,7 +160,7 @@ TEST_F(CorpusSourcesTest, FoldersAreWalkedInTheOrderOfPathsAndWithoutLinks) {
 
 TEST_F(CorpusSourcesTest, TablesHaveQuotesAndColumnsOfTheirOwn) {
   PutFile(folder_ / "all.csv",
-          "speaker,\"the \"\"file\"\"\",age\r\n\"s,1\",in/b.wav,2\"0\n\ns\t2,\"in/a/z.WAV\",\n"
+          "speaker,\"the \"\"file\"\"\",age\r\n\"s,1\",in/b.wav,2\"0\n\ns\t2~\x7f,\"in/a/z.WAV\",\n"
           "\"\",in/none.wav,\"\"\"\"");
   const CommandResult result =
       Corpus({folder_ / "all.csv", "--column", "the \"file\"", "--do", "labels"});
@@ -168,7 +168,7 @@ TEST_F(CorpusSourcesTest, TablesHaveQuotesAndColumnsOfTheirOwn) {
   EXPECT_EQ(result.err,
             Filled("cantorix-batch: 1 recordings failed, see @/out/failed.tsv\n", folder_.path()));
   EXPECT_EQ(Text("labels"), "recording\tspeaker\tage\t" + head_ + "in/b.wav\ts,1\t2\"0" + whole_ +
-                                "in/a/z.WAV\ts 2\t" + whole_);
+                                "in/a/z.WAV\ts 2~\\x7f\t" + whole_);
   EXPECT_EQ(Text("failed"), Filled("recording\treason\nin/none.wav\t@/in/none.wav could not be "
                                    "opened. No such file or directory.\n",
                                    folder_.path()));
@@ -181,10 +181,37 @@ TEST_F(CorpusSourcesTest, LabelFilesStandBesideRecordings) {
   EXPECT_EQ(Text("labels"), "recording\t" + head_ + name + "\tw\tx\t-\tz\t2.0\t7.0\t5.0\n" + name +
                                 "\tw\tz\tx\t-\t7.0\t10.0\t3.0\n" + name +
                                 "\tv\ty\t-\t-\t4.0\t10.0\t6.0\n");
+  // At the very end the last column holds on.
+  PutFile(folder_ / "in/b.csv", "tier,start_ms,end_ms,label\nw,10,,x\n");
+  EXPECT_EQ(Corpus({name, "--do", "formants", "--labels", "csv", "--points", "0"}).exitCode, 0);
+  const Table columns = TableOf(OutOf({"formants", name, "--step", "10"}));
+  ASSERT_EQ(columns.size(), 2U);
+  EXPECT_EQ(TableOf(Text("formants")).at(1).at(8), columns[1][1]);
   PutFile(folder_ / "in/b.csv", "tier,start_ms,end_ms,label\n");
   EXPECT_EQ(Corpus({folder_ / "in/b.wav", "--do", "labels", "--labels", "csv"}).exitCode, 1);
   EXPECT_EQ(Text("failed"),
             "recording\treason\n" + name + "\t" + (folder_ / "in/b.csv") + " holds no labels.\n");
+}
+
+TEST_F(CorpusSourcesTest, OfSeveralChannelsOneHasToBeNamed) {
+  const std::string two = folder_ / "two.wav";
+  PutFile(two, Wave({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, 1000, 2));
+  const std::string head = "recording\treason\n";
+  const struct {
+    Words words;
+    std::string failed;
+  } rows[] = {
+      {{"--channel", "1"}, ""},
+      {{"--channel", "2"}, ""},
+      {{"--channel", "3"}, two + "\tchannel must be 1 to 2, not 3\n"},
+      {{}, two + "\tchannel must be 1 to 2: the file has several\n"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(Corpus(Words{two, "--do", "labels"} + row.words).exitCode,
+              row.failed.empty() ? 0 : 1);
+    EXPECT_EQ(Text("failed"), head + row.failed);
+    EXPECT_EQ(Text("labels"), "recording\t" + head_ + (row.failed.empty() ? two + whole_ : ""));
+  }
 }
 
 TEST_F(CorpusSourcesTest, RefusesWhatIsNoListOfRecordings) {
