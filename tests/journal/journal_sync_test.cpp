@@ -1,5 +1,5 @@
 // journal_sync_test.cpp - how often a journal goes through to the disk, and what a disk that
-// refuses it comes to.
+// refuses it, or hangs, comes to.
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -9,6 +9,7 @@
 
 #include "journal/background_sync.h"
 #include "journal/journal_file.h"
+#include "journal/journal_guard.h"
 #include "platform/file_error.h"
 #include "support/eventually.h"
 #include "support/temporary_folder.h"
@@ -68,6 +69,22 @@ TEST(JournalSync, IsBegunOnceASecondAndOnlyForWhatIsNew) {
   EXPECT_TRUE(Eventually(fails));
   EXPECT_THROW(writer.Sync(), FileError);
   diskFails = false;
+}
+
+TEST(JournalGuard, StopsAtTheFirstFailureAndTellsOfItOnce) {
+  const auto begin = [] { return std::string("Lost. "); };
+  JournalGuard guard, scarce;
+  int done = 0;
+  EXPECT_TRUE(guard.Do([&] { ++done; }));
+  EXPECT_EQ(guard.Tell(begin), std::nullopt);
+  EXPECT_FALSE(guard.Do([] { throw FileError("Why."); }));
+  EXPECT_FALSE(guard.Do([&] { ++done; }));
+  EXPECT_EQ(done, 1);
+  EXPECT_TRUE(guard.failed());
+  EXPECT_EQ(guard.Tell(begin), "Lost. Why.");
+  EXPECT_EQ(guard.Tell(begin), std::nullopt);
+  EXPECT_FALSE(scarce.Do([] { throw std::bad_alloc(); }));
+  EXPECT_EQ(scarce.Tell(begin), "Lost. There is not enough memory.");
 }
 
 TEST(BackgroundSync, TellsUpToWhereWhenItIsDone) {
