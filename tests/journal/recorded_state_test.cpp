@@ -1,9 +1,13 @@
-// recorded_state_test.cpp - records that cannot be true, and labels that no recording can show.
+// recorded_state_test.cpp - records that cannot be true, labels that no recording can show, and
+// work that does not tell of its recording.
 #include "journal/recorded_state.h"
 
 #include <gtest/gtest.h>
 
+#include "document/document.h"
 #include "document/label.h"
+#include "journal/work_restoring.h"
+#include "support/test_host.h"
 
 namespace cantorix {
 namespace {
@@ -74,6 +78,17 @@ TEST(RecordedState, RefusesRecordsThatCannotBeTrue) {
   EXPECT_FALSE(isTaken(9, 4, 0, 0));
   EXPECT_FALSE(isTaken(9, 2, 2, 0));
   EXPECT_FALSE(isTaken(9, 1, 0xFFFFFFFFU, 0));
+}
+
+TEST(RecordedState, WithoutFieldsNothingIsRestored) {
+  TestHost test;
+  CSonadexDoc document(test.host);
+  EXPECT_FALSE(RestoreOverSilence({}, document));
+  EXPECT_FALSE(document.loaded);
+  EXPECT_EQ(ObstacleTo({}, document), "'  ' has other samples than it had then.");
+  JournalledWork work;
+  work.header.fingerprint = Fingerprint(document.Samples());
+  EXPECT_EQ(ObstacleTo(work, document), "Its samples could not be followed.");
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "journal/crc32.h"
+
 namespace cantorix {
 namespace {
 
@@ -58,14 +60,19 @@ TEST(SamplePayload, LengthIsThatOfTheSpliced) {
 }
 
 TEST(SamplePayload, FingerprintsTellSamplesApart) {
-  // 64 stretches of 512 samples cover this recording without a gap.
-  const std::vector<std::int16_t> samples(32768, 3);
+  // 64 stretches of 512 samples cover this recording without a gap, so that the print, which other
+  // versions have to find, too, is the checksum of its length and all of it.
+  std::vector<std::int16_t> samples(32768);
+  for (std::size_t i = 0; i < samples.size(); ++i) samples[i] = static_cast<std::int16_t>(i * i);
+  PayloadWriter bytes;
+  bytes.Put(std::int64_t{32768});
+  for (const std::int16_t sample : samples) bytes.Put(sample);
   const std::uint32_t print = Fingerprint(SpanSource(samples));
-  EXPECT_EQ(Fingerprint(SpanSource(samples)), print);
+  EXPECT_EQ(print, Crc32(bytes.bytes()));
   EXPECT_NE(Fingerprint(SpanSource(std::span(samples).first(32767))), print);
   for (std::size_t at = 0; at < samples.size(); at += at % 512 == 0 ? 511 : 1) {
     auto changed = samples;
-    changed[at] = 4;
+    changed[at] = static_cast<std::int16_t>(changed[at] ^ 4);
     EXPECT_NE(Fingerprint(SpanSource(changed)), print) << at;
   }
   // Of a long one both ends.
