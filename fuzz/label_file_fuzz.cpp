@@ -9,8 +9,10 @@
 #include <cstdlib>
 #include <string>
 
+#include "document/label.h"
 #include "labelfile/fit_to_format.h"
 #include "labelfile/text_decoding.h"
+#include "platform/bytes.h"
 #include "platform/text.h"
 
 namespace {
@@ -43,6 +45,7 @@ LabelFile AsPoints(LabelFile file) {
   file.recordingName = "talk.wav";
   for (LabelFileTier& tier : file.tiers) {
     tier.intervals = false;
+    for (TimedLabel& label : tier.labels) label.text = CutText(label.text, kMaxLabelBytes);
     std::erase_if(tier.labels, [](const TimedLabel& label) {
       return label.startS < 0.0 || label.startS > kLengthS || label.text.empty();
     });

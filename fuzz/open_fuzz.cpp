@@ -23,6 +23,8 @@ namespace {
 using namespace cantorix;
 
 constexpr std::size_t kAnswerBytes = 4;
+// A compressed recording may say that it has many more samples than it gives.
+constexpr std::uint64_t kMemoryBytes = std::uint64_t{1} << 29U;
 
 struct Answers {
   int channel = 0;
@@ -101,13 +103,13 @@ class Opening {
   Opening() { host_.application.memoryMinutes = std::numeric_limits<std::int32_t>::max(); }
 
   std::optional<Recording> Open(const std::string& path, bool inMemory) {
-    surroundings_.memory.end = inMemory ? std::numeric_limits<std::uint64_t>::max() : 0;
+    surroundings_.memory.end = inMemory ? kMemoryBytes : 0;
     CSonadexDoc document(host_);
     if (!document.OnOpenDocument(path)) {
       Require(!document.openFailure.reason.empty() || document.openFailure.cancelled);
       return std::nullopt;
     }
-    Require(document.samplesOnDisk() != inMemory);
+    Require(document.samplesOnDisk() || inMemory);
     const Recording recording = RecordingIn(document);
     RequireItComesBack(document, recording);
     return recording;
