@@ -40,6 +40,8 @@ bool LeaveInFile(CSonadexDoc& document, const File& file, const InterleavedPlace
   if (!host.samplesStayInFile && !host.samplesAwaitChanges) return false;
   const bool belongsInMemory = BelongsInMemory(document, durationMs, count);
   if (!(belongsInMemory ? host.samplesAwaitChanges : host.samplesStayInFile)) return false;
+  // A server may fall silent later: then nobody could give up.
+  if (belongsInMemory && file.isRemote()) return false;
   auto samples = std::make_unique<FileSamples>(file.Duplicate(), place, count);
   if (belongsInMemory) {
     document.HoldInPieces(std::move(samples));

@@ -53,6 +53,8 @@ class File {
   bool isOpen() const { return descriptor_ >= 0; }
   int descriptor() const { return descriptor_; }
   const std::string& path() const { return path_; }
+  // Opened with patience, on a network folder.
+  bool isRemote() const { return remote_ != nullptr; }
 
   std::int64_t Size() const;
   // Reads up to out.size() bytes from `offset`; fewer only at the end of the file.
