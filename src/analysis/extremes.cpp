@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 
 #include "platform/clones.h"
 
@@ -12,30 +13,28 @@ namespace {
 
 constexpr std::size_t kRunning = 8;
 
-CANTORIX_CLONES double LeastOf(const double* values, std::size_t count) {
-  std::array<double, kRunning> least;
-  least.fill(values[0]);
+// Of which no other is `beyond`. Inlined into the clones, to be compiled for their vectors.
+template <typename Beyond>
+[[gnu::always_inline]] inline double ExtremeOf(const double* values, std::size_t count,
+                                               Beyond beyond) {
+  std::array<double, kRunning> extreme;
+  extreme.fill(values[0]);
   std::size_t i = 0;
   for (; i + kRunning <= count; i += kRunning) {
     for (std::size_t lane = 0; lane < kRunning; ++lane) {
-      least[lane] = values[i + lane] < least[lane] ? values[i + lane] : least[lane];
+      extreme[lane] = beyond(values[i + lane], extreme[lane]) ? values[i + lane] : extreme[lane];
     }
   }
-  for (; i < count; ++i) least[0] = values[i] < least[0] ? values[i] : least[0];
-  return *std::min_element(least.begin(), least.end());
+  for (; i < count; ++i) extreme[0] = beyond(values[i], extreme[0]) ? values[i] : extreme[0];
+  return *std::min_element(extreme.begin(), extreme.end(), beyond);
+}
+
+CANTORIX_CLONES double LeastOf(const double* values, std::size_t count) {
+  return ExtremeOf(values, count, std::less<>());
 }
 
 CANTORIX_CLONES double GreatestOf(const double* values, std::size_t count) {
-  std::array<double, kRunning> greatest;
-  greatest.fill(values[0]);
-  std::size_t i = 0;
-  for (; i + kRunning <= count; i += kRunning) {
-    for (std::size_t lane = 0; lane < kRunning; ++lane) {
-      greatest[lane] = values[i + lane] > greatest[lane] ? values[i + lane] : greatest[lane];
-    }
-  }
-  for (; i < count; ++i) greatest[0] = values[i] > greatest[0] ? values[i] : greatest[0];
-  return *std::max_element(greatest.begin(), greatest.end());
+  return ExtremeOf(values, count, std::greater<>());
 }
 
 }  // namespace
