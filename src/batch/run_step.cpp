@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "document/label.h"
+#include "document/sample_loader.h"
 #include "mainview/commands.h"
 #include "mainview/editing.h"
 #include "mainview/label_commands.h"
@@ -85,7 +86,7 @@ bool NeedsSamplesInMemory(EditStep::Kind kind) {
 
 bool RunStep(BatchView& batch, const EditStep& step) {
   if (NeedsSamplesInMemory(step.kind) &&
-      !Done(batch, step, [&] { batch.view().document().TakeIntoMemory(); })) {
+      !Done(batch, step, [&] { TakeIntoMemory(batch.view().document()); })) {
     return false;
   }
   switch (step.kind) {

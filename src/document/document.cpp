@@ -1,7 +1,6 @@
 // document.cpp - life of a document and the place of its samples.
 #include "document/document.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -13,8 +12,6 @@
 
 namespace cantorix {
 namespace {
-
-constexpr std::size_t kBlockSamples = std::size_t{1} << 18U;  // as read at a time
 
 // The samples of a channel's memory block, whatever block it holds at the moment.
 class ChannelSource : public SampleSource {
@@ -103,17 +100,6 @@ void CSonadexDoc::HoldInPieces(std::unique_ptr<SampleSource> whole) {
   auto pieces = std::make_unique<SamplePieces>(std::move(whole));
   HoldNothing();
   pieces_ = std::move(pieces);
-}
-
-void CSonadexDoc::TakeIntoMemory() {
-  if (!pieces_) return;
-  SampleBlock block(pieces_->length());
-  const auto samples = block.samples();
-  for (std::size_t done = 0; done < samples.size(); done += kBlockSamples) {
-    const std::size_t some = std::min(kBlockSamples, samples.size() - done);
-    pieces_->Read(static_cast<std::int64_t>(done), samples.subspan(done, some));
-  }
-  HoldInMemory(std::move(block));
 }
 
 void CSonadexDoc::RemoveSamples(std::int64_t first, std::int64_t end) {

@@ -65,10 +65,10 @@ class CSonadexDoc {
   void HoldOnDisk(std::unique_ptr<SampleStore> store);
   // The same where they stand in the recording's file; nothing can change them then.
   void HoldInFile(std::unique_ptr<SampleSource> samples);
-  // The same for a recording that belongs in memory: until TakeIntoMemory nothing but
-  // RemoveSamples can change them.
+  // The same for a recording that belongs in memory: until it is taken there (sample_loader.h)
+  // nothing but RemoveSamples can change them.
   void HoldInPieces(std::unique_ptr<SampleSource> whole);
-  void TakeIntoMemory();
+  bool samplesInPieces() const { return pieces_ != nullptr; }
   // Takes the samples [first, end) out of channel 0, whose samples are not on disk.
   void RemoveSamples(std::int64_t first, std::int64_t end);
   bool samplesOnDisk() const { return store_ != nullptr || fileSamples_ != nullptr; }

@@ -60,10 +60,9 @@ std::unique_ptr<SampleStore> NewStore(DocumentHost& host) {
   return std::make_unique<SampleStore>(host.programDirectory, host.storeCounter);
 }
 
-// A feed from a store that was filled to learn how many samples there are.
-PartialFeed FeedFrom(const SampleStore& store) {
-  return [&store](std::int64_t position, std::span<std::int16_t> out) {
-    store.Read(position, out);
+PartialFeed FeedFrom(const SampleSource& source) {
+  return [&source](std::int64_t position, std::span<std::int16_t> out) {
+    source.Read(position, out);
     return out.size();
   };
 }
@@ -101,6 +100,13 @@ bool BelongsInMemory(CSonadexDoc& document, double durationMs, std::int64_t samp
   const auto bytes = static_cast<std::uint64_t>(sampleCount) * sizeof(std::int16_t);
   return durationMs / kMsPerMinute < document.memoryLimitMinutes &&
          document.host().memory.CanAllocate(bytes);
+}
+
+void TakeIntoMemory(CSonadexDoc& document) {
+  if (!document.samplesInPieces()) return;
+  const SampleSource& pieces = document.Samples();
+  document.HoldInMemory(
+      ReadIntoMemory(document.host().progress, pieces.length(), FeedFrom(pieces)));
 }
 
 void LoadSamples(CSonadexDoc& document, double durationMs, double rateHz, std::int64_t sampleCount,

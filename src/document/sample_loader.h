@@ -36,4 +36,8 @@ using PartialFeed = std::function<std::size_t(std::int64_t position, std::span<s
 std::int64_t LoadSamplesUpTo(CSonadexDoc& document, double rateHz,
                              std::optional<std::int64_t> sampleCount, const PartialFeed& feed);
 
+// Brings samples that wait in their file into memory, where they can be changed; does nothing for
+// others. Throws Abandoned and FileError as LoadSamples does; they wait on then.
+void TakeIntoMemory(CSonadexDoc& document);
+
 }  // namespace cantorix

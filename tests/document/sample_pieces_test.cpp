@@ -9,6 +9,8 @@
 
 #include "document/document_io.h"
 #include "document/file_samples.h"
+#include "document/sample_loader.h"
+#include "platform/abandon.h"
 #include "platform/file_error.h"
 #include "support/samples.h"
 
@@ -88,7 +90,7 @@ TEST(SamplePieces, ComeIntoMemoryWhole) {
   const Values expected{0,   1,   2,   3,   4,   5,   6,   7,   8,   9,
                         990, 991, 992, 993, 994, 995, 996, 997, 998, 999};
   EXPECT_EQ(SamplesOf(document), expected);
-  document.TakeIntoMemory();
+  TakeIntoMemory(document);
   EXPECT_EQ(document.channel().samples.size(), 20);
   std::filesystem::resize_file(host.folder / "samples", 0);
   EXPECT_EQ(SamplesOf(document), expected);
@@ -97,8 +99,22 @@ TEST(SamplePieces, ComeIntoMemoryWhole) {
 
   document.HoldInPieces(CountingFile(host.folder / "samples"));
   std::filesystem::resize_file(host.folder / "samples", 500);
-  EXPECT_THROW(document.TakeIntoMemory(), FileError);
+  EXPECT_THROW(TakeIntoMemory(document), FileError);
   EXPECT_EQ(document.Samples().length(), kCount) << "still in the file";
+}
+
+TEST(SamplePieces, WaitOnWhenTheUserGivesUp) {
+  TestHost host;
+  CSonadexDoc document(host.host);
+  constexpr std::int64_t kMany = (std::int64_t{1} << 21U) + 1;  // more than is read at once
+  const std::string path = host.folder / "samples";
+  File::Create(path).Resize(kMany * 2);
+  document.HoldInPieces(std::make_unique<FileSamples>(File::OpenForReading(path),
+                                                      InterleavedPlace{.frameBytes = 2}, kMany));
+  host.progress.CancelFromNow();
+  EXPECT_THROW(TakeIntoMemory(document), Abandoned);
+  EXPECT_TRUE(document.samplesInPieces());
+  EXPECT_EQ(document.Samples().length(), kMany);
 }
 
 }  // namespace
