@@ -9,10 +9,15 @@
 
 namespace cantorix {
 
+void CloseByItsOwnKey(QMdiSubWindow& window) {
+  const QList<QAction*> entries = window.systemMenu()->actions();
+  for (QAction* const entry : entries) entry->setShortcut({});
+  entries.last()->setShortcut(QKeySequence(QStringLiteral("Ctrl+F4")));
+}
+
 DeskWindow::DeskWindow(WindowPlacement& placement) : placement_(placement) {
   setAttribute(Qt::WA_DeleteOnClose);
-  // Its entry "Close" would take Ctrl+W from the zoom command.
-  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
+  CloseByItsOwnKey(*this);
 }
 
 void DeskWindow::Give(const QRect& place) {

@@ -10,6 +10,10 @@
 
 namespace cantorix {
 
+// The entry "Close" of its menu takes Ctrl+F4; no entry takes another key, such as the Ctrl+W of
+// the zoom commands.
+void CloseByItsOwnKey(QMdiSubWindow& window);
+
 class DeskWindow : public QMdiSubWindow {
  public:
   // Moves the window without making it the user's choice. It gets no smaller than it can be.

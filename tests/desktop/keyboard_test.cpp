@@ -2,6 +2,7 @@
 // them.
 #include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMenu>
 #include <QToolButton>
 
@@ -239,6 +240,15 @@ TEST_F(Keyboard, TheChartGivesSignsByClickAndByTwoKeys) {
 }
 
 // In the other windows plain and Shift arrows keep what they do.
+TEST_F(Keyboard, CtrlF4ClosesTheRecordingAndCtrlWZoomsIt) {
+  Click(300);
+  Key(Qt::Key_W, Qt::ControlModifier);
+  EXPECT_TRUE(view->zoomed());
+  Key(Qt::Key_F4, Qt::ControlModifier);
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(frame.area().subWindowList().isEmpty());
+}
+
 TEST_F(Keyboard, KeysOfTheRecordingWorkInItsOtherWindows) {
   view->channel().tiers[1].inUse = true;
   Label label;

@@ -226,7 +226,10 @@ TEST_F(SoundWindowsTest, OneScopeAtMostHearsRecordingsAndTheInput) {
     ExpectText("desktop/expected/Scope.txt", SheetOf(*scope));
   }
   frame.sound().EndRecording(view.document());
-  scope->close();
+  frame.activateWindow();
+  QApplication::processEvents();
+  QTest::mouseClick(&scope->view(), Qt::LeftButton);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ControlModifier);
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(frame.soundWindows().scope(), nullptr);
   EXPECT_TRUE(window.scope().isEnabled());

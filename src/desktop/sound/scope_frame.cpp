@@ -1,9 +1,7 @@
 // scope_frame.cpp - thirty pictures a second, a third of them with new texts.
 #include "desktop/sound/scope_frame.h"
 
-#include <QAction>
-#include <QMenu>
-
+#include "desktop/desk_window.h"
 #include "desktop/tool_icon.h"
 
 namespace cantorix {
@@ -18,8 +16,7 @@ CScopeChildFrame::CScopeChildFrame(SoundDesk& desk) : desk_(desk), view_(new CSc
   setWindowTitle(QStringLiteral("Scope Window"));
   setWindowIcon(DrawnIcon(QStringLiteral("program")));
   setWidget(view_);
-  // Its entry "Close" would take Ctrl+W from the zoom command.
-  for (QAction* const action : systemMenu()->actions()) action->setShortcut({});
+  CloseByItsOwnKey(*this);
   pictures_.setTimerType(Qt::PreciseTimer);
   connect(&pictures_, &QTimer::timeout, this, [this] { Advance(); });
   clock_.start();
