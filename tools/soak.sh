@@ -192,21 +192,30 @@ work_on_it() {
 
 shows() { xdotool search --onlyvisible --name "^Cantorix - $1" >/dev/null 2>&1; }
 
+# The program's clipboard outlives every document: it holds the same at each sample.
+copy_the_same() {
+  do_it key ctrl+o
+  do_it type --delay 5 "$work/talk.qrv"
+  do_it key Return
+  do_it key ctrl+a ctrl+c
+}
+
 # Every document goes, unsaved, and the rows of the log.
 close_all() {
-  local i places=("1100 600" "300 100" "80 765")
+  # The last are where an icon lies in the corner, beside a docked log, too.
+  local i places=("1100 600" "300 100" "80 765" "540 785")
   do_it key Escape Escape Escape Escape
   do_it key alt+l Return
   do_it key alt+n
   for i in {1..30}; do
     # A title with a document's name in it.
     shows "" || return 0
-    # The scope has no Close in its menu.
-    ! shows '\[Scope Window' || do_it key Escape Escape ctrl+F4
     # A press on it ends a recording that still runs, but a tool may lie there, or it is an icon in
     # the corner, which opens by two; F6 leaves a window that has no Close.
-    do_it key Escape Escape mousemove ${places[i % 3]} click --repeat 2 --delay 50 1 key Escape alt+f c
+    do_it key Escape Escape mousemove ${places[i % 4]} click --repeat 2 --delay 50 1 key Escape alt+f c
     do_it key alt+n
+    # The scope has no Close in its menu.
+    ! shows '\[Scope Window' || do_it key ctrl+F4
     [ $((i % 3)) != 0 ] || do_it key Escape ctrl+Tab F6
   done
   unclosed=$((unclosed + 1))
@@ -239,6 +248,8 @@ while [ "$SECONDS" -lt "$ends" ]; do
     act_at_random
     do_it "${action[@]}"
   done
+  close_all
+  copy_the_same
   close_all
   sample
   rounds=$((rounds + 1))
