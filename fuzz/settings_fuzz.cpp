@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <span>
 
 #include "platform/bytes.h"
@@ -48,12 +49,16 @@ void CheckTexts(const Settings& settings) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Settings settings;
   const auto bytes = std::as_bytes(std::span(data, size));
+  const std::optional<double> rateHz = StoredReferenceRate(bytes);
+  Require(!rateHz || IsUsableRate(*rateHz));
   if (DecodeRecord(bytes, settings)) CheckStable(settings);
 
   Record record{};
   std::copy_n(bytes.begin(), std::min(bytes.size(), record.size()), record.begin());
   StoreText(record, 0, 16, kRecordVersion);
   Require(DecodeRecord(record, settings));
+  const double rateOfRecord = settings.document.referenceRateHz;
+  Require(StoredReferenceRate(record).value_or(rateOfRecord) == rateOfRecord);
   CheckStable(settings);
   CheckTexts(settings);
   return 0;

@@ -3,6 +3,7 @@
 // and a quoted cell that a plain reader takes apart again.
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -65,6 +66,7 @@ void CheckJson(const std::string& name, const std::string& text, double number,
                          .BeginObject()
                          .Text("text", text)
                          .Number("number", number)
+                         .Flag("negative", number < 0)
                          .BeginArray("list")
                          .Integer({}, integer)
                          .Text({}, name)
@@ -80,6 +82,7 @@ void CheckJson(const std::string& name, const std::string& text, double number,
   const json read = json::parse(line);
   RequireShown(read.at("text"), text);
   RequireSame(read.at("number"), number);
+  Require(read.at("negative") == (number < 0));
   Require(read.at("list").at(0) == integer);
   RequireShown(read.at("list").at(1), name);
   RequireShown(read.at("inner").begin().value(), name);
@@ -113,6 +116,18 @@ void CheckTable(const std::string& name, const std::string& text, double number)
   Require(back == number || std::isnan(number));
 }
 
+// A row of numbers with one decimal, each as the C library prints it, and an empty line.
+void CheckDecimals(double number, double other) {
+  StringSink sink;
+  batch::TableRows rows(sink, false, {});
+  rows.Append({number, other});
+  rows.EmptyLine();
+  rows.Flush();
+  std::array<char, 1024> expected;
+  std::snprintf(expected.data(), expected.size(), "%.1f\t%.1f\n\n", number, other);
+  Require(sink.text == expected.data());
+}
+
 // The cells of one line of a table, by the rule that a quote in quotes is doubled.
 std::array<std::string, 2> CellsOf(std::string_view line, char separator) {
   std::array<std::string, 2> cells;
@@ -144,6 +159,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RequireShown(ToUtf8(text), text);
   CheckJson(name, text, number, integer);
   CheckTable(name, text, number);
+  // What tables have: numbers of sound, and none that is not one.
+  if (std::isfinite(number)) CheckDecimals(number, static_cast<double>(integer) / 64.0);
   for (const char separator : {'\t', ',', ';'}) {
     const auto cells =
         CellsOf(TableCell(name, separator) + separator + TableCell(text, separator), separator);

@@ -146,13 +146,20 @@ def label_any():
             yield f"{name}-{choice}", bytes([choice]) + content
 
 
+# Every command line with an option, a step or a format that no earlier one has.
 def command_line():
     folder = os.path.join(os.path.dirname(__file__), "..", "tests", "batch", "expected")
-    number = 0
+    number, seen = 0, set()
     for name in sorted(os.listdir(folder)):
         for line in open(os.path.join(folder, name), encoding="utf-8", errors="replace"):
-            if line.startswith("$ ") and (number := number + 1) % 5 == 0:
-                yield f"{name}-{number}", line[2:].strip().replace(" ", "\n").encode()
+            if not line.startswith("$ "):
+                continue
+            number += 1
+            words = line[2:].split()
+            kinds = {word.split("=")[0].split(":")[0] for word in words} - seen
+            if kinds:
+                seen |= kinds
+                yield f"{name}-{number}", "\n".join(words).encode()
 
 
 def main():
