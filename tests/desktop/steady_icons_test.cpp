@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QImage>
+#include <QPainter>
+#include <QStandardItemModel>
 #include <QStyleOption>
 
 namespace cantorix {
@@ -28,6 +33,33 @@ TEST(SteadyIcons, PointTheOtherWayWhereWritingDoes) {
     return style.standardIcon(QStyle::SP_ArrowBack, &option, nullptr).pixmap(16).toImage();
   };
   EXPECT_NE(drawn(leftwards), drawn(rightwards));
+}
+
+TEST(SteadyIcons, LeaveThePictureOfAHeadingAwayAboveFilesAlone) {
+  const SteadyIcons style;
+  QFileSystemModel files;
+  QStandardItemModel others;
+  QPixmap red(16, 16);
+  red.fill(Qt::red);
+  const auto drawn = [&](QAbstractItemModel& model, const QIcon& icon) {
+    QHeaderView header(Qt::Horizontal);
+    header.setModel(&model);
+    QStyleOptionHeaderV2 option;
+    option.rect = QRect(0, 0, 120, 24);
+    option.palette = header.palette();
+    option.text = QStringLiteral("Name");
+    option.icon = icon;
+    QImage image(option.rect.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    style.drawControl(QStyle::CE_Header, &option, &painter, &header);
+    return image;
+  };
+  QImage blank(120, 24, QImage::Format_RGB32);
+  blank.fill(Qt::white);
+  EXPECT_NE(drawn(files, {}), blank);
+  EXPECT_EQ(drawn(files, QIcon(red)), drawn(files, {}));
+  EXPECT_NE(drawn(others, QIcon(red)), drawn(others, {}));
 }
 
 }  // namespace
