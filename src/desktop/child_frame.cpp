@@ -66,6 +66,10 @@ void CChildFrame::BeginView() {
   }
 }
 
+void CChildFrame::SoundChanged() {
+  if (area_ != nullptr) area_->OfferWhenEmpty();
+}
+
 void CChildFrame::SetNumber(int number) {
   number_ = number;
   ShowTitle();

@@ -30,6 +30,8 @@ class CChildFrame : public DeskWindow, private ViewListener, private SoundContro
   void TakeUp(std::unique_ptr<RecordingFile> recording) { recording_ = std::move(recording); }
   // The view's first update, in the size that the window has now; later while an operation runs.
   void Begin();
+  // What records or plays has begun or ended.
+  void SoundChanged();
   // The number shown behind the title while a document has several windows; 0 for none.
   void SetNumber(int number);
 

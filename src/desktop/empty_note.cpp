@@ -1,6 +1,7 @@
 // empty_note.cpp - a label and buttons, as wide as there is room.
 #include "desktop/empty_note.h"
 
+#include <QAbstractScrollArea>
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
@@ -13,14 +14,19 @@ namespace {
 constexpr int kFontPixels = 13;
 constexpr int kMargin = 12;  // pixels, around and inside
 constexpr int kLeastWidth = 240;
-constexpr int kMostWidth = 520;
+constexpr int kMostWidth = 600;
 constexpr int kMostLine = 900;  // of text and buttons beside each other
+
+QWidget& RoomOf(QWidget& over) {
+  const auto* const scrolled = qobject_cast<QAbstractScrollArea*>(&over);
+  return scrolled ? *scrolled->viewport() : over;
+}
 
 }  // namespace
 
 EmptyNote::EmptyNote(QWidget& over, At at)
     : QFrame(&over),
-      over_(over),
+      room_(RoomOf(over)),
       at_(at),
       text_(new QLabel(this)),
       parts_(new QBoxLayout(at == At::kTop ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom,
@@ -38,7 +44,7 @@ EmptyNote::EmptyNote(QWidget& over, At at)
   text_->setWordWrap(true);
   text_->setAlignment(Qt::AlignCenter);
   parts_->addWidget(text_, at == At::kTop ? 1 : 0);
-  over.installEventFilter(this);
+  room_.installEventFilter(this);
   hide();
 }
 
@@ -73,7 +79,7 @@ void EmptyNote::ShowWhen(bool isEmpty) {
 }
 
 bool EmptyNote::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == &over_ && event->type() == QEvent::Resize) Place();
+  if (watched == &room_ && event->type() == QEvent::Resize) Place();
   return QFrame::eventFilter(watched, event);
 }
 
@@ -83,13 +89,16 @@ void EmptyNote::Place() {
     for (const QPushButton* const button : buttons_) line += button->sizeHint().width() + kMargin;
   }
   const int most = at_ == At::kTop ? kMostLine : kMostWidth;
-  const int room = over_.width() - 2 * kMargin;
+  const int room = room_.width() - 2 * kMargin;
   setFixedWidth(std::max(std::min({std::max(line, kLeastWidth), most, room}), 1));
   const int height =
       std::min(heightForWidth(width()) > 0 ? heightForWidth(width()) : sizeHint().height(),
-               std::max(over_.height() - 2, 1));
+               std::max(room_.height() - 2, 1));
   resize(width(), height);
-  move((over_.width() - width()) / 2, at_ == At::kTop ? kMargin : (over_.height() - height) / 2);
+  // What scrolls in a viewport would take a child of it along.
+  const QPoint corner = &room_ == parentWidget() ? QPoint() : room_.pos();
+  move(corner + QPoint((room_.width() - width()) / 2,
+                       at_ == At::kTop ? kMargin : (room_.height() - height) / 2));
 }
 
 }  // namespace cantorix

@@ -18,7 +18,7 @@ class EmptyNote : public QFrame {
     kMiddle,  // buttons below the line
     kTop,     // beside it, so that what is shown below stays in sight
   };
-  // Stays where it is in `over`, whatever its size.
+  // Stays where it is in `over`, whatever its size; over a table or list, in the room of its rows.
   explicit EmptyNote(QWidget& over, At at = At::kMiddle);
 
   void Say(const QString& text);
@@ -35,7 +35,7 @@ class EmptyNote : public QFrame {
  private:
   void Place();
 
-  QWidget& over_;
+  QWidget& room_;  // `over`, or its viewport
   At at_;
   QLabel* text_;
   QBoxLayout* parts_;

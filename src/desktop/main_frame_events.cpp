@@ -231,6 +231,7 @@ void CMainFrame::Run(CSonadexView& view, const std::function<void()>& action) {
 void CMainFrame::SoundChanged() {
   soundTimer_.Follow();
   soundWindows_->SoundChanged();
+  for (CChildFrame* const each : Frames()) each->SoundChanged();
   StateChanged();
 }
 

@@ -91,6 +91,11 @@ void MainViewArea::Refresh() {
   Show(*horizontal_, view_->horizontal);
   Show(*vertical_, view_->vertical);
   picture_->Refresh();
+  OfferWhenEmpty();
+}
+
+void MainViewArea::OfferWhenEmpty() {
+  if (view_ == nullptr) return;
   const bool isEmpty = !view_->document().loaded && !view_->services().sound.Sound().recordingHere;
   if (isEmpty) Offer();
   note_->ShowWhen(isEmpty);

@@ -24,12 +24,13 @@ class MainViewArea : public QWidget {
 
   // The view has changed: draws it and puts the bars where it has them.
   void Refresh();
+  // What to do while there is no recording, nor one being made.
+  void OfferWhenEmpty();
   // The view is about to go.
   void LetGo();
 
  private:
   void Connect(QScrollBar& bar, bool isVertical);
-  // What to do while there is no recording.
   void Offer();
 
   CSonadexView* view_;

@@ -1,6 +1,7 @@
 // sound_commands_test.cpp - recording and playing by commands, keys, clicks and windows, on
 // scripted devices.
 #include <QComboBox>
+#include <QLabel>
 #include <QTableView>
 #include <algorithm>
 #include <cmath>
@@ -60,8 +61,11 @@ TEST_F(SoundCommandsTest, ARecordingRunsUntilAClickAKeyOrTheEnd) {
       },
       [&] { QTest::keyClick(&Picture(), Qt::Key_Space); },
       [&] { QTest::keyClick(&Picture(), Qt::Key_Escape); }};
+  const auto* const offer = Picture().findChild<QLabel*>();
+  ASSERT_TRUE(offer->isVisible());
   for (const auto& end : ends) {
     Perform(Command::kRecord);
+    EXPECT_FALSE(offer->isVisible()) << "no recording is asked for while one runs";
     DeliverBuffer();
     EXPECT_FALSE(Enabled(Command::kRecord) || Enabled(Command::kPlayAll) ||
                  Enabled(Command::kClose));

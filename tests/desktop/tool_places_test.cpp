@@ -1,5 +1,6 @@
 // tool_places_test.cpp - where the floating windows stand, and how they are docked.
 #include <QDockWidget>
+#include <QLabel>
 #include <QMdiArea>
 #include <QPushButton>
 #include <QTableView>
@@ -58,6 +59,9 @@ TEST_F(ToolPlaces, ADockedLogCoversNothing) {
   EXPECT_LE(frame.area().height(), before - 100);
   EXPECT_GE(log.mapTo(&frame, QPoint()).y(), frame.area().geometry().bottom());
   EXPECT_EQ(dock->windowTitle(), log.windowTitle());
+  const QWidget* const note = log.form().table().findChild<QLabel*>()->parentWidget();
+  EXPECT_TRUE(log.form().table().viewport()->geometry().contains(note->geometry()))
+      << "the headings stay in sight";
   Select(*frame.activeView(), 100.0, 300.0);
   Perform(Command::kEnterDuration);
   EXPECT_TRUE(log.isWindowModified() && dock->isWindowModified());
