@@ -202,8 +202,8 @@ copy_the_same() {
 
 # Every document goes, unsaved, and the rows of the log.
 close_all() {
-  # The last are where an icon lies in the corner, beside a docked log, too.
-  local i places=("1100 600" "300 100" "80 765" "540 785")
+  # The last are where an icon lies in the corner: alone, beside a docked log, and above one.
+  local i places=("1100 600" "300 100" "80 765" "540 785" "80 631")
   do_it key Escape Escape Escape Escape
   do_it key alt+l Return
   do_it key alt+n
@@ -211,11 +211,13 @@ close_all() {
     # A title with a document's name in it.
     shows "" || return 0
     # A press on it ends a recording that still runs, but a tool may lie there, or it is an icon in
-    # the corner, which opens by two; F6 leaves a window that has no Close.
-    do_it key Escape Escape mousemove ${places[i % 4]} click --repeat 2 --delay 50 1 key Escape alt+f c
+    # the corner, which opens by two, or goes by Ctrl+F4 wherever it is; F6 leaves a window that has
+    # no Close.
+    do_it key Escape Escape mousemove ${places[i % ${#places[@]}]} click --repeat 2 --delay 50 1 key Escape alt+f c
     do_it key alt+n
-    # The scope has no Close in its menu.
-    ! shows '\[Scope Window' || do_it key ctrl+F4
+    # The scope has no Close in its menu, and that of a recording that runs is grey.
+    do_it key Escape Escape ctrl+F4
+    do_it key alt+n
     [ $((i % 3)) != 0 ] || do_it key Escape ctrl+Tab F6
   done
   unclosed=$((unclosed + 1))
