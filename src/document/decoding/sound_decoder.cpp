@@ -120,33 +120,52 @@ struct SoundDecoder::Library {
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 
+  // What the library gave at once, of all channels, and how much of it has been taken.
   template <typename T>
-  std::size_t ReadChannel(int channel, std::span<std::int16_t> out, std::vector<T>& block) {
+  struct Block {
+    std::vector<T> values;
+    std::size_t frames = 0;
+    std::size_t taken = 0;
+  };
+
+  // False when nothing more is there.
+  template <typename T>
+  bool Fill(Block<T>& block) {
+    block.taken = block.frames = 0;
+    if (hasEnded) return false;
+    block.values.resize(kBlockFrames * static_cast<std::size_t>(info.channels));
+    block.frames = static_cast<std::size_t>(
+        std::max<sf_count_t>(0, ReadFrames(sound, block.values.data(), kBlockFrames)));
+    hasEnded = block.frames < kBlockFrames;
+    return block.frames > 0;
+  }
+
+  template <typename T>
+  std::size_t ReadChannel(int channel, std::span<std::int16_t> out, Block<T>& block) {
     const auto channels = static_cast<std::size_t>(info.channels);
-    std::size_t done = 0;
     const QuietErrorOutput quiet;
-    while (done < out.size()) {
-      const std::size_t wanted = std::min(kBlockFrames, out.size() - done);
-      block.resize(wanted * channels);
-      const auto got = static_cast<std::size_t>(std::max<sf_count_t>(
-          0, ReadFrames(sound, block.data(), static_cast<sf_count_t>(wanted))));
-      const T* from = block.data() + channel;
-      for (std::size_t i = 0; i < got; ++i) out[done + i] = ToSample(from[i * channels]);
-      done += got;
-      if (got < wanted) break;
+    std::size_t done = 0;
+    while (done < out.size() && (block.taken < block.frames || Fill(block))) {
+      const std::size_t count = std::min(block.frames - block.taken, out.size() - done);
+      const T* from = block.values.data() + block.taken * channels + channel;
+      for (std::size_t i = 0; i < count; ++i) out[done + i] = ToSample(from[i * channels]);
+      block.taken += count;
+      done += count;
     }
     return done;
   }
 
-  // Of a granule of MPEG audio: a decoder loses the whole block to a fault in it.
+  // Of a granule of MPEG audio: a decoder loses the whole block to a fault in it. Asked for always,
+  // so that what is lost does not depend on how much the reader wants at once.
   static constexpr std::size_t kBlockFrames = 576;
 
   FileSource source;
   SF_INFO info{};
   SNDFILE* sound = nullptr;
-  std::vector<std::int16_t> integers;
-  std::vector<float> floats;
-  std::vector<double> doubles;
+  bool hasEnded = false;
+  Block<std::int16_t> integers;
+  Block<float> floats;
+  Block<double> doubles;
 };
 
 SoundDecoder::SoundDecoder(std::unique_ptr<Library> library)
