@@ -168,6 +168,7 @@ void SoundDesk::Watch(std::optional<std::uint32_t> rateHz) {
 
 void SoundDesk::BeginWatch() {
   watchFailure_.clear();
+  watchIsSilent_ = false;
   if (!watchRateHz_ || recording_ || watch_) return;
   if (!CanRecordAt(*watchRateHz_)) {
     watchFailure_ = kNeedsRecordingRate;
@@ -227,9 +228,16 @@ void SoundDesk::LookAtPlaying() {
 void SoundDesk::LookAtWatch() {
   watch_->Pass(watcher_);
   const RunEnd end = watch_->Look();
-  if (end == RunEnd::kNone) return;
-  EndWatch();
-  watchFailure_ = end == RunEnd::kLost ? kWatchLost : kWatchSilent;
+  if (end == RunEnd::kLost || end == RunEnd::kFailed) {
+    EndWatch();
+    watchFailure_ = kWatchLost;
+  } else {
+    // One that is only silent stays open: its sound may begin late.
+    const bool isSilent = end == RunEnd::kSilent;
+    if (isSilent == watchIsSilent_) return;
+    watchIsSilent_ = isSilent;
+    watchFailure_ = isSilent ? kWatchSilent : "";
+  }
   listener_.SoundChanged();
 }
 
@@ -256,7 +264,7 @@ std::optional<RecordingProgress> SoundDesk::recordingProgress() const {
 
 std::optional<InputLevel> SoundDesk::inputLevel() const {
   const InputRun* const run = recording_ ? &recording_->run : watch_.get();
-  if (run == nullptr) return std::nullopt;
+  if (run == nullptr || (!recording_ && watchIsSilent_)) return std::nullopt;
   return InputLevel{run->rateHz(), run->level()};
 }
 

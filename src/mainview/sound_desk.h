@@ -91,7 +91,7 @@ class SoundDesk {
   bool isPlaying() const { return playing_ != nullptr; }
   // Nothing while no recording runs.
   std::optional<RecordingProgress> recordingProgress() const;
-  // Nothing while neither a recording nor the watch runs.
+  // Nothing while neither a recording nor the watch runs, or while the watch hears nothing at all.
   std::optional<InputLevel> inputLevel() const;
   // The time in the document that is heard now; nothing while it is not played.
   std::optional<double> PlayedMs(const CSonadexDoc& document) const;
@@ -118,6 +118,7 @@ class SoundDesk {
   std::shared_ptr<SoundNotices> watchNotices_ = std::make_shared<SoundNotices>();
   SoundWatcher* watcher_ = nullptr;
   std::string watchFailure_;
+  bool watchIsSilent_ = false;
   std::unique_ptr<Recording> recording_;
   std::unique_ptr<Playing> playing_;
   std::unique_ptr<InputRun> watch_;

@@ -105,6 +105,13 @@ TEST_F(SoundDeskTest, WatchesTheInputWhileNothingIsRecorded) {
   EXPECT_TRUE(desk.Rescan());
   EXPECT_EQ(sound.rescans, 1);
   EXPECT_THAT(sound.openedInputs, ElementsAre("Line", "Line", "Line", "Line"));
+  Tick(kSilentTicks);
+  EXPECT_EQ(desk.watchFailure(), "Nothing has come from the sound input for two seconds.");
+  EXPECT_FALSE(desk.inputLevel().has_value());
+  sound.in->Deliver(Samples(1000, 16384));
+  desk.Tick();
+  EXPECT_EQ(desk.watchFailure(), "");
+  EXPECT_NEAR(desk.inputLevel()->reading.peakDb, -6.02, 0.01);
   sound.in->health = DeviceHealth::kLost;
   desk.Tick();
   EXPECT_EQ(desk.watchFailure(), "The sound input has gone.");
