@@ -14,6 +14,7 @@
 #include "desktop/frame_host.h"
 #include "desktop/journal_timer.h"
 #include "desktop/keyboard_panes.h"
+#include "desktop/modal_keys.h"
 #include "desktop/open_documents.h"
 #include "desktop/pointer_status.h"
 #include "desktop/sound/sound_timer.h"
@@ -160,6 +161,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   std::vector<QAction*> windowList_;
   std::vector<std::string> shownRecent_;
   JournalTimer journals_;
+  ModalKeys modalKeys_;
 };
 
 }  // namespace cantorix

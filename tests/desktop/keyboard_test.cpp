@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
+#include <QMessageBox>
 #include <QToolButton>
 
 #include "desktop/analysis_fixture.h"
@@ -244,6 +245,19 @@ TEST_F(Keyboard, CtrlF4ClosesTheRecordingAndCtrlWZoomsIt) {
   Click(300);
   Key(Qt::Key_W, Qt::ControlModifier);
   EXPECT_TRUE(view->zoomed());
+  QMessageBox question(&frame);
+  question.setModal(true);
+  question.show();
+  // As a window manager does that gives the keys to what is clicked.
+  QApplication::setActiveWindow(&frame);
+  Picture().setFocus();
+  Key(Qt::Key_F4, Qt::ControlModifier);
+  EXPECT_EQ(frame.area().subWindowList().size(), 1) << "everything waits for the answer";
+  const double cursor = view->channel().cursor.ms;
+  Key(Qt::Key_Right);
+  EXPECT_EQ(view->channel().cursor.ms, cursor);
+  QTest::keyClick(&question, Qt::Key_Escape);
+  EXPECT_FALSE(question.isVisible());
   Key(Qt::Key_F4, Qt::ControlModifier);
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(frame.area().subWindowList().isEmpty());

@@ -13,8 +13,6 @@
 namespace cantorix {
 namespace {
 
-constexpr int kRangeStepHz = 500;
-
 int MostOrder(double rateHz) {
   return static_cast<int>(std::clamp(static_cast<double>(MostLpcCoefficients(rateHz)),
                                      kSpectrumOrders.least, kSpectrumOrders.most));

@@ -10,7 +10,6 @@
 namespace cantorix {
 namespace {
 
-constexpr int kRangeStepHz = 500;
 constexpr int kWidestRangeDb = 200;
 
 struct NamedMap {

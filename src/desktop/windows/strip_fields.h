@@ -13,6 +13,8 @@
 
 namespace cantorix {
 
+inline constexpr int kRangeStepHz = 500;  // of the fields for a range of frequencies
+
 struct StripNumber {
   QString name;  // with its mnemonic
   QString toolTip;
