@@ -239,8 +239,10 @@ def clear(desk):
 def main():
     parser = argparse.ArgumentParser()
     build = os.path.join(HERE, "build", "release", "src")
-    parser.add_argument("--program", default=os.path.join(build, "desktop", "cantorix"))
-    parser.add_argument("--batch", default=os.path.join(build, "batch", "cantorix-batch"))
+    parser.add_argument("--program", type=os.path.abspath,
+                        default=os.path.join(build, "desktop", "cantorix"))
+    parser.add_argument("--batch", type=os.path.abspath,
+                        default=os.path.join(build, "batch", "cantorix-batch"))
     parser.add_argument("--tries", type=int, default=25, help="of each kind")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--picture", help="of the question")
