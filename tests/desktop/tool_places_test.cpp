@@ -60,7 +60,8 @@ TEST_F(ToolPlaces, ADockedLogCoversNothing) {
   EXPECT_GE(log.mapTo(&frame, QPoint()).y(), frame.area().geometry().bottom());
   EXPECT_EQ(dock->windowTitle(), log.windowTitle());
   const QWidget* const note = log.form().table().findChild<QLabel*>()->parentWidget();
-  EXPECT_TRUE(log.form().table().viewport()->geometry().contains(note->geometry()))
+  EXPECT_NEAR(note->geometry().center().y(), log.form().table().viewport()->geometry().center().y(),
+              1)
       << "the headings stay in sight";
   Select(*frame.activeView(), 100.0, 300.0);
   Perform(Command::kEnterDuration);
