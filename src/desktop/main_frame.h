@@ -128,6 +128,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   // What sounds has moved on.
   void FollowSound();
 
+  bool IsBusy() const;
   // Asks about unsaved changes, which the document keeps.
   CloseAnswer AskAbout(CSonadexDoc& document);
   // The same of a document that goes alone.

@@ -1,5 +1,6 @@
 // main_frame_events.cpp - what reaches the main frame: from the documents' windows, from the user's
 // window manager, and the floating windows it shows in answer.
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMdiArea>
@@ -241,9 +242,14 @@ void CMainFrame::SoundNote(const std::string& text) { soundWindows_->Note(text);
 
 void CMainFrame::FollowSound() { soundWindows_->Tick(); }
 
+// What runs, or waits for an answer, may hold the very view or document that would go.
+bool CMainFrame::IsBusy() const {
+  return services_.progress.running() || QApplication::activeModalWidget() != nullptr;
+}
+
 CloseAnswer CMainFrame::AskAbout(CSonadexDoc& document) {
   const auto frames = FramesOf(document);
-  if (services_.progress.running()) return CloseAnswer::kStays;
+  if (IsBusy()) return CloseAnswer::kStays;
   if (frames.empty()) return CloseAnswer::kCloses;
   sound_.EndRecording(document);
   for (CChildFrame* const frame : frames) KeepsTyping(*frame->view());
@@ -262,7 +268,7 @@ bool CMainFrame::MayClose(CChildFrame& frame) {
   CSonadexDoc& document = frame.view()->document();
   if (agreedToClose_ == &document) return true;
   if (FramesOf(document).size() > 1) {
-    if (services_.progress.running()) return false;
+    if (IsBusy()) return false;
     sound_.EndRecording(document);
     return true;
   }
