@@ -105,7 +105,9 @@ TEST_F(SoundDeskTest, WatchesTheInputWhileNothingIsRecorded) {
   EXPECT_TRUE(desk.Rescan());
   EXPECT_EQ(sound.rescans, 1);
   EXPECT_THAT(sound.openedInputs, ElementsAre("Line", "Line", "Line", "Line"));
+  const int before = listener.changes;
   Tick(kSilentTicks);
+  EXPECT_EQ(listener.changes, before + 1) << "told once";
   EXPECT_EQ(desk.watchFailure(), "Nothing has come from the sound input for two seconds.");
   EXPECT_FALSE(desk.inputLevel().has_value());
   sound.in->Deliver(Samples(1000, 16384));
