@@ -60,6 +60,19 @@ bool IsShown(const CommandRow& row, const CSonadexView* view) {
   return view != nullptr || row.needs == 0U;
 }
 
+// A line stands only between buttons that are shown; a menu sees to that by itself.
+void ShowLinesBetweenButtons(const QToolBar& toolBar) {
+  QAction* line = nullptr;
+  bool hasButton = false;
+  for (QAction* const action : toolBar.actions()) {
+    if (!action->isSeparator() && !action->isVisible()) continue;
+    if (line != nullptr) line->setVisible(hasButton && !action->isSeparator());
+    line = action->isSeparator() ? action : nullptr;
+    hasButton = hasButton || line == nullptr;
+  }
+  if (line != nullptr) line->setVisible(false);
+}
+
 }  // namespace
 
 CommandActions::CommandActions(QMainWindow& window, Callbacks callbacks)
@@ -122,6 +135,7 @@ void CommandActions::Refresh(const CSonadexView* view) {
     hasEntry[row.menu] = hasEntry[row.menu] || IsShown(row, view);
   }
   for (const auto& [menu, entry] : menus_) entry->menuAction()->setVisible(hasEntry[menu]);
+  ShowLinesBetweenButtons(*toolBar_);
 }
 
 void CommandActions::ShowRecentFiles(const std::vector<std::string>& paths) {
