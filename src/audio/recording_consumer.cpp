@@ -11,6 +11,7 @@ namespace cantorix {
 namespace {
 
 constexpr const char* kNoMemory = "There is not enough memory to go on recording.";
+constexpr const char* kKept = " What was recorded is kept.";
 
 // Kept: a result beyond 16 bits wraps around instead of being clipped.
 std::int16_t Low16(std::int64_t value) {
@@ -61,7 +62,7 @@ void RecordingConsumer::AppendToFile(std::span<const std::int16_t> samples) {
   try {
     targets_.file->Append(samples);
   } catch (const FileError& error) {
-    notices_->Notice(CouldNotBeSaved(targets_.file->path(), error.what()));
+    notices_->Notice(CouldNotBeSaved(targets_.file->path(), error.what()) + kKept);
     throw;
   }
 }

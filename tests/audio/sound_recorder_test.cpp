@@ -198,7 +198,8 @@ TEST_F(SoundRecorderTest, KeepsWholeBuffersOnAFullDiskAndSaysSoOnce) {
   ASSERT_TRUE(Eventually([&] { return recorder.Status().deliveredSamples >= 4 * 4096; }));
   recorder.Stop();
   EXPECT_THAT(notices->texts(), ElementsAre(folder / "Recording-20261121-143005-11025Hz-1.raw" +
-                                            " could not be saved. File too large."));
+                                            " could not be saved. File too large. What was "
+                                            "recorded is kept."));
   EXPECT_EQ(FileSamples(), SamplesFrom(0, 2 * kBuffer));
 }
 
