@@ -101,6 +101,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
   QMdiArea& area() { return *area_; }
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;

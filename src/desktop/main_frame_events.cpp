@@ -123,6 +123,15 @@ void CMainFrame::ListWindows() {
   }
 }
 
+// What had the keys may have gone behind a question; Qt would give them to the first window of all.
+void CMainFrame::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
+  const QMdiSubWindow* const front = area_->currentSubWindow();
+  if (front == nullptr || (focusWidget() != nullptr && focusWidget()->isVisible())) return;
+  front->widget()->setFocus();
+}
+
 void CMainFrame::closeEvent(QCloseEvent* event) {
   // Nothing is given up before every answer is in.
   std::vector<CSonadexDoc*> givenUp;

@@ -240,6 +240,24 @@ TEST_F(Keyboard, TheChartGivesSignsByClickAndByTwoKeys) {
   EXPECT_EQ(Field().text(), "n=");
 }
 
+TEST_F(Keyboard, StayWithTheirRecordingWhenALabelEndsBehindAMessage) {
+  Perform(Command::kNewWindow);
+  view = frame.activeView();
+  const QWidget& picture = Picture();
+  Perform(Command::kNewLabel);
+  ASSERT_TRUE(Field().hasFocus());
+  Field().insert("a");
+  Q_EMIT Field().textEdited(Field().text());
+  QMessageBox message(&frame);
+  message.setModal(true);
+  message.show();
+  QApplication::setActiveWindow(&message);
+  KeepTyping(*view);
+  message.close();
+  QApplication::setActiveWindow(&frame);
+  EXPECT_TRUE(picture.hasFocus());
+}
+
 // In the other windows plain and Shift arrows keep what they do.
 TEST_F(Keyboard, CtrlF4ClosesTheRecordingAndCtrlWZoomsIt) {
   Click(300);
