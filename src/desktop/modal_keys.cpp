@@ -39,10 +39,11 @@ ModalKeys::ModalKeys() { QCoreApplication::instance()->installEventFilter(this);
 bool ModalKeys::eventFilter(QObject* receiver, QEvent* event) {
   if (!IsHeldBack(event->type())) return false;
   const QWidget* const dialog = QApplication::activeModalWidget();
-  // A list that a field of the dialog opens need not be its own.
-  if (dialog == nullptr || QApplication::activePopupWidget() != nullptr) return false;
   const QWidget* const widget = WidgetOf(receiver);
-  return widget != nullptr && !BelongsTo(widget, *dialog);
+  if (dialog == nullptr || widget == nullptr) return false;
+  // A list that a field of the dialog opens need not be its own, and hands on what it is given,
+  // even when it has closed meanwhile.
+  return widget->window()->windowType() != Qt::Popup && !BelongsTo(widget, *dialog);
 }
 
 }  // namespace cantorix

@@ -274,6 +274,10 @@ TEST_F(Keyboard, CtrlF4ClosesTheRecordingAndCtrlWZoomsIt) {
   EXPECT_EQ(frame.area().subWindowList().size(), 1) << "everything waits for the answer";
   Key(Qt::Key_Home, Qt::ControlModifier);
   EXPECT_GT(view->channel().cursor.ms, 0.0);
+  QLineEdit list;
+  list.setWindowFlag(Qt::Popup);
+  QTest::keyClick(&list, 'a');
+  EXPECT_EQ(list.text(), "a") << "as the list of a field does, which hands it on";
   QTest::keyClick(&question, Qt::Key_Escape);
   EXPECT_FALSE(question.isVisible());
   Key(Qt::Key_Home, Qt::ControlModifier);
