@@ -60,17 +60,15 @@ bool IsShown(const CommandRow& row, const CSonadexView* view) {
   return view != nullptr || row.needs == 0U;
 }
 
-// A line stands only between buttons that are shown; a menu sees to that by itself.
+// A line stands only between buttons that are shown, as the first and the last always are; a menu
+// sees to that by itself.
 void ShowLinesBetweenButtons(const QToolBar& toolBar) {
   QAction* line = nullptr;
-  bool hasButton = false;
   for (QAction* const action : toolBar.actions()) {
     if (!action->isSeparator() && !action->isVisible()) continue;
-    if (line != nullptr) line->setVisible(hasButton && !action->isSeparator());
+    if (line != nullptr) line->setVisible(!action->isSeparator());
     line = action->isSeparator() ? action : nullptr;
-    hasButton = hasButton || line == nullptr;
   }
-  if (line != nullptr) line->setVisible(false);
 }
 
 }  // namespace
