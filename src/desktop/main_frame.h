@@ -109,6 +109,7 @@ class CMainFrame : public QMainWindow, private FrameHost, private SoundDeskListe
  private:
   void TakeUpWhatWasLeft();
   void ShowTitle(const CSonadexView* view);
+  void ShowModified(const CSonadexView* view);
   void StateChanged() override;
   void LabelsChanged(CSonadexView& view) override;
   void CursorMoved(CSonadexView& view, MousePhase phase, double ms) override;

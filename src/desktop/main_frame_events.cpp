@@ -62,7 +62,12 @@ void CMainFrame::ShowTitle(const CSonadexView* view) {
     if (!title.contains(QStringLiteral("[*]"))) title += QStringLiteral("[*]");
   }
   setWindowTitle(title);
-  setWindowModified(view != nullptr && view->document().isModified());
+  ShowModified(view);
+}
+
+void CMainFrame::ShowModified(const CSonadexView* view) {
+  const bool isModified = view != nullptr && view->document().isModified();
+  if (isWindowModified() != isModified) setWindowModified(isModified);
 }
 
 void CMainFrame::ShowLog() {
@@ -123,9 +128,11 @@ void CMainFrame::ListWindows() {
   }
 }
 
-// What had the keys may have gone behind a question; Qt would give them to the first window of all.
+// A window that closes takes the mark of this one along, as if it were its own. What had the keys
+// may have gone behind a question; Qt would give them to the first window of all.
 void CMainFrame::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ModifiedChange) ShowModified(activeView());
   if (event->type() != QEvent::ActivationChange || !isActiveWindow()) return;
   const QMdiSubWindow* const front = area_->currentSubWindow();
   if (front == nullptr || (focusWidget() != nullptr && focusWidget()->isVisible())) return;

@@ -146,10 +146,12 @@ TEST_F(ProgramTest, RestoresTheWorkOfAKilledProgram) {
   ASSERT_TRUE(program.Start({}));
   EXPECT_THAT(boxes.texts, testing::ElementsAre(testing::HasSubstr("Would you like to restore")));
   QApplication::processEvents();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   ASSERT_EQ(Frame()->Frames().size(), 1U) << "the untouched one has gone";
   CSonadexDoc& document = Frame()->activeView()->document();
   EXPECT_EQ(document.channel().tiers[0].name, "changed");
   EXPECT_TRUE(document.isModified());
+  EXPECT_TRUE(Frame()->isWindowModified());
   document.SetModified(false);
 }
 
