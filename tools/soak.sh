@@ -25,10 +25,11 @@ mkdir "$work/home/openbox"
 cp "$here/samples/vowels.qrv" "$work/talk.qrv"
 cp /usr/share/sounds/alsa/*.wav "$work" 2>/dev/null || true
 cp "$here"/tests/document/recordings/{flac-flac-24-bit.flac,mp3-ffmpeg-mp3.mp3,sphere-sox-mu-law.sph} "$work"
-# The main window has no frame, so that no click of chance can hide it; no key belongs to openbox.
+# The main window has no frame, so that no click of chance can hide it; of the keys openbox has one,
+# which no action presses: it closes a tool.
 cat >"$work/home/openbox/rc.xml" <<'XML'
 <openbox_config xmlns="http://openbox.org/3.4/rc">
-  <keyboard/><mouse><context name="Client"><mousebind button="Left" action="Press">
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard><mouse><context name="Client"><mousebind button="Left" action="Press">
     <action name="Focus"/><action name="Raise"/></mousebind></context></mouse>
   <applications><application type="normal"><decor>no</decor><maximized>yes</maximized></application></applications>
 </openbox_config>
@@ -192,12 +193,31 @@ work_on_it() {
 
 shows() { xdotool search --onlyvisible --name "^Cantorix - $1" >/dev/null 2>&1; }
 
-# The program's clipboard outlives every document: it holds the same at each sample.
+# The program's clipboard outlives every document, and what it gave to the system's, a picture say, is
+# kept for others: both hold the same at each sample.
 copy_the_same() {
   do_it key ctrl+o
   do_it type --delay 5 "$work/talk.qrv"
   do_it key Return
   do_it key ctrl+a ctrl+c
+  do_it key ctrl+j
+  do_it key ctrl+a ctrl+c Escape
+}
+
+# Tools outlive the documents, and one that listens to the input holds its sound: each sample is taken
+# without them.
+close_tools() {
+  local window
+  for window in $(xdotool search --onlyvisible --class cantorix 2>/dev/null); do
+    case $(xdotool getwindowname "$window" 2>/dev/null) in
+      Cantorix*) ;;
+      *)
+        do_it windowactivate "$window"
+        # A tip is no window to openbox, and the key would reach the one below.
+        [ "$(xdotool getactivewindow 2>/dev/null)" != "$window" ] || do_it key alt+F4
+        ;;
+    esac
+  done
 }
 
 # Every document goes, unsaved, and the rows of the log.
@@ -251,6 +271,7 @@ while [ "$SECONDS" -lt "$ends" ]; do
     do_it "${action[@]}"
   done
   close_all
+  close_tools
   copy_the_same
   close_all
   sample
